@@ -1,0 +1,75 @@
+// Diagnostics switches, the trace channel and assertions.
+//
+// Everything here is off until setDiagnosticsLevel says otherwise; a disabled
+// trace or assertion costs a load and a branch and evaluates no argument.
+#pragma once
+
+#include <stdio.h>
+
+namespace Tesk {
+
+namespace Detail {
+// The switches of the current level. Written by setDiagnosticsLevel alone.
+struct CDiagnosticsSwitches {
+    bool m_bTrace = false;
+    bool m_bConsole = false;
+    bool m_bLog = false;
+    bool m_bAssertions = false;
+};
+extern CDiagnosticsSwitches g_switches;
+
+// Reports a failed check and breaks into an attached debugger, if there is one.
+// sSource may carry a directory and an extension; the report names neither.
+void assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept;
+}
+
+// 0: nothing; 1: assertions alone; 2: trace, log, console and assertions.
+// Any other level changes nothing.
+void setDiagnosticsLevel(int iLevel);
+
+// The level last set.
+int getDiagnosticsLevel();
+
+inline bool isTraceEnabled() { return Detail::g_switches.m_bTrace; }
+inline bool isAssertionEnabled() { return Detail::g_switches.m_bAssertions; }
+
+// Writes one line, stamped with the local time and the application's name, to
+// an attached debugger, the log file and the CAD command line. Nothing below
+// level 2. Never raises. Call it through TESK_TRACE.
+void trace(const char* sFormat, ...) noexcept __attribute__((format(__MINGW_PRINTF_FORMAT, 1, 2)));
+
+// Writes one stamped line to the console (and an attached debugger) and to the
+// log file, each when its switch is on. Never raises.
+void writeDiagnostic(const char* sText) noexcept;
+
+// Shows the assertion box with the call stack, waits for the user, then writes
+// the report. A failure met while the box of the same thread is up is written
+// but not shown. Does not ask whether assertions are enabled. Never raises.
+void reportAssertion(const char* sSource, int iLine, const char* sExpression) noexcept;
+
+}
+
+// A trace line: printf-style format and arguments.
+#define TESK_TRACE(...)                  \
+    do {                                 \
+        if (::Tesk::isTraceEnabled())    \
+            ::Tesk::trace(__VA_ARGS__);  \
+    } while (false)
+
+// A precondition: looked at only while assertions are enabled, so the
+// expression must have no side effect. Execution goes on in any case.
+#define TESK_ASSERT_TEXT(condition, text)                                             \
+    do {                                                                              \
+        if (::Tesk::isAssertionEnabled() && !(condition)) [[unlikely]]                \
+            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text);           \
+    } while (false)
+#define TESK_ASSERT(expression) TESK_ASSERT_TEXT(expression, #expression)
+
+// The result of a call: the expression is always evaluated; its being false is
+// reported only while assertions are enabled.
+#define TESK_VERIFY_TEXT(condition, text)                                             \
+    do {                                                                              \
+        if (!(condition) && ::Tesk::isAssertionEnabled()) [[unlikely]]                \
+            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text);           \
+    } while (false)
+#define TESK_VERIFY(expression) TESK_VERIFY_TEXT(expression, #expression)
