@@ -1,0 +1,24 @@
+// The base of the library's exceptions, which are thrown as heap objects and deleted by
+// the catcher.
+#pragma once
+
+#include "mfc/afx.h"
+
+namespace Tesk {
+
+class CExceptionBase : public CException {
+public:
+    explicit CExceptionBase(const char* sExtraText = "") : m_sExtraText(sExtraText) {}
+
+    // One text that derived messages append; may be empty.
+    const CString& getExtraText() const { return m_sExtraText; }
+    void setExtraText(const char* sExtraText) { m_sExtraText = sExtraText; }
+
+    // Fills `sText` with the message; false when the error has none.
+    virtual bool getErrorText(CString& sText) const = 0;
+
+private:
+    CString m_sExtraText;
+};
+
+}  // namespace Tesk

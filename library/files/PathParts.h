@@ -1,0 +1,30 @@
+// A path taken apart, by characters of the thread's ANSI code page.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Tesk {
+
+// The four parts, in order, make up the path again. The extension carries its dot, the
+// folder its trailing separator, the drive its colon.
+struct PathParts {
+    explicit PathParts(std::string_view sPath);
+
+    // Drive and folder.
+    std::string parent() const { return sDrive + sFolder; }
+    std::string fileName() const { return sBase + sExtension; }
+
+    std::string sDrive;
+    std::string sFolder;
+    std::string sBase;
+    std::string sExtension;
+};
+
+// With one trailing backslash more, unless there is one already (or the path is empty).
+std::string withBackslash(std::string sPath);
+
+// With one trailing backslash less, if there is one.
+std::string withoutBackslash(std::string sPath);
+
+}  // namespace Tesk

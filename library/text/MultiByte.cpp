@@ -1,0 +1,115 @@
+#include "library/text/MultiByte.h"
+
+#include <windows.h>
+
+namespace Tesk::MultiByte {
+
+namespace {
+
+bool isNtFamily() {
+    OSVERSIONINFOA info{};
+    info.dwOSVersionInfoSize = sizeof info;
+    return ::GetVersionExA(&info) && info.dwPlatformId == VER_PLATFORM_WIN32_NT;
+}
+
+}  // namespace
+
+unsigned codePage() {
+    static const unsigned page = isNtFamily() ? CP_THREAD_ACP : CP_ACP;
+    return page;
+}
+
+CLeadBytes::CLeadBytes() : m_bAny(false), m_aLead{} {
+    CPINFO info{};
+    if (!::GetCPInfo(codePage(), &info) || info.MaxCharSize < 2)
+        return;
+    for (int i = 0; i + 1 < MAX_LEADBYTES && info.LeadByte[i] != 0; i += 2) {
+        for (int c = info.LeadByte[i]; c <= info.LeadByte[i + 1]; ++c) {
+            m_aLead[c] = true;
+            m_bAny = true;
+        }
+    }
+}
+
+std::size_t CLeadBytes::next(std::string_view sText, std::size_t at) const {
+    const std::size_t after = at + (contains(sText[at]) ? 2 : 1);
+    return after < sText.size() ? after : sText.size();
+}
+
+std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat,
+                 std::size_t from) {
+    if (sWhat.empty())
+        return std::string_view::npos;
+    std::size_t hit = sText.find(sWhat, from);
+    if (!lead.any())
+        return hit;
+    // Walk by characters from the last known boundary up to each hit of the byte search.
+    std::size_t boundary = from;
+    while (hit != std::string_view::npos) {
+        while (boundary < hit)
+            boundary = lead.next(sText, boundary);
+        if (boundary == hit)
+            return hit;
+        hit = sText.find(sWhat, boundary);
+    }
+    return hit;
+}
+
+std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from) {
+    return find(CLeadBytes(), sText, sWhat, from);
+}
+
+std::size_t findLastOf(std::string_view sText, std::string_view sAny) {
+    const CLeadBytes lead;
+    if (!lead.any())
+        return sText.find_last_of(sAny);
+    std::size_t last = std::string_view::npos;
+    for (std::size_t at = 0; at < sText.size(); at = lead.next(sText, at)) {
+        if (sAny.find(sText[at]) != std::string_view::npos)
+            last = at;
+    }
+    return last;
+}
+
+bool endsWith(std::string_view sText, char c) {
+    if (sText.empty() || sText.back() != c)
+        return false;
+    const char any[] = {c};
+    return findLastOf(sText, std::string_view(any, 1)) == sText.size() - 1;
+}
+
+bool equalNoCase(std::string_view sOne, std::string_view sOther) {
+    return sOne == sOther || upper(sOne) == upper(sOther);
+}
+
+std::string upper(std::string_view sText) {
+    std::string sUpper(sText);
+    if (sText.empty())
+        return sUpper;
+    const int length = static_cast<int>(sText.size());
+    if (::LCMapStringA(::GetThreadLocale(), LCMAP_UPPERCASE, sText.data(), length, sUpper.data(),
+                       length) == 0)
+        return std::string(sText);
+    return sUpper;
+}
+
+std::string_view trim(std::string_view sText) {
+    // No second byte of a character lies among these, so bytes will do.
+    const char* const szSpace = " \t\r\n\v\f";
+    const std::size_t first = sText.find_first_not_of(szSpace);
+    if (first == std::string_view::npos)
+        return {};
+    return sText.substr(first, sText.find_last_not_of(szSpace) - first + 1);
+}
+
+void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement,
+                bool bAll) {
+    const CLeadBytes lead;
+    std::size_t at = find(lead, sText, sFind);
+    while (at != std::string::npos) {
+        sText.replace(at, sFind.size(), sReplacement);
+        at = bAll ? find(lead, sText, sFind) : std::string::npos;
+    }
+}
+
+}  // namespace Tesk::MultiByte

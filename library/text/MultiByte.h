@@ -1,0 +1,58 @@
+// Narrow text in the thread's ANSI code page, also when that is a double-byte one:
+// there the second byte of a character may look like "\", "=" or "]".
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace Tesk::MultiByte {
+
+// The code page of every narrow/wide conversion: CP_THREAD_ACP on the NT family,
+// CP_ACP elsewhere. Chosen once.
+unsigned codePage();
+
+// The lead bytes of that code page, as they stand when the object is made.
+class CLeadBytes {
+public:
+    CLeadBytes();
+
+    // Some byte begins a character of two bytes.
+    bool any() const { return m_bAny; }
+    bool contains(char c) const { return m_aLead[static_cast<unsigned char>(c)]; }
+    // Offset of the character behind the one that begins at `at`; never past the end.
+    std::size_t next(std::string_view sText, std::size_t at) const;
+
+private:
+    bool m_bAny;
+    bool m_aLead[256];
+};
+
+// First occurrence of `sWhat` that begins at a character, from `from` (the beginning of a
+// character) on; npos when there is none or `sWhat` is empty.
+std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from = 0);
+std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat,
+                 std::size_t from = 0);
+
+// Last character that is one of the (single-byte) characters in `sAny`; npos when none is.
+std::size_t findLastOf(std::string_view sText, std::string_view sAny);
+
+// The last character is the single-byte character `c`.
+bool endsWith(std::string_view sText, char c);
+
+// Equal without case, compared as the thread's locale folds it.
+bool equalNoCase(std::string_view sOne, std::string_view sOther);
+
+// Upper case by the thread's locale.
+std::string upper(std::string_view sText);
+
+// Without white space (space, tab, CR, LF, VT, FF) at both ends.
+std::string_view trim(std::string_view sText);
+
+// Replaces the first occurrence of `sFind`, or, with `bAll`, searches again from the
+// beginning of the new text until none is left. An empty `sFind` replaces nothing. The
+// caller sees to it that `sReplacement` does not bring `sFind` back.
+void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement,
+                bool bAll);
+
+}  // namespace Tesk::MultiByte
