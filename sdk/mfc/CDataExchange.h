@@ -1,0 +1,22 @@
+#pragma once
+// The direction of a dialog's data exchange and the exchanges themselves.
+#include "mfc/CString.h"
+
+#include <windows.h>
+
+class CWnd;
+
+class CDataExchange {
+public:
+    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate) : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
+    HWND PrepareCtrl(int nIDC) const;       // the control, or null when the dialog has none of that number
+
+    BOOL m_bSaveAndValidate;        // TRUE: controls to members
+    CWnd* m_pDlgWnd;
+};
+
+// A control that is not there leaves its member as it is.
+void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
+// The index within the group that starts at nIDC (a WS_GROUP control), -1 for none.
+void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
+void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);

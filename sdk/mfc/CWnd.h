@@ -1,0 +1,154 @@
+#pragma once
+// A window and its message map. Each image (program or library) that links the
+// toolkit keeps its own map of windows to objects; what reaches a window of
+// another image goes through messages:
+//  - a parent offers WM_NOTIFY and WM_COMMAND to the sender as WM_REFLECT_BASE + message;
+//  - the message pump offers messages through AfxPreTranslateMessageId().
+// A method called on an object of another image must be virtual or use m_hWnd alone.
+#include "mfc/CCmdTarget.h"
+#include "mfc/CString.h"
+
+class CDataExchange;
+
+constexpr UINT WM_SIZEPARENT = 0x0361;          // lParam: AFX_SIZEPARENTPARAMS*
+constexpr UINT WM_IDLEUPDATECMDUI = 0x0363;
+constexpr UINT WM_KICKIDLE = 0x036A;
+constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;     // the window that gets what the bars leave
+
+// The record of a layout pass: a child takes its band away from rect and
+// places its windows through hDWP; without hDWP the pass only measures.
+struct AFX_SIZEPARENTPARAMS {
+    HDWP hDWP;
+    RECT rect;
+    SIZE sizeTotal;
+    BOOL bStretch;
+};
+using LPAFX_SIZEPARENTPARAMS = AFX_SIZEPARENTPARAMS*;
+
+// Defers a move to `rect` (parent's client coordinates); nothing when the
+// window is there already or the pass only measures.
+void AfxRepositionWindow(AFX_SIZEPARENTPARAMS* layout, HWND window, const RECT* rect);
+
+// The registered message that asks a window of any image to pre-translate the MSG in lParam.
+UINT AfxPreTranslateMessageId();
+
+class CWnd : public CCmdTarget {
+public:
+    enum { reposDefault = 0, reposQuery = 1 };
+
+    CWnd() = default;
+    ~CWnd() override;       // destroys a window that still lives
+
+    HWND m_hWnd = nullptr;
+
+    virtual BOOL DestroyWindow();
+    // TRUE when the message is dealt with and must not be dispatched.
+    virtual BOOL PreTranslateMessage(MSG* pMsg);
+
+    static CWnd* FromHandlePermanent(HWND window);      // this image's object, or null
+    // Its object, or a view that carries the handle and lives as long as the window. Null for null.
+    static CWnd* FromHandle(HWND window);
+    HWND GetSafeHwnd() const { return m_hWnd; }
+
+    BOOL CreateEx(DWORD dwExStyle, const char* className, const char* windowName, DWORD dwStyle,
+                  const RECT& rect, CWnd* pParentWnd, UINT nID, void* param = nullptr);
+    BOOL Create(const char* className, const char* windowName, DWORD dwStyle,
+                const RECT& rect, CWnd* pParentWnd, UINT nID, void* param = nullptr);
+    BOOL SubclassWindow(HWND window);       // FALSE when it has an object here already
+    HWND UnsubclassWindow();                // the window goes on without us
+
+    // The plain Win32 calls on m_hWnd.
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const { return ::SendMessageA(m_hWnd, message, wParam, lParam); }
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const { return ::PostMessageA(m_hWnd, message, wParam, lParam); }
+    DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_STYLE)); }
+    DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_EXSTYLE)); }
+    // FALSE when nothing changed. Non-zero flags are handed to SetWindowPos so that the frame is redrawn.
+    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0) { return changeStyle(GWL_STYLE, dwRemove, dwAdd, nFlags); }
+    BOOL ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0) { return changeStyle(GWL_EXSTYLE, dwRemove, dwAdd, nFlags); }
+    BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
+    void MoveWindow(const RECT& rect, BOOL bRepaint = TRUE);
+    BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
+    BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
+    BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
+    void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
+    void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+    void GetClientRect(RECT* rect) const { ::GetClientRect(m_hWnd, rect); }
+    void GetWindowRect(RECT* rect) const { ::GetWindowRect(m_hWnd, rect); }
+    void ScreenToClient(POINT* point) const { ::ScreenToClient(m_hWnd, point); }
+    void ScreenToClient(RECT* rect) const { ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(rect), 2); }
+    void ClientToScreen(POINT* point) const { ::ClientToScreen(m_hWnd, point); }
+    void ClientToScreen(RECT* rect) const { ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(rect), 2); }
+    CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
+    CWnd* GetDlgItem(int nID) const { return FromHandle(::GetDlgItem(m_hWnd, nID)); }
+    int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+    void SetWindowText(const char* text) { ::SetWindowTextA(m_hWnd, text); }
+    CString GetWindowText() const;
+    void SetFont(HFONT font, BOOL bRedraw = TRUE) { SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), bRedraw); }
+    int MessageBox(const char* text, const char* caption = nullptr, UINT nType = MB_OK) { return ::MessageBoxA(m_hWnd, text, caption, nType); }
+
+    // Runs the update handlers of `target` for every child with an identifier.
+    // With bDisableIfNoHndler, push buttons without a command handler are disabled.
+    void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
+
+    // A layout pass over the children whose identifier lies in the range; the
+    // window nIDLeftOver gets what they leave. reposQuery only measures into pRectParam.
+    void RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nFlag = reposDefault,
+                        RECT* pRectParam = nullptr, const RECT* pRectClient = nullptr);
+    static void RepositionWindow(AFX_SIZEPARENTPARAMS* layout, HWND window, const RECT* rect) { AfxRepositionWindow(layout, window, rect); }
+
+    // Moves data between members and controls: TRUE saves, FALSE shows.
+    BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
+
+    // Default handling of what the message maps can name: the message goes on unchanged.
+    void OnMouseMove(UINT, CPoint) { Default(); }
+    void OnLButtonDown(UINT, CPoint) { Default(); }
+    void OnContextMenu(CWnd*, CPoint) { Default(); }
+    void OnInitMenuPopup(CMenu*, UINT, BOOL) { Default(); }
+    void OnSize(UINT, int, int) { Default(); }
+    void OnClose() { Default(); }
+    void OnDestroy() { Default(); }
+    void OnPaint() { Default(); }
+
+protected:
+    virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+    // Commands of menus, accelerators and controls: TRUE when handled.
+    virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+    virtual void PostNcDestroy() {}     // the last call: the place for `delete this`
+    virtual void DoDataExchange(CDataExchange*) {}
+
+    // Hands the message being handled to DefWindowProc with its original parameters.
+    LRESULT Default();
+    const MSG* GetCurrentMessage() const { return m_current; }
+
+private:
+    friend struct WindowMap;
+    friend class CDialog;
+
+    BOOL changeStyle(int index, DWORD dwRemove, DWORD dwAdd, UINT nFlags);
+    BOOL dispatchEntry(UINT message, int code, WPARAM wParam, LPARAM lParam, UINT id, LRESULT& result);
+    LRESULT reflect(HWND sender, UINT message, WPARAM wParam, LPARAM lParam);
+
+    WNDPROC m_super = nullptr;
+    const MSG* m_current = nullptr;
+};
+
+// Registers (once) a window class of this image whose windows CreateEx can
+// create and attach from their first message on; freed with the image.
+const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr, HBRUSH background = nullptr, HICON icon = nullptr);
+
+int AfxMessageBox(const char* text, UINT nType = MB_OK);
+
+// The image this toolkit is linked into; resources come from there unless told otherwise.
+HINSTANCE AfxGetInstanceHandle();
+HINSTANCE AfxGetResourceHandle();
+void AfxSetResourceHandle(HINSTANCE instance);
+
+// What happens to an exception that a window's handler let out, before it is
+// freed; by default it is written to the debugger. Null restores the default.
+class CException;
+using AfxExceptionHook = void (*)(const CException& exception);
+void AfxSetExceptionHook(AfxExceptionHook hook);

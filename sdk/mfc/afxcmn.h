@@ -1,0 +1,5 @@
+#pragma once
+// The common controls.
+#include "mfc/CImageList.h"
+#include "mfc/CTabCtrl.h"
+#include "mfc/CToolTipCtrl.h"

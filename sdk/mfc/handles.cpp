@@ -1,0 +1,6 @@
+#include "mfc/handles.h"
+
+long liveHandles()
+{
+    return toolkit::handleBalance;
+}
