@@ -1,0 +1,146 @@
+#pragma once
+
+// A drawing: its file, the objects in it, the listeners on it, its modified
+// state and its undo list. Errors of files are FileError, thrown; all else is a
+// status.
+
+#include "objectarx/dbmain.h"
+
+#include "host/drawing/DxfFile.h"
+#include "host/drawing/FileError.h"
+#include "host/drawing/ReactorList.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace host {
+
+class Database;
+class ObjectGraph;
+class UndoList;
+
+// Hears of every database of the process, those of xrefs included.
+class DatabaseObserver {
+public:
+    virtual ~DatabaseObserver() = default;
+    virtual void databaseConstructed(Database&) {}
+    virtual void databaseToBeDestroyed(Database&) {}
+};
+
+// One value of a header variable: a group code and its text.
+struct HeaderValue {
+    int code = 0;
+    std::string text;
+};
+
+class Database final : public AcDbDatabase {
+public:
+    // The bits of DBMOD.
+    enum Modified { kObjects = 1, kVariables = 4, kWindow = 8, kView = 16, kField = 32 };
+
+    // A new, unnamed drawing.
+    static std::unique_ptr<Database> createNew();
+    // Throws FileError. The drawing's xrefs are loaded too, one level deep; what
+    // is wrong with one of them is its status, not an error.
+    static std::unique_ptr<Database> open(const std::string& sPath);
+    // At most one; null for none.
+    static void setObserver(DatabaseObserver* pObserver);
+    // The implementation behind an API pointer; null for null.
+    static Database* of(const AcDbDatabase* pDatabase);
+
+    ~Database() override;
+
+    // --- AcDbDatabase
+    Acad::ErrorStatus addReactor(AcDbDatabaseReactor* pReactor) const override;
+    Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* pReactor) const override;
+    Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode) override;
+
+    // --- The file
+    // Full path; empty for a drawing that was never saved.
+    const std::string& path() const { return m_sPath; }
+    // "AC1018" and the like.
+    const std::string& version() const;
+    // A binary drawing, whose objects are not known; saving copies its bytes.
+    bool contentsNotRead() const;
+    const std::vector<std::string>& warnings() const;
+    // Throws FileError; then the old file, the path and the modified state are as
+    // before. On success the drawing has the path and is unmodified.
+    void save(const std::string& sPath);
+    // Replaces the contents by those of another file and marks the drawing as
+    // modified; path and reactors stay. Throws FileError, then nothing has changed.
+    void dxfIn(const std::string& sPath);
+
+    // --- Modified state: 0 exactly when the drawing is as it was saved or opened.
+    int dbmod() const { return m_dbmod; }
+    // Sets bits for what is no edit of the drawing's contents (kWindow, kView).
+    void markModified(int bits) { m_dbmod |= bits; }
+
+    // --- Header variables, names without the "$"; empty when the drawing has none.
+    std::vector<HeaderValue> headerVariable(const std::string& sName) const;
+    // An edit. Keeps the variable's group codes: as many texts as it has values.
+    // eKeyNotFound for a variable that the drawing lacks.
+    Acad::ErrorStatus setHeaderVariable(const std::string& sName, const std::vector<std::string>& values);
+
+    // --- Edits, each one step for undo, heard by the reactors as the API documents.
+    Acad::ErrorStatus addLine(double x1, double y1, double x2, double y2);
+    // Erases the entity of model space that was drawn last; eInvalidInput when it is empty.
+    Acad::ErrorStatus eraseLast();
+    // A reference in model space, with the default values of the block's attributes.
+    Acad::ErrorStatus insertBlock(const std::string& sName, double x, double y);
+    // On the first reference that has the tag; eKeyNotFound without one.
+    Acad::ErrorStatus setAttribute(const std::string& sTag, const std::string& sValue);
+    // A block named after the file, and one reference to it. The path is kept as
+    // given. eFileNotFound, eDuplicateKey; eFilerError for a file that does not load.
+    Acad::ErrorStatus attachXref(const std::string& sPath);
+    // Erases the xref's block and its references. eKeyNotFound.
+    Acad::ErrorStatus detachXref(const std::string& sName);
+    // Fields: title, subject, author, keywords, comments, lastsavedby,
+    // revisionnumber, hyperlinkbase (any case); any other name is a custom
+    // property's, added when the drawing has none of the name.
+    Acad::ErrorStatus setSummaryField(const std::string& sField, const std::string& sValue);
+    // Takes back the last edit, or does it again; false when there is none.
+    bool undo();
+    bool redo();
+    // Edits between the two are one undo step; calls nest.
+    void beginUndoGroup();
+    void endUndoGroup();
+    // objectOpenedForModify and objectModified of one object, n times; the
+    // drawing does not change.
+    void notifyNoChange(int n);
+
+    // --- Counts for tests
+    // Objects open now in this database.
+    int openObjects() const { return m_openObjects; }
+    // API calls that broke the open and close rules (a value read from a closed
+    // object, an object left open when its database went away). All databases.
+    static int misuses();
+
+    // --- For the rest of the drawing side
+    ObjectGraph& graph() const { return *m_graph; }
+    DxfFile& file() const { return *m_file; }
+    UndoList& undoList() const { return *m_undo; }
+    ReactorList& reactors() const { return m_reactors; }
+    void setDbmod(int value) { m_dbmod = value; }
+    void countOpen(int change) { m_openObjects += change; }
+    static void countMisuse();
+    // The full path under which this database was attached; empty for no xref's.
+    const std::string& xrefPath() const { return m_sXrefPath; }
+    // An xref's database: null when the file does not load. Its own xrefs are not loaded.
+    static std::unique_ptr<Database> openXref(const std::string& sFullPath, std::string& sReason);
+
+private:
+    Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs);
+    void adopt(std::unique_ptr<DxfFile> file, bool loadXrefs);
+
+    std::string m_sPath;
+    std::string m_sXrefPath;
+    std::unique_ptr<DxfFile> m_file;
+    std::unique_ptr<ObjectGraph> m_graph;
+    std::unique_ptr<UndoList> m_undo;
+    mutable ReactorList m_reactors;
+    int m_dbmod = 0;
+    int m_openObjects = 0;
+};
+
+} // namespace host
