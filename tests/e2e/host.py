@@ -1,0 +1,175 @@
+"""Drives the built host and module from outside: a script in, a transcript out.
+
+Run by ctest, which says in ARCH and BUILD which build to drive. By hand:
+    ARCH=x86 BUILD=build/x86 /usr/bin/python3 tests/e2e/test_strip.py -v
+"""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import unittest
+
+REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
+ARCH = os.environ.get("ARCH", "x86")
+BUILD = pathlib.Path(os.environ.get("BUILD", REPOSITORY / "build" / ARCH)).resolve()
+ANSI = "cp1252"
+MODULE = r"install\ZavikMDITabs\ZavikMDITabs.arx"
+OPTIONS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\ZavikMDITabs"
+DIAGNOSTICS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\Halvoran"
+READ_ONLY = ["Projects/Station/Drawings/S-201 issued.dwg", "Projects/Riverside/Xrefs/Survey.dwg"]
+
+STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=(?P<rect>[-\d,]+) "
+                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+)$")
+TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
+TIP = re.compile(r'tip: title="(?P<title>.*)" text="(?P<text>.*)"$')
+ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)|-)$')
+CONTROL = re.compile(r'control (?P<id>\d+): "(?P<text>.*)" checked=(?P<checked>\d+) enabled=(?P<enabled>\d)$')
+
+
+def wine(*command, timeout=120, cwd=REPOSITORY):
+    """Runs a Windows program; gives its exit code and its output."""
+    result = subprocess.run(
+        [str(REPOSITORY / "tools/wine"), ARCH, *map(str, command)], cwd=cwd,
+        stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+        env={**os.environ, "WINE_TIMEOUT": str(timeout)}, timeout=timeout + 120)
+    return result.returncode, result.stdout.decode(ANSI, "replace").replace("\r", "")
+
+
+class Tab:
+    def __init__(self, match):
+        self.text = match["text"]
+        self.image = int(match["image"])
+        self.document = match["document"]
+        self.file = self.document.rpartition("\\")[2]
+
+
+class Strip:
+    """What one STRIP command printed; exists is False where there is no strip."""
+
+    def __init__(self, line):
+        self.tabs = []
+        self.exists = line != "strip: none"
+        self.visible = False
+        if not self.exists:
+            return
+        match = STRIP.match(line)
+        if not match:
+            raise AssertionError(f"not a strip line: {line!r}")
+        self.visible = match["visible"] == "1"
+        self.rect = tuple(map(int, match["rect"].split(",")))
+        self.client = tuple(map(int, match["client"].split(",")))
+        self.count = int(match["tabs"])
+        self.selected = int(match["selected"])
+
+    @property
+    def texts(self):
+        return [tab.text for tab in self.tabs]
+
+
+class Transcript:
+    """A host's whole output, with the observations read out of it in order."""
+
+    def __init__(self, exit_code, text):
+        self.exit_code = exit_code
+        self.text = text
+        self.lines = text.splitlines()
+        self.strips = []
+        for line in self.lines:
+            if line.startswith("strip: "):
+                self.strips.append(Strip(line))
+            elif match := TAB.match(line):
+                if not self.strips:
+                    raise AssertionError(f"a tab outside a strip: {line!r}")
+                self.strips[-1].tabs.append(Tab(match))
+        for strip in self.strips:
+            if strip.exists and strip.count != len(strip.tabs):
+                raise AssertionError(f"{strip.count} tabs announced, {len(strip.tabs)} listed:\n{text}")
+
+    @property
+    def tips(self):
+        """(title, text) of each HOVER, line feeds in the text as such."""
+        matches = filter(None, map(TIP.match, self.lines))
+        return [(m["title"], m["text"].replace("\\n", "\n")) for m in matches]
+
+    @property
+    def items(self):
+        """All menu items in order: (depth, id, caption, enabled); None for a separator."""
+        matches = filter(None, map(ITEM.match, self.lines))
+        return [None if m["id"] is None else
+                (len(m["indent"]) // 2, int(m["id"]), m["caption"], m["enabled"] == "1")
+                for m in matches]
+
+    @property
+    def controls(self):
+        """Controls of the dialogs in order: (id, text, checked, enabled)."""
+        matches = filter(None, map(CONTROL.match, self.lines))
+        return [(int(m["id"]), m["text"], int(m["checked"]), m["enabled"] == "1") for m in matches]
+
+
+class HostTest(unittest.TestCase):
+    """Each test has a folder of its own with an installation and the samples.
+
+    The user's registry keys are emptied first; ctest lets one such test run at
+    a time in a prefix.
+    """
+    maxDiff = None
+
+    def setUp(self):
+        self.folder = BUILD / "e2e" / self.id().rpartition(".")[0].rpartition(".")[2] / self._testMethodName
+        self.remove_folder()
+        program = self.folder / "install" / "ZavikMDITabs"
+        program.mkdir(parents=True)
+        shutil.copy(BUILD / "ZavikMDITabs.arx", program)
+        shutil.copytree(REPOSITORY / "support", program / "support")
+        samples = REPOSITORY / "samples"
+        shutil.copytree(samples / "DomainSettings", self.folder / "install" / "DomainSettings")
+        for name in ("Projects", "Sketches"):
+            shutil.copytree(samples / name, self.folder / name)
+        for name in READ_ONLY:
+            (self.folder / name).chmod(0o444)
+        self.set_registry({})
+
+    def tearDown(self):
+        outcome = getattr(self, "_outcome", None)
+        result = getattr(outcome, "result", None)
+        failed = result and any(test is self for test, _ in result.failures + result.errors)
+        if not failed:  # a failed test leaves its folder to look at
+            self.remove_folder()
+
+    def remove_folder(self):
+        if self.folder.exists():
+            for path in self.folder.rglob("*"):
+                if not path.is_symlink():
+                    path.chmod(0o755 if path.is_dir() else 0o644)
+            shutil.rmtree(self.folder)
+
+    def set_registry(self, options, diagnostics=None):
+        """Makes these DWORDs all there is under our keys."""
+        lines = ["REGEDIT4", "", r"[-HKEY_CURRENT_USER\Software\Zavik]", ""]
+        for key, values in ((OPTIONS_KEY, options), (DIAGNOSTICS_KEY, diagnostics or {})):
+            if values:
+                lines.append(f"[{key}]")
+                lines += [f'"{name}"=dword:{value:08x}' for name, value in values.items()]
+                lines.append("")
+        path = self.folder / "setup.reg"
+        path.write_text("\r\n".join(lines) + "\r\n", ANSI, newline="")
+        code, text = wine("reg", "import", path.name, cwd=self.folder)
+        self.assertEqual(code, 0, text)
+
+    def registry(self, key=OPTIONS_KEY):
+        """The DWORDs that the key holds now."""
+        code, text = wine("reg", "query", key)
+        values = re.findall(r"^\s+(\S+)\s+REG_DWORD\s+0x([0-9a-fA-F]+)", text, re.M)
+        return {name: int(value, 16) for name, value in values} if code == 0 else {}
+
+    def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0):
+        """Plays script lines in a new host process and gives its transcript."""
+        if not isinstance(script, str):
+            script = "\n".join(script)
+        (self.folder / "test.scr").write_text(script.strip() + "\n", ANSI)
+        code, text = wine(BUILD / "cadhost.exe", "/nologo", *arguments, "/b", "test.scr",
+                          timeout=timeout, cwd=self.folder)
+        if expect_exit is not None:
+            self.assertEqual(code, expect_exit, text)
+        return Transcript(code, text)
