@@ -44,13 +44,13 @@ public:
 
 protected:
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 };
 
 class CMDIChildWnd : public CWnd {
 public:
     // Creates a child window of the frame's MDI client and activates it.
     BOOL Create(const char* className, const char* title, CMDIFrameWnd* pFrame, DWORD dwStyle = 0);
+    ~CMDIChildWnd() override;
     // An MDI child is destroyed through its client.
     BOOL DestroyWindow() override;
     CMDIFrameWnd* GetMDIFrame() const;

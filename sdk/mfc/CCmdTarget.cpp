@@ -1,0 +1,92 @@
+#include "mfc/CCmdTarget.h"
+
+#include "mfc/CMenu.h"
+#include "mfc/CWnd.h"
+
+const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
+{
+    static const AFX_MSGMAP_ENTRY none[] = {{0, 0, 0, 0, nullptr}};
+    static const AFX_MSGMAP map = {nullptr, none};
+    return &map;
+}
+
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
+{
+    return GetThisMessageMap();
+}
+
+const AFX_MSGMAP_ENTRY* CCmdTarget::findEntry(UINT message, int code, UINT id) const
+{
+    const bool byId = message == WM_COMMAND || message == WM_NOTIFY;
+    for (const AFX_MSGMAP* map = GetMessageMap(); map; map = map->base) {
+        for (const AFX_MSGMAP_ENTRY* entry = map->entries; entry->message; ++entry) {
+            if (entry->message == message && entry->code == code
+                && (!byId || (entry->firstId <= id && id <= entry->lastId)))
+                return entry;
+        }
+    }
+    return nullptr;
+}
+
+BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
+{
+    const AFX_MSGMAP_ENTRY* entry = findEntry(WM_COMMAND, nCode, nID);
+    if (!entry)
+        return FALSE;
+    if (pHandlerInfo) {
+        pHandlerInfo->pTarget = this;
+        return TRUE;
+    }
+    toolkit::Call call;
+    call.message = WM_COMMAND;
+    call.id = nID;
+    if (nCode == CN_UPDATE_COMMAND_UI)
+        call.ui = static_cast<CCmdUI*>(pExtra);
+    entry->handler(*this, call);
+    return TRUE;
+}
+
+void CCmdUI::Enable(BOOL bOn)
+{
+    m_bEnableChanged = TRUE;
+    if (m_pMenu)
+        m_pMenu->EnableMenuItem(m_nIndex, MF_BYPOSITION | (bOn ? MF_ENABLED : MF_GRAYED));
+    if (!m_pOther || m_pOther->IsWindowEnabled() == (bOn != FALSE))
+        return;
+    // The focus must not stay on a control that stops taking keys.
+    if (!bOn && ::GetFocus() == m_pOther->m_hWnd)
+        ::SendMessageA(::GetParent(m_pOther->m_hWnd), WM_NEXTDLGCTL, 0, FALSE);
+    m_pOther->EnableWindow(bOn);
+}
+
+void CCmdUI::SetCheck(int nCheck)
+{
+    if (m_pMenu)
+        m_pMenu->CheckMenuItem(m_nIndex, MF_BYPOSITION | (nCheck ? MF_CHECKED : MF_UNCHECKED));
+    if (m_pOther && (m_pOther->SendMessage(WM_GETDLGCODE) & DLGC_BUTTON))
+        m_pOther->SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck));
+}
+
+void CCmdUI::SetText(const char* text)
+{
+    if (m_pMenu) {
+        MENUITEMINFOA info{};
+        info.cbSize = sizeof info;
+        info.fMask = MIIM_STRING;
+        info.dwTypeData = const_cast<char*>(text);
+        ::SetMenuItemInfoA(m_pMenu->m_hMenu, m_nIndex, TRUE, &info);
+    }
+    if (m_pOther && m_pOther->GetWindowText() != text)
+        m_pOther->SetWindowText(text);
+}
+
+BOOL CCmdUI::DoUpdate(CCmdTarget* pTarget, BOOL disableIfNoHandler)
+{
+    m_bEnableChanged = FALSE;
+    const BOOL handled = pTarget->OnCmdMsg(m_nID, CN_UPDATE_COMMAND_UI, this, nullptr);
+    if (disableIfNoHandler && !m_bEnableChanged) {
+        AFX_CMDHANDLERINFO info;
+        Enable(pTarget->OnCmdMsg(m_nID, CN_COMMAND, this, &info));
+    }
+    return handled;
+}

@@ -1,0 +1,51 @@
+#include "mfc/CMenu.h"
+
+#include "mfc/CWnd.h"
+#include "mfc/ViewMap.h"
+
+namespace {
+
+struct MenuView : CMenu {
+    explicit MenuView(HMENU menu) { m_hMenu = menu; }
+};
+
+} // namespace
+
+CMenu* CMenu::FromHandle(HMENU menu)
+{
+    static toolkit::ViewMap<HMENU, MenuView, ::IsMenu> views;
+    return menu ? views.of(menu) : nullptr;
+}
+
+CMenu* toolkit::menuOf(WPARAM handle)
+{
+    return CMenu::FromHandle(reinterpret_cast<HMENU>(handle));
+}
+
+BOOL CMenu::Attach(HMENU menu)
+{
+    if (!menu || m_hMenu)
+        return FALSE;
+    m_owned.reset(menu);
+    m_hMenu = menu;
+    return TRUE;
+}
+
+HMENU CMenu::Detach()
+{
+    m_hMenu = nullptr;
+    return m_owned.release();
+}
+
+BOOL CMenu::DestroyMenu()
+{
+    if (!m_owned)
+        return FALSE;
+    m_hMenu = nullptr;
+    return m_owned.reset();
+}
+
+BOOL CMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, const RECT* rect)
+{
+    return ::TrackPopupMenu(m_hMenu, nFlags, x, y, 0, pWnd ? pWnd->m_hWnd : nullptr, rect);
+}
