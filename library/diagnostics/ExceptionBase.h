@@ -17,6 +17,12 @@ public:
     // Fills `sText` with the message; false when the error has none.
     virtual bool getErrorText(CString& sText) const = 0;
 
+    // getErrorText for a caller's buffer.
+    BOOL GetErrorMessage(char* buffer, UINT capacity) const override {
+        CString sText;
+        return getErrorText(sText) ? copyMessage(sText, buffer, capacity) : FALSE;
+    }
+
 private:
     CString m_sExtraText;
 };

@@ -36,6 +36,18 @@ std::size_t CLeadBytes::next(std::string_view sText, std::size_t at) const {
     return after < sText.size() ? after : sText.size();
 }
 
+std::size_t CLeadBytes::boundaryBefore(std::string_view sText, std::size_t at) const {
+    // Behind a byte that leads no character there is a boundary, whatever came before.
+    while (at > 0 && contains(sText[at - 1]))
+        --at;
+    return at;
+}
+
+bool CLeadBytes::isOpen(std::string_view sText) const {
+    // A run of lead bytes at the end pairs up; an odd one is left over.
+    return ((sText.size() - boundaryBefore(sText, sText.size())) & 1) != 0;
+}
+
 std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat,
                  std::size_t from) {
     if (sWhat.empty())

@@ -22,6 +22,10 @@ public:
     bool contains(char c) const { return m_aLead[static_cast<unsigned char>(c)]; }
     // Offset of the character behind the one that begins at `at`; never past the end.
     std::size_t next(std::string_view sText, std::size_t at) const;
+    // The beginning of a character at `at` or as little before it as can be told.
+    std::size_t boundaryBefore(std::string_view sText, std::size_t at) const;
+    // The last byte begins a character that is not complete.
+    bool isOpen(std::string_view sText) const;
 
 private:
     bool m_bAny;

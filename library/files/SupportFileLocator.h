@@ -1,0 +1,61 @@
+// Where the well-known folders and files are, and the search for a project's folder.
+#pragma once
+
+#include "mfc/afx.h"
+
+namespace Tesk {
+
+// Below LOCATION_FILES: folders, given with a trailing backslash. Above: files.
+enum Location {
+    LOCATION_DIRS = 0,  // a marker, no location
+    LOCATION_DIR_PROGRAM = 1,
+    LOCATION_DIR_APPLICATION_ROOT = 2,
+    LOCATION_DIR_HELPDOCS = 3,
+    LOCATION_DIR_DOMAIN_SETTINGS = 4,
+    LOCATION_DIR_TEMP = 5,
+    LOCATION_DIR_USERAPPDATA = 6,
+    LOCATION_DIR_USERLOCALAPPDATA = 7,
+    LOCATION_DIR_USERZAVIKDATA = 8,
+    LOCATION_DIR_USERLOCALZAVIKDATA = 9,
+    LOCATION_DIR_USERPLENDADATA = 10,
+    LOCATION_DIR_COMMONZAVIKFILES = 11,
+    LOCATION_DIR_WINDOWS = 12,
+    LOCATION_DIR_WINDOWS_SYSTEM = 13,
+    LOCATION_DIR_WINDOWS_COMMONFILES = 14,
+    LOCATION_DIR_PROGRAMFILES = 15,
+    LOCATION_DIR_DRAWING = 16,
+    LOCATION_DIR_PROJECT_DWG_ROOT = 17,
+    LOCATION_DIR_PROJECT_DWG_SETTINGS = 18,
+    LOCATION_FILES = 19,  // a marker, no location
+    LOCATION_FILE_HELP = 20,
+    LOCATION_FILE_DIAGNOSTICS_LOG = 21,
+    LOCATION_FILE_MODULE = 22,
+    LOCATION_FILE_DOMAIN_SETTINGS = 23,
+    LOCATION_FILE_STANDARD_SETTINGS = 24,
+    LOCATION_FILE_PROJECT_SETTINGS = 25
+};
+
+// The full path of a location; empty when there is none (no project, an unknown number).
+// Never raises.
+CString getLocation(int iWhere);
+
+// The nearest folder, from `sStart` up to the drive's root, that holds the file; with a
+// trailing backslash. Empty when none does.
+CString findFolderUpwards(const char* sStart, const char* sFileName);
+
+// The same for "ProjectSettings.txt".
+CString findProjectFolder(const char* sStart);
+
+// The first domain settings folder that exists; when none does, the last one tried.
+CString getDomainSettingsFolder();
+
+// The first temporary folder that exists, else empty.
+CString getTempFolder();
+
+// A file (not a folder) that can be opened for reading.
+bool fileExists(const char* sPath);
+
+// A folder; a file of that name does not count.
+bool folderExists(const char* sPath);
+
+}  // namespace Tesk
