@@ -40,5 +40,5 @@ wine32_kind() {
 
 # Why the 32-bit root cannot be entered here, or nothing.
 mounts_refused() {
-    (own_mounts true) 2>&1 >/dev/null | head -n 1
+    { (own_mounts true) 2>&1 >/dev/null || true; } | head -n 1
 }
