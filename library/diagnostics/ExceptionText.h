@@ -1,0 +1,12 @@
+// The message of a caught heap exception.
+#pragma once
+
+#include "mfc/afx.h"
+
+namespace Tesk {
+
+// The message (at most 1,024 characters, empty when there is none); the exception
+// is deleted.
+CString takeExceptionText(CException* pException);
+
+}

@@ -1,0 +1,23 @@
+#include "library/diagnostics/Guard.h"
+
+#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/Prerelease.h"
+
+#include <exception>
+
+namespace Tesk {
+
+void Detail::endException(const char* sCall) noexcept
+{
+    try {
+        throw;
+    } catch (CException* pException) {
+        TESK_TRACE("%s ended by an exception: %s\n", sCall, takeExceptionText(pException).GetString());
+    } catch (const std::exception& exception) {
+        TESK_TRACE("%s ended by an exception: %s\n", sCall, exception.what());
+    } catch (...) {
+        TESK_TRACE("%s ended by an unknown exception\n", sCall);
+    }
+}
+
+}
