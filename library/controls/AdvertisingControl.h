@@ -1,0 +1,21 @@
+// The logo at the strip's right end: a fixed width, the company's name in the
+// colours of the system.
+#pragma once
+
+#include "mfc/afxwin.h"
+
+class CAdvertisingControl : public CWnd {
+public:
+    // A hidden child of the parent, to be placed by whoever owns the strip. False
+    // when there is no window.
+    bool Create(CWnd* pParent, UINT nID);
+
+    // In pixels.
+    int getWidth() const { return 60; }
+
+private:
+    void OnPaint();
+    LRESULT OnEraseBackground(WPARAM wParam, LPARAM lParam);
+
+    DECLARE_MESSAGE_MAP()
+};
