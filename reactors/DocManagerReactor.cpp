@@ -1,0 +1,160 @@
+#include "reactors/DocManagerReactor.h"
+
+#include "library/diagnostics/Guard.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/drawing/ARXVariable.h"
+#include "library/drawing/WorkingDatabase.h"
+#include "module/TabForwarders.h"
+
+#include <stdexcept>
+
+CDocManagerReactor* CDocManagerReactor::m_pReactor = nullptr;
+
+CDocManagerReactor::~CDocManagerReactor() = default;
+
+void CDocManagerReactor::attach()
+{
+    TESK_TRACE("CDocManagerReactor::attach()\n");
+    TESK_ASSERT(m_pReactor == NULL);
+    if (m_pReactor != nullptr)
+        return;
+    m_pReactor = new CDocManagerReactor;
+    acDocManager->addReactor(m_pReactor);
+    m_pReactor->addDocuments();
+}
+
+void CDocManagerReactor::detach()
+{
+    TESK_TRACE("CDocManagerReactor::detach()\n");
+    TESK_ASSERT(m_pReactor != NULL);
+    if (m_pReactor == nullptr)
+        return;
+    m_pReactor->removeDocuments();
+    acDocManager->removeReactor(m_pReactor);
+    delete m_pReactor;
+    m_pReactor = nullptr;
+}
+
+CDocManagerReactor* CDocManagerReactor::getReactor()
+{
+    TESK_ASSERT(m_pReactor != NULL);
+    return m_pReactor;
+}
+
+bool CDocManagerReactor::isDatabaseModified(AcApDocument* pDocument)
+{
+    TESK_TRACE("CDocManagerReactor::isDatabaseModified(...)\n");
+    // DBMOD answers for the working database alone.
+    const Tesk::CWorkingDatabase scope(pDocument->database());
+    Tesk::CARXVariable variable("DBMOD");
+    variable.read();
+    return variable.getShort() != 0;
+}
+
+void CDocManagerReactor::addDocuments()
+{
+    TESK_TRACE("CDocManagerReactor::addDocuments()\n");
+    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
+    for (; !pIterator->done(); pIterator->step())
+        documentCreated(pIterator->document());
+    // Without an open drawing there is none to select.
+    if (AcApDocument* pActive = acDocManager->mdiActiveDocument())
+        documentActivated(pActive);
+}
+
+void CDocManagerReactor::removeDocuments()
+{
+    TESK_TRACE("CDocManagerReactor::removeDocuments()\n");
+    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
+    for (; !pIterator->done(); pIterator->step())
+        documentToBeDestroyed(pIterator->document());
+}
+
+void CDocManagerReactor::refreshDocuments()
+{
+    removeDocuments();
+    addDocuments();
+}
+
+void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
+{
+    TESK_TRACE("CDocManagerReactor::addDatabaseReactor(\"%s\")\n", pDocument->fileName());
+    TESK_ASSERT(m_mapDatabaseReactors.find(pDocument) == m_mapDatabaseReactors.end());
+    // A listener that is there already stays: it is still registered with the drawing.
+    const auto [iter, bNew] = m_mapDatabaseReactors.try_emplace(pDocument);
+    if (!bNew)
+        return;
+    iter->second = std::make_unique<CDatabaseReactor>();
+    pDocument->database()->addReactor(iter->second.get());
+}
+
+void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
+{
+    TESK_TRACE("CDocManagerReactor::removeDatabaseReactor(\"%s\")\n", pDocument->fileName());
+    const auto iter = m_mapDatabaseReactors.find(pDocument);
+    TESK_ASSERT(iter != m_mapDatabaseReactors.end());
+    if (iter == m_mapDatabaseReactors.end())
+        return;
+    CDatabaseReactor* pReactor = iter->second.get();
+    TESK_ASSERT(pReactor != NULL);
+    if (pReactor != nullptr)
+        pDocument->database()->removeReactor(pReactor);
+    m_mapDatabaseReactors.erase(iter);
+}
+
+bool CDocManagerReactor::wasDatabaseModified(AcApDocument* pDocument)
+{
+    TESK_TRACE("CDocManagerReactor::wasDatabaseModified(...)\n");
+    auto iter = m_mapDatabaseModified.find(pDocument);
+    if (iter == m_mapDatabaseModified.end())
+        iter = m_mapDatabaseModified.emplace(pDocument, isDatabaseModified(pDocument)).first;
+    return iter->second;
+}
+
+void CDocManagerReactor::updateDatabaseModifiedFlag(AcApDocument* pDocument)
+{
+    TESK_TRACE("CDocManagerReactor::updateDatabaseModifiedFlag(...)\n");
+    TESK_ASSERT(pDocument != NULL);
+    if (pDocument == nullptr)
+        return;
+    m_mapDatabaseModified.insert_or_assign(pDocument, isDatabaseModified(pDocument));
+    tabsUpdateDocumentModified(pDocument);
+}
+
+void CDocManagerReactor::removeDatabaseModifiedFlag(AcApDocument* pDocument)
+{
+    TESK_TRACE("CDocManagerReactor::removeDatabaseModifiedFlag(...)\n");
+    // Every document that was announced has an entry, so a missing one is an error.
+    if (m_mapDatabaseModified.erase(pDocument) == 0)
+        throw std::out_of_range("invalid map/set<T> iterator");
+}
+
+void CDocManagerReactor::documentCreated(AcApDocument* pDocument)
+{
+    Tesk::guarded("CDocManagerReactor::documentCreated", [&] {
+        TESK_TRACE("CDocManagerReactor::documentCreated(\"%s\")\n", pDocument->fileName());
+        addDatabaseReactor(pDocument);
+        m_mapDatabaseModified.insert_or_assign(pDocument, isDatabaseModified(pDocument));
+        tabsAddDocument(pDocument);
+    });
+}
+
+void CDocManagerReactor::documentToBeDestroyed(AcApDocument* pDocument)
+{
+    // A guard a step: nothing may keep the listener, which the drawing would go on calling.
+    constexpr const char* sCall = "CDocManagerReactor::documentToBeDestroyed";
+    Tesk::guarded(sCall, [&] {
+        TESK_TRACE("CDocManagerReactor::documentToBeDestroyed(\"%s\")\n", pDocument->fileName());
+        tabsRemoveDocument(pDocument);
+    });
+    Tesk::guarded(sCall, [&] { removeDatabaseModifiedFlag(pDocument); });
+    Tesk::guarded(sCall, [&] { removeDatabaseReactor(pDocument); });
+}
+
+void CDocManagerReactor::documentActivated(AcApDocument* pDocument)
+{
+    Tesk::guarded("CDocManagerReactor::documentActivated", [&] {
+        TESK_TRACE("CDocManagerReactor::documentActivated(\"%s\")\n", pDocument->fileName());
+        tabsActivateDocument(pDocument);
+    });
+}
