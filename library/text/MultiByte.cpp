@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+
 namespace Tesk::MultiByte {
 
 namespace {
@@ -120,7 +122,11 @@ void replaceAll(std::string& sText, std::string_view sFind, std::string_view sRe
     std::size_t at = find(lead, sText, sFind);
     while (at != std::string::npos) {
         sText.replace(at, sFind.size(), sReplacement);
-        at = bAll ? find(lead, sText, sFind) : std::string::npos;
+        if (!bAll)
+            break;
+        // What lies wholly before the replacement has been searched already.
+        const std::size_t back = std::min(at, sFind.size() - 1);
+        at = find(lead, sText, sFind, lead.boundaryBefore(sText, at - back));
     }
 }
 

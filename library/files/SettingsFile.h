@@ -1,0 +1,69 @@
+// "ProjectSettings.txt" at a project's root: keyword lines, each followed by a block in
+// braces. The domain and standard settings files have the same form.
+#pragma once
+
+#include "mfc/afx.h"
+
+#include <array>
+#include <map>
+#include <vector>
+
+namespace Tesk {
+
+// A BORDER line: description, block name (without what follows its first "."), and four
+// more fields, kept as written.
+struct CBorderEntry {
+    CString m_sDescription;
+    CString m_sBlockName;
+    std::array<CString, 4> m_aFields;
+};
+
+// A TITLEBLOCKS or MOCKBORDERS block.
+struct CBlockGroup {
+    CString m_sCategory;
+    CString m_sDefaultLayer = "Z010LX000";
+    bool m_bDefaultSpaceIsModel = false;
+    bool m_bInsertable = false;
+    CString m_sIssueFormat;
+    CString m_sLocationPath;
+    std::vector<CBorderEntry> m_vecBorders;
+    // Every other key, in upper case; quotes around the value are gone. In a title block
+    // the values name attribute tags.
+    std::map<CString, CString> m_mapOther;
+};
+
+// What such a file says; the defaults, and not valid, until one is read.
+class CSettingsFile {
+public:
+    CSettingsFile() = default;
+    // Reads the file. When that cannot be opened or read the record is not valid and holds
+    // the defaults; no other error is caught.
+    explicit CSettingsFile(const char* sPath);
+
+    // Replaces everything by what the file says. Raises the text reader's file error, and
+    // then the record holds the defaults. Malformed lines are passed over.
+    void read(const char* sPath);
+
+    bool m_bValid = false;
+    CString m_sProjectLabel;
+    CString m_sProjectPaths;  // absolute folders, each preceded by ";"
+    CString m_sIssueDirectory = "<PROJECTSETTINGS>\\outgoing\\<DATE:%Y-%m-%d>";
+    CString m_sJobNumber;
+    std::vector<CString> m_vecJobTitle;
+    std::vector<CString> m_vecOfficeDetails;
+    std::vector<CString> m_vecClientTitle;
+    std::vector<CString> m_vecDrawingStatus;
+    std::vector<CString> m_vecDrawingDiscipline;
+    std::map<CString, CString> m_mapIssues;
+    std::map<CString, CString> m_mapCadStandards;
+    std::vector<CBlockGroup> m_vecTitleBlocks;
+    std::vector<CBlockGroup> m_vecMockBorders;
+};
+
+// The border and the title block in use, process-wide copies; empty ones until set.
+const CBorderEntry& getCurrentBorder();
+const CBlockGroup& getCurrentTitleBlock();
+void setCurrentTitleBlock(const CBlockGroup& group, const CBorderEntry& border);
+void clearCurrentTitleBlock();
+
+}  // namespace Tesk
