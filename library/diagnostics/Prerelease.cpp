@@ -1,22 +1,133 @@
 #include "library/diagnostics/Prerelease.h"
 
+#include "library/diagnostics/CriticalSection.h"
+#include "library/diagnostics/DiagnosticsLog.h"
+#include "library/diagnostics/GUIConsole.h"
+#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/StackWalker.h"
+#include "library/files/SupportFileLocator.h"
+#include "mfc/afx.h"
+#include "objectarx/acutads.h"
+
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdarg>
-#include <string>
+#include <cstring>
+#include <ctime>
 
 namespace Tesk {
 
 Detail::CDiagnosticsSwitches Detail::g_switches;
 
 namespace {
+
 int g_iLevel = 0;
+
+// The report box is up in at most one thread; its modal loop may bring that
+// thread back here.
+CCriticalSection g_reportSection;
+int g_iReportDepth = 0;
+
+CString timeStamp()
+{
+    const std::time_t now = std::time(nullptr);
+    char sText[32] = "";
+    if (const std::tm* pLocal = std::localtime(&now))
+        std::strftime(sText, sizeof sText, "[%H:%M:%S] ", pLocal);
+    return sText;
+}
+
+void sendToDebugger(const CString& sLine)
+{
+    if (::IsDebuggerPresent())
+        ::OutputDebugStringA(sLine);
+}
+
+// The longest piece that the command line takes, cut between characters.
+int pieceLength(const CString& sText, int iStart)
+{
+    constexpr int c_most = 132;
+    const int iRest = sText.GetLength() - iStart;
+    if (iRest <= c_most)
+        return iRest;
+    int iLength = 0;
+    while (iLength < c_most) {
+        const int iStep = AfxIsLeadByte(sText[iStart + iLength]) ? 2 : 1;
+        if (iLength + iStep > c_most)
+            break;
+        iLength += iStep;
+    }
+    return iLength;
+}
+
+void echoOnCommandLine(CString sText)
+{
+    sText.Trim("\n");
+    sText += '\n';
+    for (int iStart = 0; iStart < sText.GetLength();) {
+        const int iLength = pieceLength(sText, iStart);
+        acutPrintf("%s", sText.Mid(iStart, iLength).GetString());
+        iStart += iLength;
+    }
+}
+
+// Diagnostics must not bring down what they look at.
+template <class Action>
+void neverRaise(Action action) noexcept
+{
+    try {
+        action();
+    } catch (CException* pException) {
+        pException->Delete();
+    } catch (...) {
+    }
+}
+
+void traceLine(const char* sFormat, va_list arguments)
+{
+    CString sMessage;
+    sMessage.FormatV(sFormat, arguments);
+    const CString sLine = timeStamp() + G_sApplicationName + " : " + sMessage;
+    sendToDebugger(sLine);
+    if (Detail::g_switches.m_bLog)
+        CDiagnosticsLog::get().append(sLine);
+    echoOnCommandLine(sLine);
+}
+
+void showReport(const CString& sModule, const CString& sText)
+{
+    const CLock lock(g_reportSection);
+    if (g_iReportDepth > 0)
+        return;
+    ++g_iReportDepth;
+    ::MessageBoxA(nullptr, sText, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
+    --g_iReportDepth;
+}
+
+void report(const char* sSource, int iLine, const char* sExpression)
+{
+    const CString sStack = CStackWalker().describe();
+    const CString sPath = getLocation(LOCATION_FILE_MODULE);
+    const CString sModule = sPath.Mid(sPath.ReverseFind('\\') + 1);
+    CString sShort;
+    sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
+    CString sLong;
+    sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
+                 sSource, iLine, sStack.GetString());
+    showReport(sModule, sLong);
+    writeDiagnostic(sShort);
+    writeDiagnostic(sStack);
+}
+
 }
 
 void setDiagnosticsLevel(int iLevel)
 {
     if (iLevel < 0 || iLevel > 2)
         return;
+    if (iLevel == 2)
+        CDiagnosticsLog::get().getFileName();  // looked up while the lookup cannot trace
     g_iLevel = iLevel;
     Detail::g_switches.m_bTrace = Detail::g_switches.m_bConsole = Detail::g_switches.m_bLog = iLevel == 2;
     Detail::g_switches.m_bAssertions = iLevel >= 1;
@@ -28,28 +139,41 @@ void trace(const char* sFormat, ...) noexcept
 {
     if (!isTraceEnabled())
         return;
-    char text[1024];
     va_list arguments;
     va_start(arguments, sFormat);
-    vsnprintf(text, sizeof text, sFormat, arguments);
+    neverRaise([&] { traceLine(sFormat, arguments); });
     va_end(arguments);
-    ::OutputDebugStringA(text);
 }
 
-void writeDiagnostic(const char* sText) noexcept { ::OutputDebugStringA(sText); }
+void writeDiagnostic(const char* sText) noexcept
+{
+    const Detail::CDiagnosticsSwitches switches = Detail::g_switches;
+    if (!switches.m_bConsole && !switches.m_bLog)
+        return;
+    neverRaise([&] {
+        const CString sLine = timeStamp() + sText;
+        if (switches.m_bConsole) {
+            CGUIConsole::get().writeLine(sLine.str());
+            sendToDebugger(sLine);
+        }
+        if (switches.m_bLog)
+            CDiagnosticsLog::get().append(sLine);
+    });
+}
 
 void reportAssertion(const char* sSource, int iLine, const char* sExpression) noexcept
 {
-    char text[1024];
-    snprintf(text, sizeof text, "%s(%d): Assertion (%s).\n", sSource, iLine, sExpression);
-    ::MessageBoxA(nullptr, text, "Assertion Failure", MB_OK | MB_ICONSTOP);
-    writeDiagnostic(text);
+    neverRaise([&] { report(sSource, iLine, sExpression); });
 }
 
 void Detail::assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept
 {
-    std::string sName(sSource);
-    reportAssertion(sName.substr(0, sName.find('.')).c_str(), iLine, sExpression);
+    neverRaise([&] {
+        CString sName(sSource);
+        sName = sName.Mid(std::max(sName.ReverseFind('/'), sName.ReverseFind('\\')) + 1);
+        const int iDot = sName.ReverseFind('.');
+        report(iDot < 0 ? sName : sName.Left(iDot), iLine, sExpression);
+    });
     if (::IsDebuggerPresent())
         ::DebugBreak();
 }

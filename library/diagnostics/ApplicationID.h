@@ -1,0 +1,33 @@
+// What is installed: product name and version, read from the description file
+// (".avf") beside the module and of the module's name. Lines are key=value,
+// keys "ProductName" and "ProductVersion" in any letter case; other lines do
+// not matter. A missing or unreadable file is no error: nothing is valid then.
+#pragma once
+
+#include "mfc/afx.h"
+
+#include <windows.h>
+
+namespace Tesk {
+
+class CApplicationID {
+public:
+    explicit CApplicationID(HINSTANCE hModule);
+
+    const CString& getName() const { return m_sProductName; }
+    const CString& getVersion() const { return m_sProductVersion; }
+
+    // Both the name and the version are known.
+    bool isValid() const;
+
+    // "name version".
+    CString getLabel() const;
+
+private:
+    void readDescription(const char* sFileName);
+
+    CString m_sProductName;
+    CString m_sProductVersion;
+};
+
+}

@@ -1,0 +1,103 @@
+#include "library/diagnostics/DiagnosticsLog.h"
+
+#include "library/files/FileUtilities_TextFiles.h"
+#include "library/files/SupportFileLocator.h"
+
+#include <string>
+
+namespace Tesk {
+
+namespace {
+
+// Every folder on the way to the file, below the root.
+void createFolders(const CString& sFileName)
+{
+    for (int i = sFileName.Find('\\', 3); i >= 0; i = sFileName.Find('\\', i + 1))
+        ::CreateDirectoryA(sFileName.Left(i), nullptr);
+}
+
+bool exists(const CString& sFileName) { return ::GetFileAttributesA(sFileName) != INVALID_FILE_ATTRIBUTES; }
+
+// Marks the log as busy for the time of a scope.
+class CBusy {
+public:
+    explicit CBusy(bool& bBusy) : m_bBusy(bBusy) { m_bBusy = true; }
+    ~CBusy() { m_bBusy = false; }
+    CBusy(const CBusy&) = delete;
+    CBusy& operator=(const CBusy&) = delete;
+
+private:
+    bool& m_bBusy;
+};
+
+// Runs what may raise; a log that cannot be written is no reason to fail.
+template <class Action>
+void swallow(Action action) noexcept
+{
+    try {
+        action();
+    } catch (CException* pException) {
+        pException->Delete();
+    } catch (...) {
+    }
+}
+
+}
+
+CDiagnosticsLog& CDiagnosticsLog::get()
+{
+    static CDiagnosticsLog log;
+    return log;
+}
+
+CString CDiagnosticsLog::getFileName() noexcept
+{
+    const CLock lock(m_section);
+    if (m_sFileName.IsEmpty())
+        swallow([this] { m_sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG); });
+    return m_sFileName;
+}
+
+void CDiagnosticsLog::startAfresh() noexcept
+{
+    const CLock lock(m_section);
+    if (m_bBusy)
+        return;
+    const CBusy busy(m_bBusy);
+    m_sFileName.Empty();
+    ::DeleteFileA(getFileName());
+}
+
+void CDiagnosticsLog::append(const char* sText) noexcept
+{
+    const CLock lock(m_section);
+    if (m_bBusy)
+        return;
+    const CBusy busy(m_bBusy);
+    swallow([this, sText] { write(sText); });
+}
+
+void CDiagnosticsLog::write(const char* sText)
+{
+    const CString sFileName = getFileName();
+    if (sFileName.IsEmpty())
+        return;
+    CString sLine(sText);
+    sLine.TrimRight("\n");
+    createFolders(sFileName);
+    if (!exists(sFileName))
+        writeTextFileLines(sFileName, describeMachine(), false);
+    writeTextFileLines(sFileName, {sLine}, true);
+}
+
+CString CDiagnosticsLog::companionFile(const char* sExtension)
+{
+    CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
+    createFolders(sFileName);
+    const int iDot = sFileName.ReverseFind('.');
+    if (iDot > sFileName.ReverseFind('\\'))
+        sFileName = sFileName.Left(iDot);
+    return sFileName + sExtension;
+}
+
+}

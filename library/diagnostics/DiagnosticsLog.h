@@ -1,0 +1,42 @@
+// The diagnostics log file: a description of the machine, then one line a
+// report. The log may fail to be written, but never raises.
+#pragma once
+
+#include "library/diagnostics/CriticalSection.h"
+#include "mfc/afx.h"
+
+#include <vector>
+
+namespace Tesk {
+
+class CDiagnosticsLog {
+public:
+    static CDiagnosticsLog& get();
+
+    // Where the log is: looked up once, as the lookup may itself want to log.
+    CString getFileName() noexcept;
+
+    // Looks the place up again and deletes the log that is there.
+    void startAfresh() noexcept;
+
+    // Appends one line, less its trailing line feeds. Creates missing folders,
+    // and the header when the file does not exist. What is reported while the
+    // same thread appends (the header's own lookups) is dropped.
+    void append(const char* sText) noexcept;
+
+    // The log's name with another extension, as ".dmp".
+    static CString companionFile(const char* sExtension);
+
+private:
+    CDiagnosticsLog() = default;
+    void write(const char* sText);
+
+    CCriticalSection m_section;
+    CString m_sFileName;
+    bool m_bBusy = false;   // guarded by the section: its owner is already in here
+};
+
+// The lines that a new log starts with; a line without its registry value is left out.
+std::vector<CString> describeMachine();
+
+}

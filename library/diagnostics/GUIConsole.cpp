@@ -1,0 +1,87 @@
+#include "library/diagnostics/GUIConsole.h"
+
+#include <string>
+
+namespace Tesk {
+
+namespace {
+
+bool isUsable(HANDLE hStream) { return hStream != nullptr && hStream != INVALID_HANDLE_VALUE; }
+
+// Closing a console window would end the process that it belongs to: take the
+// command away.
+void disarmClosing()
+{
+    if (const HWND hWindow = ::GetConsoleWindow())
+        if (const HMENU hMenu = ::GetSystemMenu(hWindow, FALSE))
+            ::DeleteMenu(hMenu, SC_CLOSE, MF_BYCOMMAND);
+}
+
+// A new console replaces the process's standard streams; they are not ours.
+bool openConsoleKeepingStreams()
+{
+    constexpr DWORD c_streams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
+    HANDLE before[3];
+    for (int i = 0; i < 3; ++i)
+        before[i] = ::GetStdHandle(c_streams[i]);
+    const bool bOpened = ::AllocConsole() != FALSE;
+    for (int i = 0; i < 3; ++i)
+        ::SetStdHandle(c_streams[i], before[i]);
+    return bOpened;
+}
+
+}
+
+CGUIConsole& CGUIConsole::get()
+{
+    static CGUIConsole console;
+    return console;
+}
+
+bool CGUIConsole::open()
+{
+    if (m_hOutput)
+        return true;
+    const HANDLE hError = ::GetStdHandle(STD_ERROR_HANDLE);
+    if (isUsable(hError)) {
+        m_hOutput = hError;
+        return true;
+    }
+    if (!openConsoleKeepingStreams())
+        return false;
+    disarmClosing();
+    m_window = UniqueHandle(::CreateFileA("CONOUT$", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, 0, nullptr));
+    if (!m_window) {
+        ::FreeConsole();
+        return false;
+    }
+    m_hOutput = m_window.get();
+    return true;
+}
+
+void CGUIConsole::writeLine(std::string_view sLine) noexcept
+{
+    const CLock lock(m_section);
+    if (!open())
+        return;
+    try {
+        const std::string sText = std::string(sLine) + "\r\n";
+        DWORD dwWritten = 0;
+        ::WriteFile(m_hOutput, sText.data(), static_cast<DWORD>(sText.size()), &dwWritten, nullptr);
+    } catch (const std::exception&) {
+        // no memory for a diagnostics line: it is lost
+    }
+}
+
+void CGUIConsole::release() noexcept
+{
+    const CLock lock(m_section);
+    if (m_window) {
+        m_window.reset();
+        ::FreeConsole();
+    }
+    m_hOutput = nullptr;
+}
+
+}

@@ -1,0 +1,33 @@
+// The console stream of the diagnostics: the process's standard error where it
+// has one, else a console window opened at the first line.
+#pragma once
+
+#include "library/diagnostics/CriticalSection.h"
+#include "mfc/handles.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+namespace Tesk {
+
+class CGUIConsole {
+public:
+    static CGUIConsole& get();
+
+    // Writes one line; lines of several threads do not mix. Never raises.
+    void writeLine(std::string_view sLine) noexcept;
+
+    // Closes the window, if this object opened it. A later line opens it again.
+    void release() noexcept;
+
+private:
+    CGUIConsole() = default;
+    bool open();
+
+    CCriticalSection m_section;
+    UniqueHandle m_window;      // set only while a window of our own is open
+    HANDLE m_hOutput = nullptr;
+};
+
+}

@@ -1,0 +1,27 @@
+// Who called whom, as text: one line a frame, the innermost first, with module
+// and offset, and the symbol where one is to be had.
+#pragma once
+
+#include "mfc/afx.h"
+
+#include <vector>
+
+namespace Tesk {
+
+class CStackWalker {
+public:
+    static constexpr int c_maxFrames = 50;
+
+    // Takes the return addresses of the calling thread, at most c_maxFrames.
+    CStackWalker();
+
+    const std::vector<const void*>& getFrames() const { return m_vFrames; }
+
+    // "module.dll + 0x1234 (symbol + 0x12)", a line a frame, joined by line feeds.
+    CString describe() const;
+
+private:
+    std::vector<const void*> m_vFrames;
+};
+
+}

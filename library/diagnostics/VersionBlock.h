@@ -1,0 +1,23 @@
+// The texts and flags of the module's own version resource.
+#pragma once
+
+#include "mfc/afx.h"
+
+namespace Tesk {
+
+class CVersionBlock {
+public:
+    // Reads the resource of getCurrentModule(); false when there is none or it
+    // is damaged, and everything is empty then.
+    static bool initialise();
+    static void terminate();
+
+    static const CString& getCompanyName();
+    static const CString& getProductName();
+    static const CString& getInternalName();
+
+    // The fixed flags, where the flags mask lets them count, say pre-release.
+    static bool isPrerelease();
+};
+
+}

@@ -1,0 +1,57 @@
+#include "library/files/CodePage.h"
+
+#include <climits>
+
+namespace Tesk {
+
+UINT getConversionCodePage()
+{
+    static const UINT uCodePage = [] {
+        OSVERSIONINFOA version = {};
+        version.dwOSVersionInfoSize = sizeof version;
+        const bool bNT = ::GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT;
+        return static_cast<UINT>(bNT ? CP_THREAD_ACP : CP_ACP);
+    }();
+    return uCodePage;
+}
+
+UINT getThreadCodePage()
+{
+    if (getConversionCodePage() == CP_THREAD_ACP) {
+        DWORD dwCodePage = 0;
+        if (::GetLocaleInfoA(::GetThreadLocale(), LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                             reinterpret_cast<char*>(&dwCodePage), sizeof dwCodePage) > 0 &&
+            dwCodePage != 0)
+            return dwCodePage;
+    }
+    return ::GetACP();
+}
+
+std::wstring toWide(std::string_view sText)
+{
+    std::wstring sWide;
+    if (sText.empty() || sText.size() > INT_MAX)
+        return sWide;
+    const int iBytes = static_cast<int>(sText.size());
+    sWide.resize(sText.size());  // never more characters than bytes
+    const int iCount = ::MultiByteToWideChar(getConversionCodePage(), 0, sText.data(), iBytes, sWide.data(), iBytes);
+    sWide.resize(iCount > 0 ? static_cast<size_t>(iCount) : 0);
+    return sWide;
+}
+
+std::string toNarrow(std::wstring_view sText)
+{
+    std::string sNarrow;
+    if (sText.empty() || sText.size() > INT_MAX)
+        return sNarrow;
+    const int iUnits = static_cast<int>(sText.size());
+    const UINT uCodePage = getConversionCodePage();
+    const int iSize = ::WideCharToMultiByte(uCodePage, 0, sText.data(), iUnits, nullptr, 0, nullptr, nullptr);
+    if (iSize <= 0)
+        return sNarrow;
+    sNarrow.resize(static_cast<size_t>(iSize));
+    ::WideCharToMultiByte(uCodePage, 0, sText.data(), iUnits, sNarrow.data(), iSize, nullptr, nullptr);
+    return sNarrow;
+}
+
+}

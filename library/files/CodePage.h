@@ -1,0 +1,22 @@
+// Conversions between narrow and wide text. Narrow is the current thread's ANSI
+// code page; what a code page cannot hold becomes its default character.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace Tesk {
+
+// What the conversions are given: CP_THREAD_ACP where the system has it.
+UINT getConversionCodePage();
+
+// The number of the current thread's ANSI code page.
+UINT getThreadCodePage();
+
+// Zero characters are kept. A text too long for one call (2 GB) gives nothing.
+std::wstring toWide(std::string_view sText);
+std::string toNarrow(std::wstring_view sText);
+
+}

@@ -1,0 +1,115 @@
+#include "library/files/TextFileContents.h"
+
+#include "library/diagnostics/Prerelease.h"
+#include "library/files/CodePage.h"
+#include "mfc/afx.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace Tesk {
+
+namespace {
+
+constexpr size_t c_block = 256 * 1024;
+constexpr char c_ctrlZ = 0x1A;
+
+// The text up to the next line end, which is consumed. A last line counts only
+// when it is not empty.
+template <class Char>
+bool splitLine(std::basic_string_view<Char> sText, size_t& position, std::basic_string_view<Char>& sLine)
+{
+    if (position >= sText.size())
+        return false;
+    const size_t end = sText.find(Char('\n'), position);
+    if (end == sText.npos) {
+        sLine = sText.substr(position);
+        position = sText.size();
+        return true;
+    }
+    const bool bPair = end > position && sText[end - 1] == Char('\r');
+    sLine = sText.substr(position, end - position - (bPair ? 1 : 0));
+    position = end + 1;
+    return true;
+}
+
+bool isAscii(std::string_view sText)
+{
+    return std::all_of(sText.begin(), sText.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
+}
+
+CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding)
+{
+    load(sFileName);
+    m_bUnicode = bDetectEncoding && m_sBytes.starts_with("\xFF\xFE");
+    if (m_bUnicode)
+        decode();
+    else
+        m_sBytes.resize(std::min(m_sBytes.find(c_ctrlZ), m_sBytes.size()));
+}
+
+void CTextFileContents::load(const char* sFileName)
+{
+    FILE* pInput = std::fopen(sFileName, "rb");
+    if (!pInput)
+        CFileException::ThrowErrno(errno, sFileName);
+    std::setvbuf(pInput, nullptr, _IONBF, 0);  // the blocks are large already
+    size_t filled = 0;
+    for (;;) {
+        m_sBytes.resize(filled + std::max(c_block, filled));
+        const size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput);
+        filled += got;
+        if (filled < m_sBytes.size())
+            break;
+    }
+    m_sBytes.resize(filled);
+    const int iError = std::ferror(pInput) ? errno : 0;
+    TESK_VERIFY(::fclose(pInput) == 0);
+    if (iError != 0)
+        CFileException::ThrowErrno(iError, sFileName);
+}
+
+// An odd last byte is no character; 0xFFFF reads as the end-of-file value and
+// so adds nothing.
+void CTextFileContents::decode()
+{
+    m_sWide.resize(m_sBytes.size() / 2 - 1);
+    std::memcpy(m_sWide.data(), m_sBytes.data() + 2, m_sWide.size() * 2);
+    m_sBytes = std::string();
+    m_sWide.resize(std::min(m_sWide.find(wchar_t(c_ctrlZ)), m_sWide.size()));
+    std::erase(m_sWide, wchar_t(0xFFFF));
+}
+
+bool CTextFileContents::nextNarrow(std::string_view& sLine)
+{
+    return splitLine<char>(m_sBytes, m_position, sLine);
+}
+
+bool CTextFileContents::nextWide(std::wstring_view& sLine)
+{
+    return splitLine<wchar_t>(m_sWide, m_position, sLine);
+}
+
+bool CTextFileContents::nextConverted(std::string_view& sLine)
+{
+    if (m_bUnicode) {
+        std::wstring_view sWideLine;
+        if (!nextWide(sWideLine))
+            return false;
+        m_sConverted = toNarrow(sWideLine);
+    } else {
+        if (!nextNarrow(sLine))
+            return false;
+        if (isAscii(sLine))
+            return true;  // the same in every ANSI code page
+        m_sConverted = toNarrow(toWide(sLine));
+    }
+    sLine = m_sConverted;
+    return true;
+}
+
+}

@@ -1,0 +1,40 @@
+// A text file in memory, handed out line by line as the C runtime's text mode
+// would give it: CR LF is one line end, a lone CR belongs to the line, a Ctrl-Z
+// ends the text. A UTF-16 little-endian file is known by its byte-order mark.
+//
+// Reads by large blocks; what a line points into is gone with the next call.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Tesk {
+
+class CTextFileContents {
+public:
+    // Without encoding detection every file is narrow text. Raises CFileException.
+    CTextFileContents(const char* sFileName, bool bDetectEncoding);
+
+    bool isUnicode() const { return m_bUnicode; }
+
+    // The bytes of the next line of a narrow file; false at the end.
+    bool nextNarrow(std::string_view& sLine);
+
+    // The characters of the next line of a UTF-16 file; false at the end.
+    bool nextWide(std::wstring_view& sLine);
+
+    // The next line of either kind as narrow text that went through UTF-16.
+    bool nextConverted(std::string_view& sLine);
+
+private:
+    void load(const char* sFileName);
+    void decode();
+
+    std::string m_sBytes;
+    std::wstring m_sWide;
+    std::string m_sConverted;
+    size_t m_position = 0;
+    bool m_bUnicode = false;
+};
+
+}

@@ -1,0 +1,150 @@
+#include "library/registry/Registry.h"
+
+#include "library/diagnostics/ApplicationID.h"
+#include "library/diagnostics/Maintenance.h"
+
+#include <shellapi.h>
+
+#include <cstring>
+#include <string>
+
+namespace Tesk::Registry {
+
+namespace {
+
+// The bytes of a value of any type. Asks again while the value grows between
+// the question for its size and the reading.
+bool readBytes(HKEY hkRegistryKey, const char* szName, DWORD& dwType, std::string& sBytes)
+{
+    DWORD dwSize = 0;
+    LONG lResult = ::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, nullptr, &dwSize);
+    if (lResult != ERROR_SUCCESS)
+        return false;
+    do {
+        sBytes.resize(dwSize + 1);
+        dwSize = static_cast<DWORD>(sBytes.size());
+        lResult = ::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType,
+                                     reinterpret_cast<BYTE*>(sBytes.data()), &dwSize);
+    } while (lResult == ERROR_MORE_DATA);
+    if (lResult != ERROR_SUCCESS)
+        return false;
+    sBytes.resize(dwSize);
+    return true;
+}
+
+void checkUnnamed([[maybe_unused]] const char* sValue, [[maybe_unused]] DWORD dwType)
+{
+    TESK_ASSERT(CString(sValue).IsEmpty() ? (dwType == REG_SZ) : true);
+}
+
+bool writeBytes(HKEY hkRegistryKey, const char* szName, DWORD dwType, const void* pBytes, size_t size)
+{
+    return ::RegSetValueExA(hkRegistryKey, szName, 0, dwType, static_cast<const BYTE*>(pBytes),
+                            static_cast<DWORD>(size)) == ERROR_SUCCESS;
+}
+
+}
+
+bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite)
+{
+    HKEY hkOpened = nullptr;
+    if (bWrite) {
+        SECURITY_DESCRIPTOR descriptor;
+        if (!::InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION))
+            return false;
+        SECURITY_ATTRIBUTES attributes = {sizeof attributes, &descriptor, FALSE};
+        char szClass[] = "";
+        if (::RegCreateKeyExA(hkRoot, szSubKey, 0, szClass, REG_OPTION_NON_VOLATILE, KEY_WRITE,
+                              &attributes, &hkOpened, nullptr) != ERROR_SUCCESS)
+            return false;
+    } else if (::RegOpenKeyExA(hkRoot, szSubKey, 0, KEY_READ, &hkOpened) != ERROR_SUCCESS) {
+        return false;
+    }
+    hkRegistryKey = hkOpened;
+    return true;
+}
+
+bool ReadValue(HKEY hkRegistryKey, const char* szName, DWORD& dwValue)
+{
+    DWORD dwRead = 0;  // a shorter value fills the low bytes
+    DWORD dwType = REG_NONE;
+    DWORD dwSize = sizeof dwRead;
+    if (::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, reinterpret_cast<BYTE*>(&dwRead),
+                           &dwSize) != ERROR_SUCCESS ||
+        dwType != REG_DWORD)
+        return false;
+    dwValue = dwRead;
+    return true;
+}
+
+bool ReadValue(HKEY hkRegistryKey, const char* szName, bool& bValue)
+{
+    DWORD dwValue = 0;
+    if (!ReadValue(hkRegistryKey, szName, dwValue))
+        return false;
+    bValue = dwValue == 1;
+    return true;
+}
+
+bool ReadValue(HKEY hkRegistryKey, const char* szName, CString& sValue)
+{
+    DWORD dwType = REG_NONE;
+    std::string sBytes;
+    if (!readBytes(hkRegistryKey, szName, dwType, sBytes) || (dwType != REG_SZ && dwType != REG_EXPAND_SZ))
+        return false;
+    sValue = sBytes.c_str();  // ends at the first zero byte, or where the data ends
+    return true;
+}
+
+bool ReadValue(HKEY hkRegistryKey, const char* szName, std::vector<CString>& vValues)
+{
+    DWORD dwType = REG_NONE;
+    std::string sBytes;
+    if (!readBytes(hkRegistryKey, szName, dwType, sBytes) || dwType != REG_MULTI_SZ)
+        return false;
+    size_t start = 0;
+    for (size_t zero; (zero = sBytes.find('\0', start)) != std::string::npos; start = zero + 1) {
+        vValues.push_back(CString(sBytes.c_str() + start));
+        if (zero + 1 < sBytes.size() && sBytes[zero + 1] == '\0')
+            break;
+    }
+    return true;
+}
+
+bool WriteValue(HKEY hkRegistryKey, const char* szName, DWORD dwValue, DWORD dwType)
+{
+    checkUnnamed(szName, dwType);
+    return writeBytes(hkRegistryKey, szName, dwType, &dwValue, sizeof dwValue);
+}
+
+bool WriteValue(HKEY hkRegistryKey, const char* szName, bool bValue, DWORD dwType)
+{
+    return WriteValue(hkRegistryKey, szName, static_cast<DWORD>(bValue ? 1 : 0), dwType);
+}
+
+bool WriteValue(HKEY hkRegistryKey, const char* szName, const char* szValue, DWORD dwType)
+{
+    return writeBytes(hkRegistryKey, szName, dwType, szValue, std::strlen(szValue) + 1);
+}
+
+bool IconFromExtension(const char* szExtension, HICON& hIcon, bool bSmall)
+{
+    SHFILEINFOA info = {};
+    const UINT uFlags = SHGFI_ICON | SHGFI_USEFILEATTRIBUTES | (bSmall ? SHGFI_SMALLICON : SHGFI_LARGEICON);
+    if (!::SHGetFileInfoA(szExtension, FILE_ATTRIBUTE_NORMAL, &info, sizeof info, uFlags))
+        return false;
+    hIcon = info.hIcon;
+    return true;
+}
+
+CString GetRemoteConfigurableKey(const char* szApplication)
+{
+    CString sApplication(szApplication ? szApplication : "");
+    if (sApplication.IsEmpty() && G_pApplicationID)
+        sApplication = G_pApplicationID->getName();
+    if (sApplication.IsEmpty())
+        sApplication = G_sApplicationName;
+    return CString("Software\\Zavik\\") + sApplication + "\\Remote Configurable";
+}
+
+}

@@ -1,0 +1,108 @@
+// Typed registry reads and writes, strict about the stored type.
+//
+// No call raises; each says whether it succeeded, and a failed read leaves its
+// output as it was. Value names, sub-keys and strings are narrow.
+#pragma once
+
+#include "library/diagnostics/Prerelease.h"
+#include "mfc/afx.h"
+
+#include <windows.h>
+
+#include <vector>
+
+namespace Tesk::Registry {
+
+// ---- on an open key
+
+// For reading, the key must exist; for writing, it is created with its parents.
+// The caller closes the key (CKey does).
+bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite);
+
+// REG_DWORD of at most four bytes.
+bool ReadValue(HKEY hkRegistryKey, const char* szName, DWORD& dwValue);
+
+// REG_DWORD; true only for exactly 1.
+bool ReadValue(HKEY hkRegistryKey, const char* szName, bool& bValue);
+
+// REG_SZ or REG_EXPAND_SZ; environment references stay as they are.
+bool ReadValue(HKEY hkRegistryKey, const char* szName, CString& sValue);
+
+// REG_MULTI_SZ; appends. The list ends at an empty string that is not the
+// first; a piece that no zero byte ends does not count.
+bool ReadValue(HKEY hkRegistryKey, const char* szName, std::vector<CString>& vValues);
+
+// A value without a name may only be a string (asserted; the write goes ahead).
+bool WriteValue(HKEY hkRegistryKey, const char* szName, DWORD dwValue, DWORD dwType);
+bool WriteValue(HKEY hkRegistryKey, const char* szName, bool bValue, DWORD dwType);
+bool WriteValue(HKEY hkRegistryKey, const char* szName, const char* szValue, DWORD dwType);
+
+// ---- the shell and the application's own key
+
+// The icon that the shell shows for ".ext"; no file of that name need exist.
+// The caller owns the icon.
+bool IconFromExtension(const char* szExtension, HICON& hIcon, bool bSmall);
+
+// "Software\Zavik\<application>\Remote Configurable"; null or empty stands for
+// the installation's name, else the name given to initialiseLibrary.
+CString GetRemoteConfigurableKey(const char* szApplication = nullptr);
+
+// ---- on a root key and a path: open, read or write one value, close
+
+// An open key that closes itself; a failure to close is asserted.
+class CKey {
+public:
+    CKey(HKEY hkRoot, const char* szSubKey, bool bWrite)
+    {
+        OpenKey(hkRoot, szSubKey, m_hkRegistryKey, bWrite);
+    }
+    CKey(CKey&& other) noexcept : m_hkRegistryKey(other.m_hkRegistryKey)
+    {
+        other.m_hkRegistryKey = nullptr;
+    }
+    CKey& operator=(CKey&&) = delete;
+    ~CKey()
+    {
+        if (m_hkRegistryKey)
+            TESK_VERIFY_TEXT(::RegCloseKey(m_hkRegistryKey) == ERROR_SUCCESS,
+                             "RegCloseKey(hkRegistryKey) == ERROR_SUCCESS");
+    }
+    explicit operator bool() const { return m_hkRegistryKey != nullptr; }
+    HKEY get() const { return m_hkRegistryKey; }
+
+private:
+    HKEY m_hkRegistryKey = nullptr;
+};
+
+// T is DWORD, bool, CString or std::vector<CString>.
+template <class T>
+inline bool GetValue(HKEY hkRoot, const char* szSubKey, const char* szName, T& value)
+{
+    const CKey key(hkRoot, szSubKey, false);
+    return key && ReadValue(key.get(), szName, value);
+}
+
+inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, DWORD dwValue)
+{
+    const CKey key(hkRoot, szSubKey, true);
+    return key && WriteValue(key.get(), szName, dwValue, REG_DWORD);
+}
+
+inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, bool bValue)
+{
+    const CKey key(hkRoot, szSubKey, true);
+    return key && WriteValue(key.get(), szName, bValue, REG_DWORD);
+}
+
+inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, const char* szValue)
+{
+    const CKey key(hkRoot, szSubKey, true);
+    return key && WriteValue(key.get(), szName, szValue, REG_SZ);
+}
+
+inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, const CString& sValue)
+{
+    return SetValue(hkRoot, szSubKey, szName, static_cast<const char*>(sValue));
+}
+
+}
