@@ -1,0 +1,271 @@
+#include "library/files/SupportFileLocator.h"
+
+#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/drawing/ARXVariable.h"
+#include "library/files/PathParts.h"
+#include "library/registry/Registry.h"
+#include "library/text/MultiByte.h"
+
+#include <windows.h>
+
+#include <objbase.h>
+#include <shlobj.h>
+#include <stdlib.h>
+
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Tesk {
+
+namespace {
+
+constexpr const char* szProjectSettings = "ProjectSettings.txt";
+
+class CFileHandle {
+public:
+    explicit CFileHandle(HANDLE hFile) : m_hFile(hFile) {}
+    ~CFileHandle() {
+        if (isValid())
+            ::CloseHandle(m_hFile);
+    }
+    CFileHandle(const CFileHandle&) = delete;
+    CFileHandle& operator=(const CFileHandle&) = delete;
+
+    bool isValid() const { return m_hFile != INVALID_HANDLE_VALUE; }
+    HANDLE get() const { return m_hFile; }
+
+private:
+    HANDLE m_hFile;
+};
+
+HANDLE openExisting(const char* sPath, DWORD dwFlags) {
+    return ::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                         OPEN_EXISTING, dwFlags, nullptr);
+}
+
+std::string specialFolder(int iFolder) {
+    char szPath[MAX_PATH] = "";
+    bool bValid = false;
+    ITEMIDLIST* pList = nullptr;
+    if (SUCCEEDED(::SHGetSpecialFolderLocation(nullptr, iFolder, &pList)) && pList) {
+        bValid = ::SHGetPathFromIDListA(pList, szPath) != FALSE;
+        ::CoTaskMemFree(pList);
+    }
+    TESK_ASSERT_TEXT(bValid, "bValid && _T(\"Unable to obtain shell special folder\")");
+    return bValid ? szPath : "";
+}
+
+// The module may be unknown (before the library is initialised): then the program's file.
+// The handle is read directly, since an assertion report asks for this path too.
+std::string moduleFile() {
+    static std::pair<HMODULE, std::string> cached;
+    if (cached.second.empty() || cached.first != G_hCurrentModule) {
+        char szPath[MAX_PATH * 4] = "";
+        const DWORD length = ::GetModuleFileNameA(G_hCurrentModule, szPath, sizeof szPath);
+        if (length < sizeof szPath)
+            cached = {G_hCurrentModule, szPath};
+    }
+    return cached.second;
+}
+
+// The long form of a path; the path itself when there is none.
+std::string longForm(const std::string& sPath) {
+    const DWORD size = ::GetLongPathNameA(sPath.c_str(), nullptr, 0);
+    std::string sLong(size, '\0');
+    const DWORD length = size ? ::GetLongPathNameA(sPath.c_str(), sLong.data(), size) : 0;
+    if (length == 0 || length >= size)
+        return sPath;
+    sLong.resize(length);
+    return sLong;
+}
+
+std::string applicationRoot() {
+    constexpr std::string_view sComponents = "Components\\";
+    const std::string sProgram = getLocation(LOCATION_DIR_PROGRAM).GetString();
+    const std::string sLong = longForm(sProgram);
+    if (sLong.size() < sComponents.size())
+        return sProgram;
+    const std::string_view sTail = std::string_view(sLong).substr(sLong.size() - sComponents.size());
+    return MultiByte::equalNoCase(sTail, sComponents) ? sProgram + "..\\" : sProgram;
+}
+
+std::string drawingFolder() {
+    try {
+        return CARXVariable("DWGPREFIX").readString().GetString();
+    } catch (CException* e) {
+        e->Delete();
+    }
+    return {};
+}
+
+// Folder (with its backslash) and name; empty when the folder is.
+std::string below(int iFolder, const char* szName) {
+    const std::string sFolder = getLocation(iFolder).GetString();
+    return sFolder.empty() ? sFolder : sFolder + szName;
+}
+
+std::string diagnosticsLog() {
+    const std::string sModule = longForm(getLocation(LOCATION_FILE_MODULE).GetString());
+    return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\") + PathParts(sModule).sBase + ".log";
+}
+
+std::string rawLocation(int iWhere) {
+    switch (iWhere) {
+    case LOCATION_DIR_PROGRAM:
+        return PathParts(getLocation(LOCATION_FILE_MODULE).GetString()).parent();
+    case LOCATION_DIR_APPLICATION_ROOT: return applicationRoot();
+    case LOCATION_DIR_HELPDOCS: return below(LOCATION_DIR_APPLICATION_ROOT, "HelpDocs");
+    case LOCATION_DIR_DOMAIN_SETTINGS: return getDomainSettingsFolder().GetString();
+    case LOCATION_DIR_TEMP: return getTempFolder().GetString();
+    case LOCATION_DIR_USERAPPDATA: return specialFolder(CSIDL_APPDATA | CSIDL_FLAG_CREATE);
+    case LOCATION_DIR_USERLOCALAPPDATA:
+        return specialFolder(CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE);
+    case LOCATION_DIR_USERZAVIKDATA: return below(LOCATION_DIR_USERAPPDATA, "Zavik");
+    case LOCATION_DIR_USERLOCALZAVIKDATA: return below(LOCATION_DIR_USERLOCALAPPDATA, "Zavik");
+    case LOCATION_DIR_USERPLENDADATA: return below(LOCATION_DIR_USERAPPDATA, "Draftrix");
+    case LOCATION_DIR_COMMONZAVIKFILES: return below(LOCATION_DIR_WINDOWS_COMMONFILES, "Zavik");
+    case LOCATION_DIR_WINDOWS: return specialFolder(CSIDL_WINDOWS);
+    case LOCATION_DIR_WINDOWS_SYSTEM: return specialFolder(CSIDL_SYSTEM);
+    case LOCATION_DIR_WINDOWS_COMMONFILES: return specialFolder(CSIDL_PROGRAM_FILES_COMMON);
+    case LOCATION_DIR_PROGRAMFILES: return specialFolder(CSIDL_PROGRAM_FILES);
+    case LOCATION_DIR_DRAWING: return drawingFolder();
+    case LOCATION_DIR_PROJECT_DWG_ROOT:
+        return findProjectFolder(getLocation(LOCATION_DIR_DRAWING)).GetString();
+    case LOCATION_DIR_PROJECT_DWG_SETTINGS: return below(LOCATION_DIR_PROJECT_DWG_ROOT, "Settings");
+    case LOCATION_FILE_HELP: return below(LOCATION_DIR_HELPDOCS, "Draftrix.hlp");
+    case LOCATION_FILE_DIAGNOSTICS_LOG: return diagnosticsLog();
+    case LOCATION_FILE_MODULE: return moduleFile();
+    case LOCATION_FILE_DOMAIN_SETTINGS:
+        return below(LOCATION_DIR_DOMAIN_SETTINGS, "DomainSettings.txt");
+    case LOCATION_FILE_STANDARD_SETTINGS:
+        return below(LOCATION_DIR_APPLICATION_ROOT, "support\\StandardSettings.txt");
+    case LOCATION_FILE_PROJECT_SETTINGS:
+        return below(LOCATION_DIR_PROJECT_DWG_ROOT, szProjectSettings);
+    default: TESK_ASSERT(false); return {};
+    }
+}
+
+std::string fullPath(const std::string& sPath) {
+    char szFull[MAX_PATH * 4];
+    return ::_fullpath(szFull, sPath.c_str(), sizeof szFull) ? szFull : sPath;
+}
+
+// An administrator's new value, stamped in the machine's branch, reaches every user once.
+void propagateDomainSettings(const char* szKey, const char* szStampsKey, const char* szName) {
+    CString sMachine, sMachineStamp, sUserStamp;
+    if (!Registry::GetValue(HKEY_LOCAL_MACHINE, szKey, szName, sMachine) ||
+        !Registry::GetValue(HKEY_LOCAL_MACHINE, szStampsKey, szName, sMachineStamp))
+        return;
+    if (Registry::GetValue(HKEY_CURRENT_USER, szStampsKey, szName, sUserStamp) &&
+        sUserStamp == sMachineStamp)
+        return;
+    Registry::SetValue(HKEY_CURRENT_USER, szKey, szName, sMachine);
+    Registry::SetValue(HKEY_CURRENT_USER, szStampsKey, szName, sMachineStamp);
+}
+
+bool registeredDomainSettings(CString& sFolder) {
+    const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
+    const CString sStampsKey = sKey + "\\Stamps";
+    propagateDomainSettings(sKey, sStampsKey, "Domain Settings");
+    return Registry::GetValue(HKEY_CURRENT_USER, sKey, "Domain Settings", sFolder);
+}
+
+std::string environment(const char* szName) {
+    const DWORD size = ::GetEnvironmentVariableA(szName, nullptr, 0);
+    std::string sValue(size, '\0');
+    const DWORD length = size ? ::GetEnvironmentVariableA(szName, sValue.data(), size) : 0;
+    sValue.resize(length < size ? length : 0);
+    return sValue;
+}
+
+}  // namespace
+
+CString getLocation(int iWhere) {
+    TESK_ASSERT((iWhere != LOCATION_DIRS) && (iWhere != LOCATION_FILES));
+    if (iWhere == LOCATION_DIRS || iWhere == LOCATION_FILES)
+        return {};
+    std::string sPath = rawLocation(iWhere);
+    if (!sPath.empty())
+        sPath = fullPath(sPath);
+    return (iWhere < LOCATION_FILES ? withBackslash(sPath) : sPath).c_str();
+}
+
+CString findFolderUpwards(const char* sStart, const char* sFileName) {
+    std::string sFolder = withoutBackslash(sStart);
+    while (!fileExists((sFolder + "\\" + sFileName).c_str())) {
+        sFolder = withoutBackslash(sFolder);
+        const std::string sParent = PathParts(sFolder).parent();
+        if (MultiByte::equalNoCase(sParent, sFolder))
+            return {};
+        sFolder = sParent;
+    }
+    return withBackslash(sFolder).c_str();
+}
+
+CString findProjectFolder(const char* sStart) {
+    return findFolderUpwards(sStart, szProjectSettings);
+}
+
+CString getDomainSettingsFolder() {
+    std::vector<CString> vecCandidates;
+    CString sRegistered;
+    if (registeredDomainSettings(sRegistered))
+        vecCandidates.push_back(sRegistered);
+    if (G_sApplicationName != "Courier Desk")
+        vecCandidates.push_back("P:\\Program Files\\Zavik\\DomainSettings");
+    const CString sRoot = getLocation(LOCATION_DIR_APPLICATION_ROOT);
+    vecCandidates.push_back(sRoot + "..\\DomainSettings");
+    vecCandidates.push_back(sRoot + "..\\..\\DomainSettings");
+
+    int iIndex = 0;
+    for (const CString& sCandidate : vecCandidates) {
+        const bool bFound = folderExists(sCandidate);
+        TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex++,
+                   sCandidate.GetString(), bFound ? 1 : 0);
+        if (bFound)
+            return sCandidate;
+    }
+    return vecCandidates.back();
+}
+
+CString getTempFolder() {
+    const std::string sSystem = getLocation(LOCATION_DIR_WINDOWS_SYSTEM).GetString();
+    std::string sTemp = environment("TEMP");
+    std::string sTmp = environment("TMP");
+    if (sTemp.empty() && sTmp.empty()) {
+        const std::string sDrive = sSystem.substr(0, 1);
+        sTemp = sDrive + ":\\Temp\\";
+        sTmp = sDrive + ":\\Tmp\\";
+    }
+    const std::string aCandidates[] = {sTemp, sTmp, sSystem + "\\Temp\\", sSystem + "\\Tmp\\", "\\"};
+    for (const std::string& sCandidate : aCandidates) {
+        if (folderExists(sCandidate.c_str()))
+            return sCandidate.c_str();
+    }
+    return {};
+}
+
+bool fileExists(const char* sPath) {
+    return CFileHandle(openExisting(sPath, FILE_ATTRIBUTE_NORMAL)).isValid();
+}
+
+bool folderExists(const char* sPath) {
+    if (MultiByte::codePage() == CP_THREAD_ACP) {
+        // Backup semantics open folders, but files as well: those are told by their attributes.
+        const CFileHandle folder(openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS));
+        BY_HANDLE_FILE_INFORMATION info;
+        return folder.isValid() && ::GetFileInformationByHandle(folder.get(), &info) &&
+               (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    }
+    char szCurrent[MAX_PATH];
+    const DWORD length = ::GetCurrentDirectoryA(sizeof szCurrent, szCurrent);
+    if (length == 0 || length >= sizeof szCurrent || !::SetCurrentDirectoryA(sPath))
+        return false;
+    TESK_VERIFY(::SetCurrentDirectoryA(szCurrent));
+    return true;
+}
+
+}  // namespace Tesk

@@ -1,0 +1,163 @@
+#include "library/expansion/KeywordPass.h"
+
+#include "tests/library/TestRandom.h"
+#include "tests/library/ThreadCodePage.h"
+
+#include <doctest/doctest.h>
+#include <windows.h>
+
+#include <algorithm>
+
+using Tesk::KeywordMap;
+
+namespace {
+
+std::string expand(std::string sText, const KeywordMap& mapKeywords, std::string_view sStart = "%",
+                   std::string_view sEnd = "%") {
+    std::size_t longest = 0;
+    for (const auto& entry : mapKeywords)
+        longest = std::max(longest, entry.first.size());
+    return Tesk::expandKeywords(std::move(sText), mapKeywords, longest, sStart, sEnd);
+}
+
+// The rules once more, as plain as they go: every keyword in its turn, every search from the
+// beginning, character by character.
+namespace reference {
+
+std::size_t find(const std::string& sText, const std::string& sToken, std::size_t from = 0) {
+    std::size_t at = 0;
+    while (at + sToken.size() <= sText.size()) {
+        if (at >= from && sText.compare(at, sToken.size(), sToken) == 0)
+            return at;
+        at += ::IsDBCSLeadByteEx(CP_THREAD_ACP, static_cast<BYTE>(sText[at])) ? 2 : 1;
+    }
+    return std::string::npos;
+}
+
+std::string replaceOnce(std::string sText, const std::string& sToken, const std::string& sValue) {
+    std::size_t at = find(sText, sToken);
+    while (at != std::string::npos) {
+        sText.replace(at, sToken.size(), sValue);
+        at = find(sText, sToken, at + sValue.size());
+    }
+    return sText;
+}
+
+std::string replaceAll(const std::string& sText, const std::string& sToken,
+                       const std::string& sValue) {
+    if (sToken.empty())
+        return sText;
+    std::string sResult = sText;
+    std::size_t at = find(sResult, sToken);
+    for (int rounds = 0; at != std::string::npos; ++rounds) {
+        if (rounds == 2000 || find(sValue, sToken) != std::string::npos)
+            return replaceOnce(sText, sToken, sValue);
+        sResult.replace(at, sToken.size(), sValue);
+        at = find(sResult, sToken);
+    }
+    return sResult;
+}
+
+std::string expand(std::string sText, const KeywordMap& mapKeywords, const std::string& sStart,
+                   const std::string& sEnd) {
+    for (const auto& [sKeyword, sValue] : mapKeywords)
+        sText = replaceAll(sText, sStart + sKeyword + sEnd, sValue);
+    return sText;
+}
+
+}  // namespace reference
+
+// Small alphabets, so that tokens overlap, nest and come about by replacement all the time.
+void compareWithReference(std::string_view sAlphabet, std::string_view sKeywordAlphabet,
+                          int iRounds) {
+    CTestRandom random;
+    CAPTURE(random.seed());
+    const std::pair<const char*, const char*> aDelimiters[] = {
+        {"%", "%"}, {"[", "]"}, {"%", "]"}, {"%%", "%%"}, {"[", "[%"}, {"", "%"}, {"%", ""}, {"", ""}};
+    int iExpanded = 0;
+    for (int i = 0; i < iRounds; ++i) {
+        KeywordMap mapKeywords;
+        for (std::size_t count = random.below(9); count > 0; --count)
+            mapKeywords[random.text(sKeywordAlphabet, 3)] = random.text(sAlphabet, random.once(3) ? 8 : 2);
+        const auto [sStart, sEnd] = aDelimiters[random.once(2) ? 0 : random.below(std::size(aDelimiters))];
+        std::string sText;
+        for (std::size_t pieces = random.below(12); pieces > 0; --pieces) {
+            if (mapKeywords.empty() || random.once(2)) {
+                sText += random.text(sAlphabet, 3);
+            } else {
+                const auto entry = std::next(mapKeywords.begin(), static_cast<int>(random.below(mapKeywords.size())));
+                sText += sStart + entry->first + sEnd;
+            }
+        }
+        const std::string sResult = expand(sText, mapKeywords, sStart, sEnd);
+        iExpanded += sResult != sText;
+        CAPTURE(i);
+        CAPTURE(sText);
+        REQUIRE(sResult == reference::expand(sText, mapKeywords, sStart, sEnd));
+    }
+    CHECK(iExpanded > iRounds / 4);
+}
+
+}  // namespace
+
+TEST_CASE("tokens are replaced in the order of their keywords") {
+    const KeywordMap mapKeywords{{"A", "%B%"}, {"B", "b"}, {"C", "%A%"}, {"LONG", "longer than its token"}};
+    CHECK(expand("", mapKeywords) == "");
+    CHECK(expand("%A%", mapKeywords) == "b");        // B's turn is later
+    CHECK(expand("%C%", mapKeywords) == "%A%");      // A's turn is over
+    CHECK(expand("%a% %D% 100%", mapKeywords) == "%a% %D% 100%");
+    CHECK(expand("%A%B%", mapKeywords) == "bB%");    // A shares its "%" with B and comes first
+    CHECK(expand("%LONG%%LONG%", mapKeywords) == "longer than its tokenlonger than its token");
+    CHECK(expand("[B] %B%", mapKeywords, "[", "]") == "b %B%");
+    CHECK(expand("[B[", mapKeywords, "[", "[") == "b");
+}
+
+TEST_CASE("tokens that replacement completes are found") {
+    CHECK(expand("%%A%B%", {{"A", "x"}, {"xB", "new"}}) == "new");
+    CHECK(expand("%A%%", {{"A", "%A"}}) == "%A");
+    CHECK(expand("%X%E%Y%", {{"E", ""}, {"XY", "seam"}}) == "seam");
+    CHECK(expand("%X[E]Y%", {{"E", ""}, {"XY", "seam"}}, "[", "]") == "%XY%");
+    CHECK(expand("[X[E]Y]", {{"E", ""}, {"XY", "seam"}}, "[", "]") == "seam");
+}
+
+TEST_CASE("a value that brings its own token back is put in once a place") {
+    CHECK(expand("%A%, %A%", {{"A", "<%A%>"}}) == "<%A%>, <%A%>");
+    CHECK(expand("%A%", {{"A", "%A%%A%"}, {"B", "b"}}) == "%A%%A%");
+    CHECK(expand("%A%", {{"A", "%B%"}, {"B", "%A%"}}) == "%A%");
+    // Brought back by what stands around it, for ever.
+    CHECK(expand("%%A%", {{"A", "A%%A"}}) == "%A%%A");
+}
+
+TEST_CASE("growth is bounded") {
+    KeywordMap mapKeywords;
+    for (char c = 'A'; c < 'Z'; ++c)
+        mapKeywords[std::string(1, c)] = std::string("%") + char(c + 1) + "%%" + char(c + 1) + "%";
+    mapKeywords["Z"] = std::string(1000, 'z');
+    const std::string sResult = expand("%A%", mapKeywords);
+    CHECK(sResult.size() > 1024 * 1024);
+    CHECK(sResult.size() <= 16 * 1024 * 1024 + 3);
+}
+
+TEST_CASE("a long text takes its time once") {
+    std::string sText;
+    while (sText.size() < 1024 * 1024)
+        sText += "%A%%%B";
+    const DWORD start = ::GetTickCount();
+    const std::string sResult = expand(sText, {{"A", "%A"}, {"B", "b"}, {"%B", "c"}});
+    CHECK(sResult.size() < sText.size());
+    expand(std::string(1024 * 1024, '%'), {{"", "%"}});
+    expand(std::string(1024 * 1024, '['), {{"A", ""}}, "[", "]");
+    CHECK(::GetTickCount() - start < 5000);
+}
+
+TEST_CASE("generated templates expand as by the plain walk of the table") {
+    compareWithReference("% % % A B x [ ]", "A B x %", 6000);
+}
+
+TEST_CASE("generated templates expand as by the plain walk in a double-byte code page") {
+    const CThreadLocale locale(CThreadLocale::japanese);
+    REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x83) != FALSE);
+    // 0x5B and 0x5D as second bytes look like brackets; half characters come as well.
+    compareWithReference("% % [ ] \x83[ \x83] \x83 A B", "A B \x83[", 6000);
+    CHECK(expand("\x83[A] [A]", {{"A", "a"}}, "[", "]") == "\x83[A] a");
+}
