@@ -12,7 +12,9 @@ void Detail::endException(const char* sCall) noexcept
     try {
         throw;
     } catch (CException* pException) {
-        TESK_TRACE("%s ended by an exception: %s\n", sCall, takeExceptionText(pException).GetString());
+        // A trace that is off evaluates nothing, and the exception has to go in any case.
+        const CString sText = takeExceptionText(pException);
+        TESK_TRACE("%s ended by an exception: %s\n", sCall, sText.GetString());
     } catch (const std::exception& exception) {
         TESK_TRACE("%s ended by an exception: %s\n", sCall, exception.what());
     } catch (...) {

@@ -1,0 +1,123 @@
+#include "reactors/EditorReactor.h"
+
+#include "library/diagnostics/Guard.h"
+#include "library/diagnostics/Prerelease.h"
+#include "objectarx/acdocman.h"
+#include "reactors/DocManagerReactor.h"
+
+#include <memory>
+
+namespace {
+
+inline AcDbDatabase* databaseOf(AcApDocument* pDocument)
+{
+    TESK_ASSERT(pDocument != NULL);
+    AcDbDatabase* pDatabase = pDocument != nullptr ? pDocument->database() : nullptr;
+    TESK_ASSERT(pDatabase != NULL);
+    return pDatabase;
+}
+
+template <class Call> void forEachDatabase(Call call)
+{
+    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
+    for (; !pIterator->done(); pIterator->step()) {
+        if (AcDbDatabase* pDatabase = pIterator->document()->database())
+            call(pDatabase);
+    }
+}
+
+}
+
+CEditorReactor* CEditorReactor::m_pReactor = nullptr;
+
+void CEditorReactor::attach()
+{
+    TESK_TRACE("CEditorReactor::attach()\n");
+    TESK_ASSERT(m_pReactor == NULL);
+    m_pReactor = new CEditorReactor;
+    acedEditor->addReactor(m_pReactor);
+    m_pReactor->addDocuments();
+}
+
+void CEditorReactor::detach()
+{
+    TESK_TRACE("CEditorReactor::detach()\n");
+    TESK_ASSERT(m_pReactor != NULL);
+    if (m_pReactor == nullptr)
+        return;
+    m_pReactor->removeDocuments();
+    acedEditor->removeReactor(m_pReactor);
+    delete m_pReactor;
+    m_pReactor = nullptr;
+}
+
+CEditorReactor* CEditorReactor::getReactor()
+{
+    TESK_ASSERT(m_pReactor != NULL);
+    return m_pReactor;
+}
+
+CEditorReactor::~CEditorReactor() = default;
+
+void CEditorReactor::addDocuments()
+{
+    TESK_TRACE("CEditorReactor::addDocuments()\n");
+    forEachDatabase([this](AcDbDatabase* pDwg) {
+        Tesk::guarded("CEditorReactor::addDocuments", [&] { refresh(pDwg); });
+    });
+}
+
+void CEditorReactor::removeDocuments()
+{
+    TESK_TRACE("CEditorReactor::removeDocuments()\n");
+    forEachDatabase([this](AcDbDatabase* pDwg) { m_mapDatabaseData.erase(pDwg); });
+}
+
+CDatabaseData& CEditorReactor::getDatabaseData(AcApDocument* pDocument)
+{
+    AcDbDatabase* pDwg = databaseOf(pDocument);
+    const auto iterData = m_mapDatabaseData.find(pDwg);
+    return iterData != m_mapDatabaseData.end() ? iterData->second : refresh(pDwg);
+}
+
+// The entry changes only once the new data is complete.
+CDatabaseData& CEditorReactor::refresh(AcDbDatabase* pDwg)
+{
+    return m_mapDatabaseData.insert_or_assign(pDwg, CDatabaseData(pDwg)).first->second;
+}
+
+void CEditorReactor::dwgFileOpened(AcDbDatabase* pDwg, char* fileName)
+{
+    Tesk::guarded("CEditorReactor::dwgFileOpened", [&] {
+        TESK_TRACE("CEditorReactor::dwgFileOpened(\"%s\")\n", fileName);
+        if (acDocManager->document(pDwg) != nullptr)
+            refresh(pDwg);
+    });
+}
+
+void CEditorReactor::databaseToBeDestroyed(AcDbDatabase* pDwg)
+{
+    TESK_TRACE("CEditorReactor::databaseToBeDestroyed(...)\n");
+    Tesk::guarded("CEditorReactor::databaseToBeDestroyed", [&] { m_mapDatabaseData.erase(pDwg); });
+}
+
+void CEditorReactor::saveComplete(AcDbDatabase* pDwg, const char* pActualName)
+{
+    Tesk::guarded("CEditorReactor::saveComplete", [&] {
+        TESK_TRACE("CEditorReactor::saveComplete(\"%s\")\n", pActualName);
+        AcApDocument* pDocument = acDocManager->document(pDwg);
+        if (pDocument == nullptr)
+            return;
+        refresh(pDwg);
+        CDocManagerReactor::getReactor()->updateDatabaseModifiedFlag(pDocument);
+    });
+}
+
+void CEditorReactor::dxfInComplete(AcDbDatabase* pDwg)
+{
+    Tesk::guarded("CEditorReactor::dxfInComplete", [&] {
+        TESK_TRACE("CEditorReactor::dxfInComplete()\n");
+        if (acDocManager->document(pDwg) != nullptr)
+            refresh(pDwg);
+    });
+}
