@@ -93,18 +93,31 @@ class Transcript:
         return [(m["title"], m["text"].replace("\\n", "\n")) for m in matches]
 
     @property
-    def items(self):
-        """All menu items in order: (depth, id, caption, enabled); None for a separator."""
-        matches = filter(None, map(ITEM.match, self.lines))
-        return [None if m["id"] is None else
-                (len(m["indent"]) // 2, int(m["id"]), m["caption"], m["enabled"] == "1")
-                for m in matches]
+    def menus(self):
+        """For each MENU its items: (depth, id, caption, enabled); None for a separator.
+
+        An item that opens a submenu has the id 0 or the host's own.
+        """
+        return [[None if m["id"] is None else
+                 (len(m["indent"]) // 2, int(m["id"]), m["caption"], m["enabled"] == "1")
+                 for m in block] for block in self._blocks(ITEM)]
 
     @property
-    def controls(self):
-        """Controls of the dialogs in order: (id, text, checked, enabled)."""
-        matches = filter(None, map(CONTROL.match, self.lines))
-        return [(int(m["id"]), m["text"], int(m["checked"]), m["enabled"] == "1") for m in matches]
+    def dialogs(self):
+        """For each DIALOG its controls by id: (text, checked, enabled)."""
+        return [{int(m["id"]): (m["text"], int(m["checked"]), m["enabled"] == "1") for m in block}
+                for block in self._blocks(CONTROL)]
+
+    def _blocks(self, pattern):
+        """The matches of consecutive lines, block by block."""
+        blocks, previous = [], False
+        for match in map(pattern.match, self.lines):
+            if match:
+                if not previous:
+                    blocks.append([])
+                blocks[-1].append(match)
+            previous = bool(match)
+        return blocks
 
 
 class HostTest(unittest.TestCase):
