@@ -1,0 +1,177 @@
+#include "host/drawing/Database.h"
+
+#include "host/drawing/Faults.h"
+#include "host/drawing/HostServices.h"
+#include "host/drawing/Objects.h"
+#include "host/drawing/UndoList.h"
+#include "host/drawing/Xrefs.h"
+
+#include <windows.h>
+
+namespace host {
+
+namespace {
+
+DatabaseObserver* s_pObserver = nullptr;
+int s_misuses = 0;
+
+std::string fullPath(const std::string& sPath)
+{
+    char full[MAX_PATH] = "";
+    const DWORD length = GetFullPathNameA(sPath.c_str(), MAX_PATH, full, nullptr);
+    return length == 0 || length >= MAX_PATH ? sPath : std::string(full, length);
+}
+
+} // namespace
+
+Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs) : m_sPath(sPath)
+{
+    adopt(std::move(file), loadXrefs);
+    m_undo = std::make_unique<UndoList>(*this, 0);
+    if (s_pObserver != nullptr)
+        s_pObserver->databaseConstructed(*this);
+}
+
+Database::~Database()
+{
+    if (s_pObserver != nullptr)
+        s_pObserver->databaseToBeDestroyed(*this);
+    m_reactors.notify([this](AcDbDatabaseReactor& reactor) { reactor.goodbye(this); });
+    forgetWorkingDatabase(this);
+}
+
+void Database::adopt(std::unique_ptr<DxfFile> file, bool loadXrefs)
+{
+    // The old objects point into the old file, so they go first.
+    std::unique_ptr<ObjectGraph> graph = std::make_unique<ObjectGraph>(*this, *file);
+    m_undo.reset();
+    m_graph = std::move(graph);
+    m_file = std::move(file);
+    resolveXrefs(*this, loadXrefs);
+}
+
+std::unique_ptr<Database> Database::createNew()
+{
+    return std::unique_ptr<Database>(new Database(DxfFile::blank(), "", false));
+}
+
+std::unique_ptr<Database> Database::open(const std::string& sPath)
+{
+    const std::string sFull = fullPath(sPath);
+    return std::unique_ptr<Database>(new Database(DxfFile::read(sFull), sFull, true));
+}
+
+std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::string& sReason)
+{
+    try {
+        std::unique_ptr<Database> database(new Database(DxfFile::read(sFullPath), sFullPath, false));
+        database->m_sXrefPath = sFullPath;
+        return database;
+    } catch (const FileError& error) {
+        sReason = error.what();
+        return nullptr;
+    }
+}
+
+void Database::setObserver(DatabaseObserver* pObserver)
+{
+    s_pObserver = pObserver;
+}
+
+Database* Database::of(const AcDbDatabase* pDatabase)
+{
+    // The host makes every database there is.
+    return const_cast<Database*>(static_cast<const Database*>(pDatabase));
+}
+
+Acad::ErrorStatus Database::addReactor(AcDbDatabaseReactor* pReactor) const
+{
+    return Faults::hit("AcDbDatabase::addReactor") ? Acad::eOutOfMemory : m_reactors.add(pReactor);
+}
+
+Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const
+{
+    const Acad::ErrorStatus status = m_reactors.remove(pReactor);
+    return Faults::hit("AcDbDatabase::removeReactor") ? Acad::eKeyNotFound : status;
+}
+
+Acad::ErrorStatus Database::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode)
+{
+    pTable = nullptr;
+    if (Faults::hit("AcDbDatabase::getSymbolTable"))
+        return Acad::eNoDatabase;
+    return openAs(pTable, m_graph->blockTable(), mode, false);
+}
+
+const std::string& Database::version() const
+{
+    return m_file->version();
+}
+
+bool Database::contentsNotRead() const
+{
+    return m_file->contentsNotRead();
+}
+
+const std::vector<std::string>& Database::warnings() const
+{
+    return m_file->warnings();
+}
+
+void Database::save(const std::string& sPath)
+{
+    const std::string sFull = fullPath(sPath);
+    m_file->write(sFull);
+    m_sPath = sFull;
+    m_undo->setSaved();
+}
+
+void Database::dxfIn(const std::string& sPath)
+{
+    if (m_openObjects != 0)
+        throw FileError(sPath, 0, "objects of the drawing are open");
+    adopt(DxfFile::read(fullPath(sPath)), true);
+    m_undo = std::make_unique<UndoList>(*this, kObjects);
+    m_dbmod |= kObjects;
+}
+
+bool Database::undo()
+{
+    return m_undo->undo();
+}
+
+bool Database::redo()
+{
+    return m_undo->redo();
+}
+
+void Database::beginUndoGroup()
+{
+    m_undo->beginGroup();
+}
+
+void Database::endUndoGroup()
+{
+    m_undo->endGroup();
+}
+
+void Database::notifyNoChange(int n)
+{
+    Notifier notifier(*this);
+    for (int i = 0; i < n; ++i) {
+        notifier.openedForModify(m_graph->modelSpace());
+        notifier.modified(m_graph->modelSpace());
+    }
+}
+
+int Database::misuses()
+{
+    return s_misuses;
+}
+
+void Database::countMisuse()
+{
+    ++s_misuses;
+}
+
+} // namespace host

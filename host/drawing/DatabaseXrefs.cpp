@@ -1,0 +1,104 @@
+#include "host/drawing/Database.h"
+
+#include "host/drawing/EntityText.h"
+#include "host/drawing/ObjectGraph.h"
+#include "host/drawing/UndoList.h"
+#include "host/drawing/Xrefs.h"
+
+namespace host {
+
+namespace {
+
+std::string baseName(const std::string& sPath)
+{
+    const std::size_t slash = sPath.find_last_of("\\/:");
+    const std::string sFile = slash == std::string::npos ? sPath : sPath.substr(slash + 1);
+    return sFile.substr(0, sFile.find_last_of('.'));
+}
+
+// The record of the BLOCK_RECORD table that has the name, or, without a name,
+// the table's end; null in files without that table.
+DxfRecord* tableRecord(const DxfFile& file, std::string_view name)
+{
+    bool inTable = false;
+    DxfRecord* p = file.section("TABLES");
+    for (; p != nullptr && p->type() != "ENDSEC"; p = p->next()) {
+        if (p->type() == "TABLE")
+            inTable = trimmed(p->value(2)) == "BLOCK_RECORD";
+        else if (inTable && (name.empty() ? p->type() == "ENDTAB"
+                                          : p->type() == "BLOCK_RECORD" &&
+                                                sameName(file.encoding().decode(trimmed(p->value(2))), name)))
+            return p;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Acad::ErrorStatus Database::attachXref(const std::string& sPath)
+{
+    const std::string sName = baseName(sPath);
+    if (sName.empty())
+        return Acad::eInvalidInput;
+    if (m_graph->block(sName) != nullptr)
+        return Acad::eDuplicateKey;
+    const UndoGroup group(*m_undo);
+    const std::string sRawName = m_file->encoding().encode(sName);
+    // A trial node first: what does not load is not attached.
+    std::unique_ptr<Database> xref;
+    {
+        BlockNode trial;
+        trial.xrefPath = sPath;
+        trial.status = AcDb::kXrfUnresolved;
+        resolveXref(*this, trial);
+        if (trial.status != AcDb::kXrfResolved)
+            return trial.status == AcDb::kXrfFileNotFound ? Acad::eFileNotFound : Acad::eFilerError;
+        xref = std::move(trial.xref);
+    }
+    std::vector<DxfRecord*> records;
+    unsigned long long handle = m_graph->newHandle();
+    if (DxfRecord* pEnd = tableRecord(*m_file, "")) {
+        EntityText entry(*this, "BLOCK_RECORD", m_graph->blockTable().handle);
+        entry.mark("AcDbSymbolTableRecord").mark("AcDbBlockTableRecord").add(2, sRawName).add(340, "0");
+        handle = entry.handle();
+        records.push_back(m_file->create(entry.text()));
+        m_file->linkBefore(*records.back(), *pEnd);
+    }
+    DxfRecord& position = endOfSection(*this, "BLOCKS");
+    EntityText begin(*this, "BLOCK", handle);
+    begin.mark("AcDbEntity").add(8, "0").mark("AcDbBlockBegin").add(2, sRawName).add(70, "4");
+    begin.add(10, 0.0).add(20, 0.0).add(30, 0.0).add(3, sRawName).add(1, m_file->encoding().encode(sPath));
+    EntityText end(*this, "ENDBLK", handle);
+    end.mark("AcDbEntity").add(8, "0").mark("AcDbBlockEnd");
+    DxfRecord* pBlock = m_file->create(begin.text());
+    for (DxfRecord* p : {pBlock, m_file->create(end.text())}) {
+        m_file->linkBefore(*p, position);
+        records.push_back(p);
+    }
+    BlockNode& node = m_graph->addBlock(sName, pBlock, handle);
+    node.rank = static_cast<int>(m_graph->blocks().size());
+    node.flags = 4;
+    node.xrefPath = sPath;
+    node.xref = std::move(xref);
+    node.status = AcDb::kXrfResolved;
+    m_undo->appended({&node}, records);
+    return insertBlock(sName, 0.0, 0.0);
+}
+
+Acad::ErrorStatus Database::detachXref(const std::string& sName)
+{
+    BlockNode* pBlock = m_graph->block(sName);
+    if (pBlock == nullptr || !pBlock->isXref())
+        return Acad::eKeyNotFound;
+    const UndoGroup group(*m_undo);
+    for (InsertNode* pInsert : pBlock->references)
+        if (!pInsert->erased)
+            m_undo->erase({pInsert}, recordsOf(*pInsert->record));
+    std::vector<DxfRecord*> records = recordsOf(*pBlock->record);
+    if (DxfRecord* pEntry = tableRecord(*m_file, pBlock->name))
+        records.push_back(pEntry);
+    m_undo->erase({pBlock}, records);
+    return Acad::eOk;
+}
+
+} // namespace host

@@ -1,0 +1,64 @@
+#include "host/drawing/Faults.h"
+
+namespace host {
+
+bool Faults::s_armed = false;
+
+namespace {
+
+struct State {
+    std::string name;
+    int failAt = 0;
+    int count = 0;
+    bool fired = false;
+    void (*pThrow)() = nullptr;
+};
+
+State& state()
+{
+    static State s_state;
+    return s_state;
+}
+
+} // namespace
+
+void Faults::failNth(const std::string& sName, int n)
+{
+    throwNth(sName, n, nullptr);
+}
+
+void Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
+{
+    state() = {sName, n, 0, false, pThrow};
+    s_armed = true;
+}
+
+void Faults::clear()
+{
+    s_armed = false;
+}
+
+int Faults::count()
+{
+    return state().count;
+}
+
+bool Faults::fired()
+{
+    return state().fired;
+}
+
+bool Faults::hitArmed(const char* sName)
+{
+    State& current = state();
+    if (current.name != "*" && current.name != sName)
+        return false;
+    if (++current.count != current.failAt)
+        return false;
+    current.fired = true;
+    if (current.pThrow != nullptr)
+        current.pThrow();
+    return true;
+}
+
+} // namespace host
