@@ -1,0 +1,117 @@
+#include "library/expansion/DatePass.h"
+
+#include "tests/library/TestRandom.h"
+#include "tests/library/ThreadCodePage.h"
+
+#include <boost/regex.hpp>
+#include <doctest/doctest.h>
+#include <time.h>
+#include <windows.h>
+
+using Tesk::expandDateKeyword;
+using Tesk::formatTime;
+
+namespace {
+
+// 2005-03-07 13:05:09 UTC
+constexpr __time64_t moment = 1110200709;
+
+std::string expand(std::string sText, std::string_view sStart = "%", std::string_view sEnd = "%") {
+    return expandDateKeyword("DATE", moment, true, std::move(sText), sStart, sEnd);
+}
+
+// The expression as it is meant, on texts short enough for it.
+std::string reference(std::string sText, const std::string& sStart, const std::string& sEnd) {
+    const boost::regex expression("(^.*)\\" + sStart + "DATE::(.+?)\\" + sEnd + "(.*$)");
+    boost::smatch match;
+    while (boost::regex_match(sText, match, expression) && match.size() == 4)
+        sText = match[1].str() + formatTime(moment, match[2].str(), true) + match[3].str();
+    return sText;
+}
+
+}  // namespace
+
+TEST_CASE("a time by its format") {
+    CHECK(formatTime(moment, "|Y-|m-|d |H:|M:|S", true) == "2005-03-07 13:05:09");
+    CHECK(formatTime(moment, "%Y||", true) == "2005%");
+    CHECK(formatTime(moment, "|#d.|#m.", true) == "7.3.");
+    CHECK(formatTime(moment, "plain", true) == "plain");
+    CHECK(formatTime(moment, std::string(127, 'x'), true) == std::string(127, 'x'));
+    CHECK(formatTime(moment, std::string(128, 'x'), true) == "");
+    CHECK(formatTime(moment, "|Y" + std::string(124, 'x'), true) == "");
+    CHECK(formatTime(-1, "|Y", true) == "");
+
+    const tm* const pLocal = ::_localtime64(&moment);
+    char szHour[16];
+    ::strftime(szHour, sizeof szHour, "%d %H", pLocal);
+    CHECK(formatTime(moment, "|d |H", false) == szHour);
+}
+
+TEST_CASE("a directive that the C runtime does not know gives an empty text") {
+    // Whatever byte follows the "%", the process goes on.
+    int iKnown = 0;
+    for (int c = 1; c < 256; ++c) {
+        const std::string sFormat = std::string("x%") + static_cast<char>(c);
+        const std::string sTime = formatTime(moment, sFormat, true);
+        iKnown += !sTime.empty();
+    }
+    CHECK(iKnown == 24);  // 22 letters, "%", and "|" that stands for it
+    CHECK(formatTime(moment, "|Y|", true) == "");
+    CHECK(formatTime(moment, "|Y|#", true) == "");
+    CHECK(formatTime(moment, "|e", true) == "");
+}
+
+TEST_CASE("date tokens expand from the last to the first, each with its own format") {
+    CHECK(expand("%DATE::|H:|M% on %DATE::|Y%") == "13:05 on 2005");
+    CHECK(expand("%DATE% %DATE:|Y% %DATE::%, %DATE::|Y") == "%DATE% %DATE:|Y% DATE::|Y");
+    CHECK(expand("%DATE::%%") == "");                 // the format is "%": no directive
+    CHECK(expand("line\n%DATE::|Y%\nline") == "line\n2005\nline");
+    CHECK(expand("%DATE::a\nb%") == "a\nb");
+    CHECK(expand("%DATE::||DATE::||||Y%%") == "Y%");  // by way of "%DATE::%%Y%"
+    CHECK(expand("[DATE::%Y] %DATE::|Y%", "[", "]") == "2005 %DATE::|Y%");
+    CHECK(expand("%%DATE::|Y%%", "%%", "%%") == "2005");
+    CHECK(expand("a <DATE::|Y> b", "<", ">") == reference("a <DATE::|Y> b", "<", ">"));
+}
+
+TEST_CASE("by hand and by regular expression generated texts come out the same") {
+    CTestRandom random;
+    CAPTURE(random.seed());
+    const std::pair<const char*, const char*> aDelimiters[] = {
+        {"%", "%"}, {"[", "]"}, {"|", "|"}, {"$", "."}, {":", ":"}, {"^", "*"}, {"\\", "+"}};
+    int iExpanded = 0;
+    for (int i = 0; i < 8000; ++i) {
+        const auto [sStart, sEnd] = aDelimiters[random.once(2) ? 0 : random.below(std::size(aDelimiters))];
+        const std::string sToken = std::string(sStart) + "DATE::";
+        std::string sText;
+        for (std::size_t pieces = random.below(10); pieces > 0; --pieces) {
+            switch (random.below(4)) {
+            case 0: sText += sToken + random.text("|Y |m | || x DATE:: \n", 3) + sEnd; break;
+            case 1: sText += sToken; break;
+            default: sText += random.text("% | || |Y a : :: [ ] DATE $ . ^ * \\ + \n", 4);
+            }
+        }
+        const std::string sResult = expand(sText, sStart, sEnd);
+        iExpanded += sResult != sText;
+        CAPTURE(sText);
+        REQUIRE(sResult == reference(sText, sStart, sEnd));
+    }
+    CHECK(iExpanded > 2000);
+}
+
+TEST_CASE("a long text neither ends the search nor the process") {
+    std::string sText;
+    while (sText.size() < 1024 * 1024)
+        sText += "%DATE::|Y% %DATE::";
+    const DWORD start = ::GetTickCount();
+    CHECK(expand(sText + "%").find("2005") != std::string::npos);
+    CHECK(expand("%DATE::" + std::string(1024 * 1024, '|') + "%") == "");
+    // By the expression: expanded or left, but back.
+    CHECK(!expand("<DATE::|Y>" + std::string(1024 * 1024, 'x'), "<", ">").empty());
+    CHECK(::GetTickCount() - start < 20000);
+}
+
+TEST_CASE("in a double-byte code page the second byte of a character is no vertical bar") {
+    const CThreadLocale locale(CThreadLocale::japanese);
+    REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x83) != FALSE);
+    CHECK(formatTime(moment, "\x83|Y |Y", true) == "\x83|Y 2005");
+}
