@@ -1,0 +1,193 @@
+#include "host/application/Application.h"
+
+#include "host/application/Paths.h"
+#include "host/commands/Command.h"
+#include "host/ui/MainFrame.h"
+#include "mfc/MessagePump.h"
+
+#include <fstream>
+
+namespace host {
+
+namespace {
+
+constexpr char kCancel = '\x03'; // what Ctrl+C or Escape types into a command string
+
+std::string withoutCancels(std::string sLine)
+{
+    std::erase(sLine, kCancel);
+    const std::size_t first = sLine.find_first_not_of(" \t");
+    return first == std::string::npos ? std::string() : sLine.substr(first);
+}
+
+} // namespace
+
+Application* Application::s_pInstance = nullptr;
+
+Application::Application(const Options& options)
+    : m_commandLine(options.standardOutput), m_documents(m_editor), m_linker(m_commandStack), m_variables(m_documents),
+      m_script(*this)
+{
+    s_pInstance = this;
+    m_classes.setAt("AcEditor", &m_editor);
+    m_systemRegistry.setAt("ClassDictionary", &m_classes);
+    m_systemRegistry.setAt("ACAD_REGISTERED_COMMANDS", &m_commandStack);
+    m_documents.setMessages([this](const std::string& text) { m_commandLine.printLine(text); });
+    m_frame = std::make_unique<MainFrame>(*this);
+    m_frame->create(options.visible);
+    m_documents.setWindows(m_frame.get());
+    m_commandLine.setView([this](std::string_view text) { m_frame->showHistory(text); });
+    pumpUntilIdle();
+}
+
+Application::~Application()
+{
+    m_linker.broadcast(AcRx::kQuitMsg);
+    while (m_documents.count() != 0)
+        m_documents.close(m_documents.at(m_documents.count() - 1));
+    m_linker.unloadAll();
+    m_commandLine.setView(nullptr);
+    m_documents.setWindows(nullptr);
+    m_frame.reset();
+    s_pInstance = nullptr;
+}
+
+Result Application::execute(const std::vector<std::string>& lines)
+{
+    const std::size_t start = m_commandLine.history().size();
+    const bool succeeded = m_script.play(lines);
+    return {succeeded, m_commandLine.history().substr(start)};
+}
+
+bool Application::executeFile(const std::string& sPath)
+{
+    std::ifstream file(sPath, std::ios::binary);
+    if (!file) {
+        m_commandLine.printLine("The script \"" + sPath + "\" cannot be read.");
+        return false;
+    }
+    std::vector<std::string> lines;
+    for (std::string sLine; std::getline(file, sLine);) {
+        if (!sLine.empty() && sLine.back() == '\r')
+            sLine.pop_back();
+        lines.push_back(sLine);
+    }
+    return m_script.play(lines, nameOf(sPath));
+}
+
+void Application::pumpUntilIdle()
+{
+    MessagePump pump;
+    MSG message;
+    do {
+        while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
+            if (!pump.pumpMessage()) {
+                m_quitting = true;
+                return;
+            }
+    } while (!m_quitting && runNextInput());
+}
+
+void Application::run()
+{
+    while (!m_quitting) {
+        pumpUntilIdle();
+        if (!m_quitting)
+            ::WaitMessage();
+    }
+}
+
+void Application::submit(const std::string& sLine)
+{
+    m_typed.push_back(sLine);
+    m_frame->PostMessage(WM_KICKIDLE);
+}
+
+// Idle processing: one line of what was typed or queued. True when there was one.
+bool Application::runNextInput()
+{
+    if (m_depth != 0)
+        return false;
+    if (!m_typed.empty()) {
+        const std::string sLine = m_typed.front();
+        m_typed.erase(m_typed.begin());
+        runLine(sLine, true);
+        return true;
+    }
+    const auto input = m_documents.nextInput();
+    if (!input)
+        return false;
+    if (input->activate)
+        m_documents.activateDocument(input->pDocument);
+    m_documents.setCurrent(input->pDocument);
+    if (!runLine(input->line, input->echo))
+        m_script.fail();
+    m_documents.setCurrent(m_documents.active());
+    return true;
+}
+
+bool Application::runLine(const std::string& sLine, bool echo)
+{
+    const std::string sCommand = withoutCancels(sLine);
+    if (sCommand.empty())
+        return true;
+    if (echo)
+        m_commandLine.printLine("Command: " + sCommand);
+    ++m_depth;
+    bool done = false;
+    try {
+        done = dispatch(sCommand);
+    } catch (const std::exception& error) { // CommandError, FileError, or no memory
+        m_commandLine.printLine(error.what());
+    }
+    --m_depth;
+    return done;
+}
+
+bool Application::dispatch(const std::string& sLine)
+{
+    std::string sName;
+    const Arguments arguments = Arguments::parse(sLine, sName);
+    if (const Command* const pCommand = Command::find(CommandStack::plainName(sName))) {
+        pCommand->run(*this, arguments);
+        return true;
+    }
+    if (const AcRxFunctionPtr function = m_commandStack.find(sName)) {
+        function();
+        return true;
+    }
+    m_commandLine.printLine("Unknown command \"" + sName + "\".");
+    return false;
+}
+
+bool Application::closeDocument(Document& document)
+{
+    if (document.isModified()) {
+        if (isScripted()) {
+            m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
+        } else {
+            switch (m_frame->askAboutChanges(document)) {
+            case IDCANCEL: return false;
+            case IDYES:
+                m_documents.setCurrent(&document);
+                if (!runLine("_QSAVE", true) || document.isModified())
+                    return false;
+                break;
+            default: break;
+            }
+        }
+    }
+    m_documents.close(document);
+    return true;
+}
+
+bool Application::quit()
+{
+    while (m_documents.count() != 0)
+        if (!closeDocument(m_documents.at(m_documents.count() - 1)))
+            return false;
+    m_quitting = true;
+    return true;
+}
+
+} // namespace host

@@ -1,0 +1,108 @@
+#pragma once
+
+// The running host: frame, documents, editor, command line, modules. One at a
+// time in a process; it may be made anew after the last one is gone.
+
+#include "host/application/CommandLine.h"
+#include "host/application/CommandStack.h"
+#include "host/application/DocumentManager.h"
+#include "host/application/DynamicLinker.h"
+#include "host/application/Editor.h"
+#include "host/application/ScriptRunner.h"
+#include "host/application/SystemRegistry.h"
+#include "host/application/SystemVariables.h"
+
+#include "host/observation/Tips.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace host {
+
+class MainFrame;
+
+struct Options {
+    bool visible = true;         // show the frame
+    bool standardOutput = false; // copy the command-line history there
+};
+
+// What a command or a script printed, and whether all of it succeeded.
+struct Result {
+    bool succeeded = true;
+    std::string output;
+};
+
+class Application {
+public:
+    // Starts with an empty frame: no drawing is open.
+    explicit Application(const Options& options = {});
+    // Closes all documents without asking, unloads the modules, destroys the frame.
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    // Null while there is none.
+    static Application* instance() { return s_pInstance; }
+
+    CommandLine& commandLine() { return m_commandLine; }
+    CommandStack& commandStack() { return m_commandStack; }
+    DocumentManager& documents() { return m_documents; }
+    DynamicLinker& linker() { return m_linker; }
+    Editor& editor() { return m_editor; }
+    MainFrame& frame() { return *m_frame; }
+    ScriptRunner& script() { return m_script; }
+    SystemVariables& variables() { return m_variables; }
+    AcRxDictionary& systemRegistry() { return m_systemRegistry; }
+
+    // Runs one line as a script does, and all that it sets off.
+    Result execute(const std::string& sLine) { return execute(std::vector<std::string>{sLine}); }
+    // Runs a script. Lines that look at dialogs and menus are run while an earlier
+    // line waits for its dialog.
+    Result execute(const std::vector<std::string>& lines);
+    // The same for a file; prints where it failed.
+    bool executeFile(const std::string& sPath);
+
+    // Handles all messages and queued input there are.
+    void pumpUntilIdle();
+    // Handles messages until somebody quits.
+    void run();
+
+    // A person typed a line: it runs when the host is idle.
+    void submit(const std::string& sLine);
+    // Runs one command line at once, in the context of the current document. False when it failed.
+    bool runLine(const std::string& sLine, bool echo);
+
+    // Nobody is there to answer questions.
+    bool isScripted() const { return m_script.isRunning(); }
+    // Closes the document; asks about its changes unless scripted. False when a person said no.
+    bool closeDocument(Document& document);
+    // Closes all and ends run(). False when a person said no.
+    bool quit();
+    bool isQuitting() const { return m_quitting; }
+    // A command is running.
+    bool isBusy() const { return m_depth != 0; }
+
+private:
+    bool runNextInput();
+    bool dispatch(const std::string& sLine);
+
+    static Application* s_pInstance;
+
+    CommandLine m_commandLine;
+    CommandStack m_commandStack;
+    Editor m_editor;
+    DocumentManager m_documents;
+    DynamicLinker m_linker;
+    SystemVariables m_variables;
+    ScriptRunner m_script;
+    Dictionary m_classes;
+    Dictionary m_systemRegistry;
+    observation::Tips m_tips;
+    std::unique_ptr<MainFrame> m_frame;
+    std::vector<std::string> m_typed;
+    bool m_quitting = false;
+    int m_depth = 0;
+};
+
+} // namespace host

@@ -1,0 +1,24 @@
+#include "host/application/Document.h"
+
+#include "host/application/Paths.h"
+
+namespace host {
+
+std::string Document::title() const
+{
+    return nameOf(m_sFileName);
+}
+
+void Document::setFile(const std::string& sPath)
+{
+    m_sFileName = sPath;
+    m_titled = true;
+    refreshReadOnly();
+}
+
+void Document::refreshReadOnly()
+{
+    m_readOnly = m_titled && isWriteProtected(m_sFileName);
+}
+
+} // namespace host

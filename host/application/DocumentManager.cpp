@@ -1,0 +1,308 @@
+#include "host/application/DocumentManager.h"
+
+#include "host/application/DocumentWindows.h"
+#include "host/application/Editor.h"
+#include "host/application/Paths.h"
+#include "host/drawing/Faults.h"
+#include "objectarx/dbapserv.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace host {
+
+namespace {
+
+// The documents at the time it was made; those closed since are passed over.
+class Iterator final : public AcApDocumentIterator {
+public:
+    Iterator(const DocumentManager& manager, std::vector<AcApDocument*> documents)
+        : m_manager(manager), m_documents(std::move(documents))
+    {
+        skipClosed();
+    }
+    bool done() const override { return m_next == m_documents.size(); }
+    void step() override
+    {
+        if (!done())
+            ++m_next;
+        skipClosed();
+    }
+    AcApDocument* document() override { return done() ? nullptr : m_documents[m_next]; }
+
+private:
+    void skipClosed()
+    {
+        while (!done() && !isOpen(m_documents[m_next]))
+            ++m_next;
+    }
+    bool isOpen(const AcApDocument* pDocument) const
+    {
+        for (std::size_t i = 0; i < m_manager.count(); ++i)
+            if (&m_manager.at(i) == pDocument)
+                return true;
+        return false;
+    }
+
+    const DocumentManager& m_manager;
+    std::vector<AcApDocument*> m_documents;
+    std::size_t m_next = 0;
+};
+
+} // namespace
+
+DocumentManager::~DocumentManager()
+{
+    while (!m_documents.empty())
+        close(*m_documents.back());
+}
+
+AcApDocument* DocumentManager::document(const AcDbDatabase* pDatabase) const
+{
+    for (const auto& document : m_documents)
+        if (pDatabase != nullptr && document->database() == pDatabase)
+            return document.get();
+    return nullptr;
+}
+
+AcApDocumentIterator* DocumentManager::newAcApDocumentIterator()
+{
+    std::vector<AcApDocument*> documents;
+    for (const auto& document : m_documents)
+        documents.push_back(document.get());
+    return new Iterator(*this, std::move(documents));
+}
+
+bool DocumentManager::owns(const AcApDocument* pDocument) const
+{
+    return std::any_of(m_documents.begin(), m_documents.end(),
+                       [pDocument](const auto& document) { return document.get() == pDocument; });
+}
+
+Document* DocumentManager::find(const std::string& sPath) const
+{
+    for (const auto& document : m_documents)
+        if (document->isTitled() && samePath(document->fileName(), sPath))
+            return document.get();
+    return nullptr;
+}
+
+Acad::ErrorStatus DocumentManager::setActivation(bool enabled)
+{
+    if (std::exchange(m_activationEnabled, enabled) != enabled)
+        m_reactors.notify(&AcApDocManagerReactor::documentActivationModified, enabled);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus DocumentManager::activateDocument(AcApDocument* pDocument, bool)
+{
+    if (Faults::hit("AcApDocManager::activateDocument"))
+        return Acad::eNotApplicable;
+    if (!owns(pDocument))
+        return Acad::eNoDocument;
+    if (!m_activationEnabled)
+        return Acad::eDocumentSwitchDisabled;
+    switchTo(static_cast<Document&>(*pDocument), true);
+    return Acad::eOk;
+}
+
+void DocumentManager::windowActivated(Document& document)
+{
+    if (!m_switching && owns(&document))
+        switchTo(document, false);
+}
+
+void DocumentManager::switchTo(Document& document, bool windowToo)
+{
+    if (m_pActive == &document) {
+        setCurrent(&document);
+        return;
+    }
+    if (m_pActive != nullptr)
+        m_reactors.notify(&AcApDocManagerReactor::documentToBeDeactivated, m_pActive);
+    m_reactors.notify(&AcApDocManagerReactor::documentToBeActivated, &document);
+    m_pActive = &document;
+    std::erase(m_activationOrder, &document);
+    m_activationOrder.push_back(&document);
+    if (windowToo && m_pWindows != nullptr) {
+        m_switching = true;
+        m_pWindows->activate(document);
+        m_switching = false;
+    }
+    setCurrent(&document);
+    m_reactors.notify(&AcApDocManagerReactor::documentActivated, &document);
+}
+
+void DocumentManager::setCurrent(Document* pDocument)
+{
+    if (m_pCurrent == pDocument)
+        return;
+    m_pCurrent = pDocument;
+    acdbHostApplicationServices()->setWorkingDatabase(pDocument != nullptr ? pDocument->database() : nullptr);
+    if (pDocument != nullptr)
+        m_reactors.notify(&AcApDocManagerReactor::documentBecameCurrent, pDocument);
+}
+
+Document* DocumentManager::admit(std::unique_ptr<Document> document)
+{
+    Document* const pDocument = document.get();
+    m_documents.push_back(std::move(document));
+    m_switching = true;
+    if (m_pWindows != nullptr)
+        m_pWindows->open(*pDocument);
+    m_switching = false;
+    m_reactors.notify(&AcApDocManagerReactor::documentCreated, pDocument);
+    return pDocument;
+}
+
+Document& DocumentManager::createNew()
+{
+    auto document = std::make_unique<Document>("Drawing" + std::to_string(++m_untitled) + ".dwg", false);
+    m_reactors.notify(&AcApDocManagerReactor::documentCreateStarted, document.get());
+    document->setDatabase(Database::createNew());
+    Document* const pDocument = admit(std::move(document));
+    switchTo(*pDocument, true);
+    return *pDocument;
+}
+
+bool DocumentManager::open(const std::string& sPath)
+{
+    if (Document* const pOpen = find(sPath)) {
+        activateDocument(pOpen);
+        return false;
+    }
+    const std::string sFullPath = fullPath(sPath);
+    auto document = std::make_unique<Document>(sFullPath, true);
+    m_reactors.notify(&AcApDocManagerReactor::documentCreateStarted, document.get());
+    try {
+        document->setDatabase(Database::open(sFullPath));
+    } catch (const FileError&) {
+        m_reactors.notify(&AcApDocManagerReactor::documentCreateCanceled, document.get());
+        throw;
+    }
+    document->refreshReadOnly();
+    Document* const pDocument = admit(std::move(document));
+    std::string sName = pDocument->fileName();
+    m_editor.notify(&AcEditorReactor::dwgFileOpened, pDocument->database(), sName.data());
+    switchTo(*pDocument, true);
+    return true;
+}
+
+Acad::ErrorStatus DocumentManager::appContextOpenDocument(const char* sPath)
+{
+    if (Faults::hit("AcApDocManager::appContextOpenDocument"))
+        return Acad::eFilerError;
+    if (sPath == nullptr || *sPath == '\0')
+        return Acad::eInvalidInput;
+    if (!m_activationEnabled)
+        return Acad::eDocumentSwitchDisabled;
+    try {
+        if (!open(sPath))
+            m_print(std::string("\"") + sPath + "\" is open already.");
+        return Acad::eOk;
+    } catch (const FileError& error) {
+        m_print(error.what());
+        return fileExists(sPath) ? Acad::eFilerError : Acad::eFileNotFound;
+    }
+}
+
+void DocumentManager::close(Document& document)
+{
+    const bool wasActive = m_pActive == &document;
+    if (wasActive)
+        m_reactors.notify(&AcApDocManagerReactor::documentToBeDeactivated, &document);
+    m_reactors.notify(&AcApDocManagerReactor::documentToBeDestroyed, &document);
+
+    std::erase(m_activationOrder, &document);
+    std::erase_if(m_input, [&](const QueuedInput& input) { return input.pDocument == &document; });
+    std::erase_if(m_unfinished, [&](const auto& entry) { return entry.first == &document; });
+    const auto place = std::find_if(m_documents.begin(), m_documents.end(),
+                                    [&](const auto& other) { return other.get() == &document; });
+    const std::unique_ptr<Document> closing = std::move(*place);
+    m_documents.erase(place);
+
+    m_switching = true;
+    if (m_pWindows != nullptr)
+        m_pWindows->close(document);
+    m_switching = false;
+    if (wasActive)
+        m_pActive = nullptr;
+    if (m_pCurrent == &document)
+        setCurrent(m_pActive);
+    closing->releaseDatabase().reset();
+    m_reactors.notify(&AcApDocManagerReactor::documentDestroyed, closing->fileName());
+    if (wasActive && !m_activationOrder.empty())
+        switchTo(*m_activationOrder.back(), true);
+}
+
+void DocumentManager::save(Document& document, const std::string& sPath)
+{
+    Database& drawing = document.drawing();
+    m_editor.notify(&AcEditorReactor::beginSave, &drawing, sPath.c_str());
+    try {
+        drawing.save(sPath);
+    } catch (const FileError&) {
+        m_editor.notify(&AcEditorReactor::abortSave, &drawing);
+        throw;
+    }
+    document.setFile(sPath);
+    refreshWindow(document);
+    m_editor.notify(&AcEditorReactor::saveComplete, &drawing, sPath.c_str());
+}
+
+void DocumentManager::dxfIn(Document& document, const std::string& sPath)
+{
+    Database& drawing = document.drawing();
+    m_editor.notify(&AcEditorReactor::beginDxfIn, &drawing);
+    try {
+        drawing.dxfIn(sPath);
+    } catch (const FileError&) {
+        m_editor.notify(&AcEditorReactor::abortDxfIn, &drawing);
+        throw;
+    }
+    m_editor.notify(&AcEditorReactor::dxfInComplete, &drawing);
+    refreshWindow(document);
+}
+
+void DocumentManager::refreshWindow(Document& document)
+{
+    if (m_pWindows != nullptr)
+        m_pWindows->refresh(document);
+}
+
+Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, const char* sCommand, bool bActivate,
+                                                       bool, bool bEchoString)
+{
+    if (Faults::hit("AcApDocManager::sendStringToExecute"))
+        return Acad::eNotApplicable;
+    if (!owns(pDocument))
+        return Acad::eNoDocument;
+    if (sCommand == nullptr)
+        return Acad::eInvalidInput;
+    Document* const pTarget = static_cast<Document*>(pDocument);
+
+    const auto entry = std::find_if(m_unfinished.begin(), m_unfinished.end(),
+                                    [pTarget](const auto& other) { return other.first == pTarget; });
+    std::string text = sCommand;
+    if (entry != m_unfinished.end()) {
+        text.insert(0, entry->second);
+        m_unfinished.erase(entry);
+    }
+    std::size_t start = 0;
+    for (std::size_t end; (end = text.find_first_of("\r\n", start)) != std::string::npos; start = end + 1)
+        m_input.push_back({pTarget, text.substr(start, end - start), bActivate, bEchoString});
+    if (start < text.size())
+        m_unfinished.emplace_back(pTarget, text.substr(start));
+    return Acad::eOk;
+}
+
+std::optional<QueuedInput> DocumentManager::nextInput()
+{
+    if (m_input.empty())
+        return std::nullopt;
+    QueuedInput input = std::move(m_input.front());
+    m_input.pop_front();
+    return input;
+}
+
+} // namespace host

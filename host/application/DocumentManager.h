@@ -1,0 +1,111 @@
+#pragma once
+
+// The open documents: who is there, which one is active, what waits to be typed
+// into each. A document's notifications come in this order:
+//   opening     documentCreateStarted, documentCreated (or documentCreateCanceled),
+//               then the editor's dwgFileOpened, then the activation
+//   activation  documentToBeDeactivated (the old), documentToBeActivated,
+//               documentBecameCurrent, documentActivated
+//   closing     documentToBeDeactivated (when it is active), documentToBeDestroyed,
+//               the editor's databaseToBeDestroyed, documentDestroyed, then the
+//               activation of the document that was active before
+
+#include "host/application/Document.h"
+#include "host/application/Listeners.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+class DocumentWindows;
+class Editor;
+
+// Input for a document's command line.
+struct QueuedInput {
+    Document* pDocument;
+    std::string line;
+    bool activate;
+    bool echo;
+};
+
+class DocumentManager final : public AcApDocManager {
+public:
+    explicit DocumentManager(Editor& editor) : m_editor(editor) {}
+    ~DocumentManager() override;
+
+    // --- AcApDocManager
+    AcApDocument* curDocument() const override { return m_pCurrent; }
+    AcApDocument* mdiActiveDocument() const override { return m_pActive; }
+    AcApDocument* document(const AcDbDatabase* pDatabase) const override;
+    AcApDocumentIterator* newAcApDocumentIterator() override;
+    void addReactor(AcApDocManagerReactor* pReactor) override { m_reactors.add(pReactor); }
+    void removeReactor(AcApDocManagerReactor* pReactor) override { m_reactors.remove(pReactor); }
+    Acad::ErrorStatus activateDocument(AcApDocument* pDocument, bool bPassScript = false) override;
+    bool isDocumentActivationEnabled() override { return m_activationEnabled; }
+    Acad::ErrorStatus enableDocumentActivation() override { return setActivation(true); }
+    Acad::ErrorStatus disableDocumentActivation() override { return setActivation(false); }
+    Acad::ErrorStatus sendStringToExecute(AcApDocument* pDocument, const char* sCommand, bool bActivate = true,
+                                          bool bWrapUpInactiveDoc = false, bool bEchoString = true) override;
+    Acad::ErrorStatus appContextOpenDocument(const char* sPath) override;
+
+    // --- For the host
+    void setWindows(DocumentWindows* pWindows) { m_pWindows = pWindows; }
+    // Where messages about documents go.
+    void setMessages(std::function<void(const std::string&)> print) { m_print = std::move(print); }
+
+    std::size_t count() const { return m_documents.size(); }
+    Document& at(std::size_t index) const { return *m_documents[index]; }
+    Document* current() const { return m_pCurrent; }
+    Document* active() const { return m_pActive; }
+    Document* find(const std::string& sPath) const;
+    std::size_t reactorCount() const { return m_reactors.size(); }
+
+    // A new, untitled drawing, activated.
+    Document& createNew();
+    // Opens and activates. Throws FileError, then nothing has changed; a drawing
+    // that is open already is activated and the result is false.
+    bool open(const std::string& sPath);
+    // Closes without asking.
+    void close(Document& document);
+    // Writes the drawing, under a new name or its own. Throws FileError.
+    void save(Document& document, const std::string& sPath);
+    // Replaces the drawing's contents. Throws FileError.
+    void dxfIn(Document& document, const std::string& sPath);
+    void refreshWindow(Document& document);
+
+    // A person activated the document's window.
+    void windowActivated(Document& document);
+    // The document that commands run in: not necessarily the active one.
+    void setCurrent(Document* pDocument);
+
+    // The oldest line of input; none when all is done.
+    std::optional<QueuedInput> nextInput();
+    bool hasInput() const { return !m_input.empty(); }
+
+private:
+    Acad::ErrorStatus setActivation(bool enabled);
+    void switchTo(Document& document, bool windowToo);
+    Document* admit(std::unique_ptr<Document> document);
+    bool owns(const AcApDocument* pDocument) const;
+
+    Editor& m_editor;
+    DocumentWindows* m_pWindows = nullptr;
+    std::function<void(const std::string&)> m_print;
+    Listeners<AcApDocManagerReactor> m_reactors;
+    std::vector<std::unique_ptr<Document>> m_documents;
+    std::vector<Document*> m_activationOrder; // the last one activated stands last
+    std::deque<QueuedInput> m_input;
+    std::vector<std::pair<Document*, std::string>> m_unfinished; // typed, but without a line end yet
+    Document* m_pCurrent = nullptr;
+    Document* m_pActive = nullptr;
+    bool m_activationEnabled = true;
+    bool m_switching = false;
+    int m_untitled = 0;
+};
+
+} // namespace host

@@ -1,0 +1,36 @@
+#pragma once
+
+// The editor's events, handed on to its reactors; it watches all databases.
+
+#include "host/application/Listeners.h"
+#include "host/drawing/Database.h"
+#include "objectarx/aced.h"
+
+namespace host {
+
+class Editor final : public AcEditor, public DatabaseObserver {
+public:
+    Editor() { Database::setObserver(this); }
+    ~Editor() override { Database::setObserver(nullptr); }
+
+    void addReactor(AcEditorReactor* pReactor) override { m_reactors.add(pReactor); }
+    void removeReactor(AcEditorReactor* pReactor) override { m_reactors.remove(pReactor); }
+    std::size_t reactorCount() const { return m_reactors.size(); }
+
+    template <class... Parameters, class... Arguments>
+    void notify(void (AcEditorReactor::*notification)(Parameters...), Arguments... arguments)
+    {
+        m_reactors.notify(notification, arguments...);
+    }
+
+    void databaseConstructed(Database& database) override { notify(&AcEditorReactor::databaseConstructed, &database); }
+    void databaseToBeDestroyed(Database& database) override
+    {
+        notify(&AcEditorReactor::databaseToBeDestroyed, &database);
+    }
+
+private:
+    Listeners<AcEditorReactor> m_reactors;
+};
+
+} // namespace host

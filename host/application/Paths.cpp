@@ -1,0 +1,68 @@
+#include "host/application/Paths.h"
+
+#include "mfc/handles.h"
+
+
+namespace host {
+
+namespace {
+
+// Past the last separator, by characters: a trail byte may be 0x5C.
+std::size_t nameStart(const std::string& sPath)
+{
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < sPath.size(); ++i) {
+        if (::IsDBCSLeadByte(static_cast<BYTE>(sPath[i])) && i + 1 < sPath.size())
+            ++i;
+        else if (sPath[i] == '\\' || sPath[i] == '/' || sPath[i] == ':')
+            start = i + 1;
+    }
+    return start;
+}
+
+} // namespace
+
+std::string fullPath(const std::string& sPath)
+{
+    char buffer[1024];
+    const DWORD length = ::GetFullPathNameA(sPath.c_str(), sizeof buffer, buffer, nullptr);
+    return length == 0 || length >= sizeof buffer ? sPath : std::string(buffer, length);
+}
+
+std::string folderOf(const std::string& sPath)
+{
+    return sPath.substr(0, nameStart(sPath));
+}
+
+std::string nameOf(const std::string& sPath)
+{
+    return sPath.substr(nameStart(sPath));
+}
+
+std::string baseNameOf(const std::string& sPath)
+{
+    const std::string sName = nameOf(sPath);
+    return sName.substr(0, sName.rfind('.'));
+}
+
+bool samePath(const std::string& a, const std::string& b)
+{
+    return ::lstrcmpiA(fullPath(a).c_str(), fullPath(b).c_str()) == 0;
+}
+
+bool fileExists(const std::string& sPath)
+{
+    const DWORD attributes = ::GetFileAttributesA(sPath.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool isWriteProtected(const std::string& sPath)
+{
+    if (!fileExists(sPath))
+        return false;
+    const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return !file;
+}
+
+} // namespace host

@@ -1,0 +1,108 @@
+// NEW, OPEN, CLOSE, QSAVE, SAVEAS, DXFIN and QUIT.
+
+#include "host/application/Application.h"
+#include "host/application/Paths.h"
+#include "host/commands/Command.h"
+#include "host/ui/MainFrame.h"
+
+namespace host {
+
+namespace {
+
+Document& currentDocument(Application& application)
+{
+    if (application.documents().current() == nullptr)
+        throw CommandError("There is no drawing.");
+    return *application.documents().current();
+}
+
+void requireActivation(Application& application)
+{
+    if (!application.documents().isDocumentActivationEnabled())
+        throw CommandError("Switching between drawings is disabled.");
+}
+
+// The path from the command line, else from the person's dialog; empty when that was cancelled.
+std::string pathFor(Application& application, const Arguments& arguments, bool forSaving)
+{
+    if (arguments.size() != 0)
+        return fullPath(arguments.rest(0));
+    if (application.isScripted())
+        throw CommandError("The command needs a path.");
+    return application.frame().askForPath(forSaving);
+}
+
+void newDrawing(Application& application, const Arguments&)
+{
+    requireActivation(application);
+    application.documents().createNew();
+}
+
+void open(Application& application, const Arguments& arguments)
+{
+    requireActivation(application);
+    const std::string sPath = pathFor(application, arguments, false);
+    if (!sPath.empty() && !application.documents().open(sPath))
+        application.commandLine().printLine("\"" + sPath + "\" is open already.");
+}
+
+void close(Application& application, const Arguments&)
+{
+    application.closeDocument(currentDocument(application));
+}
+
+void saveAs(Application& application, const Arguments& arguments)
+{
+    Document& document = currentDocument(application);
+    const std::string sPath = pathFor(application, arguments, true);
+    if (sPath.empty())
+        return;
+    const Document* const pOther = application.documents().find(sPath);
+    if (pOther != nullptr && pOther != &document)
+        throw CommandError("\"" + sPath + "\" is open; the drawing is not saved.");
+    if (isWriteProtected(sPath))
+        throw CommandError("\"" + sPath + "\" is read-only; the drawing is not saved.");
+    application.documents().save(document, sPath);
+}
+
+void quickSave(Application& application, const Arguments&)
+{
+    Document& document = currentDocument(application);
+    if (!document.isTitled()) {
+        if (application.isScripted())
+            throw CommandError("\"" + document.title() + "\" has no file yet: use SAVEAS.");
+        saveAs(application, {});
+        return;
+    }
+    document.refreshReadOnly();
+    if (document.isReadOnly())
+        throw CommandError("\"" + std::string(document.fileName()) + "\" is read-only: use SAVEAS.");
+    application.documents().save(document, document.fileName());
+}
+
+void dxfIn(Application& application, const Arguments& arguments)
+{
+    Document& document = currentDocument(application);
+    const std::string sPath = pathFor(application, arguments, false);
+    if (!sPath.empty())
+        application.documents().dxfIn(document, sPath);
+}
+
+void quit(Application& application, const Arguments&)
+{
+    application.quit();
+}
+
+constexpr Command kCommands[] = {
+    {"NEW", newDrawing}, {"OPEN", open},   {"CLOSE", close}, {"QSAVE", quickSave},
+    {"SAVEAS", saveAs},  {"DXFIN", dxfIn}, {"QUIT", quit},
+};
+
+} // namespace
+
+std::span<const Command> fileCommands()
+{
+    return kCommands;
+}
+
+} // namespace host

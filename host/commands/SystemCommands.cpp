@@ -1,0 +1,101 @@
+// ARX, SETVAR, SWITCH, LOCKDOCS and FAULT.
+
+#include "host/application/Application.h"
+#include "host/application/Paths.h"
+#include "host/commands/Command.h"
+#include "host/drawing/Faults.h"
+
+namespace host {
+
+namespace {
+
+void arx(Application& application, const Arguments& a)
+{
+    CommandLine& out = application.commandLine();
+    if (a.size() == 0) {
+        for (const std::string& sName : application.linker().names())
+            out.printLine(sName);
+        return;
+    }
+    const std::string sOption = CommandStack::plainName(a.text(0));
+    const std::string sName = a.rest(1);
+    if (sOption != "L" && sOption != "U")
+        throw CommandError("The option is L to load or U to unload.");
+    if (sOption == "L") {
+        VariableValue sdi;
+        if (const auto value = application.variables().get("SDI"))
+            sdi = *value;
+        const std::string sReason = application.linker().load(sName, sdi.number != 0);
+        if (!sReason.empty())
+            throw CommandError("\"" + sName + "\" is not loaded: " + sReason + ".");
+        out.printLine(baseNameOf(sName) + " loaded.");
+    } else {
+        const std::string sReason = application.linker().unload(sName);
+        if (!sReason.empty())
+            throw CommandError("\"" + sName + "\" is not unloaded: " + sReason + ".");
+        out.printLine(baseNameOf(sName) + " unloaded.");
+    }
+}
+
+void setVariable(Application& application, const Arguments& a)
+{
+    std::string sName = a.text(0);
+    ::CharUpperBuffA(sName.data(), static_cast<DWORD>(sName.size()));
+    auto value = application.variables().get(sName);
+    if (!value)
+        throw CommandError("There is no system variable " + sName + ".");
+    if (a.size() == 1) {
+        application.commandLine().printLine(sName + " = " + SystemVariables::toText(*value));
+        return;
+    }
+    if (!SystemVariables::fromText(a.rest(1), *value))
+        throw CommandError("\"" + a.rest(1) + "\" is no value for " + sName + ".");
+    switch (application.variables().set(sName, *value)) {
+    case SystemVariables::SetResult::done: return;
+    case SystemVariables::SetResult::readOnly: throw CommandError(sName + " is read-only.");
+    default: throw CommandError(sName + " cannot be set to \"" + a.rest(1) + "\".");
+    }
+}
+
+// By the number of the document in opening order, from 0.
+void switchDocument(Application& application, const Arguments& a)
+{
+    DocumentManager& documents = application.documents();
+    const int index = a.integer(0);
+    if (index < 0 || static_cast<std::size_t>(index) >= documents.count())
+        throw CommandError("There is no drawing " + a.text(0) + ".");
+    if (documents.activateDocument(&documents.at(static_cast<std::size_t>(index))) != Acad::eOk)
+        throw CommandError("Switching between drawings is disabled.");
+}
+
+void lockDocuments(Application& application, const Arguments& a)
+{
+    if (a.integer(0) != 0)
+        application.documents().disableDocumentActivation();
+    else
+        application.documents().enableDocumentActivation();
+}
+
+// FAULT name n: the n-th call of the API function from now on fails. FAULT alone ends that.
+void fault(Application& application, const Arguments& a)
+{
+    if (a.size() == 0) {
+        application.commandLine().printLine(Faults::fired() ? "fault: fired" : "fault: not fired");
+        Faults::clear();
+        return;
+    }
+    Faults::failNth(a.text(0), a.integer(1));
+}
+
+constexpr Command kCommands[] = {
+    {"ARX", arx}, {"SETVAR", setVariable}, {"SWITCH", switchDocument}, {"LOCKDOCS", lockDocuments}, {"FAULT", fault},
+};
+
+} // namespace
+
+std::span<const Command> systemCommands()
+{
+    return kCommands;
+}
+
+} // namespace host

@@ -1,0 +1,142 @@
+// The commands that look at the windows from outside, as a person would.
+
+#include "host/application/Application.h"
+#include "host/application/Paths.h"
+#include "host/commands/Command.h"
+#include "host/observation/Dialogs.h"
+#include "host/observation/PopupMenu.h"
+#include "host/observation/Screenshot.h"
+#include "host/observation/Strip.h"
+#include "host/observation/Tips.h"
+#include "host/observation/Windows.h"
+#include "host/ui/MainFrame.h"
+
+namespace host {
+
+namespace {
+
+using namespace observation;
+
+constexpr DWORD kLongestHover = 1500;
+constexpr DWORD kPaintTime = 150; // until what was drawn is on the screen
+
+void report(Application& application, const std::string& lines)
+{
+    application.commandLine().startLine();
+    application.commandLine().print(lines);
+}
+
+bool never()
+{
+    return false;
+}
+
+void strip(Application& application, const Arguments&)
+{
+    const HWND frame = application.frame().m_hWnd;
+    report(application, Strip(frame).describe(application.frame().m_hWndMDIClient));
+}
+
+void click(Application& application, const Arguments& a)
+{
+    const Strip tabs(application.frame().m_hWnd);
+    const POINT middle = tabs.middleOf(a.integer(0));
+    postMouse(tabs.window(), WM_LBUTTONDOWN, MK_LBUTTON, middle);
+    postMouse(tabs.window(), WM_LBUTTONUP, 0, middle);
+}
+
+void hover(Application& application, const Arguments& a)
+{
+    const Strip tabs(application.frame().m_hWnd);
+    const POINT middle = tabs.middleOf(a.integer(0));
+    ::SetForegroundWindow(application.frame().m_hWnd);
+    Tips::hide();
+    // From somewhere else, so that the strip sees the mouse come.
+    ::SetCursorPos(0, 0);
+    pumpUntil(20, never);
+    postMouse(tabs.window(), WM_MOUSEMOVE, 0, middle);
+    pumpUntil(kLongestHover, &Tips::isShown);
+    report(application, Tips::describe());
+}
+
+void picture(Application& application, const std::string& sPath)
+{
+    ::UpdateWindow(application.frame().m_hWnd);
+    pumpUntil(kPaintTime, never);
+    writePng(capture(application.frame().m_hWnd), fullPath(sPath));
+}
+
+// MENU n, MENU n ID, or MENU n SHOT path: a picture while the menu is open.
+void menu(Application& application, const Arguments& a)
+{
+    const Strip tabs(application.frame().m_hWnd);
+    const POINT middle = tabs.middleOf(a.integer(0));
+    const bool shoot = a.size() > 1 && CommandStack::plainName(a.text(1)) == "SHOT";
+    const UINT item = a.size() > 1 && !shoot ? static_cast<UINT>(a.integer(1)) : 0;
+    std::string sFailure;
+    PopupMenu popup(item, !shoot ? std::function<void()>() : [&] {
+        try {
+            ::Sleep(kPaintTime); // the menu's own loop must not see our messages
+            writePng(capture(application.frame().m_hWnd), fullPath(a.rest(2)));
+        } catch (const std::exception& error) {
+            sFailure = error.what();
+        }
+    });
+    popup.rightClick(tabs.window(), middle);
+    report(application, popup.opened() ? popup.items() : "menu: none\n");
+    if (!popup.opened() && item != 0)
+        throw CommandError("There is no menu.");
+    if (!sFailure.empty())
+        throw CommandError(sFailure);
+}
+
+void dialog(Application& application, const Arguments&)
+{
+    report(application, describeDialog());
+}
+
+void pressControl(Application&, const Arguments& a)
+{
+    press(a.integer(0));
+}
+
+void shot(Application& application, const Arguments& a)
+{
+    picture(application, a.rest(0));
+}
+
+void wait(Application&, const Arguments& a)
+{
+    pumpUntil(static_cast<DWORD>(a.integer(0)), never);
+}
+
+// n notifications of a modification that changes nothing, and how long they took.
+void bench(Application& application, const Arguments& a)
+{
+    Document* const pDocument = application.documents().active();
+    if (pDocument == nullptr)
+        throw CommandError("There is no drawing.");
+    LARGE_INTEGER frequency;
+    LARGE_INTEGER start;
+    LARGE_INTEGER end;
+    ::QueryPerformanceFrequency(&frequency);
+    ::QueryPerformanceCounter(&start);
+    pDocument->drawing().notifyNoChange(a.integer(0));
+    ::QueryPerformanceCounter(&end);
+    const auto microseconds = (end.QuadPart - start.QuadPart) * 1000000 / frequency.QuadPart;
+    application.commandLine().printLine("bench: n=" + a.text(0) + " us=" + std::to_string(microseconds));
+}
+
+constexpr Command kCommands[] = {
+    {"STRIP", strip, true}, {"CLICK", click},        {"HOVER", hover},      {"MENU", menu},   {"DIALOG", dialog, true},
+    {"PRESS", pressControl, true}, {"SHOT", shot, true}, {"WAIT", wait, true}, {"BENCH", bench},
+};
+
+} // namespace
+
+std::span<const Command> observationCommands()
+{
+    return kCommands;
+}
+
+} // namespace host

@@ -1,0 +1,88 @@
+#include "host/observation/Strip.h"
+
+#include "host/application/Application.h"
+#include "host/commands/Command.h"
+#include "host/observation/Windows.h"
+
+namespace host::observation {
+
+namespace {
+
+constexpr int kStripId = 42;
+
+std::string rectangle(HWND frame, HWND window)
+{
+    RECT rect;
+    ::GetWindowRect(window, &rect);
+    ::MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&rect), 2);
+    return std::to_string(rect.left) + "," + std::to_string(rect.top) + "," + std::to_string(rect.right) + "," +
+           std::to_string(rect.bottom);
+}
+
+bool isOpen(const AcApDocument* pDocument)
+{
+    DocumentManager& documents = Application::instance()->documents();
+    for (std::size_t i = 0; i < documents.count(); ++i)
+        if (&documents.at(i) == pDocument)
+            return true;
+    return false;
+}
+
+} // namespace
+
+Strip::Strip(HWND frame) : m_frame(frame), m_window(::GetDlgItem(frame, kStripId))
+{
+    if (m_window != nullptr && classOf(m_window) != WC_TABCONTROLA)
+        m_window = nullptr;
+}
+
+int Strip::count() const
+{
+    return static_cast<int>(::SendMessageA(m_window, TCM_GETITEMCOUNT, 0, 0));
+}
+
+std::string Strip::describe(HWND mdiClient) const
+{
+    if (!exists())
+        return "strip: none\n";
+    const LRESULT selected = ::SendMessageA(m_window, TCM_GETCURSEL, 0, 0);
+    std::string text = std::string("strip: visible=") + (::IsWindowVisible(m_window) ? "1" : "0") +
+                       " rect=" + rectangle(m_frame, m_window) + " client=" + rectangle(m_frame, mdiClient) +
+                       " tabs=" + std::to_string(count()) + " selected=" + std::to_string(selected) + "\n";
+    for (int tab = 0; tab < count(); ++tab)
+        text += describeTab(tab);
+    return text;
+}
+
+std::string Strip::describeTab(int tab) const
+{
+    char caption[512] = "";
+    TCITEMA item{};
+    item.mask = TCIF_TEXT | TCIF_IMAGE | TCIF_PARAM;
+    item.pszText = caption;
+    item.cchTextMax = sizeof caption;
+    ::SendMessageA(m_window, TCM_GETITEMA, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+    const auto* const pDocument = reinterpret_cast<const AcApDocument*>(item.lParam);
+    return "tab " + std::to_string(tab) + ": text=\"" + oneLine(item.pszText) +
+           "\" image=" + std::to_string(item.iImage) + " document=\"" +
+           (isOpen(pDocument) ? pDocument->fileName() : "?") + "\"\n";
+}
+
+POINT Strip::middleOf(int tab) const
+{
+    if (!exists() || tab < 0 || tab >= count())
+        throw CommandError("There is no tab " + std::to_string(tab) + ".");
+    CRect client;
+    ::GetClientRect(m_window, client);
+    for (int scroll = 0; scroll <= count(); ++scroll) {
+        CRect rect;
+        ::SendMessageA(m_window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&rect));
+        const CPoint middle = rect.CenterPoint();
+        if (client.PtInRect(middle))
+            return middle;
+        ::SendMessageA(m_window, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, scroll), 0);
+    }
+    throw CommandError("Tab " + std::to_string(tab) + " does not show.");
+}
+
+} // namespace host::observation

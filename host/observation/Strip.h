@@ -1,0 +1,33 @@
+#pragma once
+
+// The tab strip as it shows in the frame: the tab control with identifier 42.
+
+#include "mfc/afxwin.h"
+#include "mfc/afxcmn.h"
+
+#include <string>
+
+namespace host::observation {
+
+class Strip {
+public:
+    // Looks the control up in the frame.
+    explicit Strip(HWND frame);
+
+    bool exists() const { return m_window != nullptr; }
+    HWND window() const { return m_window; }
+    int count() const;
+    // The STRIP command's lines. The MDI client is the frame's.
+    std::string describe(HWND mdiClient) const;
+    // The middle of a tab, in the strip's client coordinates, scrolled into view.
+    // Throws CommandError when there is no such tab, or it does not show.
+    POINT middleOf(int tab) const;
+
+private:
+    std::string describeTab(int tab) const;
+
+    HWND m_frame;
+    HWND m_window;
+};
+
+} // namespace host::observation

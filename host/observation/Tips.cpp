@@ -1,0 +1,95 @@
+#include "host/observation/Tips.h"
+
+#include "host/observation/Windows.h"
+
+#include <commctrl.h>
+#include <map>
+
+namespace host::observation {
+
+namespace {
+
+struct Watched {
+    WNDPROC original;
+    std::string title;
+};
+
+std::map<HWND, Watched>& watched()
+{
+    static std::map<HWND, Watched> windows;
+    return windows;
+}
+
+std::string narrow(const wchar_t* sText)
+{
+    char text[512] = "";
+    ::WideCharToMultiByte(CP_ACP, 0, sText, -1, text, sizeof text, nullptr, nullptr);
+    return text;
+}
+
+LRESULT CALLBACK watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const auto entry = watched().find(window);
+    const WNDPROC original = entry->second.original;
+    if (message == TTM_SETTITLEA && lParam != 0)
+        entry->second.title = reinterpret_cast<const char*>(lParam);
+    else if (message == TTM_SETTITLEW && lParam != 0)
+        entry->second.title = narrow(reinterpret_cast<const wchar_t*>(lParam));
+    else if (message == WM_NCDESTROY) {
+        ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(original));
+        watched().erase(entry);
+    }
+    return ::CallWindowProcA(original, window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK onCreate(int code, WPARAM wParam, LPARAM lParam)
+{
+    const HWND window = reinterpret_cast<HWND>(wParam);
+    if (code == HCBT_CREATEWND && classOf(window) == TOOLTIPS_CLASSA && !watched().contains(window)) {
+        const LONG_PTR original =
+            ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&watch));
+        watched()[window] = {reinterpret_cast<WNDPROC>(original), {}};
+    }
+    return ::CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+} // namespace
+
+Tips::Tips() : m_hook(::SetWindowsHookExA(WH_CBT, &onCreate, nullptr, ::GetCurrentThreadId())) {}
+
+Tips::~Tips()
+{
+    ::UnhookWindowsHookEx(m_hook);
+    for (const auto& [window, entry] : watched())
+        ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(entry.original));
+    watched().clear();
+}
+
+bool Tips::isShown()
+{
+    return visibleWindow(TOOLTIPS_CLASSA) != nullptr;
+}
+
+void Tips::hide()
+{
+    if (const HWND tip = visibleWindow(TOOLTIPS_CLASSA))
+        ::SendMessageA(tip, TTM_POP, 0, 0);
+}
+
+std::string Tips::describe()
+{
+    const HWND tip = visibleWindow(TOOLTIPS_CLASSA);
+    if (tip == nullptr)
+        return "tip: none\n";
+    TOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    char text[4096] = "";
+    ::SendMessageA(tip, TTM_GETCURRENTTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    tool.lpszText = text;
+    ::SendMessageA(tip, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    const auto entry = watched().find(tip);
+    const std::string sTitle = entry != watched().end() ? entry->second.title : std::string();
+    return "tip: title=\"" + oneLine(sTitle) + "\" text=\"" + oneLine(text) + "\"\n";
+}
+
+} // namespace host::observation

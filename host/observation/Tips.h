@@ -1,0 +1,29 @@
+#pragma once
+
+// The balloon that shows, read from its window. A tooltip control of the old kind
+// does not tell its title, so that is noted when the title is set.
+
+#include <windows.h>
+
+#include <string>
+
+namespace host::observation {
+
+class Tips {
+public:
+    // Notes the titles of all tooltip windows of this thread from now on.
+    Tips();
+    ~Tips();
+    Tips(const Tips&) = delete;
+    Tips& operator=(const Tips&) = delete;
+
+    // The HOVER command's line, for the tooltip that shows now.
+    static std::string describe();
+    static bool isShown();
+    static void hide();
+
+private:
+    HHOOK m_hook;
+};
+
+} // namespace host::observation

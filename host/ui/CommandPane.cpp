@@ -1,0 +1,104 @@
+#include "host/ui/CommandPane.h"
+
+namespace host {
+
+namespace {
+
+constexpr LONG kPaneHeight = 96;
+constexpr int kInputHeight = 22;
+constexpr UINT kPaneId = 0xE801;
+constexpr LRESULT kLongestHistory = 24000; // an edit control of the old kind holds 30,000 characters
+
+HWND createEdit(HWND parent, DWORD style, UINT_PTR id)
+{
+    const HWND edit = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
+                                        reinterpret_cast<HMENU>(id), AfxGetInstanceHandle(), nullptr);
+    ::SendMessageA(edit, WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(ANSI_FIXED_FONT)), FALSE);
+    return edit;
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CommandPane, CWnd)
+    ON_MESSAGE(WM_SIZEPARENT, &CommandPane::OnSizeParent)
+    ON_MESSAGE(WM_SETFOCUS, &CommandPane::OnSetFocus)
+    ON_WM_SIZE()
+END_MESSAGE_MAP()
+
+bool CommandPane::create(CWnd& frame, std::function<void(const std::string&)> onLine)
+{
+    m_onLine = std::move(onLine);
+    const char* const windowClass = AfxRegisterWndClass(0, ::LoadCursorA(nullptr, IDC_ARROW),
+                                                        reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+    if (!Create(windowClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, CRect(), &frame, kPaneId))
+        return false;
+    m_history = createEdit(m_hWnd, ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL | WS_BORDER, 1);
+    m_input = createEdit(m_hWnd, ES_AUTOHSCROLL | WS_BORDER, 2);
+    return m_history != nullptr && m_input != nullptr;
+}
+
+void CommandPane::show(std::string_view text)
+{
+    std::string lines;
+    for (const char c : text) {
+        if (c == '\n')
+            lines += '\r';
+        if (c != '\r')
+            lines += c;
+    }
+    LRESULT length = ::SendMessageA(m_history, WM_GETTEXTLENGTH, 0, 0);
+    if (length + static_cast<LRESULT>(lines.size()) > kLongestHistory) {
+        ::SendMessageA(m_history, EM_SETSEL, 0, length / 2);
+        ::SendMessageA(m_history, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(""));
+        length = ::SendMessageA(m_history, WM_GETTEXTLENGTH, 0, 0);
+    }
+    ::SendMessageA(m_history, EM_SETSEL, static_cast<WPARAM>(length), length);
+    ::SendMessageA(m_history, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(lines.c_str()));
+}
+
+void CommandPane::type(WPARAM character)
+{
+    ::SetFocus(m_input);
+    ::SendMessageA(m_input, WM_CHAR, character, 1);
+}
+
+BOOL CommandPane::PreTranslateMessage(MSG* pMsg)
+{
+    if (pMsg->hwnd != m_input || pMsg->message != WM_KEYDOWN)
+        return FALSE;
+    if (pMsg->wParam == VK_ESCAPE) {
+        ::SetWindowTextA(m_input, "");
+        return TRUE;
+    }
+    if (pMsg->wParam != VK_RETURN)
+        return FALSE;
+    char line[1024];
+    const int length = ::GetWindowTextA(m_input, line, sizeof line);
+    ::SetWindowTextA(m_input, "");
+    m_onLine(std::string(line, static_cast<std::size_t>(length)));
+    return TRUE;
+}
+
+LRESULT CommandPane::OnSizeParent(WPARAM, LPARAM lParam)
+{
+    auto& layout = *reinterpret_cast<AFX_SIZEPARENTPARAMS*>(lParam);
+    CRect band = layout.rect;
+    band.top = band.bottom - kPaneHeight;
+    layout.rect.bottom = band.top;
+    AfxRepositionWindow(&layout, m_hWnd, &band);
+    return 0;
+}
+
+void CommandPane::OnSize(UINT, int width, int height)
+{
+    ::MoveWindow(m_history, 0, 0, width, height - kInputHeight, TRUE);
+    ::MoveWindow(m_input, 0, height - kInputHeight, width, kInputHeight, TRUE);
+}
+
+LRESULT CommandPane::OnSetFocus(WPARAM, LPARAM)
+{
+    ::SetFocus(m_input);
+    return 0;
+}
+
+} // namespace host

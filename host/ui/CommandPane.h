@@ -1,0 +1,37 @@
+#pragma once
+
+// The command line at the frame's lower edge: the history, and below it the line
+// that is being typed.
+
+#include "mfc/afxwin.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+class CommandPane : public CWnd {
+public:
+    // Takes its band in the frame's layout pass.
+    bool create(CWnd& frame, std::function<void(const std::string&)> onLine);
+    void show(std::string_view text);
+    // A character typed elsewhere goes on here.
+    void type(WPARAM character);
+
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
+    void OnSize(UINT type, int width, int height);
+    LRESULT OnSetFocus(WPARAM wParam, LPARAM lParam);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    HWND m_history = nullptr; // both are this window's children and go with it
+    HWND m_input = nullptr;
+    std::function<void(const std::string&)> m_onLine;
+};
+
+} // namespace host

@@ -1,0 +1,68 @@
+#pragma once
+
+// The host's main window: menu, MDI client with a window a drawing, command line.
+
+#include "host/application/DocumentWindows.h"
+#include "host/ui/CommandPane.h"
+#include "mfc/afxwin.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+class Application;
+class DrawingView;
+
+// The MDI client, which refuses to switch windows while the host forbids it.
+class MdiClient : public CWnd {
+public:
+    explicit MdiClient(Application& application) : m_application(application) {}
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    Application& m_application;
+};
+
+class MainFrame : public CMDIFrameWnd, public DocumentWindows {
+public:
+    explicit MainFrame(Application& application);
+    ~MainFrame() override;
+
+    bool create(bool visible);
+
+    // --- DocumentWindows
+    void open(Document& document) override;
+    void close(Document& document) override;
+    void activate(Document& document) override;
+    void refresh(Document& document) override;
+
+    void showHistory(std::string_view text) { m_pane.show(text); }
+    void typeCommand(WPARAM character) { m_pane.type(character); }
+    // IDYES to save them, IDNO to discard them, or IDCANCEL.
+    int askAboutChanges(const Document& document);
+    // Empty when cancelled.
+    std::string askForPath(bool forSaving);
+
+protected:
+    LRESULT OnKickIdle(WPARAM wParam, LPARAM lParam);
+    void OnClose();
+    void OnFileCommand(UINT id);
+    void OnUpdateDrawingCommand(CCmdUI* pState);
+    void OnWindowCommand(UINT id);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    Application& m_application;
+    MdiClient m_client;
+    CommandPane m_pane;
+    HACCEL m_accelerators = nullptr;
+    std::map<const Document*, std::unique_ptr<DrawingView>> m_views;
+};
+
+} // namespace host
