@@ -1,0 +1,254 @@
+#include "tabs/ARXMDITabs.h"
+
+#include "library/diagnostics/Prerelease.h"
+#include "library/files/PathParts.h"
+#include "objectarx/acdocman.h"
+#include "reactors/DatabaseData.h"
+#include "reactors/DocManagerReactor.h"
+#include "reactors/EditorReactor.h"
+#include "settings/MDITabSettings.h"
+
+#include <cstring>
+#include <mbstring.h>
+
+BEGIN_MESSAGE_MAP(CARXMDITabs, CMDITabsEx)
+    ON_NOTIFY_REFLECT(TCN_SELCHANGING, &ThisClass::OnSelChanging)
+    ON_NOTIFY_REFLECT(TCN_SELCHANGE, &ThisClass::OnSelChange)
+    ON_WM_MOUSEMOVE()
+    ON_WM_CONTEXTMENU()
+    ON_WM_INITMENUPOPUP()
+END_MESSAGE_MAP()
+
+bool CARXMDITabs::FileNameLess::operator()(const CString& sOne, const CString& sOther) const
+{
+    return ::_mbscmp(reinterpret_cast<const unsigned char*>(sOne.GetString()),
+                     reinterpret_cast<const unsigned char*>(sOther.GetString())) < 0;
+}
+
+CARXMDITabs::~CARXMDITabs() = default;
+
+void CARXMDITabs::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
+{
+    CMDITabsEx::Create(pMainFrame, dwStyle);
+    m_pMainFrame = pMainFrame;
+}
+
+bool CARXMDITabs::checkDocument(const AcApDocument* pDocument)
+{
+    TESK_ASSERT(pDocument != NULL);
+    return pDocument != nullptr;
+}
+
+void CARXMDITabs::addDocument(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return;
+    TESK_TRACE("CARXMDITabs::addDocument(\"%s\")\n", pDocument->fileName());
+    if (isDocumentPresent(pDocument))
+        return;
+
+    CString sText = buildTabText(pDocument);
+    bool bUseIcons = true;
+    CMDITabSettings::getUseIcons(bUseIcons);
+
+    TCITEMA tabItem = {};
+    tabItem.mask = TCIF_TEXT | TCIF_PARAM | (bUseIcons ? static_cast<UINT>(TCIF_IMAGE) : 0U);
+    tabItem.pszText = sText.GetBuffer(sText.GetLength());
+    tabItem.iImage = 0;
+    tabItem.lParam = reinterpret_cast<LPARAM>(pDocument);
+    InsertItem(GetItemCount(), &tabItem);
+}
+
+void CARXMDITabs::removeDocument(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return;
+    TESK_TRACE("CARXMDITabs::removeDocument(\"%s\")\n", pDocument->fileName());
+    const int iItem = findDocument(pDocument);
+    if (iItem != -1)
+        TESK_VERIFY(DeleteItem(iItem));
+}
+
+void CARXMDITabs::activateDocument(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return;
+    TESK_TRACE("CARXMDITabs::activateDocument(\"%s\")\n", pDocument->fileName());
+    const int iItem = findDocument(pDocument);
+    if (iItem != -1)
+        SetCurSel(iItem);
+}
+
+void CARXMDITabs::updateDocumentModified(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return;
+    TESK_TRACE("CARXMDITabs::updateDocumentModified(...)\n");
+    updateTabText(pDocument);
+    updateTooltip(pDocument);
+    m_sToolTipDocument.Empty();
+}
+
+int CARXMDITabs::findDocument(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return -1;
+    TESK_TRACE("CARXMDITabs::findDocument(\"%s\")\n", pDocument->fileName());
+    const int iCount = GetItemCount();
+    for (int iItem = 0; iItem < iCount; ++iItem)
+        if (getDocument(iItem) == pDocument)
+            return iItem;
+    return -1;
+}
+
+bool CARXMDITabs::isDocumentPresent(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return false;
+    TESK_TRACE("CARXMDITabs::isDocumentPresent(\"%s\")\n", pDocument->fileName());
+    return findDocument(pDocument) != -1;
+}
+
+AcApDocument* CARXMDITabs::getDocument(int iItem)
+{
+    TESK_TRACE("CARXMDITabs::getDocument(iItem = %x)\n", static_cast<unsigned>(iItem));
+    TCITEMA tabItem = {};
+    tabItem.mask = TCIF_PARAM;
+    TESK_VERIFY(GetItem(iItem, &tabItem));
+    return reinterpret_cast<AcApDocument*>(tabItem.lParam);
+}
+
+AcApDocument* CARXMDITabs::getDocument(const CPoint point)
+{
+    TESK_TRACE("CARXMDITabs::getDocument(const CPoint point)\n");
+    TCHITTESTINFO hit = {};
+    hit.pt = point;
+    const int iItem = HitTest(&hit);
+    return iItem != -1 ? getDocument(iItem) : nullptr;
+}
+
+CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return CString();
+    TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", pDocument->fileName());
+    const char* sFilename = pDocument->fileName();
+    bool bUseExtensions = false;
+    CMDITabSettings::getUseExtensions(bUseExtensions);
+
+    const Tesk::PathParts parts(sFilename);
+    CString sText(bUseExtensions ? parts.fileName() : parts.sBase);
+    // Without the reactor the state is not known and no marker is shown.
+    CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
+    if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
+        sText += CMDITabSettings::getModifiedText(sFilename);
+    return sText;
+}
+
+CString CARXMDITabs::buildTooltip(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return CString();
+    TESK_TRACE("CARXMDITabs::buildTooltip(\"%s\")\n", pDocument->fileName());
+    const char* sFilename = pDocument->fileName();
+    const CString sTooltip = CMDITabSettings::getDefaultTooltipText(sFilename);
+    CEditorReactor* pReactor = CEditorReactor::getReactor();
+    if (pReactor == nullptr)
+        return sTooltip;
+
+    CDatabaseData& data = pReactor->getDatabaseData(pDocument);
+    if (data.keywordExpansion().hasTitleInstance())
+        return data.keywordExpansion().expandString(CMDITabSettings::getTooltipText(sFilename));
+
+    const CString& sTitle = data.drawingProperties().getTitle();
+    return sTitle.IsEmpty() ? sTooltip : sTitle;
+}
+
+void CARXMDITabs::updateTabText(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return;
+    TESK_TRACE("CARXMDITabs::updateTabText(\"%s\")\n", pDocument->fileName());
+    const int iItem = findDocument(pDocument);
+    if (iItem == -1)
+        return;
+    CString sText = buildTabText(pDocument);
+    TCITEMA tabItem = {};
+    tabItem.mask = TCIF_TEXT;
+    tabItem.pszText = sText.GetBuffer(sText.GetLength());
+    TESK_VERIFY(SetItem(iItem, &tabItem));
+}
+
+void CARXMDITabs::updateTooltip(AcApDocument* pDocument)
+{
+    if (!checkDocument(pDocument))
+        return;
+    TESK_TRACE("CARXMDITabs::updateTooltip(\"%s\")\n", pDocument->fileName());
+    m_mapTooltips.insert_or_assign(pDocument->fileName(), buildTooltip(pDocument));
+}
+
+const CString& CARXMDITabs::getTooltip(AcApDocument* pDocument)
+{
+    static const CString sNone;
+    if (!checkDocument(pDocument))
+        return sNone;
+    TESK_TRACE("CARXMDITabs::getTooltip(\"%s\")\n", pDocument->fileName());
+    const CString sFilename(pDocument->fileName());
+    auto iter = m_mapTooltips.find(sFilename);
+    if (iter == m_mapTooltips.end()) {
+        m_mapTooltips.emplace(sFilename, buildTooltip(pDocument));
+        iter = m_mapTooltips.find(sFilename);
+    }
+    TESK_ASSERT(iter != m_mapTooltips.end());
+    return iter->second;
+}
+
+const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
+{
+    static const std::vector<CString> vNone;
+    if (!checkDocument(pDocument))
+        return vNone;
+    TESK_TRACE("CARXMDITabs::getXrefs(\"%s\")\n", pDocument->fileName());
+    CEditorReactor* pReactor = CEditorReactor::getReactor();
+    return pReactor != nullptr ? pReactor->getDatabaseData(pDocument).xrefPaths() : vNone;
+}
+
+void CARXMDITabs::OnSelChanging(NMHDR*, LRESULT* pResult)
+{
+    TESK_TRACE("CARXMDITabs::OnSelChanging(...)\n");
+    *pResult = !acDocManager->isDocumentActivationEnabled();
+}
+
+void CARXMDITabs::OnSelChange(NMHDR*, LRESULT* pResult)
+{
+    TESK_TRACE("CARXMDITabs::OnSelChange(...)\n");
+    *pResult = 0;
+    AcApDocument* pCurrent = acDocManager->curDocument();
+    TESK_ASSERT(pCurrent != NULL);
+    const int iSelected = GetCurSel();
+    if (iSelected == -1 || (pCurrent != nullptr && findDocument(pCurrent) == iSelected))
+        return;
+    if (AcApDocument* pNew = getDocument(iSelected))
+        TESK_VERIFY(acDocManager->activateDocument(pNew) == Acad::eOk);
+}
+
+void CARXMDITabs::OnMouseMove(UINT nFlags, CPoint point)
+{
+    if (m_bToolTips)
+        trackToolTip(point);
+    CMDITabsEx::OnMouseMove(nFlags, point);
+}
+
+// Runs on every move: nothing is built or copied unless the mouse has come to
+// another drawing's tab.
+void CARXMDITabs::trackToolTip(CPoint point)
+{
+    TESK_ASSERT(m_pToolTip != NULL);
+    if (m_pToolTip == nullptr || m_pToolTip->m_hWnd == nullptr)
+        return;
+    AcApDocument* pDocument = getDocument(point);
+    if (pDocument == nullptr || std::strcmp(pDocument->fileName(), m_sToolTipDocument.GetString()) == 0)
+        return;
+    m_pToolTip->UpdateTipText(getTooltip(pDocument), this, 0);
+    m_sToolTipDocument = pDocument->fileName();
+}

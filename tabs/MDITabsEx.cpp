@@ -1,0 +1,70 @@
+#include "tabs/MDITabsEx.h"
+
+#include "library/diagnostics/Prerelease.h"
+#include "library/registry/Registry.h"
+#include "settings/MDITabSettings.h"
+
+#include <tchar.h>
+
+namespace {
+
+// Wide enough that only line feeds break a text.
+constexpr int MAX_TIP_WIDTH = 32767;
+
+}
+
+BEGIN_MESSAGE_MAP(CMDITabsEx, CMDITabs)
+END_MESSAGE_MAP()
+
+CMDITabsEx::~CMDITabsEx() = default;
+
+void CMDITabsEx::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
+{
+    CMDITabs::Create(pMainFrame, dwStyle);
+    m_bToolTips = (dwStyle & MDITABS_TOOLTIPS) != 0;
+    if (m_bToolTips)
+        createToolTip(pMainFrame);
+
+    bool bUseIcons = true;
+    CMDITabSettings::getUseIcons(bUseIcons);
+    if (m_bImages && bUseIcons)
+        addDrawingIcon();
+}
+
+void CMDITabsEx::createToolTip(CMDIFrameWnd* pMainFrame)
+{
+    m_pToolTip = std::make_unique<CToolTipCtrl>();
+    TESK_VERIFY(m_pToolTip->Create(pMainFrame, TTS_BALLOON));
+    m_pToolTip->SetMaxTipWidth(MAX_TIP_WIDTH);
+    m_pToolTip->SetTitle(TTI_INFO, CMDITabSettings::getTooltipTitle(""));
+    m_pToolTip->SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
+    TESK_VERIFY(m_pToolTip->AddTool(this, _T("XXXX default line 1\nXXXX default line 2")));
+}
+
+void CMDITabsEx::addDrawingIcon()
+{
+    HICON hDwgIcon = nullptr;
+    TESK_VERIFY(Tesk::Registry::IconFromExtension(_T(".dwg"), hDwgIcon, true));
+    const UniqueIcon owner(hDwgIcon);
+    TESK_VERIFY(m_images.Add(hDwgIcon) != -1);
+}
+
+BOOL CMDITabsEx::DestroyWindow()
+{
+    if (m_pToolTip != nullptr) {
+        TESK_ASSERT(m_bToolTips);
+        m_pToolTip->DestroyWindow();
+        m_pToolTip.reset();
+    }
+    return CMDITabs::DestroyWindow();
+}
+
+BOOL CMDITabsEx::PreTranslateMessage(MSG* pMsg)
+{
+    if (m_bToolTips) {
+        TESK_ASSERT(m_pToolTip != NULL);
+        if (m_pToolTip != nullptr && m_pToolTip->m_hWnd != nullptr)
+            m_pToolTip->RelayEvent(pMsg);
+    }
+    return CMDITabs::PreTranslateMessage(pMsg);
+}

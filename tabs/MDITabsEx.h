@@ -1,0 +1,30 @@
+// The strip with one balloon tooltip for all tabs and the drawing icon.
+#pragma once
+
+#include "tabs/MDITabs.h"
+
+#include <memory>
+
+class CMDITabsEx : public CMDITabs {
+public:
+    CMDITabsEx() = default;
+    ~CMDITabsEx() override;
+
+    void Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle);
+
+    // Also destroys the balloon.
+    BOOL DestroyWindow() override;
+    // Shows the message to the balloon.
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+
+protected:
+    bool m_bToolTips = false;
+    std::unique_ptr<CToolTipCtrl> m_pToolTip;
+
+private:
+    void createToolTip(CMDIFrameWnd* pMainFrame);
+    // The shell's small icon for drawings becomes image 0.
+    void addDrawingIcon();
+
+    DECLARE_MESSAGE_MAP()
+};
