@@ -34,6 +34,8 @@ void CEditorReactor::attach()
 {
     TESK_TRACE("CEditorReactor::attach()\n");
     TESK_ASSERT(m_pReactor == NULL);
+    if (m_pReactor != nullptr)
+        return;
     m_pReactor = new CEditorReactor;
     acedEditor->addReactor(m_pReactor);
     m_pReactor->addDocuments();
