@@ -23,7 +23,8 @@ AcDbDatabase* HostServices::workingDatabase() const
 
 void HostServices::setWorkingDatabase(AcDbDatabase* pDatabase)
 {
-    m_pWorking = pDatabase;
+    if (!Faults::hit("AcDbHostApplicationServices::setWorkingDatabase"))
+        m_pWorking = pDatabase;
 }
 
 void forgetWorkingDatabase(const AcDbDatabase* pDatabase)

@@ -7,7 +7,7 @@
 namespace Tesk {
 
 // An open database object, closed on every path. close() is for the normal path,
-// where the caller checks the status; what it leaves open is closed with the scope.
+// where the caller checks the status.
 template <class Object> class CObjectPointer {
 public:
     CObjectPointer() = default;
@@ -26,12 +26,12 @@ public:
     Object* operator->() const { return m_pObject; }
     explicit operator bool() const { return m_pObject != nullptr; }
 
-    // The object must be open. After a failure it still is.
+    // The object must be open. Whatever the status, the pointer is dead then; when the
+    // call raises, the scope's end closes the object.
     Acad::ErrorStatus close()
     {
         const Acad::ErrorStatus status = m_pObject->close();
-        if (status == Acad::eOk)
-            m_pObject = nullptr;
+        m_pObject = nullptr;
         return status;
     }
 
