@@ -1,0 +1,235 @@
+// What the tests of drawings share: folders that go away, DXF text from short
+// notes, and a reactor that writes down what it hears.
+#pragma once
+
+#include "host/drawing/Database.h"
+
+#include "objectarx/dbents.h"
+#include "objectarx/dbsymtb.h"
+
+#include <windows.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+inline std::string readBytes(const std::string& sPath)
+{
+    std::ifstream file(sPath, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void writeBytes(const std::string& sPath, const std::string& sBytes)
+{
+    std::ofstream(sPath, std::ios::binary) << sBytes;
+}
+
+// The files below a folder whose names end so.
+inline void listFiles(const std::string& sFolder, const std::string& sEnding, std::vector<std::string>& files)
+{
+    WIN32_FIND_DATAA data;
+    const HANDLE find = FindFirstFileA((sFolder + "\\*").c_str(), &data);
+    if (find == INVALID_HANDLE_VALUE)
+        return;
+    do {
+        const std::string sName = data.cFileName;
+        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+            if (sName != "." && sName != "..")
+                listFiles(sFolder + "\\" + sName, sEnding, files);
+        } else if (sName.ends_with(sEnding)) {
+            files.push_back(sFolder + "\\" + sName);
+        }
+    } while (FindNextFileA(find, &data));
+    FindClose(find);
+}
+
+// A folder named by the environment, empty when it is not there.
+inline std::string folderFrom(const char* sVariable)
+{
+    const char* sValue = std::getenv(sVariable);
+    std::string sFolder = sValue == nullptr ? "" : sValue;
+    if (sFolder.starts_with('/'))
+        sFolder = "Z:" + sFolder;
+    for (char& c : sFolder)
+        if (c == '/')
+            c = '\\';
+    const DWORD attributes = GetFileAttributesA(sFolder.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) ? sFolder : "";
+}
+
+class TempFolder {
+public:
+    TempFolder()
+    {
+        char base[MAX_PATH], name[MAX_PATH];
+        GetTempPathA(MAX_PATH, base);
+        GetTempFileNameA(base, "drw", 0, name);
+        DeleteFileA(name);
+        CreateDirectoryA(name, nullptr);
+        m_sPath = name;
+    }
+    ~TempFolder()
+    {
+        std::vector<std::string> files;
+        listFiles(m_sPath, "", files);
+        for (const std::string& sFile : files) {
+            SetFileAttributesA(sFile.c_str(), FILE_ATTRIBUTE_NORMAL);
+            DeleteFileA(sFile.c_str());
+        }
+        RemoveDirectoryA(m_sPath.c_str());
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    std::string file(const std::string& sName) const { return m_sPath + "\\" + sName; }
+    std::string write(const std::string& sName, const std::string& sBytes) const
+    {
+        writeBytes(file(sName), sBytes);
+        return file(sName);
+    }
+    std::size_t count() const
+    {
+        std::vector<std::string> files;
+        listFiles(m_sPath, "", files);
+        return files.size();
+    }
+
+private:
+    std::string m_sPath;
+};
+
+// DXF text from tags written "code=value", separated by bars.
+inline std::string dxf(const std::string& sNotes, const std::string& sEnd = "\r\n")
+{
+    std::istringstream notes(sNotes);
+    std::string sText, sTag;
+    while (std::getline(notes, sTag, '|')) {
+        const std::size_t equals = sTag.find('=');
+        sText += sTag.substr(0, equals) + sEnd + sTag.substr(equals + 1) + sEnd;
+    }
+    return sText;
+}
+
+// A drawing around blocks and entities: header variables, then both.
+inline std::string drawing(const std::string& sVersion, const std::string& sHeader, const std::string& sBlocks,
+                           const std::string& sEntities, const std::string& sEnd = "\r\n")
+{
+    return dxf("0=SECTION|2=HEADER|9=$ACADVER|1=" + sVersion + sHeader + "|0=ENDSEC|0=SECTION|2=BLOCKS" + sBlocks +
+                   "|0=ENDSEC|0=SECTION|2=ENTITIES" + sEntities + "|0=ENDSEC|0=EOF",
+               sEnd);
+}
+
+// A border with two attributes, inserted once.
+inline const char kBorderBlock[] = "|0=BLOCK|8=0|2=Border|70=2|10=1.0|20=0.0|0=ATTDEF|5=30|8=0|10=3.0|20=4.0|40=2.5|1=none"
+                                   "|3=Number?|2=NUMBER|70=8|0=ATTDEF|5=31|8=0|10=3.0|20=1.0|40=2.5|1=fixed|3=|2=FIX|70=2"
+                                   "|0=ENDBLK|8=0";
+inline const char kBorderInsert[] = "|0=INSERT|5=40|8=0|66=1|2=BORDER|10=0.0|20=0.0|0=ATTRIB|5=41|8=0|10=2.0|20=3.5|40=2.5"
+                                    "|1=A-1|2=NUMBER|70=5|72=2|11=6.0|21=7.0|51=45.0|71=2|73=12|210=0.0|220=0.0|230=-1.0"
+                                    "|0=ATTRIB|5=42|8=0|10=2.0|20=1.0|40=2.5|1=First|2=TITLE|70=0|0=SEQEND|8=0";
+
+class RecordingReactor : public AcDbDatabaseReactor {
+public:
+    // The calls since the last look, a blank between them; each with DBMOD when it came.
+    std::string heard()
+    {
+        std::string sAll;
+        std::swap(sAll, m_sHeard);
+        return sAll;
+    }
+    int calls = 0;
+
+    void objectAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "appended"); }
+    void objectUnAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "unAppended"); }
+    void objectReAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "reAppended"); }
+    void objectOpenedForModify(const AcDbDatabase* p, const AcDbObject*) override { note(p, "opened"); }
+    void objectModified(const AcDbDatabase* p, const AcDbObject*) override { note(p, "modified"); }
+    void objectErased(const AcDbDatabase* p, const AcDbObject*, Adesk::Boolean bErased) override
+    {
+        note(p, bErased ? "erased" : "unErased");
+    }
+    void headerSysVarWillChange(const AcDbDatabase* p, const char* s) override { note(p, std::string("will:") + s); }
+    void headerSysVarChanged(const AcDbDatabase* p, const char* s, Adesk::Boolean bOk) override
+    {
+        note(p, std::string(bOk ? "did:" : "failed:") + s);
+    }
+    void goodbye(const AcDbDatabase*) override { m_sHeard += m_sHeard.empty() ? "goodbye" : " goodbye"; }
+
+private:
+    void note(const AcDbDatabase* p, const std::string& sCall)
+    {
+        ++calls;
+        m_sHeard += (m_sHeard.empty() ? "" : " ") + sCall + std::to_string(host::Database::of(p)->dbmod());
+    }
+    std::string m_sHeard;
+};
+
+// The record of the name, open for read; null when there is none.
+inline AcDbBlockTableRecord* openBlock(host::Database& database, const char* sName)
+{
+    AcDbBlockTable* pTable = nullptr;
+    AcDbBlockTableRecord* pRecord = nullptr;
+    if (database.getSymbolTable(pTable, AcDb::kForRead) == Acad::eOk) {
+        pTable->getAt(sName, pRecord, AcDb::kForRead);
+        pTable->close();
+    }
+    return pRecord;
+}
+
+inline std::vector<AcDbObjectId> references(host::Database& database, const char* sName)
+{
+    std::vector<AcDbObjectId> result;
+    if (AcDbBlockTableRecord* pRecord = openBlock(database, sName)) {
+        AcDbObjectIdArray ids;
+        pRecord->getBlockReferenceIds(ids);
+        pRecord->close();
+        for (int i = 0; i < ids.length(); ++i)
+            result.push_back(ids[i]);
+    }
+    return result;
+}
+
+inline std::string handleOf(AcDbObjectId id)
+{
+    AcDbObject* pObject = nullptr;
+    if (acdbOpenAcDbObject(pObject, id, AcDb::kForRead) != Acad::eOk)
+        return "";
+    AcDbHandle handle;
+    pObject->getAcDbHandle(handle);
+    pObject->close();
+    char text[17];
+    handle.getIntoAsciiBuffer(text);
+    return text;
+}
+
+inline std::string taken(char* sText)
+{
+    const std::string sResult = sText == nullptr ? "(null)" : sText;
+    acutDelString(sText);
+    return sResult;
+}
+
+// "TAG=text" of a reference's attributes, a blank between them.
+inline std::string attributes(AcDbObjectId id)
+{
+    std::string sAll;
+    AcDbEntity* pEntity = nullptr;
+    if (acdbOpenAcDbEntity(pEntity, id, AcDb::kForRead) != Acad::eOk)
+        return "(closed)";
+    if (AcDbBlockReference* pReference = AcDbBlockReference::cast(pEntity)) {
+        AcDbObjectIterator* pIterator = pReference->attributeIterator();
+        for (; !pIterator->done(); pIterator->step()) {
+            AcDbObject* pObject = nullptr;
+            acdbOpenAcDbObject(pObject, pIterator->objectId(), AcDb::kForRead);
+            if (AcDbAttribute* pAttribute = AcDbAttribute::cast(pObject))
+                sAll += (sAll.empty() ? "" : " ") + taken(pAttribute->tag()) + "=" + taken(pAttribute->textString());
+            if (pObject != nullptr)
+                pObject->close();
+        }
+        delete pIterator;
+    }
+    pEntity->close();
+    return sAll;
+}

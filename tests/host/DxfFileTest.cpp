@@ -1,0 +1,219 @@
+#include "tests/host/DrawingFixture.h"
+
+#include "doctest/doctest.h"
+
+using host::Database;
+using host::DxfFile;
+using host::FileError;
+
+namespace {
+
+// Saves the drawing under another name and gives the bytes written.
+std::string resaved(Database& database, const TempFolder& folder)
+{
+    database.save(folder.file("saved.dwg"));
+    return readBytes(folder.file("saved.dwg"));
+}
+
+std::string reasonOf(const std::string& sPath)
+{
+    try {
+        Database::open(sPath);
+    } catch (const FileError& error) {
+        CHECK(error.file() == sPath);
+        return std::to_string(error.line()) + ": " + error.reason();
+    }
+    return "opened";
+}
+
+// The differing stretches of two texts, as "old->new"; empty when they are equal.
+std::string difference(const std::string& a, const std::string& b)
+{
+    std::size_t head = 0;
+    while (head < a.size() && head < b.size() && a[head] == b[head])
+        ++head;
+    std::size_t tail = 0;
+    while (tail < a.size() - head && tail < b.size() - head && a[a.size() - 1 - tail] == b[b.size() - 1 - tail])
+        ++tail;
+    if (head == a.size() && head == b.size())
+        return "";
+    return a.substr(head, a.size() - head - tail) + "->" + b.substr(head, b.size() - head - tail);
+}
+
+void checkRoundTrips(const std::string& sFolder, const std::string& sEnding)
+{
+    std::vector<std::string> files;
+    listFiles(sFolder, sEnding, files);
+    REQUIRE_FALSE(files.empty());
+    for (const std::string& sFile : files) {
+        CAPTURE(sFile);
+        const TempFolder folder;
+        const std::string sBytes = readBytes(sFile);
+        std::unique_ptr<Database> database = Database::open(sFile);
+        CHECK_FALSE(database->contentsNotRead());
+        CHECK((resaved(*database, folder) == sBytes));
+
+        // An edit shows, and its undo leaves no trace.
+        REQUIRE(database->addLine(0, 0, 10.5, 3) == Acad::eOk);
+        const std::string sEdited = resaved(*database, folder);
+        CHECK(sEdited.size() > sBytes.size());
+        CHECK(sEdited.find("LINE", sBytes.find("ENTITIES")) != std::string::npos);
+        CHECK(Database::open(folder.file("saved.dwg"))->eraseLast() == Acad::eOk);
+        REQUIRE(database->undo());
+        CHECK((resaved(*database, folder) == sBytes));
+    }
+}
+
+} // namespace
+
+TEST_CASE("the samples are written back byte for byte")
+{
+    const std::string sFolder = folderFrom("ZAVIK_SAMPLES");
+    REQUIRE_MESSAGE(!sFolder.empty(), "ZAVIK_SAMPLES must name the folder of the samples");
+    checkRoundTrips(sFolder, ".dwg");
+}
+
+TEST_CASE("drawings of other programs are written back byte for byte")
+{
+    const std::string sFolder = folderFrom("ZAVIK_SHARED");
+    if (sFolder.empty()) {
+        MESSAGE("NOT TESTED: the folder of shared drawings (ZAVIK_SHARED) is not here");
+        return;
+    }
+    checkRoundTrips(sFolder, ".dxf");
+}
+
+TEST_CASE("an edited attribute is the only difference, whatever the layout of the file")
+{
+    const TempFolder folder;
+    for (const std::string sEnd : {"\r\n", "\n"}) {
+        std::string sBytes = drawing("AC1015", "|9=$HANDSEED|5=99", kBorderBlock, kBorderInsert, sEnd);
+        // Group codes padded as another program would, a comment, line ends mixed.
+        sBytes.replace(sBytes.find("40" + sEnd + "2.5"), 2, "    40  ");
+        sBytes = "999" + sEnd + "made by hand\n" + sBytes + "\n\n";
+        const std::string sPath = folder.write("border.dwg", sBytes);
+        std::unique_ptr<Database> database = Database::open(sPath);
+        REQUIRE(database->setAttribute("title", "Last") == Acad::eOk);
+        CHECK(difference(sBytes, resaved(*database, folder)) == "Fir->La");
+    }
+}
+
+TEST_CASE("a malformed file is refused with line and reason")
+{
+    const TempFolder folder;
+    const std::string sGood = drawing("AC1009", "", "", "|0=LINE|8=0", "\n");
+    const auto with = [&](const std::string& sOld, const std::string& sNew) {
+        std::string sText = sGood;
+        return sText.replace(sText.find(sOld), sOld.size(), sNew);
+    };
+    const struct {
+        std::string bytes, expected;
+    } rows[] = {
+        {sGood, "opened"},
+        {"\xEF\xBB\xBF" + sGood, "opened"},
+        {sGood.substr(0, sGood.size() - 1), "opened"},
+        {with("0\nEOF\n", ""), "opened"},
+        {with("0\nEOF\n", "0\nENDSEC\n0\nEOF\n"), "opened"},
+        {sGood + "what follows is nobody's\n", "opened"},
+        {"", "0: the file is empty"},
+        {" \r\n\r\n", "0: the file is empty"},
+        {"0\nEOF\n", "0: no SECTION in the file"},
+        {with("LINE\n8\n", "LINE\neight\n"), "23: group code is not a number"},
+        {with("LINE\n8\n", "LINE\n8.5\n"), "23: group code is not a number"},
+        {with("LINE\n8\n", "LINE\n\n8\n"), "23: group code is not a number"},
+        {with("LINE\n8\n", "LINE\n99999999999\n"), "23: group code is not a number"},
+        {with("8\n0\n0\nENDSEC\n0\nEOF\n", "8\n"), "23: the file ends in the middle of a tag"},
+        {with("8\n0\n0\nENDSEC\n0\nEOF\n", "8\n0\n"), "25: the file ends inside section ENTITIES"},
+        {sGood.substr(0, sGood.size() - 15) + "0\nEOF\n", "25: section ENTITIES has no ENDSEC"},
+        {with("0\nENDSEC\n", ""), "9: SECTION inside section HEADER"},
+        {with("LINE", std::string("LI\0E", 4)), "22: NUL byte in the text"},
+        {std::string("AutoCAD Binary DXF\r\n\x1a\0\0", 24), "0: binary DXF cannot be read"},
+        {"%PDF-1.4\nnot a drawing\n", "1: group code is not a number"},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.bytes);
+        CHECK(reasonOf(folder.write("bad.dwg", row.bytes)) == row.expected);
+    }
+    CHECK(reasonOf(folder.file("missing.dwg")) == "0: file not found");
+    CHECK(reasonOf(folder.file("no folder\\missing.dwg")) == "0: file not found");
+    CHECK_THROWS_AS(Database::open(folder.file(".")), FileError);
+}
+
+TEST_CASE("a binary drawing opens with its file facts and is copied when saved")
+{
+    const TempFolder folder;
+    const std::string sBytes = std::string("AC1018\0\0\0\x01 binary\n\0 contents", 28);
+    const std::string sPath = folder.write("binary.dwg", sBytes);
+    std::unique_ptr<Database> database = Database::open(sPath);
+    CHECK(database->contentsNotRead());
+    CHECK(database->version() == "AC1018");
+    CHECK(database->path() == sPath);
+    REQUIRE(database->addLine(0, 0, 1, 1) == Acad::eOk);
+    CHECK(database->dbmod() == Database::kObjects);
+    CHECK((resaved(*database, folder) == sBytes));
+    CHECK(database->dbmod() == 0);
+}
+
+TEST_CASE("a failed save keeps the old file and the modified state")
+{
+    const TempFolder folder;
+    const std::string sBytes = drawing("AC1009", "", "", "");
+    const std::string sPath = folder.write("plan.dwg", sBytes);
+    std::unique_ptr<Database> database = Database::open(sPath);
+    database->addLine(0, 0, 1, 1);
+
+    SetFileAttributesA(sPath.c_str(), FILE_ATTRIBUTE_READONLY);
+    CHECK_THROWS_WITH_AS(database->save(sPath), (sPath + ": the file is read-only").c_str(), FileError);
+    CHECK((readBytes(sPath) == sBytes));
+    SetFileAttributesA(sPath.c_str(), FILE_ATTRIBUTE_NORMAL);
+
+    const std::string sNowhere = folder.file("no folder\\plan.dwg");
+    CHECK_THROWS_AS(database->save(sNowhere), FileError);
+
+    // Held open by another program: the rename cannot replace it.
+    const HANDLE held = CreateFileA(sPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    CHECK_THROWS_AS(database->save(sPath), FileError);
+    CloseHandle(held);
+    CHECK((readBytes(sPath) == sBytes));
+    CHECK(database->path() == sPath);
+    CHECK(database->dbmod() == Database::kObjects);
+    // No temporary file stays behind.
+    CHECK(folder.count() == 1);
+
+    database->save(sPath);
+    CHECK(database->dbmod() == 0);
+    CHECK(readBytes(sPath).size() > sBytes.size());
+}
+
+TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding")
+{
+    const TempFolder folder;
+    const struct {
+        const char *version, *codePage, *raw, *text, *edited;
+    } rows[] = {
+        {"AC1009", "ANSI_1252", "Gr\xFC\xDF", "Gr\xFC\xDF", "\xC4\xE9"},
+        {"AC1015", "ANSI_1252", "\\U+00FCber", "\xFC" "ber", "\xE4"},
+        {"AC1015", "dos850", "\x81" "ber", "\xFC" "ber", "\x84"},
+        {"AC1024", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC3\x84\xC3\xA9"},
+        {"AC1024", "ANSI_1252", "\xCE\xA9", "\\U+03A9", "\xCE\xA9"},
+        {"AC1015", "ANSI_1251", "\xC6", "\\U+0416", "\xC6"},
+        {"AC1015", "ANSI_1252", "a^ b^Jc", "a^b\nc", "a^ ^J"},
+        {"AC1015", "no such page", "\\U+zz \\U", "\\U+zz \\U", "\\U+03A9"},
+    };
+    const char* edits[] = {"\xC4\xE9", "\xE4", "\xE4", "\xC4\xE9", "\\U+03A9", "\\U+0416", "a^\n", "\\U+03A9"};
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const auto& row = rows[i];
+        CAPTURE(row.raw);
+        std::string sInsert = kBorderInsert;
+        sInsert.replace(sInsert.find("First"), 5, row.raw);
+        const std::string sHeader = std::string("|9=$DWGCODEPAGE|3=") + row.codePage;
+        const std::string sBytes = drawing(row.version, sHeader, kBorderBlock, sInsert);
+        std::unique_ptr<Database> database = Database::open(folder.write("text.dwg", sBytes));
+        CHECK(attributes(references(*database, "border").at(0)) == std::string("NUMBER=A-1 TITLE=") + row.text);
+        if (row.codePage != std::string("ANSI_1251")) {
+            REQUIRE(database->setAttribute("TITLE", edits[i]) == Acad::eOk);
+            const std::string sSaved = resaved(*database, folder);
+            CHECK(sSaved.find(std::string("1\r\n") + row.edited + "\r\n") != std::string::npos);
+        }
+    }
+}
