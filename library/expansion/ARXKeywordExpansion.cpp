@@ -44,7 +44,9 @@ void CARXKeywordExpansion::createTitleBlock()
 
 void CARXKeywordExpansion::buildFileMappings()
 {
-    CKeywordExpansion::buildFileMappings();
+    // As in the base's constructor, a drawing without a name has no keywords of a file.
+    if (!m_sFileName.IsEmpty())
+        CKeywordExpansion::buildFileMappings();
     if (m_pDatabase == nullptr)
         return;
     TESK_ASSERT(!m_bHalvoranMappingsBuilt);

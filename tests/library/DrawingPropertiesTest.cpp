@@ -1,0 +1,116 @@
+#include "host/drawing/Faults.h"
+#include "host/drawing/Memory.h"
+#include "library/drawing/ARXDrawingProperties.h"
+#include "objectarx/summinfo.h"
+#include "tests/library/DrawingFixture.h"
+
+#include <vector>
+
+using Tesk::CARXDrawingProperties;
+
+namespace {
+
+DrawingText described()
+{
+    return DrawingText()
+        .variable("TITLE", "Plan").variable("SUBJECT", "Ground floor").variable("AUTHOR", "K. M\xFCller")
+        .variable("COMMENTS", "two").variable("KEYWORDS", "a, b").variable("LASTSAVEDBY", "km")
+        .variable("REVISIONNUMBER", "4").variable("HYPERLINKBASE", "http://base/")
+        .custom("b", "1").custom("A", "2").custom("a", "3");
+}
+
+std::string fields(CARXDrawingProperties& properties)
+{
+    return (properties.getTitle() + "/" + properties.getSubject() + "/" + properties.getAuthor() + "/"
+            + properties.getComments() + "/" + properties.getKeywords() + "/" + properties.getLastSavedBy() + "/"
+            + properties.getRevisionNumber() + "/" + properties.getHyperLink())
+        .str();
+}
+
+// Keys and values in the drawing's own order.
+std::string customOf(host::Database& database)
+{
+    AcDbDatabaseSummaryInfo* pInfo = nullptr;
+    REQUIRE(acdbGetSummaryInfo(&database, pInfo) == Acad::eOk);
+    std::string sAll;
+    for (int i = 0; i < pInfo->numCustomInfo(); ++i) {
+        char* sKey = nullptr;
+        char* sValue = nullptr;
+        REQUIRE(pInfo->getCustomSummaryInfo(i, sKey, sValue) == Acad::eOk);
+        sAll += std::string(sKey) + "=" + sValue + ";";
+        acdbFree(sKey);
+        acdbFree(sValue);
+    }
+    delete pInfo;
+    return sAll;
+}
+
+}
+
+TEST_CASE_FIXTURE(DrawingFixture, "summary properties are read, and again after they changed")
+{
+    const long allocations = host::liveAllocations();
+    const auto database = open(described().custom("A", "later"));
+    CARXDrawingProperties properties(database.get());
+    CHECK(properties.isValid());
+    CHECK(fields(properties) == "Plan/Ground floor/K. M\xFCller/two/a, b/km/4/http://base/");
+    // Of two entries with one key the later one counts.
+    CHECK(properties.getCustomEntries() == std::map<CString, CString>{{"A", "later"}, {"a", "3"}, {"b", "1"}});
+    CHECK(properties.getNumberOfCustomEntries() == 4);
+
+    REQUIRE(database->setSummaryField("title", "Elevation") == Acad::eOk);
+    properties.read();
+    CHECK(properties.getTitle() == "Elevation");
+
+    const auto plain = open(DrawingText(), "plain.dwg");
+    CARXDrawingProperties none(plain.get());
+    CHECK(fields(none) == "///////");
+    CHECK(none.getCustomEntries().empty());
+    CHECK(none.getNumberOfCustomEntries() == 0);
+    CHECK_FALSE(CARXDrawingProperties().isValid());
+    CHECK(host::liveAllocations() == allocations);
+}
+
+TEST_CASE_FIXTURE(DrawingFixture, "summary properties are written, custom ones in the order of their keys")
+{
+    auto database = open(described());
+    CHECK(customOf(*database) == "b=1;A=2;a=3;");
+    CARXDrawingProperties properties(database.get());
+    properties.getTitle() = "Section";
+    properties.getCustomEntries().erase("A");
+    properties.getCustomEntries()["Z"] = "new";
+    properties.write();
+    CHECK(database->dbmod() != 0);
+
+    database->save(path("written.dwg"));
+    database = host::Database::open(path("written.dwg"));
+    CHECK(customOf(*database) == "Z=new;a=3;b=1;");
+    CARXDrawingProperties again(database.get());
+    CHECK(fields(again) == "Section/Ground floor/K. M\xFCller/two/a, b/km/4/http://base/");
+    CHECK(again.getCustomEntries() == properties.getCustomEntries());
+}
+
+TEST_CASE_FIXTURE(DrawingFixture, "a host that does not give the summary information")
+{
+    const auto database = open(described());
+    CARXDrawingProperties properties(database.get());
+
+    host::Faults::failNth("acdbGetSummaryInfo", 1);
+    properties.read();
+    CHECK(properties.isValid());
+    CHECK(properties.getTitle() == "Plan");
+    CHECK(properties.getCustomEntries().empty());
+
+    // Nothing of that half-empty object may reach the drawing.
+    host::Faults::failNth("acdbGetSummaryInfo", 1);
+    properties.write();
+    CHECK(host::Faults::fired());
+    CHECK(customOf(*database) == "b=1;A=2;a=3;");
+
+    host::Faults::failNth("AcDbDatabaseSummaryInfo::getTitle", 1);
+    properties.read();
+    CHECK(host::Faults::fired());
+    host::Faults::clear();
+    CHECK(fields(properties) == "/Ground floor/K. M\xFCller/two/a, b/km/4/http://base/");
+    CHECK(properties.getCustomEntries().size() == 3);
+}
