@@ -66,7 +66,7 @@ void CGUIConsole::writeLine(std::string_view sLine) noexcept
     if (!open())
         return;
     try {
-        const std::string sText = std::string(sLine) + "\r\n";
+        const std::string sText = std::string(sLine.substr(0, sLine.find_last_not_of('\n') + 1)) + "\r\n";
         DWORD dwWritten = 0;
         ::WriteFile(m_hOutput, sText.data(), static_cast<DWORD>(sText.size()), &dwWritten, nullptr);
     } catch (const std::exception&) {

@@ -15,7 +15,7 @@ class CGUIConsole {
 public:
     static CGUIConsole& get();
 
-    // Writes one line; lines of several threads do not mix. Never raises.
+    // Writes one line, less its trailing line feeds; lines of several threads do not mix. Never raises.
     void writeLine(std::string_view sLine) noexcept;
 
     // Closes the window, if this object opened it. A later line opens it again.

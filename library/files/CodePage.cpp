@@ -1,23 +1,14 @@
 #include "library/files/CodePage.h"
 
+#include "library/text/MultiByte.h"
+
 #include <climits>
 
 namespace Tesk {
 
-UINT getConversionCodePage()
-{
-    static const UINT uCodePage = [] {
-        OSVERSIONINFOA version = {};
-        version.dwOSVersionInfoSize = sizeof version;
-        const bool bNT = ::GetVersionExA(&version) && version.dwPlatformId == VER_PLATFORM_WIN32_NT;
-        return static_cast<UINT>(bNT ? CP_THREAD_ACP : CP_ACP);
-    }();
-    return uCodePage;
-}
-
 UINT getThreadCodePage()
 {
-    if (getConversionCodePage() == CP_THREAD_ACP) {
+    if (MultiByte::codePage() == CP_THREAD_ACP) {
         DWORD dwCodePage = 0;
         if (::GetLocaleInfoA(::GetThreadLocale(), LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
                              reinterpret_cast<char*>(&dwCodePage), sizeof dwCodePage) > 0 &&
@@ -34,7 +25,7 @@ std::wstring toWide(std::string_view sText)
         return sWide;
     const int iBytes = static_cast<int>(sText.size());
     sWide.resize(sText.size());  // never more characters than bytes
-    const int iCount = ::MultiByteToWideChar(getConversionCodePage(), 0, sText.data(), iBytes, sWide.data(), iBytes);
+    const int iCount = ::MultiByteToWideChar(MultiByte::codePage(), 0, sText.data(), iBytes, sWide.data(), iBytes);
     sWide.resize(iCount > 0 ? static_cast<size_t>(iCount) : 0);
     return sWide;
 }
@@ -45,7 +36,7 @@ std::string toNarrow(std::wstring_view sText)
     if (sText.empty() || sText.size() > INT_MAX)
         return sNarrow;
     const int iUnits = static_cast<int>(sText.size());
-    const UINT uCodePage = getConversionCodePage();
+    const UINT uCodePage = MultiByte::codePage();
     const int iSize = ::WideCharToMultiByte(uCodePage, 0, sText.data(), iUnits, nullptr, 0, nullptr, nullptr);
     if (iSize <= 0)
         return sNarrow;

@@ -9,9 +9,6 @@
 
 namespace Tesk {
 
-// What the conversions are given: CP_THREAD_ACP where the system has it.
-UINT getConversionCodePage();
-
 // The number of the current thread's ANSI code page.
 UINT getThreadCodePage();
 

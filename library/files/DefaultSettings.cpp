@@ -2,11 +2,14 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/TextFileContents.h"
+#include "library/text/MultiByte.h"
 
 #include <cstring>
 #include <string>
 
 namespace Tesk {
+
+using MultiByte::trim;
 
 namespace {
 
@@ -14,16 +17,6 @@ constexpr char cSectionOpen = '[';
 constexpr char cSectionClose = ']';
 constexpr char cComment = ';';
 constexpr char cEquals = '=';
-constexpr std::string_view c_whiteSpace = " \t\r\n\v\f";
-
-// White space and "=" are never the second byte of a double-byte character.
-std::string_view trim(std::string_view sText)
-{
-    const size_t first = sText.find_first_not_of(c_whiteSpace);
-    if (first == sText.npos)
-        return {};
-    return sText.substr(first, sText.find_last_not_of(c_whiteSpace) - first + 1);
-}
 
 // How many "]" the text ends in. It is read from its start, as "]" may be the
 // second byte of a double-byte character.

@@ -1,0 +1,132 @@
+#include "tests/library/BoxCloser.h"
+#include "tests/library/LibraryFixture.h"
+
+#include "library/diagnostics/StackWalker.h"
+
+#include <doctest/doctest.h>
+
+namespace {
+
+constexpr UINT c_assertMessage = WM_APP + 1;
+int g_iAfter = 0;
+
+LRESULT CALLBACK assertingWindow(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (uMessage == c_assertMessage) {
+        TESK_ASSERT_TEXT(false, "inner");
+        ++g_iAfter;
+    }
+    return ::DefWindowProcA(hWnd, uMessage, wParam, lParam);
+}
+
+__attribute__((noinline)) size_t framesAtDepth(int iDepth)
+{
+    if (iDepth == 0)
+        return Tesk::CStackWalker().getFrames().size();
+    const volatile size_t count = framesAtDepth(iDepth - 1);  // volatile: no tail call
+    return count;
+}
+
+} // namespace
+
+TEST_CASE_FIXTURE(CLibraryFixture, "a failed assertion shows its box, is written, and execution goes on")
+{
+    startAt(2);
+    const int iValue = 3;
+    CBoxCloser closer;
+    TESK_ASSERT(iValue == 3);
+    TESK_ASSERT(iValue == 4);
+    const int iLine = __LINE__ - 1;
+    const std::vector<std::string> texts = closer.stop();
+    REQUIRE(texts.size() == 1);
+    const CString sModule = moduleName();
+    CHECK(closer.title() == "Assertion Failure: " + sModule.str());
+    CString sStart;
+    sStart.Format("Module : <%s>\nAssertion : <iValue == 4>\nFile : <AssertionTest>\nLine : %d\n\n%s + 0x",
+                  sModule.GetString(), iLine, sModule.GetString());
+    CAPTURE(texts[0]);
+    CHECK(texts[0].starts_with(sStart.str()));
+    CString sShort;
+    sShort.Format("] AssertionTest(%d): Assertion in \"%s\" (iValue == 4).\r\n[", iLine, sModule.GetString());
+    CHECK(log().find(sShort.str()) != std::string::npos);
+    CHECK(commandLinePieces().empty());  // reports are not echoed
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 the box is shown and nothing is written; at level 0 neither")
+{
+    startAt(1);
+    int iCalls = 0;
+    CBoxCloser closer;
+    TESK_VERIFY(++iCalls == 0);
+    Tesk::setDiagnosticsLevel(0);
+    TESK_VERIFY(++iCalls == 0);
+    TESK_ASSERT(++iCalls == 0);
+    CHECK(iCalls == 2);
+    CHECK(closer.stop().size() == 1);
+    CHECK(log().empty());
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "an assertion met while a box is up is written but not shown")
+{
+    startAt(2);
+    const HWND hWnd = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    ::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(assertingWindow));
+    g_iAfter = 0;
+    CBoxCloser closer(hWnd, c_assertMessage);
+    TESK_ASSERT_TEXT(false, "outer");
+    CHECK(closer.stop().size() == 1);
+    CHECK(g_iAfter == 1);
+    const std::string sLog = log();
+    CHECK(sLog.find("(inner).") < sLog.find("(outer)."));
+    CHECK(sLog.find("(outer).") != std::string::npos);
+    ::DestroyWindow(hWnd);
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "start and stop assert their preconditions and go on")
+{
+    Tesk::setDiagnosticsLevel(1);
+    const auto assertionsOf = [](auto action) {
+        CBoxCloser closer;
+        action();
+        std::string sAll;
+        for (const std::string& sText : closer.stop()) {
+            const size_t begin = sText.find("Assertion : <") + 13;
+            sAll += sText.substr(begin, sText.find(">\n", begin) - begin) + "; ";
+        }
+        return sAll;
+    };
+    const HINSTANCE hModule = ::GetModuleHandleA(nullptr);
+    CHECK(assertionsOf([] { Tesk::getCurrentModule(); }) == "G_bLibraryInitialised; ");
+    CHECK(assertionsOf([] { Tesk::getApplicationVersionLabel(); }) ==
+          "G_bLibraryInitialised; G_pApplicationID != NULL; ");
+    CHECK(assertionsOf([&] { Tesk::initialiseLibrary("", hModule, false); }) ==
+          "!CString(sApplicationName).IsEmpty(); ");
+    CHECK(assertionsOf([&] { Tesk::initialiseLibrary("Test", hModule, false); }) ==
+          "!G_bLibraryInitialised; G_pApplicationID == NULL; ");
+    CHECK(Tesk::getCurrentModule() == hModule);
+    CHECK(assertionsOf([] { Tesk::terminateLibrary(); }) == "");
+    CHECK(assertionsOf([] { Tesk::terminateLibrary(); }) ==
+          "G_hCurrentModule != NULL; G_bLibraryInitialised; !G_sApplicationName.IsEmpty(); "
+          "G_pApplicationID != NULL; ");
+    CHECK(Tesk::G_sApplicationName.IsEmpty());
+    CHECK(Tesk::G_hCurrentModule == nullptr);
+}
+
+TEST_CASE("the call stack has a frame a call, at most fifty")
+{
+    const size_t here = framesAtDepth(0);
+    CHECK(here >= 2);
+    CHECK(framesAtDepth(5) == here + 5);
+    CHECK(framesAtDepth(200) == 50);
+}
+
+TEST_CASE("frames name module and offset, and the export where there is one")
+{
+    const std::string sText = Tesk::CStackWalker().describe().str();
+    CAPTURE(sText);
+    char sPath[MAX_PATH];
+    ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
+    const std::string sModule = std::string(sPath).substr(std::string(sPath).rfind('\\') + 1);
+    CHECK(sText.starts_with(sModule + " + 0x"));
+    CHECK(sText.find("kernel32.dll + 0x") != std::string::npos);
+}

@@ -1,0 +1,7 @@
+// What the code under test prints on the CAD command line, call by call.
+#pragma once
+
+#include <string>
+#include <vector>
+
+std::vector<std::string>& commandLinePieces();

@@ -1,0 +1,272 @@
+#include "library/files/DefaultSettings.h"
+
+#include "library/diagnostics/Prerelease.h"
+#include "tests/library/TestFolder.h"
+#include "tests/library/TestRandom.h"
+#include "tests/library/ThreadCodePage.h"
+
+#include <doctest/doctest.h>
+
+using namespace std::string_literals;
+using Lines = std::vector<std::string>;
+using Tesk::CDefaultSettings;
+using Tesk::CDefaultSettingsException;
+
+namespace {
+
+constexpr LCID c_chinese = MAKELCID(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED), SORT_DEFAULT);
+constexpr LCID c_russian = MAKELCID(MAKELANGID(LANG_RUSSIAN, SUBLANG_DEFAULT), SORT_DEFAULT);
+
+Lines toLines(const std::vector<CString>& vLines)
+{
+    Lines lines;
+    for (const CString& sLine : vLines)
+        lines.push_back(sLine.str());
+    return lines;
+}
+
+Lines contentsOf(const CTestFolder& folder, const std::string& sBytes)
+{
+    return toLines(CDefaultSettings({folder.file("s.ini", sBytes)}, false).getContents());
+}
+
+struct Case {
+    std::string m_sBytes;
+    Lines m_contents;
+};
+
+} // namespace
+
+TEST_CASE("what the lines of a settings file mean")
+{
+    const CTestFolder folder;
+    const Case cases[] = {
+        {"", {}},
+        {"\xFF\xFE", {}},
+        {"; note\n\n  \t \r\n ;x=1\n", {}},
+        {"KEY = a=b ; c", {"KEY=a=b ; c"}},
+        {"a=1\n[S]\na=2\n[]\nb=3", {"a=1", "b=3", "[S]", "a=2"}},
+        {"  [Tabs]  \nk=v", {"[Tabs]", "k=v"}},
+        {"[A]\na=1\n[B] ; note\nb=2", {"[A]", "a=1", "b=2"}},
+        {"[[Name]]\nk=v", {"[Name]", "k=v"}},
+        {"[ Name ]\nk=1\n[Name]\nk=2", {"[ Name ]", "k=1", "[Name]", "k=2"}},
+        {"[General]\nWidth=1\n[GENERAL]\nWIDTH=2", {"[General]", "Width=2"}},
+        {"[Empty]\n[[\n[x", {}},
+        {"[a]b]\nk=v", {"[a]b]", "k=v"}},
+        {"=v\n=w\nk=", {"=w", "k="}},
+        {"k=\"  q \"", {"k=\"  q \""}},
+        {"# = x\n// = y", {"#= x"s.replace(1, 2, "="), "//=y"}},
+        {"b=1\nA=2\n_=3\nB=4", {"_=3", "A=2", "b=4"}},
+        {"a\r=\rb\r\n", {"a=b"}},
+        {"k=v\x1Ano equals sign", {"k=v"}},
+        {"k\0=v\0w"s, {"k\0=v\0w"s}},
+        {utf16(L"[\xC9t\xE9]\r\nk=\x20AC\x3042"), {"[\xC9t\xE9]", "k=\x80?"}},
+        {utf16(L"k=v") + "x", {"k=v"}},
+    };
+    for (const auto& each : cases) {
+        CAPTURE(each.m_sBytes);
+        CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
+    }
+}
+
+TEST_CASE("letters are folded in the thread's code page, others are not")
+{
+    const CTestFolder folder;
+    {
+        const CThreadLocale english(CThreadLocale::english);
+        CHECK(contentsOf(folder, "\xC4=1\n\xE4=2\n\xD7=3\n\xF7=4\n\x8A=5\n\x9A=6") ==
+              Lines{"\x8A=6", "\xD7=3", "\xC4=2", "\xF7=4"});
+    }
+    {
+        const CThreadLocale russian(c_russian);
+        CHECK(contentsOf(folder, "[\xC6]\n\xC0=1\n[\xE6]\n\xE0=2\n\xA8=3\n\xB8=4") ==
+              Lines{"[\xC6]", "\xA8=4", "\xC0=2"});
+    }
+}
+
+TEST_CASE("double-byte characters whose second byte looks like syntax")
+{
+    const CTestFolder folder;
+    {
+        const CThreadLocale japanese(CThreadLocale::japanese);
+        const Case cases[] = {
+            // 0x835B, 0x835C and 0x835D end in "[", "\" and "]"
+            {"[\x83\x5D]\nk=\x83\x5C", {"[\x83\x5D]", "k=\x83\x5C"}},
+            {"[a]\nx=1\n[\x83\x5D\ny=2", {"[a]", "x=1", "y=2"}},
+            {"[\x83\x5D]]\nk=v", {"[\x83\x5D]", "k=v"}},
+            {"\x83\x5B=1\n\x83\x7B=2", {"\x83\x5B=1", "\x83\x7B=2"}},
+            {"\x81\x40k\x81\x40=\x81\x40", {"\x81\x40k\x81\x40=\x81\x40"}},
+            // full-width A and a are one letter; the bytes 0x61 and 0x41 in second place are not
+            {"\x82\x60=1\n\x82\x81=2", {"\x82\x60=2"}},
+            {"\x83\x41=1\n\x83\x61=2", {"\x83\x41=1", "\x83\x61=2"}},
+            {"\x84\x40=1\n\x84\x70=2", {"\x84\x40=2"}},
+        };
+        for (const auto& each : cases) {
+            CAPTURE(each.m_sBytes);
+            CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
+        }
+    }
+    const CThreadLocale chinese(c_chinese);
+    CHECK(contentsOf(folder, "[\x81\x5D\xB0\x5D]\n\x81\x5C=1\n\x81\x7C=2\n\xA3\xC1=3\n\xA3\xE1=4") ==
+          Lines{"[\x81\x5D\xB0\x5D]", "\x81\x5C=1", "\x81\x7C=2", "\xA3\xC1=4"});
+}
+
+TEST_CASE("the comparison is an ordering in every code page")
+{
+    CTestRandom random;
+    CAPTURE(random.seed());
+    for (const UINT uCodePage : {1252u, 932u, 936u}) {
+        const Tesk::CCaseFold fold(uCodePage);
+        Lines texts;
+        for (int i = 0; i < 60; ++i)
+            texts.push_back(random.text("a A b \xC4 \xE4 \x82 \x60 \x81 \x40 \xA3\xC1 \xA3\xE1 \xFF", 4));
+        for (const auto& a : texts)
+            for (const auto& b : texts) {
+                REQUIRE(fold.compare(a, b) == -fold.compare(b, a));
+                for (const auto& c : texts)
+                    if (fold.compare(a, b) <= 0 && fold.compare(b, c) <= 0)
+                        REQUIRE(fold.compare(a, c) <= 0);
+            }
+    }
+}
+
+TEST_CASE("later files override, and the section runs on into the next file")
+{
+    const CTestFolder folder;
+    const CString sFirst = folder.file("a.ini", "[S]\nk=1\nonly=a");
+    const CString sSecond = folder.file("b.ini", "K=2\n[T]\nk=3");
+    const CDefaultSettings settings({sFirst, sSecond}, true);
+    CHECK(toLines(settings.getContents()) == Lines{"[S]", "k=2", "only=a", "[T]", "k=3"});
+    CHECK(toLines(settings.getKeyLines()) == Lines{"k=1", "only=a", "K=2", "k=3"});
+    CHECK(CDefaultSettings({sFirst}, false).getKeyLines().empty());
+}
+
+TEST_CASE("lookups")
+{
+    const CTestFolder folder;
+    CDefaultSettings settings({folder.file("a.ini", "free=1\n[Tabs]\nWidth=2")}, false);
+    CHECK(settings.isDefined("TABS", "width"));
+    CHECK(settings.getValue("tabs", "WIDTH") == "2");
+    CHECK(settings.getValue("", "FREE") == "1");
+    CHECK_FALSE(settings.isDefined("Tabs", "free"));
+    CHECK_FALSE(settings.isDefined("None", "width"));
+    CHECK(messageOf([&] { settings.getValue("None", "Width"); }) == "Error : Invalid section (None).");
+    CHECK(messageOf([&] { settings.getValue("Tabs", "Colour"); }) == "Error : Invalid key (Colour).");
+    settings.setValue("tabs", "WIDTH", "3");
+    settings.setValue("new", "k", "v");
+    CHECK(toLines(settings.getContents()) == Lines{"free=1", "[new]", "k=v", "[Tabs]", "Width=3"});
+}
+
+TEST_CASE("a key line without = names file and line, blank lines and comments counted")
+{
+    const CTestFolder folder;
+    const CString sFile = folder.file("a.ini", "; c\n\n[S]\nk=v\nTabs\nx=y");
+    const CString sNext = folder.file("b.ini", "z=1");
+    CHECK(messageOf([&] { CDefaultSettings({sFile, sNext}, false); }) ==
+          ("Error (<<" + sFile + ">> @ line 5) : Tokenising error.").str());
+
+    CDefaultSettings settings({}, false);
+    messageOf([&] { settings.readAFile(sFile); });
+    CHECK(toLines(settings.getContents()) == Lines{"[S]", "k=v"});
+    settings.readAFile(sNext);  // a failed read leaves nothing behind
+    CHECK(settings.isDefined("S", "z"));
+}
+
+TEST_CASE("a file that cannot be opened is a file error")
+{
+    const CTestFolder folder;
+    const CString sFile = folder.path() + "none.ini";
+    try {
+        CDefaultSettings({sFile}, false);
+        FAIL("nothing raised");
+    } catch (CFileException* pException) {
+        CHECK(pException->m_nErrno == ENOENT);
+        CHECK(pException->m_strFileName == sFile);
+        pException->Delete();
+    }
+}
+
+TEST_CASE("the text of every code")
+{
+    const char* const messages[] = {"Error opening file", "Error writing file", "Tokenising error",
+                                    "Invalid section", "Invalid key", "Remove is disallowed", "Unknown error"};
+    CString sText;
+    for (uint32_t i = 0; i < std::size(messages); ++i) {
+        CHECK(CDefaultSettingsException(i).getErrorText(sText));
+        CHECK(sText == "Error : " + CString(messages[i]) + ".");
+    }
+    CDefaultSettingsException exception(7, "extra");
+    exception.setLine(3);
+    CHECK_FALSE(exception.getErrorText(sText));
+    CHECK(sText == "Error : ");
+    exception.setCode(6);
+    exception.setFileName("C:\\Data\\a.ini");
+    CHECK(exception.getErrorText(sText));
+    CHECK(sText == "Error (<<C:\\Data\\a.ini>> @ line 3) : Unknown error (extra).");
+    exception.setLine(CDefaultSettingsException::c_noLine);
+    CHECK(exception.getErrorText(sText));
+    CHECK(sText == "Error (<<C:\\Data\\a.ini>>) : Unknown error (extra).");
+    char sShort[6];
+    CHECK(exception.GetErrorMessage(sShort, sizeof sShort));
+    CHECK(sShort == "Error"s);
+}
+
+TEST_CASE("a hundred thousand keys, and lines of a megabyte")
+{
+    const CTestFolder folder;
+    std::string sBytes;
+    for (int i = 0; i < 100'000; ++i)
+        sBytes += "Key" + std::to_string(i * 7919 % 100'003) + " = value " + std::to_string(i) + "\r\n";
+    const std::string sLong(1'000'000, 'x');
+    sBytes += sLong + "=" + sLong + "\n[" + sLong + "]\nk=v";
+    const CDefaultSettings settings({folder.file("a.ini", sBytes)}, false);
+    CHECK(settings.getValue("", "KEY7919") == "value 1");
+    CHECK(settings.getValue("", sLong.c_str()) == sLong.c_str());
+    CHECK(settings.getValue(sLong.c_str(), "k") == "v");
+    CHECK(settings.getContents().size() == 100'003);
+    const std::string sMany(200'000, ']');
+    CHECK(contentsOf(folder, "[a" + sMany + "\nk=v") == Lines{"[a]", "k=v"});
+}
+
+// Whatever the bytes: no crash, no hang, and what was read can be read back.
+TEST_CASE("generated and mutated files for a bounded time")
+{
+    const CTestFolder folder;
+    CTestRandom random;
+    MESSAGE("seed ", random.seed());
+#ifdef _GLIBCXX_ASSERTIONS
+    const DWORD dwSeconds = 10;  // the checked build traps where the other would go on
+#else
+    const DWORD dwSeconds = 2;
+#endif
+    const DWORD dwStart = ::GetTickCount();
+    const LCID locales[] = {CThreadLocale::english, CThreadLocale::japanese, c_chinese};
+    int iRuns = 0;
+    for (; ::GetTickCount() - dwStart < dwSeconds * 1000; ++iRuns) {
+        const CThreadLocale locale(locales[random.below(3)]);
+        std::string sBytes = random.once(3) ? "\xFF\xFE" : "";
+        sBytes += random.text("[ ] [a] = ; \n \r\n \r \t k K \x81 \x83\x5D \x82\x60 \x82\x81 \xC4=1\n \xFF \x80", 60);
+        for (size_t n = random.below(4); n > 0 && !sBytes.empty(); --n)
+            sBytes[random.below(sBytes.size())] = static_cast<char>(random.below(256));
+        CAPTURE(random.seed());
+        CAPTURE(sBytes);
+        const CString sFile = folder.file("a.ini", sBytes);
+        CDefaultSettings settings({}, true);
+        const std::string sMessage = messageOf([&] { settings.readAFile(sFile); });
+        if (!sMessage.empty())
+            REQUIRE(sMessage.find("Tokenising error.") != std::string::npos);
+        CString sSection;
+        size_t keys = 0;
+        for (const CString& sLine : settings.getContents()) {
+            const bool bNul = sLine.str().find('\0') != std::string::npos;
+            if (sLine[0] != '[' && !bNul && sSection.str().find('\0') == std::string::npos)
+                REQUIRE(settings.isDefined(sSection, sLine.Left(sLine.Find('='))));
+            if (sLine[0] == '[')
+                sSection = sLine.Mid(1, sLine.GetLength() - 2);
+            else
+                ++keys;
+        }
+        REQUIRE(keys <= settings.getKeyLines().size());
+    }
+    CHECK(iRuns > 10);
+}

@@ -1,0 +1,77 @@
+// A place of its own for what the diagnostics touch: registry, temporary folder
+// and level. The library itself is started and stopped by the tests.
+#pragma once
+
+#include "library/diagnostics/DiagnosticsLog.h"
+#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/registry/Registry.h"
+#include "tests/library/CommandLine.h"
+#include "tests/library/TestFolder.h"
+#include "tests/library/TestHive.h"
+
+class CLibraryFixture {
+public:
+    CLibraryFixture()
+    {
+        char sTemp[MAX_PATH] = "";
+        ::GetEnvironmentVariableA("TEMP", sTemp, MAX_PATH);
+        m_sTemp = sTemp;
+        setTemp(m_folder.path());
+        Tesk::setDiagnosticsLevel(0);
+        commandLinePieces().clear();
+    }
+    ~CLibraryFixture()
+    {
+        Tesk::setDiagnosticsLevel(0);
+        if (Tesk::G_bLibraryInitialised)
+            Tesk::terminateLibrary();
+        setTemp(m_sTemp);
+    }
+    CLibraryFixture(const CLibraryFixture&) = delete;
+    CLibraryFixture& operator=(const CLibraryFixture&) = delete;
+
+    // Starts the library as the entry point does, for this program.
+    void start() { Tesk::initialiseLibrary("Test", ::GetModuleHandleA(nullptr), false); }
+
+    void startAt(int iLevel)
+    {
+        start();
+        Tesk::CDiagnosticsLog::get().startAfresh();
+        Tesk::setDiagnosticsLevel(iLevel);
+    }
+
+    static void setStartup(const char* szName, bool bOn)
+    {
+        REQUIRE(Tesk::Registry::SetValue(HKEY_CURRENT_USER, "Software\\Zavik\\Halvoran", szName, bOn));
+    }
+
+    CString moduleName() const
+    {
+        char sPath[MAX_PATH];
+        ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
+        const CString sModule(sPath);
+        return sModule.Mid(sModule.ReverseFind('\\') + 1);
+    }
+
+    CString logFile() const
+    {
+        const CString sModule = moduleName();
+        return m_folder.path() + "Zavik Diagnostics\\" + sModule.Left(sModule.ReverseFind('.')) + ".log";
+    }
+
+    std::string log() const { return CTestFolder::read(logFile()); }
+
+    const CTestFolder& folder() const { return m_folder; }
+
+private:
+    static void setTemp(const char* sFolder)
+    {
+        ::SetEnvironmentVariableA("TEMP", sFolder);
+        ::_putenv(CString("TEMP=") + sFolder);
+    }
+
+    CTestFolder m_folder;
+    CTestHive m_hive;
+    CString m_sTemp;
+};

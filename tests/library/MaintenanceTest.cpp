@@ -1,0 +1,149 @@
+#include "tests/library/LibraryFixture.h"
+
+#include "library/diagnostics/ApplicationID.h"
+#include "library/diagnostics/MiniDumper.h"
+#include "library/diagnostics/VersionBlock.h"
+
+#include <doctest/doctest.h>
+
+#include <cstring>
+
+namespace {
+
+// This program's version resource in memory, writable while the object lives;
+// as it was afterwards.
+class CPatchedVersion {
+public:
+    CPatchedVersion()
+    {
+        const HMODULE hModule = ::GetModuleHandleA(nullptr);
+        const HRSRC hResource = ::FindResourceA(hModule, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(16));
+        m_pBytes = static_cast<char*>(::LockResource(::LoadResource(hModule, hResource)));
+        m_sBefore.assign(m_pBytes, ::SizeofResource(hModule, hResource));
+        DWORD dwProtection;
+        ::VirtualProtect(m_pBytes, m_sBefore.size(), PAGE_READWRITE, &dwProtection);
+    }
+    ~CPatchedVersion() { std::memcpy(m_pBytes, m_sBefore.data(), m_sBefore.size()); }
+    CPatchedVersion(const CPatchedVersion&) = delete;
+    CPatchedVersion& operator=(const CPatchedVersion&) = delete;
+
+    char* bytes() { return m_pBytes; }
+
+    VS_FIXEDFILEINFO& fixed()
+    {
+        const DWORD dwSignature = 0xFEEF04BD;
+        const std::string sSignature(reinterpret_cast<const char*>(&dwSignature), 4);
+        return *reinterpret_cast<VS_FIXEDFILEINFO*>(m_pBytes + m_sBefore.find(sSignature));
+    }
+
+private:
+    char* m_pBytes;
+    std::string m_sBefore;
+};
+
+// A description file beside this program, for the duration of a test.
+class CDescription {
+public:
+    explicit CDescription(const char* sText)
+    {
+        char sPath[MAX_PATH];
+        ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
+        m_sFile = sPath;
+        m_sFile = m_sFile.Left(m_sFile.ReverseFind('.')) + ".avf";
+        std::ofstream(m_sFile.str(), std::ios::binary) << sText;
+    }
+    ~CDescription() { ::DeleteFileA(m_sFile); }
+    CDescription(const CDescription&) = delete;
+    CDescription& operator=(const CDescription&) = delete;
+
+private:
+    CString m_sFile;
+};
+
+} // namespace
+
+TEST_CASE_FIXTURE(CLibraryFixture, "the version block's texts come with start-up and go with shutdown")
+{
+    start();
+    CHECK(Tesk::CVersionBlock::getCompanyName() == "Zavik");
+    CHECK(Tesk::CVersionBlock::getProductName() == "Halvoran");
+    CHECK(Tesk::CVersionBlock::getInternalName() == "ZavikMDITabs");
+    CHECK_FALSE(Tesk::CVersionBlock::isPrerelease());
+    Tesk::terminateLibrary();
+    CHECK(Tesk::CVersionBlock::getCompanyName().IsEmpty());
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "a pre-release build starts at level 2, if its flags mask lets the flag count")
+{
+    CPatchedVersion version;
+    version.fixed().dwFileFlags |= VS_FF_PRERELEASE;
+    start();
+    CHECK(Tesk::getDiagnosticsLevel() == 2);
+    Tesk::terminateLibrary();
+
+    Tesk::setDiagnosticsLevel(0);
+    setStartup("AssertStartup", true);
+    start();
+    CHECK(Tesk::getDiagnosticsLevel() == 1);
+    Tesk::terminateLibrary();
+
+    Tesk::setDiagnosticsLevel(0);
+    setStartup("AssertStartup", false);
+    version.fixed().dwFileFlagsMask = 0;
+    start();
+    CHECK(Tesk::getDiagnosticsLevel() == 0);
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "a version block that cannot be read leaves everything empty")
+{
+    CPatchedVersion version;
+    std::memset(version.bytes(), 0, 60);
+    start();
+    CHECK_FALSE(Tesk::CVersionBlock::initialise());
+    CHECK(Tesk::CVersionBlock::getCompanyName().IsEmpty());
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description beside the module")
+{
+    start();
+    CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
+    Tesk::terminateLibrary();
+
+    const CDescription description("; comment\r\n productname = Halvoran Desk \r\nother\r\nPRODUCTVERSION=4.1");
+    start();
+    CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
+    CHECK(Tesk::G_pApplicationID->getVersion() == "4.1");
+    CHECK(Tesk::getApplicationVersionLabel() == "Halvoran Desk 4.1");
+    CHECK(Tesk::Registry::GetRemoteConfigurableKey() == "Software\\Zavik\\Halvoran Desk\\Remote Configurable");
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "an installation without a version has no label")
+{
+    const CDescription description("ProductName=Halvoran Desk");
+    start();
+    CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
+    CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, and the filter put back")
+{
+    const LPTOP_LEVEL_EXCEPTION_FILTER pBefore = ::SetUnhandledExceptionFilter(nullptr);
+    ::SetUnhandledExceptionFilter(pBefore);
+    Tesk::initialiseLibrary("Test", ::GetModuleHandleA(nullptr), true);
+    REQUIRE(Tesk::G_pMiniDumper);
+    const LPTOP_LEVEL_EXCEPTION_FILTER pDuring = ::SetUnhandledExceptionFilter(nullptr);
+    ::SetUnhandledExceptionFilter(pDuring);
+    CHECK((pDuring != pBefore));
+    CHECK(Tesk::G_pMiniDumper->write(nullptr));
+    const CString sDump = logFile().Left(logFile().ReverseFind('.')) + ".dmp";
+    CHECK(CTestFolder::read(sDump).starts_with("MDMP"));
+    Tesk::terminateLibrary();
+    CHECK_FALSE(Tesk::G_pMiniDumper);
+    CHECK((::SetUnhandledExceptionFilter(pBefore) == pBefore));
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "without being asked for, no crash dumper is made")
+{
+    start();
+    CHECK_FALSE(Tesk::G_pMiniDumper);
+}

@@ -1,0 +1,204 @@
+#include "library/registry/Registry.h"
+
+#include "library/diagnostics/Maintenance.h"
+#include "tests/library/TestHive.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
+
+using namespace std::string_literals;
+namespace Registry = Tesk::Registry;
+
+namespace {
+
+constexpr char c_key[] = "Software\\Zavik\\Test";
+
+void writeRaw(const char* szName, DWORD dwType, const std::string& sBytes)
+{
+    const Registry::CKey key(HKEY_CURRENT_USER, c_key, true);
+    REQUIRE(::RegSetValueExA(key.get(), szName, 0, dwType, reinterpret_cast<const BYTE*>(sBytes.data()),
+                             static_cast<DWORD>(sBytes.size())) == ERROR_SUCCESS);
+}
+
+// The same characters as the registry keeps them: two bytes each. What a
+// narrow write would tidy up stays as it is.
+void writeRawWide(const char* szName, DWORD dwType, const std::wstring& sText, size_t oddBytes = 0)
+{
+    const Registry::CKey key(HKEY_CURRENT_USER, c_key, true);
+    const std::wstring sName(szName, szName + std::char_traits<char>::length(szName));
+    REQUIRE(::RegSetValueExW(key.get(), sName.c_str(), 0, dwType, reinterpret_cast<const BYTE*>(sText.data()),
+                             static_cast<DWORD>(sText.size() * 2 + oddBytes)) == ERROR_SUCCESS);
+}
+
+template <class T>
+bool get(const char* szName, T& value)
+{
+    return Registry::GetValue(HKEY_CURRENT_USER, c_key, szName, value);
+}
+
+} // namespace
+
+TEST_CASE("numbers and flags are read only from REG_DWORD")
+{
+    const CTestHive hive;
+    const struct {
+        DWORD m_dwType;
+        std::string m_sBytes;
+        bool m_bRead;
+        DWORD m_dwValue;
+    } cases[] = {
+        {REG_DWORD, "\1\0\0\0"s, true, 1},
+        {REG_DWORD, "\0\0\0\0"s, true, 0},
+        {REG_DWORD, "\2\0\0\0"s, true, 2},
+        {REG_DWORD, "\xFF\xFF\xFF\xFF", true, 0xFFFFFFFF},
+        {REG_DWORD, "\1\0"s, true, 1},
+        {REG_DWORD, "\1\0\0\0\0"s, false, 0},
+        {REG_DWORD, "\1\0\0\0\0\0\0\0"s, false, 0},
+        {REG_SZ, "1\0"s, false, 0},
+        {REG_BINARY, "\1\0\0\0"s, false, 0},
+        {REG_DWORD_BIG_ENDIAN, "\1\0\0\0"s, false, 0},
+        {REG_MULTI_SZ, "1\0\0"s, false, 0},
+    };
+    for (const auto& each : cases) {
+        CAPTURE(each.m_dwType);
+        CAPTURE(each.m_sBytes);
+        writeRaw("v", each.m_dwType, each.m_sBytes);
+        DWORD dwValue = 77;
+        CHECK(get("v", dwValue) == each.m_bRead);
+        CHECK(dwValue == (each.m_bRead ? each.m_dwValue : 77));
+        for (const bool bBefore : {false, true}) {
+            bool bValue = bBefore;
+            CHECK(get("v", bValue) == each.m_bRead);
+            CHECK(bValue == (each.m_bRead ? each.m_dwValue == 1 : bBefore));
+        }
+    }
+}
+
+TEST_CASE("strings are read with and without a terminator, unexpanded, and from no other type")
+{
+    const CTestHive hive;
+    const struct {
+        DWORD m_dwType;
+        std::wstring m_sText;
+        size_t m_oddBytes;
+        bool m_bRead;
+        const char* m_sValue;
+    } cases[] = {
+        {REG_SZ, L"abc\0"s, 0, true, "abc"},
+        {REG_SZ, L"abc", 0, true, "abc"},
+        {REG_SZ, L"", 0, true, ""},
+        {REG_SZ, L"\0"s, 0, true, ""},
+        {REG_SZ, L"ab\0cd\0"s, 0, true, "ab"},
+        {REG_EXPAND_SZ, L"%TEMP%\\x\0"s, 0, true, "%TEMP%\\x"},
+        {REG_DWORD, L"ab", 0, false, ""},
+        {REG_MULTI_SZ, L"ab\0\0"s, 0, false, ""},
+        {REG_BINARY, L"ab\0"s, 0, false, ""},
+    };
+    for (const auto& each : cases) {
+        writeRawWide("v", each.m_dwType, each.m_sText, each.m_oddBytes);
+        CString sValue("before");
+        CHECK(get("v", sValue) == each.m_bRead);
+        CHECK(sValue == (each.m_bRead ? each.m_sValue : "before"));
+    }
+    // half a character at the end
+    writeRawWide("v", REG_SZ, L"ab", 1);
+    CString sValue;
+    CHECK(get("v", sValue));
+    CHECK(sValue.Left(2) == "ab");
+    writeRawWide("v", REG_SZ, std::wstring(100'000, L'x'));
+    CHECK(get("v", sValue));
+    CHECK(sValue.GetLength() == 100'000);
+}
+
+TEST_CASE("string lists end at the first empty string but one that comes first, and append")
+{
+    const CTestHive hive;
+    const struct {
+        std::wstring m_sText;
+        std::vector<CString> m_vValues;
+    } cases[] = {
+        {L"a\0b\0\0"s, {"a", "b"}},
+        {L"a\0b\0"s, {"a", "b"}},
+        {L"a\0\0b\0\0"s, {"a"}},
+        {L"\0\0"s, {""}},
+        {L"\0a\0\0"s, {"", "a"}},
+        {L"", {}},
+    };
+    for (const auto& each : cases) {
+        writeRawWide("v", REG_MULTI_SZ, each.m_sText);
+        std::vector<CString> vValues = {"before"};
+        CHECK(get("v", vValues));
+        REQUIRE(vValues.size() == each.m_vValues.size() + 1);
+        for (size_t i = 0; i < each.m_vValues.size(); ++i)
+            CHECK(vValues[i + 1] == each.m_vValues[i]);
+    }
+    writeRawWide("v", REG_SZ, L"a\0"s);
+    std::vector<CString> vValues = {"before"};
+    CHECK_FALSE(get("v", vValues));
+    CHECK(vValues.size() == 1);
+}
+
+TEST_CASE("a missing key or value changes nothing")
+{
+    const CTestHive hive;
+    DWORD dwValue = 5;
+    CHECK_FALSE(get("v", dwValue));
+    HKEY hkKey = HKEY_CLASSES_ROOT;
+    CHECK_FALSE(Registry::OpenKey(HKEY_CURRENT_USER, c_key, hkKey, false));
+    CHECK(hkKey == HKEY_CLASSES_ROOT);
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, c_key, "w", DWORD{1}));
+    CHECK_FALSE(get("v", dwValue));
+    CHECK(dwValue == 5);
+}
+
+TEST_CASE("writing makes the key with its parents; values come back with their type")
+{
+    const CTestHive hive;
+    const char* const szDeep = "Software\\A\\B\\C";
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "n", DWORD{42}));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "b", true));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "s", "text"));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "", CString("default")));
+    const Registry::CKey key(HKEY_CURRENT_USER, szDeep, false);
+    REQUIRE(key);
+    const auto typeAndSize = [&key](const char* szName) {
+        DWORD dwType = 0;
+        DWORD dwSize = 0;
+        ::RegQueryValueExA(key.get(), szName, nullptr, &dwType, nullptr, &dwSize);
+        return dwType * 100 + dwSize;
+    };
+    CHECK(typeAndSize("n") == REG_DWORD * 100 + 4);
+    CHECK(typeAndSize("b") == REG_DWORD * 100 + 4);
+    CHECK(typeAndSize("s") == REG_SZ * 100 + 5);
+    CHECK(typeAndSize("") == REG_SZ * 100 + 8);
+    DWORD dwValue = 0;
+    bool bValue = false;
+    CString sValue;
+    CHECK((Registry::ReadValue(key.get(), "n", dwValue) && dwValue == 42));
+    CHECK((Registry::ReadValue(key.get(), "b", bValue) && bValue));
+    CHECK((Registry::ReadValue(key.get(), "", sValue) && sValue == "default"));
+    CHECK_FALSE(Registry::WriteValue(key.get(), "n", DWORD{1}, REG_DWORD));  // opened for reading
+}
+
+TEST_CASE("the shell's icon of an extension without a file")
+{
+    HICON hSmall = nullptr;
+    REQUIRE(Registry::IconFromExtension(".dwg", hSmall, true));
+    ICONINFO information = {};
+    CHECK(::GetIconInfo(hSmall, &information));
+    BITMAP bitmap = {};
+    ::GetObjectA(information.hbmMask, sizeof bitmap, &bitmap);
+    CHECK(bitmap.bmWidth == ::GetSystemMetrics(SM_CXSMICON));
+    ::DeleteObject(information.hbmMask);
+    ::DeleteObject(information.hbmColor);
+    CHECK(::DestroyIcon(hSmall));
+}
+
+TEST_CASE("the remote configurable key takes the first name there is")
+{
+    CHECK(Registry::GetRemoteConfigurableKey("App") == "Software\\Zavik\\App\\Remote Configurable");
+    Tesk::G_sApplicationName = "Running";
+    CHECK(Registry::GetRemoteConfigurableKey() == "Software\\Zavik\\Running\\Remote Configurable");
+    Tesk::G_sApplicationName.Empty();
+}

@@ -1,0 +1,194 @@
+#include "library/files/FileUtilities_TextFiles.h"
+
+#include "tests/library/TestFolder.h"
+#include "tests/library/TestRandom.h"
+#include "tests/library/ThreadCodePage.h"
+
+#include <doctest/doctest.h>
+
+#include <cerrno>
+
+using namespace std::string_literals;
+using Lines = std::vector<std::string>;
+using WideLines = std::vector<std::wstring>;
+
+namespace {
+
+Lines ansiLines(const CString& sFile)
+{
+    std::vector<CString> vLines;
+    Tesk::readAnsiTextFileLines(sFile, vLines);
+    Lines lines;
+    for (const CString& sLine : vLines)
+        lines.push_back(sLine.str());
+    return lines;
+}
+
+WideLines wideLines(const CString& sFile)
+{
+    WideLines lines;
+    Tesk::readTextFileLines(sFile, lines);
+    return lines;
+}
+
+// The lines as the C runtime's text mode gives them, byte by byte.
+Lines runtimeLines(const CString& sFile)
+{
+    Lines lines;
+    std::string sLine;
+    FILE* pFile = std::fopen(sFile, "rt");
+    while (!std::feof(pFile)) {
+        const int c = std::fgetc(pFile);
+        if (c == '\n') {
+            lines.push_back(sLine);
+            sLine.clear();
+        } else if (c != EOF) {
+            sLine += static_cast<char>(c);
+        }
+    }
+    if (!sLine.empty())
+        lines.push_back(sLine);
+    std::fclose(pFile);
+    return lines;
+}
+
+} // namespace
+
+TEST_CASE("lines of narrow files")
+{
+    const CTestFolder folder;
+    const struct {
+        std::string m_sBytes;
+        Lines m_lines;
+    } cases[] = {
+        {"", {}},
+        {"\n", {""}},
+        {"a\n", {"a"}},
+        {"a\n\nb", {"a", "", "b"}},
+        {"a\r\nb\rc\r\r\nd\r", {"a", "b\rc\r", "d\r"}},
+        {"a\r\n\r\n", {"a", ""}},
+        {"x\0y\nz"s, {"x\0y"s, "z"}},
+        {"a\nb\x1A" "c\nd", {"a", "b"}},
+        {"a\r\x1A\n", {"a\r"}},
+        {"\x1A", {}},
+        {"\xFE\xFF\0a\0\n\0b"s, {"\xFE\xFF\0a\0"s, "\0b"s}},
+        {"\xEF\xBB\xBF" "a", {"\xEF\xBB\xBF" "a"}},
+    };
+    for (const auto& each : cases) {
+        CAPTURE(each.m_sBytes);
+        const CString sFile = folder.file("a.txt", each.m_sBytes);
+        CHECK(ansiLines(sFile) == each.m_lines);
+        CHECK(ansiLines(sFile) == runtimeLines(sFile));
+        CHECK(wideLines(sFile).size() == each.m_lines.size());
+        CHECK_FALSE(Tesk::isUnicodeTextFile(sFile));
+    }
+}
+
+TEST_CASE("lines of UTF-16 files")
+{
+    const CTestFolder folder;
+    const struct {
+        std::string m_sBytes;
+        WideLines m_lines;
+    } cases[] = {
+        {"\xFF\xFE", {}},
+        {"\xFF\xFE" "a", {}},
+        {utf16(L"a\r\n\nb\rc") + "x", {L"a", L"", L"b\rc"}},
+        {utf16(L"\x0416\x3042\xFFFFz"), {L"\x0416\x3042z"}},
+        {utf16(L"a\x1A" L"b"), {L"a"}},
+        {utf16(L"\x0A0D\x0D0A\n"s + L'\0'), {L"\x0A0D\x0D0A", L"\0"s}},
+        {utf16(L"\xFEFFz"), {L"\xFEFFz"}},
+    };
+    for (const auto& each : cases) {
+        CAPTURE(each.m_sBytes);
+        const CString sFile = folder.file("a.txt", each.m_sBytes);
+        CHECK(wideLines(sFile) == each.m_lines);
+        CHECK(Tesk::isUnicodeTextFile(sFile));
+    }
+    CHECK_FALSE(Tesk::isUnicodeTextFile(folder.file("b.txt", "\xFF")));
+}
+
+TEST_CASE("narrow lines become wide by the thread's code page, the list is added to")
+{
+    const CTestFolder folder;
+    const CString sFile = folder.file("a.txt", "\x83\x5C\n\xE9");
+    WideLines lines = {L"before"};
+    Tesk::readTextFileLines(sFile, lines);
+    CHECK(lines == WideLines{L"before", L"\x0192\\", L"\xE9"});
+    const CThreadLocale japanese(CThreadLocale::japanese);
+    CHECK(wideLines(sFile)[0] == L"\x30BD");
+}
+
+TEST_CASE("the byte-order mark is looked for without moving the file")
+{
+    const CTestFolder folder;
+    FILE* pFile = std::fopen(folder.file("a.txt", utf16(L"abc")), "rb");
+    std::fseek(pFile, 3, SEEK_SET);
+    CHECK(Tesk::isUnicodeTextFile(pFile));
+    CHECK(std::ftell(pFile) == 3);
+    std::fclose(pFile);
+    CHECK_FALSE(Tesk::isUnicodeTextFile(static_cast<FILE*>(nullptr)));
+}
+
+TEST_CASE("generated files give the lines of the runtime's text mode")
+{
+    const CTestFolder folder;
+    CTestRandom random;
+    CAPTURE(random.seed());
+    for (int i = 0; i < 300; ++i) {
+        std::string sBytes = random.text("a bc \r \n \r\n \xFF \xFE \xE9", 40);
+        if (random.once(4))
+            sBytes += "\0\x1A\n"s;
+        CAPTURE(sBytes);
+        const CString sFile = folder.file("a.txt", sBytes);
+        REQUIRE(ansiLines(sFile) == runtimeLines(sFile));
+    }
+}
+
+TEST_CASE("a file of one line larger than any block")
+{
+    const CTestFolder folder;
+    const std::string sLine(1'300'000, 'x');
+    CHECK(ansiLines(folder.file("a.txt", sLine + "\r\n" + sLine)) == Lines{sLine, sLine});
+}
+
+TEST_CASE("lines are written with CR LF")
+{
+    const CTestFolder folder;
+    const CString sFile = folder.path() + "a.txt";
+    Tesk::writeTextFileLines(sFile, {"a", "", "\xE9"}, true);
+    CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\n");
+    Tesk::writeTextFileLines(sFile, {"b"}, true);
+    CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\nb\r\n");
+    Tesk::writeTextFileLines(sFile, {}, true);
+    CHECK(folder.read(sFile).size() == 11);
+    Tesk::writeTextFileLines(sFile, {"c"}, false);
+    CHECK(folder.read(sFile) == "c\r\n");
+    Tesk::writeTextFileLines(sFile, {}, false);
+    CHECK(folder.read(sFile).empty());
+}
+
+TEST_CASE("a file that does not open raises its error number and path")
+{
+    const CTestFolder folder;
+    const CString sMissing = folder.path() + "none\\a.txt";
+    std::vector<CString> vNarrow;
+    WideLines vWide;
+    const auto check = [](const CString& sPath, int iError, auto action) {
+        try {
+            action();
+            FAIL("nothing raised");
+        } catch (CFileException* pException) {
+            CHECK(pException->m_nErrno == iError);
+            CHECK(pException->m_strFileName == sPath);
+            pException->Delete();
+        }
+    };
+    check(sMissing, ENOENT, [&] { Tesk::isUnicodeTextFile(sMissing); });
+    check(sMissing, ENOENT, [&] { Tesk::readTextFileLines(sMissing, vWide); });
+    check(sMissing, ENOENT, [&] { Tesk::readAnsiTextFileLines(sMissing, vNarrow); });
+    check(sMissing, ENOENT, [&] { Tesk::writeTextFileLines(sMissing, {"a"}, true); });
+    check(folder.path(), EACCES, [&] { Tesk::writeTextFileLines(folder.path(), {"a"}, false); });
+    CHECK(vNarrow.empty());
+    CHECK(vWide.empty());
+}
