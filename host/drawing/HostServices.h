@@ -10,7 +10,7 @@ class HostServices final : public AcDbHostApplicationServices {
 public:
     AcDbDatabase* workingDatabase() const override;
     void setWorkingDatabase(AcDbDatabase* pDatabase) override;
-    const char* releaseMajorMinorString() const override { return "16.2"; }
+    const char* releaseMajorMinorString() const override { return "16.0"; }
     const char* product() const override { return "CAD Host"; }
 
 private:

@@ -81,12 +81,9 @@ std::string Tips::describe()
     const HWND tip = visibleWindow(TOOLTIPS_CLASSA);
     if (tip == nullptr)
         return "tip: none\n";
-    TOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    // TTM_GETTEXT ends at 80 characters; the window's own text is what is shown.
     char text[4096] = "";
-    ::SendMessageA(tip, TTM_GETCURRENTTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-    tool.lpszText = text;
-    ::SendMessageA(tip, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    ::SendMessageA(tip, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
     const auto entry = watched().find(tip);
     const std::string sTitle = entry != watched().end() ? entry->second.title : std::string();
     return "tip: title=\"" + oneLine(sTitle) + "\" text=\"" + oneLine(text) + "\"\n";
