@@ -60,6 +60,8 @@ bool isWriteProtected(const std::string& sPath)
 {
     if (!fileExists(sPath))
         return false;
+    if ((::GetFileAttributesA(sPath.c_str()) & FILE_ATTRIBUTE_READONLY) != 0)
+        return true;
     const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     return !file;

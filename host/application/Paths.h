@@ -15,7 +15,7 @@ std::string nameOf(const std::string& sPath);
 std::string baseNameOf(const std::string& sPath);
 bool samePath(const std::string& a, const std::string& b);
 bool fileExists(const std::string& sPath);
-// An existing file that does not open for writing.
+// An existing file that is marked read-only, or does not open for writing.
 bool isWriteProtected(const std::string& sPath);
 
 } // namespace host

@@ -1,0 +1,67 @@
+#pragma once
+
+// A running host with a folder of its own for the files of one test.
+
+#include "host/application/Application.h"
+#include "host/ui/MainFrame.h"
+
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "doctest/doctest.h"
+
+class HostFixture {
+public:
+    explicit HostFixture(bool visible = false) : application(host::Options{visible, false})
+    {
+        char temporary[MAX_PATH] = "";
+        ::GetTempPathA(sizeof temporary, temporary);
+        m_folder = temporary + ("cadhost-" + std::to_string(::GetCurrentProcessId()) + "-" +
+                                std::to_string(::GetTickCount()) + "\\");
+        ::CreateDirectoryA(m_folder.c_str(), nullptr);
+    }
+    ~HostFixture()
+    {
+        WIN32_FIND_DATAA found;
+        const UniqueFind search(::FindFirstFileA((m_folder + "*").c_str(), &found));
+        do {
+            ::SetFileAttributesA(path(found.cFileName).c_str(), FILE_ATTRIBUTE_NORMAL);
+            ::DeleteFileA(path(found.cFileName).c_str());
+        } while (search && ::FindNextFileA(search.get(), &found));
+        ::RemoveDirectoryA(m_folder.c_str());
+    }
+
+    std::string path(const std::string& sName) const { return m_folder + sName; }
+    std::string write(const std::string& sName, const std::string& text) const
+    {
+        std::ofstream(path(sName), std::ios::binary) << text;
+        return path(sName);
+    }
+    // A saved drawing with one line in it.
+    std::string drawing(const std::string& sName) const
+    {
+        const auto database = host::Database::createNew();
+        database->addLine(0, 0, 10, 10);
+        database->save(path(sName));
+        return path(sName);
+    }
+
+    bool run(const std::string& sLine) { return application.execute(sLine).succeeded; }
+    std::string output(const std::string& sLine) { return application.execute(sLine).output; }
+    // The command has to fail, saying this.
+    void refused(const std::string& sLine, const std::string& sReason)
+    {
+        CAPTURE(sLine);
+        const host::Result result = application.execute(sLine);
+        CHECK_FALSE(result.succeeded);
+        CHECK_MESSAGE(result.output.find(sReason) != std::string::npos, result.output);
+    }
+    host::DocumentManager& documents() { return application.documents(); }
+
+    host::Application application;
+
+private:
+    std::string m_folder;
+};
