@@ -1,7 +1,7 @@
 """Texts, tooltips and menus of the sample projects: an example of each settings layer."""
 import unittest
 
-from host import HostTest
+from host import MODULE, HostTest
 
 DRAWINGS = [
     r"Projects\Riverside\Drawings\A-100.rev2.dwg",
@@ -17,11 +17,10 @@ DRAWINGS = [
 
 class SamplesTest(HostTest):
     def open_all(self, *script):
-        """Opens every sample in a host whose tabs are those alone."""
-        opening = [f'OPEN "{path}"' for path in DRAWINGS]
-        transcript = self.run_host([*opening, "STRIP", *script])
-        self.first = len(transcript.strips[0].tabs) - len(DRAWINGS)
-        self.assertEqual(self.first, 0, "opening a drawing replaces the untouched one of the start")
+        """Plays the script in a host with a tab for every sample, in order."""
+        transcript = self.run_host(["STRIP", *script], ["/ld", MODULE, *DRAWINGS])
+        documents = [tab.document for tab in transcript.strips[0].tabs]
+        self.assertEqual(documents, [f"Z:{self.folder}/{path}".replace("/", "\\") for path in DRAWINGS])
         return transcript
 
     def test_tooltips(self):
