@@ -18,16 +18,16 @@ void createFolders(const CString& sFileName)
 
 bool exists(const CString& sFileName) { return ::GetFileAttributesA(sFileName) != INVALID_FILE_ATTRIBUTES; }
 
-// Marks the log as busy for the time of a scope.
-class CBusy {
+// Marks the log as this thread's for the time of a scope.
+class COwner {
 public:
-    explicit CBusy(bool& bBusy) : m_bBusy(bBusy) { m_bBusy = true; }
-    ~CBusy() { m_bBusy = false; }
-    CBusy(const CBusy&) = delete;
-    CBusy& operator=(const CBusy&) = delete;
+    explicit COwner(volatile DWORD& dwOwner) : m_dwOwner(dwOwner) { m_dwOwner = ::GetCurrentThreadId(); }
+    ~COwner() { m_dwOwner = 0; }
+    COwner(const COwner&) = delete;
+    COwner& operator=(const COwner&) = delete;
 
 private:
-    bool& m_bBusy;
+    volatile DWORD& m_dwOwner;
 };
 
 // Runs what may raise; a log that cannot be written is no reason to fail.
@@ -61,9 +61,9 @@ CString CDiagnosticsLog::getFileName() noexcept
 void CDiagnosticsLog::startAfresh() noexcept
 {
     const CLock lock(m_section);
-    if (m_bBusy)
+    if (isAppending())
         return;
-    const CBusy busy(m_bBusy);
+    const COwner owner(m_dwOwner);
     m_sFileName.Empty();
     ::DeleteFileA(getFileName());
 }
@@ -71,9 +71,9 @@ void CDiagnosticsLog::startAfresh() noexcept
 void CDiagnosticsLog::append(const char* sText) noexcept
 {
     const CLock lock(m_section);
-    if (m_bBusy)
+    if (isAppending())
         return;
-    const CBusy busy(m_bBusy);
+    const COwner owner(m_dwOwner);
     swallow([this, sText] { write(sText); });
 }
 

@@ -24,6 +24,9 @@ public:
     // same thread appends (the header's own lookups) is dropped.
     void append(const char* sText) noexcept;
 
+    // The calling thread is inside append.
+    bool isAppending() const { return m_dwOwner == ::GetCurrentThreadId(); }
+
     // The log's name with another extension, as ".dmp".
     static CString companionFile(const char* sExtension);
 
@@ -33,7 +36,7 @@ private:
 
     CCriticalSection m_section;
     CString m_sFileName;
-    bool m_bBusy = false;   // guarded by the section: its owner is already in here
+    volatile DWORD m_dwOwner = 0;   // the thread inside append
 };
 
 // The lines that a new log starts with; a line without its registry value is left out.

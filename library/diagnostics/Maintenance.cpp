@@ -5,6 +5,7 @@
 #include "library/diagnostics/GUIConsole.h"
 #include "library/diagnostics/MiniDumper.h"
 #include "library/diagnostics/Prerelease.h"
+#include "library/diagnostics/SymbolTable.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/registry/Registry.h"
 
@@ -63,6 +64,7 @@ void terminateLibrary()
     TESK_ASSERT(!G_sApplicationName.IsEmpty());
     G_pMiniDumper.reset();
     CGUIConsole::get().release();
+    CSymbolTable::get().release();
     CVersionBlock::terminate();
     TESK_ASSERT(G_pApplicationID != NULL);
     G_pApplicationID.reset();

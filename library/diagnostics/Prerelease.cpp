@@ -24,10 +24,22 @@ namespace {
 
 int g_iLevel = 0;
 
-// The report box is up in at most one thread; its modal loop may bring that
-// thread back here.
+// Reports are made up and shown by one thread at a time; a box's modal loop,
+// or what a report looks up, may bring that thread back here.
 CCriticalSection g_reportSection;
 int g_iReportDepth = 0;
+constexpr int c_deepestReport = 8;
+
+class CReportDepth {
+public:
+    CReportDepth() : m_lock(g_reportSection) { ++g_iReportDepth; }
+    ~CReportDepth() { --g_iReportDepth; }
+    CReportDepth(const CReportDepth&) = delete;
+    CReportDepth& operator=(const CReportDepth&) = delete;
+
+private:
+    CLock m_lock;
+};
 
 CString timeStamp()
 {
@@ -95,29 +107,39 @@ void traceLine(const char* sFormat, va_list arguments)
     echoOnCommandLine(sLine);
 }
 
-void showReport(const CString& sModule, const CString& sText)
-{
-    const CLock lock(g_reportSection);
-    if (g_iReportDepth > 0)
-        return;
-    ++g_iReportDepth;
-    ::MessageBoxA(nullptr, sText, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
-    --g_iReportDepth;
-}
+struct CReport {
+    CString m_sShort;
+    CString m_sStack;
+};
 
-void report(const char* sSource, int iLine, const char* sExpression)
+// Makes the report up and shows it. Nothing comes back when reports have come
+// of reports too often.
+bool showReport(const char* sSource, int iLine, const char* sExpression, CReport& report)
 {
-    const CString sStack = CStackWalker().describe();
+    const CReportDepth depth;
+    if (g_iReportDepth > c_deepestReport)
+        return false;
+    report.m_sStack = CStackWalker().describe();
     const CString sPath = getLocation(LOCATION_FILE_MODULE);
     const CString sModule = sPath.Mid(sPath.ReverseFind('\\') + 1);
-    CString sShort;
-    sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
+    report.m_sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
     CString sLong;
     sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
-                 sSource, iLine, sStack.GetString());
-    showReport(sModule, sLong);
-    writeDiagnostic(sShort);
-    writeDiagnostic(sStack);
+                 sSource, iLine, report.m_sStack.GetString());
+    if (g_iReportDepth == 1)
+        ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
+    return true;
+}
+
+// A check that fails while the log is written is dropped: a thread must not
+// wait for another's box with the log in its hands.
+void report(const char* sSource, int iLine, const char* sExpression)
+{
+    CReport report;
+    if (CDiagnosticsLog::get().isAppending() || !showReport(sSource, iLine, sExpression, report))
+        return;
+    writeDiagnostic(report.m_sShort);
+    writeDiagnostic(report.m_sStack);
 }
 
 }

@@ -53,12 +53,11 @@ CStackWalker::CStackWalker() : m_vFrames(c_maxFrames)
 
 CString CStackWalker::describe() const
 {
-    CSymbolTable symbols;
     CString sText;
     for (const void* pAddress : m_vFrames) {
         if (!sText.IsEmpty())
             sText += '\n';
-        sText += symbols.describe(pAddress);
+        sText += CSymbolTable::get().describe(pAddress);
     }
     return sText;
 }

@@ -30,9 +30,19 @@ unsigned distance(const void* pFrom, const void* pTo)
 
 }
 
-// A session is known by its process handle: a duplicate makes it another one.
-CSymbolTable::CSymbolTable() : m_dbghelp(::LoadLibraryA("dbghelp.dll"))
+// Left as it is when the process ends: dbghelp may be gone by then.
+CSymbolTable& CSymbolTable::get()
 {
+    static auto* const pTable = new CSymbolTable;
+    return *pTable;
+}
+
+// A session is known by its process handle: a duplicate makes it another one.
+void CSymbolTable::open()
+{
+    if (m_dbghelp)
+        return;
+    m_dbghelp = UniqueModule(::LoadLibraryA("dbghelp.dll"));
     const auto pInitialise = lookUp<decltype(&::SymInitialize)>(m_dbghelp, "SymInitialize");
     HANDLE hProcess = nullptr;
     if (!pInitialise || !::DuplicateHandle(::GetCurrentProcess(), ::GetCurrentProcess(), ::GetCurrentProcess(),
@@ -43,15 +53,20 @@ CSymbolTable::CSymbolTable() : m_dbghelp(::LoadLibraryA("dbghelp.dll"))
         m_session = std::move(process);
 }
 
-CSymbolTable::~CSymbolTable()
+void CSymbolTable::release()
 {
+    const CLock lock(m_section);
     const auto pCleanup = lookUp<decltype(&::SymCleanup)>(m_dbghelp, "SymCleanup");
     if (m_session && pCleanup)
         pCleanup(m_session.get());
+    m_session.reset();
+    m_dbghelp.reset();
 }
 
-CString CSymbolTable::describe(const void* pAddress) const
+CString CSymbolTable::describe(const void* pAddress)
 {
+    const CLock lock(m_section);
+    open();
     CString sText;
     const HMODULE hModule = moduleOf(pAddress);
     char sPath[MAX_PATH] = "";
@@ -65,7 +80,7 @@ CString CSymbolTable::describe(const void* pAddress) const
     return sText + findSymbol(hModule, sPath, pAddress);
 }
 
-CString CSymbolTable::findSymbol(HMODULE hModule, const char* sModule, const void* pAddress) const
+CString CSymbolTable::findSymbol(HMODULE hModule, const char* sModule, const void* pAddress)
 {
     const auto pLoad = lookUp<decltype(&::SymLoadModule64)>(m_dbghelp, "SymLoadModule64");
     const auto pFind = lookUp<decltype(&::SymFromAddr)>(m_dbghelp, "SymFromAddr");

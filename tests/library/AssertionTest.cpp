@@ -5,18 +5,31 @@
 
 #include <doctest/doctest.h>
 
+#include <functional>
+
 namespace {
 
-constexpr UINT c_assertMessage = WM_APP + 1;
-int g_iAfter = 0;
+constexpr UINT c_actMessage = WM_APP + 1;
+std::function<void()> g_act;
 
-LRESULT CALLBACK assertingWindow(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK actingWindow(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (uMessage == c_assertMessage) {
-        TESK_ASSERT_TEXT(false, "inner");
-        ++g_iAfter;
-    }
+    if (uMessage == c_actMessage)
+        g_act();
     return ::DefWindowProcA(hWnd, uMessage, wParam, lParam);
+}
+
+// Runs the action in the message loop of an assertion box; how many boxes there were.
+size_t actInsideBox(std::function<void()> act)
+{
+    const HWND hWnd = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    ::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(actingWindow));
+    g_act = std::move(act);
+    CBoxCloser closer(hWnd, c_actMessage);
+    TESK_ASSERT_TEXT(false, "outer");
+    const size_t boxes = closer.stop().size();
+    ::DestroyWindow(hWnd);
+    return boxes;
 }
 
 __attribute__((noinline)) size_t framesAtDepth(int iDepth)
@@ -69,47 +82,47 @@ TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 the box is shown and nothing is w
 TEST_CASE_FIXTURE(CLibraryFixture, "an assertion met while a box is up is written but not shown")
 {
     startAt(2);
-    const HWND hWnd = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    ::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(assertingWindow));
-    g_iAfter = 0;
-    CBoxCloser closer(hWnd, c_assertMessage);
-    TESK_ASSERT_TEXT(false, "outer");
-    CHECK(closer.stop().size() == 1);
-    CHECK(g_iAfter == 1);
+    int iAfter = 0;
+    CHECK(actInsideBox([&] {
+        TESK_ASSERT_TEXT(false, "inner");
+        ++iAfter;
+    }) == 1);
+    CHECK(iAfter == 1);
     const std::string sLog = log();
     CHECK(sLog.find("(inner).") < sLog.find("(outer)."));
     CHECK(sLog.find("(outer).") != std::string::npos);
-    ::DestroyWindow(hWnd);
 }
 
+// Inside one box, as a box each takes its time.
 TEST_CASE_FIXTURE(CLibraryFixture, "start and stop assert their preconditions and go on")
 {
-    Tesk::setDiagnosticsLevel(1);
-    const auto assertionsOf = [](auto action) {
-        CBoxCloser closer;
-        action();
-        std::string sAll;
-        for (const std::string& sText : closer.stop()) {
-            const size_t begin = sText.find("Assertion : <") + 13;
-            sAll += sText.substr(begin, sText.find(">\n", begin) - begin) + "; ";
-        }
-        return sAll;
-    };
     const HINSTANCE hModule = ::GetModuleHandleA(nullptr);
-    CHECK(assertionsOf([] { Tesk::getCurrentModule(); }) == "G_bLibraryInitialised; ");
-    CHECK(assertionsOf([] { Tesk::getApplicationVersionLabel(); }) ==
-          "G_bLibraryInitialised; G_pApplicationID != NULL; ");
-    CHECK(assertionsOf([&] { Tesk::initialiseLibrary("", hModule, false); }) ==
-          "!CString(sApplicationName).IsEmpty(); ");
-    CHECK(assertionsOf([&] { Tesk::initialiseLibrary("Test", hModule, false); }) ==
-          "!G_bLibraryInitialised; G_pApplicationID == NULL; ");
-    CHECK(Tesk::getCurrentModule() == hModule);
-    CHECK(assertionsOf([] { Tesk::terminateLibrary(); }) == "");
-    CHECK(assertionsOf([] { Tesk::terminateLibrary(); }) ==
-          "G_hCurrentModule != NULL; G_bLibraryInitialised; !G_sApplicationName.IsEmpty(); "
-          "G_pApplicationID != NULL; ");
-    CHECK(Tesk::G_sApplicationName.IsEmpty());
-    CHECK(Tesk::G_hCurrentModule == nullptr);
+    startAt(2);
+    actInsideBox([&] {
+        Tesk::initialiseLibrary("", hModule, false);
+        CHECK(Tesk::getCurrentModule() == hModule);
+        Tesk::terminateLibrary();
+        TESK_ASSERT_TEXT(false, "--");
+        Tesk::getCurrentModule();
+        TESK_ASSERT_TEXT(false, "--");
+        Tesk::getApplicationVersionLabel();
+        TESK_ASSERT_TEXT(false, "--");
+        Tesk::terminateLibrary();
+        CHECK(Tesk::G_sApplicationName.IsEmpty());
+        CHECK(Tesk::G_hCurrentModule == nullptr);
+    });
+    std::string sAll;
+    const std::string sLog = log();
+    const std::string sBefore = "Assertion in \"" + moduleName().str() + "\" (";
+    for (size_t at = 0; (at = sLog.find(sBefore, at)) != std::string::npos;) {
+        at += sBefore.size();
+        sAll += sLog.substr(at, sLog.find(").\r\n", at) - at) + "; ";
+    }
+    CHECK(sAll == "!G_bLibraryInitialised; !CString(sApplicationName).IsEmpty(); G_pApplicationID == NULL; "
+                  "!G_sApplicationName.IsEmpty(); --; "
+                  "G_bLibraryInitialised; --; G_bLibraryInitialised; G_pApplicationID != NULL; --; "
+                  "G_hCurrentModule != NULL; G_bLibraryInitialised; !G_sApplicationName.IsEmpty(); "
+                  "G_pApplicationID != NULL; outer; ");
 }
 
 TEST_CASE("the call stack has a frame a call, at most fifty")
