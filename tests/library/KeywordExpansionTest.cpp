@@ -1,0 +1,100 @@
+#include "library/expansion/KeywordExpansion.h"
+
+#include "library/expansion/DatePass.h"
+#include "library/files/SupportFileLocator.h"
+#include "tests/library/TempTree.h"
+#include "tests/library/TestHive.h"
+#include "tests/library/ThreadCodePage.h"
+
+#include <doctest/doctest.h>
+#include <windows.h>
+
+#include <time.h>
+
+namespace {
+
+class CExpansion : public Tesk::CKeywordExpansion {
+public:
+    explicit CExpansion(const std::string& sFileName, int iIndex = 1, int iCount = 1)
+        : CKeywordExpansion(sFileName.c_str(), iIndex, iCount) {}
+
+    // The value of a keyword; "(none)" when it is not in the table.
+    std::string value(const char* szKeyword) const {
+        const auto found = m_mapKeywords.find(szKeyword);
+        return found == m_mapKeywords.end() ? "(none)" : found->second;
+    }
+    using CKeywordExpansion::addToMap;
+};
+
+}  // namespace
+
+TEST_CASE("the keywords of a file name") {
+    const CExpansion file("C:\\Jobs\\1234\\A-100.rev2.dwg", 2, 7);
+    CHECK(file.expandString("%FILENAME% (%DRAWING_INDEX%/%DRAWING_COUNT%)") == "A-100.rev2 (2/7)");
+    CHECK(file.value("PATH") == "C:\\Jobs\\1234\\A-100.rev2.dwg");
+    CHECK(file.value("X_PATH") == "C:/Jobs/1234/A-100.rev2.dwg");
+    CHECK(file.value("DRIVE") == "C");
+    CHECK(file.value("FOLDER") == "C:\\Jobs\\1234\\");
+    CHECK(file.value("DIRECTORY") == "\\Jobs\\1234\\");
+    CHECK(file.value("EXTENSION") == "dwg");
+    CHECK(file.value("DRAWING") == "C:\\Jobs\\1234\\A-100.rev2");
+    CHECK(file.value("DIR_PROJECT_DWG_ROOT") == "");
+    CHECK(file.value("DIR_PROJECT_DWG_SETTINGS") == "");
+    CHECK(file.expandString("%path% %NOSUCH% 100%") == "%path% %NOSUCH% 100%");
+    CHECK(file.expandString("[X_FOLDER] %PATH%", "[", "]") == "C:/Jobs/1234/ %PATH%");
+    CHECK(file.expandString("[DRIVE[", "[", "") == "C");
+    CHECK(file.expandString("") == "");
+
+    const CExpansion unc("\\\\server\\share\\A.dwg");
+    CHECK(unc.value("DRIVE") == "");
+    CHECK(unc.value("FOLDER") == "\\\\server\\share\\");
+    CHECK(unc.value("DIRECTORY") == "server\\share\\");
+
+    const CExpansion relative("ab\\x");
+    CHECK(relative.value("DIRECTORY") == "\\");
+    CHECK(relative.value("EXTENSION") == "");
+    CHECK(CExpansion("x").value("DIRECTORY") == "");
+
+    const CThreadLocale locale(CThreadLocale::japanese);
+    CHECK(CExpansion("C:\\\x95\\\\A.dwg").value("X_FOLDER") == "C:/\x95\\/");
+}
+
+TEST_CASE("without a file name there are the folders, the names and the current time") {
+    const CExpansion none("");
+    CHECK(none.value("PATH") == "(none)");
+    CHECK(none.value("DIR_PROJECT_DWG_ROOT") == "(none)");
+    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).str());
+    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).str());
+    CHECK(none.value("USER_NAME") != "");
+    CHECK(none.value("COMPUTER_NAME") != "");
+    CHECK(none.expandString("a%NEWLINE%b") == "a\nb");
+    CHECK(none.expandString("%UPDATE_DATE::|Y%") == "%UPDATE_DATE::|Y%");
+    CHECK(none.expandString("%CURRENT_DATE::|Y% %CURRENT_DATE_UTC::|Y%").GetLength() == 9);
+}
+
+TEST_CASE("a drawing's project and the time of its file") {
+    const CTempTree tree;
+    tree.write("1234\\ProjectSettings.txt");
+    const std::string sDrawing = tree.write("1234\\Dwg\\A.dwg");
+    const SYSTEMTIME written{2005, 12, 0, 24, 13, 5, 9, 0};
+    FILETIME time;
+    ::SystemTimeToFileTime(&written, &time);
+    const HANDLE hFile = ::CreateFileA(sDrawing.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    REQUIRE(::SetFileTime(hFile, nullptr, nullptr, &time));
+    ::CloseHandle(hFile);
+
+    CExpansion drawing(sDrawing);
+    CHECK(drawing.value("DIR_PROJECT_DWG_ROOT") == tree.path("1234\\"));
+    CHECK(drawing.value("DIR_PROJECT_DWG_SETTINGS") == tree.path("1234\\Settings"));
+    CHECK(drawing.expandString("%UPDATE_DATE_UTC::|Y-|m-|d |H:|M:|S%") == "2005-12-24 13:05:09");
+    tm utc{};
+    utc.tm_year = 105, utc.tm_mon = 11, utc.tm_mday = 24, utc.tm_hour = 13, utc.tm_min = 5, utc.tm_sec = 9;
+    CHECK(drawing.expandString("%UPDATE_DATE::|d |H:|M%").str() ==
+          Tesk::formatTime(::_mkgmtime64(&utc), "|d |H:|M", false));
+
+    // A copy is as good; another value for a keyword replaces the one before.
+    drawing.addToMap("FILENAME", "B\\C");
+    drawing.addToMap("NONE", nullptr);
+    const CExpansion copy(drawing);
+    CHECK(copy.expandString("%FILENAME%%X_FILENAME%%NONE%%UPDATE_DATE::|Y%") == "B\\CB/C2005");
+}

@@ -1,0 +1,362 @@
+#include "library/files/Locator.h"
+
+#include "host/application/Application.h"
+#include "library/diagnostics/Maintenance.h"
+#include "library/files/DefaultSettingsManager.h"
+#include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
+#include "library/registry/Registry.h"
+#include "objectarx/dbapserv.h"
+#include "tests/library/TempTree.h"
+#include "tests/library/TestHive.h"
+#include "tests/library/ThreadCodePage.h"
+
+#include <doctest/doctest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <memory>
+
+using namespace Tesk;
+using Support::File::CLocator;
+using Support::File::CStringList;
+
+namespace {
+
+// An installation in a tree of its own: a copy of this program stands for the module.
+class CInstallation {
+public:
+    explicit CInstallation(const std::string& sFolder) : m_hPrevious(G_hCurrentModule) {
+        char szProgram[MAX_PATH];
+        ::GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
+        m_tree.folder(sFolder);
+        const std::string sModule = m_tree.path(sFolder + "Module.arx");
+        REQUIRE(::CopyFileA(szProgram, sModule.c_str(), TRUE));
+        m_hModule = ::LoadLibraryExA(sModule.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
+        REQUIRE(m_hModule);
+        G_hCurrentModule = m_hModule;
+    }
+    ~CInstallation() {
+        G_hCurrentModule = m_hPrevious;
+        ::FreeLibrary(m_hModule);
+    }
+    CInstallation(const CInstallation&) = delete;
+    CInstallation& operator=(const CInstallation&) = delete;
+
+    const CTempTree& tree() const { return m_tree; }
+
+private:
+    CTempTree m_tree;
+    HINSTANCE m_hPrevious;
+    HMODULE m_hModule = nullptr;
+};
+
+// The machine's registry, redirected below the redirected one of the user.
+class CMachineHive {
+public:
+    CMachineHive() {
+        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, "Machine", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
+                                  &m_hKey, nullptr) == ERROR_SUCCESS);
+        REQUIRE(::RegOverridePredefKey(HKEY_LOCAL_MACHINE, m_hKey) == ERROR_SUCCESS);
+    }
+    ~CMachineHive() {
+        ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
+        ::RegCloseKey(m_hKey);
+    }
+    CMachineHive(const CMachineHive&) = delete;
+    CMachineHive& operator=(const CMachineHive&) = delete;
+
+private:
+    HKEY m_hKey = nullptr;
+};
+
+class CEnvironment {
+public:
+    CEnvironment(const char* szName, const char* szValue) : m_szName(szName) {
+        m_bSet = ::GetEnvironmentVariableA(szName, m_szPrevious, sizeof m_szPrevious) != 0;
+        ::SetEnvironmentVariableA(szName, szValue);
+    }
+    ~CEnvironment() { ::SetEnvironmentVariableA(m_szName, m_bSet ? m_szPrevious : nullptr); }
+    CEnvironment(const CEnvironment&) = delete;
+    CEnvironment& operator=(const CEnvironment&) = delete;
+
+private:
+    const char* m_szName;
+    char m_szPrevious[1024];
+    bool m_bSet;
+};
+
+std::string location(int iWhere) { return getLocation(iWhere).str(); }
+
+}  // namespace
+
+TEST_CASE("paths come apart by characters") {
+    const PathParts parts("C:\\Jobs\\1234\\A-100.rev2.dwg");
+    CHECK(parts.parent() == "C:\\Jobs\\1234\\");
+    CHECK(parts.sBase == "A-100.rev2");
+    CHECK(parts.sExtension == ".dwg");
+    CHECK(PathParts("C:").parent() == "C:");
+    CHECK(PathParts("\\\\server\\share\\a.b\\c").parent() == "\\\\server\\share\\a.b\\");
+    CHECK(PathParts("a/b").fileName() == "b");
+    CHECK(withBackslash("") == "");
+    CHECK(withBackslash("C:") == "C:\\");
+    CHECK(withoutBackslash("a\\\\") == "a\\");
+
+    const CThreadLocale locale(CThreadLocale::japanese);
+    REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x95) != FALSE);
+    CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").parent() == "C:\\\x95\\\\");
+    CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").sBase == "\x95\\");
+    CHECK(withBackslash("\x95\\") == "\x95\\\\");
+    CHECK(withoutBackslash("\x95\\") == "\x95\\");
+}
+
+TEST_CASE("files and folders are told apart") {
+    const CTempTree tree;
+    const std::string sFile = tree.write("A\\file.txt");
+    CHECK(fileExists(sFile.c_str()));
+    CHECK(!folderExists(sFile.c_str()));
+    CHECK(!fileExists(tree.path("A").c_str()));
+    CHECK(folderExists(tree.path("A").c_str()));
+    CHECK(folderExists(tree.path("A\\").c_str()));
+    for (const std::string& sNone : {tree.path("B"), tree.path("B\\C"), std::string(), std::string(40000, 'x')}) {
+        CHECK(!fileExists(sNone.c_str()));
+        CHECK(!folderExists(sNone.c_str()));
+    }
+    char szCurrent[MAX_PATH];
+    ::GetCurrentDirectoryA(sizeof szCurrent, szCurrent);
+    CHECK(folderExists(std::string(szCurrent, 3).c_str()));
+}
+
+TEST_CASE("the search upwards takes the nearest folder and ends at the root") {
+    const CTempTree tree;
+    tree.write("Jobs\\ProjectSettings.txt");
+    tree.write("Jobs\\1234\\ProjectSettings.txt");
+    tree.folder("Jobs\\1234\\Dwg\\Arch\\");
+    const auto find = [&](const char* szBelow) { return findProjectFolder(tree.path(szBelow).c_str()).str(); };
+    CHECK(find("Jobs\\1234\\Dwg\\Arch") == tree.path("Jobs\\1234\\"));
+    CHECK(find("Jobs\\1234\\Dwg\\Arch\\") == tree.path("Jobs\\1234\\"));
+    CHECK(find("Jobs\\1234") == tree.path("Jobs\\1234\\"));
+    CHECK(find("Jobs\\5678\\missing") == tree.path("Jobs\\"));
+    CHECK(find("Other\\") == "");
+    CHECK(findProjectFolder("").str() == "");
+    CHECK(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234").str() == "");
+    CHECK(findProjectFolder("\\\\?\\" "C:\\none").str() == "");
+    CHECK(findProjectFolder("relative\\folder").str() == "");
+
+    const std::string sRoot = tree.path("").substr(0, 3);
+    const std::string sName = "at the root " + std::to_string(::GetCurrentProcessId());
+    const HANDLE hFile = ::CreateFileA((sRoot + sName).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                       CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    REQUIRE(hFile != INVALID_HANDLE_VALUE);
+    ::CloseHandle(hFile);
+    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == "");
+    FILE* const pFile = std::fopen((sRoot + sName).c_str(), "w");
+    REQUIRE(pFile);
+    std::fclose(pFile);
+    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == sRoot);
+    ::DeleteFileA((sRoot + sName).c_str());
+}
+
+TEST_CASE("the installation's own folders") {
+    const CTestHive hive;
+    {
+        const CInstallation plain("App\\Bin\\");
+        const std::string sRoot = plain.tree().path("App\\Bin\\");
+        CHECK(location(LOCATION_FILE_MODULE) == sRoot + "Module.arx");
+        CHECK(location(LOCATION_DIR_PROGRAM) == sRoot);
+        CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == sRoot);
+        CHECK(location(LOCATION_FILE_HELP) == sRoot + "HelpDocs\\Draftrix.hlp");
+        CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == plain.tree().path("DomainSettings\\"));  // not there
+        plain.tree().folder("App\\DomainSettings\\");
+        CHECK(location(LOCATION_FILE_DOMAIN_SETTINGS) ==
+              plain.tree().path("App\\DomainSettings\\DomainSettings.txt"));
+    }
+    const CInstallation components("App\\COMPONENTS\\");
+    CHECK(location(LOCATION_DIR_PROGRAM) == components.tree().path("App\\COMPONENTS\\"));
+    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == components.tree().path("App\\"));
+    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) ==
+          components.tree().path("App\\support\\StandardSettings.txt"));
+    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) ==
+          location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\Module.log");
+}
+
+TEST_CASE("the registered domain settings folder comes first, and an administrator's change reaches the user once") {
+    const CTestHive hive;
+    const CMachineHive machine;
+    const CInstallation installation("App\\");
+    const CTempTree& tree = installation.tree();
+    tree.folder("User\\");
+    tree.folder("Admin\\");
+    tree.folder("DomainSettings\\");
+    const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
+    const char* const szName = "Domain Settings";
+    const auto registered = [&] { return getDomainSettingsFolder().str(); };
+
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, szName, tree.path("gone").c_str());
+    CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == tree.path("DomainSettings\\"));
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, szName, tree.path("User").c_str());
+    CHECK(registered() == tree.path("User"));
+    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey, szName, tree.path("Admin").c_str());
+    CHECK(registered() == tree.path("User"));  // without a stamp nothing is copied
+    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey + "\\Stamps", szName, "1");
+    CHECK(registered() == tree.path("Admin"));
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, szName, tree.path("User").c_str());
+    CHECK(registered() == tree.path("User"));  // the same stamp: the user's choice stays
+    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey + "\\Stamps", szName, "2");
+    CHECK(registered() == tree.path("Admin"));
+}
+
+TEST_CASE("the temporary folder is the first of the candidates that exists") {
+    const CTempTree tree;
+    tree.folder("One\\");
+    tree.folder("Two\\");
+    const std::string sOne = tree.path("One"), sTwo = tree.path("Two"), sNone = tree.path("None");
+    {
+        const CEnvironment temp("TEMP", sOne.c_str()), tmp("TMP", sTwo.c_str());
+        CHECK(location(LOCATION_DIR_TEMP) == sOne + "\\");
+    }
+    {
+        const CEnvironment temp("TEMP", sNone.c_str()), tmp("TMP", sTwo.c_str());
+        CHECK(getTempFolder().str() == sTwo);
+    }
+    {
+        const CEnvironment temp("TEMP", nullptr), tmp("TMP", sTwo.c_str());
+        CHECK(getTempFolder().str() == sTwo);
+    }
+    const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
+    CHECK(folderExists(getTempFolder()));
+}
+
+TEST_CASE("every location is a full path of its kind, and what is no location is empty") {
+    for (int iWhere : {-1, 0, 19, 26, 1000})
+        CHECK(location(iWhere) == "");
+    for (int iWhere = LOCATION_DIR_PROGRAM; iWhere <= LOCATION_DIR_PROGRAMFILES; ++iWhere) {
+        CAPTURE(iWhere);
+        CHECK(location(iWhere).substr(1, 2) == ":\\");
+        CHECK(location(iWhere).back() == '\\');
+        CHECK(location(iWhere).find("..") == std::string::npos);
+    }
+    CHECK(folderExists(getLocation(LOCATION_DIR_WINDOWS_SYSTEM)));
+    CHECK(location(LOCATION_DIR_USERPLENDADATA) == location(LOCATION_DIR_USERAPPDATA) + "Draftrix\\");
+}
+
+TEST_CASE("the current drawing's project") {
+    CHECK(location(LOCATION_DIR_DRAWING) == "");  // no host, no drawing
+    const CTempTree tree;
+    tree.write("1234\\ProjectSettings.txt");
+    tree.folder("1234\\Dwg\\Arch\\");
+    host::Application application({.visible = false});
+    REQUIRE(application.execute("NEW").succeeded);
+    REQUIRE(application.execute("SAVEAS \"" + tree.path("1234\\Dwg\\Arch\\A.dwg") + "\"").succeeded);
+    CHECK(location(LOCATION_DIR_DRAWING) == tree.path("1234\\Dwg\\Arch\\"));
+    CHECK(location(LOCATION_DIR_PROJECT_DWG_ROOT) == tree.path("1234\\"));
+    CHECK(location(LOCATION_DIR_PROJECT_DWG_SETTINGS) == tree.path("1234\\Settings\\"));
+    CHECK(location(LOCATION_FILE_PROJECT_SETTINGS) == tree.path("1234\\ProjectSettings.txt"));
+    REQUIRE(application.execute("SAVEAS \"" + tree.path("B.dwg") + "\"").succeeded);
+    CHECK(location(LOCATION_DIR_PROJECT_DWG_ROOT) == "");
+    CHECK(location(LOCATION_DIR_PROJECT_DWG_SETTINGS) == "");
+    CHECK(location(LOCATION_FILE_PROJECT_SETTINGS) == "");
+}
+
+TEST_CASE("copies of a settings file run from the most general to the most specific") {
+    const CTestHive hive;
+    const CInstallation installation("App\\");
+    const CTempTree& tree = installation.tree();
+    const std::string sRelease = acdbHostApplicationServices()->releaseMajorMinorString();
+    const std::string sProduct = acdbHostApplicationServices()->product();
+    CHECK(sRelease == "16.0");
+
+    CStringList vecExpected;
+    for (const char* szFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
+                                 "Job2\\Settings\\support\\", "Job1\\Dwg\\", "Job1\\Dwg2\\", "Job2\\"}) {
+        for (const std::string& sName : {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini",
+                                         "Tabs" + sProduct + "_" + sRelease + ".ini"})
+            vecExpected.push_back(tree.write(szFolder + sName, "where = " + sName));
+    }
+    tree.write("Job1\\ProjectSettings.txt");
+    tree.write("Job2\\ProjectSettings.txt");
+    const CStringList vecDrawings{tree.path("Job2\\C.dwg"), tree.path("Job1\\Dwg2\\B.dwg"),
+                                  tree.path("Job1\\Dwg\\A.dwg"), tree.path("Job1\\Dwg\\A2.dwg")};
+
+    CLocator locator;
+    CStringList vecFiles;
+    locator.findFiles(vecFiles, vecDrawings, "Tabs.ini", "");
+    CHECK(vecFiles == vecExpected);
+    CHECK(locator.findFile(vecDrawings, "Tabs.ini", "") == vecExpected.back());
+    vecFiles.clear();
+    locator.findAllFiles(vecFiles, vecDrawings, "Tabs.ini", "support");
+    CHECK(vecFiles == vecExpected);
+
+    // Another sub-folder applies to all but the drawings' own folders.
+    CHECK(locator.findFileForDrawing(vecDrawings[2], "Tabs.ini", "Other") == vecExpected[14]);
+    vecFiles.clear();
+    locator.findFilesForDrawing(vecFiles, vecDrawings[2], "Tabs.ini", "Other");
+    CHECK(vecFiles == CStringList(vecExpected.begin() + 12, vecExpected.begin() + 15));
+
+    // Base folders of the caller's own; gaps in the layers leave no gap in the list.
+    ::DeleteFileA(vecExpected[0]);
+    ::DeleteFileA(vecExpected[1]);
+    CHECK(locator.findFileIn({tree.path("App\\").c_str()}, {}, "Tabs.ini", "") == vecExpected[2]);
+    CHECK(locator.findFileIn({}, {}, "Tabs.ini", "") == "");
+    CHECK(locator.findFile({tree.path("none\\D.dwg").c_str()}, "None.ini", "") == "");
+    CHECK(locator.splitPathList(";C:\\A B;;D:\\x;") == CStringList{"C:\\A B", "D:\\x"});
+}
+
+namespace {
+
+class CManager : public CDefaultSettingsManager {
+public:
+    CManager(const char* sFile, CLocator* pLocator) : CDefaultSettingsManager(sFile, pLocator) {}
+    bool reset(const std::vector<CString>& vecFiles, bool) override {
+        m_vecFiles = vecFiles;
+        return true;
+    }
+    void traceContents(int) override {}
+    CString getSupportSubfolderName() override { return ""; }
+    const std::vector<CString>& files() const { return m_vecFiles; }
+};
+
+class CCountedLocator : public CLocator {
+public:
+    explicit CCountedLocator(int& iAlive) : m_iAlive(iAlive) { ++m_iAlive; }
+    ~CCountedLocator() override { --m_iAlive; }
+
+private:
+    int& m_iAlive;
+};
+
+}  // namespace
+
+TEST_CASE("settings made for a drawing: the nearest copy wins, key by key") {
+    const CTestHive hive;
+    const CInstallation installation("App\\");
+    const CTempTree& tree = installation.tree();
+    tree.write("App\\support\\Tabs.ini", "a = standard\r\nb = standard\r\n");
+    tree.write("Dwg\\Tabs.ini", "b = drawing\r\n");
+    CManager manager(tree.path("Dwg\\A.dwg").c_str(), nullptr);
+    using Settings = std::unique_ptr<CDefaultSettings>;
+    const Settings layered(manager.createSettings("Tabs.ini", manager.files(), false));
+    CHECK(layered->getValue("", "A") == "standard");
+    CHECK(layered->getValue("", "B") == "drawing");
+    const Settings standard(manager.createStandardSettings("Tabs.ini", false));
+    CHECK(standard->getValue("", "B") == "standard");
+    const Settings none(manager.createSettings("None.ini", manager.files(), false));
+    CHECK(none->getContents().empty());
+
+    int iAlive = 0;
+    CCountedLocator* const pLocator = new CCountedLocator(iAlive);
+    { const CManager borrower("", pLocator); }
+    CHECK(iAlive == 1);
+    delete pLocator;
+}
+
+TEST_CASE("a reset for the current document takes that document's name") {
+    host::Application application({.visible = false});
+    CManager manager("before", nullptr);
+    CHECK(!manager.resetForCurrentDocument(false));  // no document
+    const CTempTree tree;
+    REQUIRE(application.execute("NEW").succeeded);
+    REQUIRE(application.execute("SAVEAS \"" + tree.path("A.dwg") + "\"").succeeded);
+    CHECK(manager.resetForCurrentDocument(false));
+    CHECK(manager.files() == std::vector<CString>{tree.path("A.dwg")});
+}

@@ -1,0 +1,102 @@
+#include "library/drawing/ARXVariable.h"
+
+#include "host/application/Application.h"
+
+#include <doctest/doctest.h>
+
+using namespace Tesk;
+
+namespace {
+
+// The text of the exception that the call raises, with its code; empty without one.
+template <class Call>
+std::string raisedBy(const Call& call) {
+    try {
+        call();
+    } catch (CARXVariableException* e) {
+        CString sText;
+        const bool bText = e->getErrorText(sText);
+        const std::string sCode = std::to_string(e->getCode());
+        e->Delete();
+        return sCode + (bText ? " " : " no ") + sText.str();
+    }
+    return "";
+}
+
+}  // namespace
+
+TEST_CASE("a value describes itself by its type") {
+    CVariable variable("NAME");
+    CHECK(variable.getType() == CVariable::TYPE_NONE);
+    CHECK(variable.getString() == "");
+    variable.set("text");
+    CHECK(variable.getDescription() == "NAME value is : text (String).");
+    variable.set(static_cast<const char*>(nullptr));
+    CHECK(variable.getDescription() == "NAME value is :  (String).");
+    variable.set(short{-7});
+    CHECK(variable.getDescription() == "NAME value is : -7 (Short).");
+    variable.set(true);
+    CHECK(variable.getDescription() == "NAME value is : 1 (Short).");
+    CHECK(variable.getBool());
+    variable.set(2.5);
+    CHECK(variable.getDescription() == "NAME value is : 2.5 (Double).");
+    variable.set(C2DPoint(1, 2));
+    CHECK(variable.getDescription() == "NAME value is : 1,2 (2D Point).");
+    variable.set(C3DPoint(1, 2, 3));
+    CHECK(variable.getDescription() == "NAME value is : 1,2,3 (3D Point).");
+    CHECK(variable.getDouble() == 2.5);  // another type's value stays
+}
+
+TEST_CASE("system variables of the five types go to the host and come back") {
+    host::Application application({.visible = false});
+    REQUIRE(application.execute("NEW").succeeded);
+
+    CARXVariable("USERS1").set("a text");
+    CHECK(CARXVariable("USERS1").readString() == "a text");
+    CARXVariable("SDI").set(true);
+    CHECK(CARXVariable("SDI").readBool());
+    CARXVariable("SDI").set(short{0});
+    CHECK(!CARXVariable("SDI").readBool());
+
+    CARXVariable variable("LTSCALE");
+    variable.set(2.5);
+    CARXVariable scale("LTSCALE");
+    scale.read();
+    CHECK(scale.getType() == CVariable::TYPE_DOUBLE);
+    CHECK(scale.getDouble() == 2.5);
+
+    CARXVariable("LIMMIN").set(C2DPoint(-1, 3));
+    CARXVariable limits("LIMMIN");
+    limits.read();
+    CHECK(limits.getDescription() == "LIMMIN value is : -1,3 (2D Point).");
+
+    CARXVariable("INSBASE").set(C3DPoint(1, 2, 3));
+    CARXVariable base("INSBASE");
+    base.read();
+    CHECK(base.getDescription() == "INSBASE value is : 1,2,3 (3D Point).");
+}
+
+TEST_CASE("what cannot be read or written is raised, by name") {
+    host::Application application({.visible = false});
+    REQUIRE(application.execute("NEW").succeeded);
+
+    CARXVariable missing("NOSUCH");
+    CHECK(raisedBy([&] { missing.read(); }) == "1 Error : Unable to read AutoCAD variable (NOSUCH).");
+    CHECK(missing.getType() == CVariable::TYPE_NONE);
+    CHECK(raisedBy([] { CARXVariable("").read(); }) == "1 Error : Unable to read AutoCAD variable.");
+    CHECK(raisedBy([] { CARXVariable("TREEMAX").read(); }) != "");  // a long integer
+    CHECK(raisedBy([] { CARXVariable("NONE").write(); }) ==
+          "2 Error : Unable to write AutoCAD variable (NONE).");
+
+    CARXVariable modified("DBMOD");
+    CHECK(raisedBy([&] { modified.set(short{4}); }) ==
+          "2 Error : Unable to write AutoCAD variable (DBMOD).");
+    CHECK(modified.getShort() == 4);  // the value assigned stays
+    modified.read();
+    CHECK(modified.getShort() == 0);
+
+    const CARXVariableException unknown(3, "X");
+    CString sText;
+    CHECK(!unknown.getErrorText(sText));
+    CHECK(sText == "Error : ");
+}
