@@ -58,16 +58,15 @@ std::string specialFolder(int iFolder) {
     return bValid ? szPath : "";
 }
 
-// The module may be unknown (before the library is initialised): then the program's file.
-// The handle is read directly, since an assertion report asks for this path too.
+// The module's file, or the program's while the library has no module. The handle is read
+// directly, since an assertion report asks for this path too.
 std::string moduleFile() {
     static std::pair<HMODULE, std::string> cached;
-    if (cached.second.empty() || cached.first != G_hCurrentModule) {
-        char szPath[MAX_PATH * 4] = "";
-        const DWORD length = ::GetModuleFileNameA(G_hCurrentModule, szPath, sizeof szPath);
-        if (length < sizeof szPath)
-            cached = {G_hCurrentModule, szPath};
-    }
+    if (G_bLibraryInitialised && cached.first == G_hCurrentModule && !cached.second.empty())
+        return cached.second;
+    char szPath[MAX_PATH * 4] = "";
+    const DWORD length = ::GetModuleFileNameA(G_hCurrentModule, szPath, sizeof szPath);
+    cached = {G_hCurrentModule, length < sizeof szPath ? szPath : ""};
     return cached.second;
 }
 

@@ -268,7 +268,7 @@ TEST_CASE("copies of a settings file run from the most general to the most speci
 
     CStringList vecExpected;
     for (const char* szFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
-                                 "Job2\\Settings\\support\\", "Job1\\Dwg\\", "Job1\\Dwg2\\", "Job2\\"}) {
+                                 "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
         for (const std::string& sName : {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini",
                                          "Tabs" + sProduct + "_" + sRelease + ".ini"})
             vecExpected.push_back(tree.write(szFolder + sName, "where = " + sName));
@@ -288,10 +288,10 @@ TEST_CASE("copies of a settings file run from the most general to the most speci
     CHECK(vecFiles == vecExpected);
 
     // Another sub-folder applies to all but the drawings' own folders.
-    CHECK(locator.findFileForDrawing(vecDrawings[2], "Tabs.ini", "Other") == vecExpected[14]);
+    CHECK(locator.findFileForDrawing(vecDrawings[2], "Tabs.ini", "Other") == vecExpected[17]);
     vecFiles.clear();
     locator.findFilesForDrawing(vecFiles, vecDrawings[2], "Tabs.ini", "Other");
-    CHECK(vecFiles == CStringList(vecExpected.begin() + 12, vecExpected.begin() + 15));
+    CHECK(vecFiles == CStringList(vecExpected.begin() + 15, vecExpected.begin() + 18));
 
     // Base folders of the caller's own; gaps in the layers leave no gap in the list.
     ::DeleteFileA(vecExpected[0]);
