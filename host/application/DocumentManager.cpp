@@ -59,6 +59,8 @@ DocumentManager::~DocumentManager()
 
 AcApDocument* DocumentManager::document(const AcDbDatabase* pDatabase) const
 {
+    if (Faults::hit("AcApDocManager::document"))
+        return nullptr;
     for (const auto& document : m_documents)
         if (pDatabase != nullptr && document->database() == pDatabase)
             return document.get();

@@ -133,6 +133,9 @@ void Database::dxfIn(const std::string& sPath)
     adopt(DxfFile::read(fullPath(sPath)), true);
     m_undo = std::make_unique<UndoList>(*this, kObjects);
     m_dbmod |= kObjects;
+    Notifier notifier(*this);
+    for (BlockNode* pBlock : m_graph->blocks())
+        notifier.appended(*pBlock);
 }
 
 bool Database::undo()

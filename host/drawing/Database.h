@@ -68,7 +68,8 @@ public:
     // before. On success the drawing has the path and is unmodified.
     void save(const std::string& sPath);
     // Replaces the contents by those of another file and marks the drawing as
-    // modified; path and reactors stay. Throws FileError, then nothing has changed.
+    // modified; path and reactors stay, and the reactors hear of each block that comes.
+    // Throws FileError, then nothing has changed.
     void dxfIn(const std::string& sPath);
 
     // --- Modified state: 0 exactly when the drawing is as it was saved or opened.
