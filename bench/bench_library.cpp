@@ -1,0 +1,121 @@
+// The support library's figures: settings files, template expansion, disabled trace.
+#include "bench/Stopwatch.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/expansion/KeywordExpansion.h"
+#include "library/files/DefaultSettings.h"
+#include "tests/library/TempTree.h"
+
+#include <boost/regex.hpp>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int iKeys = 10000;
+
+void benchSettings() {
+    const CTempTree tree;
+    std::string sFile = "[Keys]\r\n";
+    std::vector<std::string> vecKeys;
+    for (int i = 0; i < iKeys; ++i) {
+        vecKeys.push_back("Key" + std::to_string(i * 7919 % iKeys));
+        sFile += vecKeys.back() + " = the value of number " + std::to_string(i) + "\r\n";
+    }
+    const std::string sPath = tree.write("Settings.ini", sFile);
+
+    std::size_t sum = 0;
+    const double bytes = microseconds(1, [&] {
+        std::string sBytes(sFile.size(), '\0');
+        FILE* const pFile = std::fopen(sPath.c_str(), "rb");
+        sum += std::fread(sBytes.data(), 1, sBytes.size(), pFile);
+        std::fclose(pFile);
+    });
+    const double load = microseconds(1, [&] {
+        const Tesk::CDefaultSettings settings({sPath.c_str()}, false);
+        sum += settings.isDefined("Keys", "Key1");
+    });
+    const double loadAndGet = microseconds(1, [&] {
+        const Tesk::CDefaultSettings settings({sPath.c_str()}, false);
+        for (const std::string& sKey : vecKeys)
+            sum += static_cast<std::size_t>(settings.getValue("Keys", sKey.c_str()).GetLength());
+    });
+    const double profile = microseconds(1, [&] {
+        char szValue[256];
+        for (const std::string& sKey : vecKeys)
+            sum += ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", szValue, sizeof szValue, sPath.c_str());
+    }, 1);
+    report("read 10,000 keys' bytes", bytes, "load them", load);
+    report("load and get 10,000 keys", loadAndGet, "GetPrivateProfileString", profile);
+    std::printf("(%u)\n", static_cast<unsigned>(sum % 10));
+}
+
+class CExpansion : public Tesk::CKeywordExpansion {
+public:
+    CExpansion() : CKeywordExpansion("C:\\Jobs\\1234\\A-100.rev2.dwg", 1, 3) {
+        for (int i = 0; i < 40; ++i)
+            addToMap(("HALVORAN::TITLE_" + std::to_string(i)).c_str(), "a line of the title");
+    }
+
+    // The plain walk of the table, then the four date expressions.
+    std::string expandPlainly(const std::string& sTemplate) const {
+        std::string sText = sTemplate;
+        for (const auto& [sKeyword, sValue] : m_mapKeywords) {
+            const std::string sToken = "%" + sKeyword + "%";
+            for (std::size_t at; (at = sText.find(sToken)) != std::string::npos;)
+                sText.replace(at, sToken.size(), sValue);
+        }
+        for (const char* szKeyword : {"UPDATE_DATE", "UPDATE_DATE_UTC", "CURRENT_DATE", "CURRENT_DATE_UTC"}) {
+            const boost::regex expression(std::string("(^.*)\\%") + szKeyword + "::(.+?)\\%(.*$)");
+            boost::smatch match;
+            if (boost::regex_match(sText, match, expression))
+                sText = match[1].str() + match[3].str();
+        }
+        return sText;
+    }
+};
+
+void benchExpansion() {
+    const CExpansion expansion;
+    std::string sTemplate =
+        "%FILENAME% (%DRAWING_INDEX%/%DRAWING_COUNT%)%NEWLINE%%HALVORAN::TITLE_1%, %HALVORAN::TITLE_22%"
+        " in %X_FOLDER% by %USER_NAME% on %COMPUTER_NAME% on %DRIVE%: ";
+    sTemplate.resize(200, '.');
+    std::size_t sum = 0;
+    const auto ours = [&](const std::string& sText) {
+        return microseconds(2000, [&] { sum += static_cast<std::size_t>(expansion.expandString(sText.c_str()).GetLength()); });
+    };
+    const auto plain = [&](const std::string& sText) {
+        return microseconds(50, [&] { sum += expansion.expandPlainly(sText).size(); });
+    };
+    report("200 characters, ten tokens", ours(sTemplate), "plain walk", plain(sTemplate));
+    const std::string sPlainText(200, '.');
+    report("200 characters, no token", ours(sPlainText), "plain walk", plain(sPlainText));
+    std::printf("(%u)\n", static_cast<unsigned>(sum % 10));
+}
+
+__attribute__((noinline)) void emptyCall(const char* szText) { asm volatile("" : : "r"(szText)); }
+
+__attribute__((noinline)) const char* expensive() {
+    ::Sleep(1000);
+    return "never asked for";
+}
+
+void benchTrace() {
+    constexpr int iCalls = 20'000'000;
+    const double trace = microseconds(iCalls, [] {
+        TESK_TRACE("text %s %d\n", expensive(), 1);
+        asm volatile("" : : : "memory");
+    });
+    const double call = microseconds(iCalls, [] { emptyCall("text"); });
+    report("a disabled trace", trace, "an empty call", call);
+}
+
+}  // namespace
+
+int main() {
+    benchSettings();
+    benchExpansion();
+    benchTrace();
+    return 0;
+}
