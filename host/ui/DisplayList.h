@@ -12,25 +12,25 @@ namespace host {
 
 class Database;
 
+struct PlanPoint {
+    double x = 0.0;
+    double y = 0.0;
+};
+
 class DisplayList {
 public:
     void read(const Database& drawing);
     void paint(HDC dc, const RECT& area) const;
 
 private:
-    struct Point {
-        double x;
-        double y;
-    };
-    struct Polyline {
-        std::vector<Point> points;
-    };
+    friend class DisplayReader;
+
     struct Text {
-        Point at;
+        PlanPoint at;
         std::string text;
     };
 
-    std::vector<Polyline> m_lines;
+    std::vector<std::vector<PlanPoint>> m_lines;
     std::vector<Text> m_texts;
 };
 

@@ -20,7 +20,7 @@ bool DrawingView::create(CMDIFrameWnd& frame)
 
 void DrawingView::refresh()
 {
-    m_display.read(m_document.drawing());
+    m_stale = true;
     SetWindowText(m_document.title().c_str());
     Invalidate();
 }
@@ -29,6 +29,8 @@ void DrawingView::OnPaint()
 {
     PAINTSTRUCT paint;
     const HDC dc = ::BeginPaint(m_hWnd, &paint);
+    if (std::exchange(m_stale, false))
+        m_display.read(m_document.drawing());
     CRect area;
     GetClientRect(area);
     m_display.paint(dc, area);

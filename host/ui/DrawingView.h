@@ -33,6 +33,7 @@ private:
     Application& m_application;
     Document& m_document;
     DisplayList m_display;
+    bool m_stale = true;
 };
 
 } // namespace host

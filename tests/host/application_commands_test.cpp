@@ -114,6 +114,35 @@ TEST_CASE_FIXTURE(HostFixture, "a script goes on after an error, names its line,
     CHECK(documents().count() == 0);
 }
 
+TEST_CASE_FIXTURE(HostFixture, "a typed line runs when the host is idle, also without a drawing")
+{
+    const HWND pane = ::GetDlgItem(application.frame().m_hWnd, 0xE801);
+    REQUIRE(pane != nullptr);
+    const HWND input = ::GetDlgItem(pane, 2);
+    const auto type = [&](const char* sLine) {
+        ::SetWindowTextA(input, sLine);
+        ::PostMessageA(input, WM_KEYDOWN, VK_RETURN, 1);
+    };
+    type("new");
+    CHECK(documents().count() == 0);
+    application.pumpUntilIdle();
+    CHECK(documents().count() == 1);
+    type("line 0 0 1 1");
+    application.pumpUntilIdle();
+    CHECK(documents().at(0).isModified());
+    CHECK(::GetWindowTextLengthA(input) == 0);
+
+    // The menu and its keys type for the person.
+    application.frame().SendMessage(WM_COMMAND, 100);
+    application.pumpUntilIdle();
+    CHECK(documents().count() == 2);
+    // What is typed over the drawing arrives in the line.
+    const HWND view = reinterpret_cast<HWND>(::SendMessageA(application.frame().m_hWndMDIClient, WM_MDIGETACTIVE, 0, 0));
+    ::PostMessageA(view, WM_CHAR, 'l', 1);
+    application.pumpUntilIdle();
+    CHECK(::GetWindowTextLengthA(input) == 1);
+}
+
 TEST_CASE_FIXTURE(HostFixture, "a print is cut at 132 characters and keeps the ANSI code page")
 {
     application.commandLine().history().clear();

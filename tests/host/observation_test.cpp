@@ -141,6 +141,7 @@ TEST_CASE_FIXTURE(VisibleHost, "CLICK and HOVER act on the tab with the mouse")
     CHECK(run("CLICK 29"));
     CHECK(::SendMessageA(strip.m_hWnd, TCM_GETCURSEL, 0, 0) == 29);
     refused("CLICK 30", "no tab 30");
+    CHECK(observe("HOVER 28") == "tip: title=\"The title\" text=\"first\\nsecond\"\n");
     CHECK(observe("HOVER 29") == "tip: title=\"The title\" text=\"first\\nsecond\"\n");
 }
 
