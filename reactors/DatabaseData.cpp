@@ -33,10 +33,12 @@ void appendXrefPath(const AcDbBlockTableRecord& record, std::vector<CString>& ve
 
 }
 
-CDatabaseData::CDatabaseData(AcDbDatabase* pDatabase) : m_keywordExpansion("", 1, 1), m_pDatabase(pDatabase)
+CDatabaseData::CDatabaseData(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
 {
-    if (m_pDatabase == nullptr)
+    if (m_pDatabase == nullptr) {
+        m_keywordExpansion.emplace("", 1, 1);
         return;
+    }
     const Tesk::CWorkingDatabase workingDatabase(m_pDatabase);
     try {
         read();
@@ -53,7 +55,7 @@ void CDatabaseData::read()
         throw std::invalid_argument("no document owns the drawing");
     m_vecXrefPaths = getXrefPaths();
     m_drawingProperties = Tesk::CARXDrawingProperties(m_pDatabase);
-    m_keywordExpansion = Tesk::CARXKeywordExpansion(m_pDatabase, m_pDocument->fileName(), 1, 1);
+    m_keywordExpansion.emplace(m_pDatabase, m_pDocument->fileName(), 1, 1);
 }
 
 std::vector<CString> CDatabaseData::getXrefPaths() const

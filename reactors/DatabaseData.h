@@ -5,6 +5,7 @@
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "mfc/afx.h"
 
+#include <optional>
 #include <vector>
 
 class AcApDocument;
@@ -21,7 +22,7 @@ public:
     CDatabaseData& operator=(const CDatabaseData&) = default;
 
     // For templates; asks for the drawing's file name as it was when this was built.
-    Tesk::CARXKeywordExpansion& keywordExpansion() { return m_keywordExpansion; }
+    Tesk::CARXKeywordExpansion& keywordExpansion() { return *m_keywordExpansion; }
     // Full paths of the attached, loaded external references, in block-table order; two
     // references to one file are two entries.
     std::vector<CString>& xrefPaths() { return m_vecXrefPaths; }
@@ -36,7 +37,8 @@ public:
 private:
     void read();
 
-    Tesk::CARXKeywordExpansion m_keywordExpansion;
+    // Always there once the object is built; building one takes a while.
+    std::optional<Tesk::CARXKeywordExpansion> m_keywordExpansion;
     std::vector<CString> m_vecXrefPaths;
     Tesk::CARXDrawingProperties m_drawingProperties;
     AcDbDatabase* m_pDatabase;
