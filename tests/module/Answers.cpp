@@ -1,0 +1,78 @@
+#include "Answers.h"
+
+#include <cstring>
+#include <utility>
+
+namespace {
+
+std::string textOf(HWND window)
+{
+    char text[4096] = "";
+    ::GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+std::string between(const std::string& text, const std::string& from, const std::string& to)
+{
+    const auto begin = text.find(from);
+    const auto end = begin == std::string::npos ? begin : text.find(to, begin + from.size());
+    return end == std::string::npos ? "" : text.substr(begin + from.size(), end - begin - from.size());
+}
+
+}
+
+Answers* Answers::s_pCurrent = nullptr;
+
+Answers::Answers(Handler onOptions) : m_onOptions(std::move(onOptions)), m_timer(::SetTimer(nullptr, 0, 20, &onTimer))
+{
+    s_pCurrent = this;
+}
+
+Answers::~Answers()
+{
+    ::KillTimer(nullptr, m_timer);
+    s_pCurrent = nullptr;
+}
+
+std::string Answers::assertions() const
+{
+    std::string found;
+    for (const Box& box : m_boxes)
+        if (box.title.starts_with("Assertion Failure"))
+            found += between(box.text, "File : <", ">") + ": " + between(box.text, "Assertion : <", ">\nFile") + "\n";
+    return found;
+}
+
+bool Answers::isChecked(HWND dialog, int id) { return ::IsDlgButtonChecked(dialog, id) == BST_CHECKED; }
+bool Answers::isEnabled(HWND dialog, int id) { return ::IsWindowEnabled(::GetDlgItem(dialog, id)); }
+void Answers::press(HWND dialog, int id) { ::SendMessageA(::GetDlgItem(dialog, id), BM_CLICK, 0, 0); }
+
+void CALLBACK Answers::onTimer(HWND, UINT, UINT_PTR, DWORD)
+{
+    if (s_pCurrent != nullptr)
+        ::EnumThreadWindows(::GetCurrentThreadId(), &look, reinterpret_cast<LPARAM>(s_pCurrent));
+}
+
+BOOL CALLBACK Answers::look(HWND window, LPARAM self)
+{
+    char name[16] = "";
+    ::GetClassNameA(window, name, sizeof name);
+    if (std::strcmp(name, "#32770") != 0 || !::IsWindowVisible(window))
+        return TRUE;
+    reinterpret_cast<Answers*>(self)->answer(window);
+    return FALSE;
+}
+
+void Answers::answer(HWND dialog)
+{
+    const std::string title = textOf(dialog);
+    const bool known = std::exchange(m_answered, dialog) == dialog;
+    if (title == "Zavik MDI Tabs - Options") {
+        m_turn = known ? m_turn + 1 : 0;
+        m_optionsShown += !known;
+        m_onOptions ? m_onOptions(dialog, m_turn) : press(dialog, IDCANCEL);
+    } else if (!known) {
+        m_boxes.push_back({title, textOf(::GetDlgItem(dialog, 0xFFFF))});
+        ::PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    }
+}

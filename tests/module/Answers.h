@@ -1,0 +1,49 @@
+// Answers the boxes and dialogs that come up on this thread, from within their own
+// message loops, as a person would: by looking at the window and pressing buttons.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+struct Box {
+    std::string title;
+    std::string text;
+};
+
+class Answers {
+public:
+    using Handler = std::function<void(HWND dialog, int turn)>;
+
+    // The handler gets the options dialog again and again, counting from 0, until
+    // it closes it; without a handler the dialog is cancelled. Message boxes are
+    // read and closed.
+    explicit Answers(Handler onOptions = {});
+    ~Answers();
+    Answers(const Answers&) = delete;
+    Answers& operator=(const Answers&) = delete;
+
+    const std::vector<Box>& boxes() const { return m_boxes; }
+    // What the assertion boxes report: a line "File: expression" each.
+    std::string assertions() const;
+    int optionsShown() const { return m_optionsShown; }
+
+    static bool isChecked(HWND dialog, int id);
+    static bool isEnabled(HWND dialog, int id);
+    static void press(HWND dialog, int id);
+
+private:
+    static void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD);
+    static BOOL CALLBACK look(HWND window, LPARAM self);
+    void answer(HWND dialog);
+
+    static Answers* s_pCurrent;
+    Handler m_onOptions;
+    UINT_PTR m_timer;
+    std::vector<Box> m_boxes;
+    int m_optionsShown = 0;
+    int m_turn = 0;
+    HWND m_answered = nullptr;
+};

@@ -1,0 +1,75 @@
+// The module in the stand-in host, in this process: real windows, a registry of its
+// own for the user, and a folder of its own for drawings.
+#pragma once
+
+#include "RedirectedUser.h"
+#include "host/application/Application.h"
+#include "mfc/afxwin.h"
+
+#include <string>
+#include <vector>
+
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    // With a closing backslash.
+    const std::string& path() const { return m_path; }
+    // Each gives the file's path; the sub-folder must exist.
+    std::string write(const std::string& name, const std::string& text) const;
+    std::string writeDrawing(const std::string& name) const;
+
+private:
+    std::string m_path;
+};
+
+// Counts the frame's layout passes as one of its children.
+class LayoutCounter : public CWnd {
+public:
+    explicit LayoutCounter(CFrameWnd& frame) { Create("STATIC", "", WS_CHILD, CRect(), &frame, 77); }
+    int take() { return std::exchange(m_count, 0); }
+
+private:
+    LRESULT OnSizeParent(WPARAM, LPARAM);
+    int m_count = 0;
+    DECLARE_MESSAGE_MAP()
+};
+
+struct ModuleFixture {
+    ModuleFixture();
+    ~ModuleFixture();
+
+    // Through the entry point, as the host does; each gives the reason of a failure.
+    std::string load();
+    std::string unload();
+    // Opens a new drawing of that name in the folder.
+    AcApDocument* open(const std::string& name);
+    void close(AcApDocument* pDocument);
+    // As a script line; false when it failed.
+    bool run(const std::string& line) { return app.execute(line).succeeded; }
+    // As a person's line: dialogs wait for the person.
+    void type(const std::string& line);
+
+    // The tab control as seen from outside; null without a strip.
+    HWND strip() const { return ::FindWindowExA(frame, nullptr, WC_TABCONTROLA, nullptr); }
+    HWND logo() const { return ::GetDlgItem(frame, 43); }
+    std::vector<std::string> tabs() const;
+    int selected() const { return static_cast<int>(::SendMessageA(strip(), TCM_GETCURSEL, 0, 0)); }
+    CPoint middleOf(int tab) const;
+    void click(int tab) const;
+    void moveMouse(int tab) const;
+    // The text that the strip's balloon would show; "-" without a balloon.
+    std::string balloon() const;
+
+    RedirectedUser user;
+    TemporaryFolder folder;
+    host::Application app;
+    HWND frame;
+    HWND client;  // the MDI client
+};
+
+// In client coordinates of the window's parent.
+CRect rectOf(HWND window);
