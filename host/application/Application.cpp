@@ -13,6 +13,18 @@ namespace {
 
 constexpr char kCancel = '\x03'; // what Ctrl+C or Escape types into a command string
 
+// Counts commands under way, also when one ends by an exception of its module's.
+class Depth {
+public:
+    explicit Depth(int& count) : m_count(count) { ++m_count; }
+    ~Depth() { --m_count; }
+    Depth(const Depth&) = delete;
+    Depth& operator=(const Depth&) = delete;
+
+private:
+    int& m_count;
+};
+
 std::string withoutCancels(std::string sLine)
 {
     std::erase(sLine, kCancel);
@@ -133,15 +145,13 @@ bool Application::runLine(const std::string& sLine, bool echo)
         return true;
     if (echo)
         m_commandLine.printLine("Command: " + sCommand);
-    ++m_depth;
-    bool done = false;
+    const Depth depth(m_depth);
     try {
-        done = dispatch(sCommand);
+        return dispatch(sCommand);
     } catch (const std::exception& error) { // CommandError, FileError, or no memory
         m_commandLine.printLine(error.what());
+        return false;
     }
-    --m_depth;
-    return done;
 }
 
 bool Application::dispatch(const std::string& sLine)

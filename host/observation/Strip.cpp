@@ -72,15 +72,25 @@ POINT Strip::middleOf(int tab) const
 {
     if (!exists() || tab < 0 || tab >= count())
         throw CommandError("There is no tab " + std::to_string(tab) + ".");
-    CRect client;
-    ::GetClientRect(m_window, client);
-    for (int scroll = 0; scroll <= count(); ++scroll) {
+    CRect view;
+    ::GetClientRect(m_window, view);
+    const HWND arrows = ::FindWindowExA(m_window, nullptr, UPDOWN_CLASSA, nullptr);
+    if (arrows != nullptr && ::IsWindowVisible(arrows)) {
+        CRect covered;
+        ::GetWindowRect(arrows, covered);
+        ::ScreenToClient(m_window, reinterpret_cast<POINT*>(&covered));
+        view.right = covered.left;
+    }
+    for (int step = 0; step <= count(); ++step) {
         CRect rect;
         ::SendMessageA(m_window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&rect));
         const CPoint middle = rect.CenterPoint();
-        if (client.PtInRect(middle))
+        // A tab that is scrolled out on the left may have an empty rectangle at 0.
+        if (!rect.IsRectEmpty() && view.PtInRect(middle))
             return middle;
-        ::SendMessageA(m_window, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, scroll), 0);
+        // One press of an arrow.
+        const int first = static_cast<short>(LOWORD(::SendMessageA(arrows, UDM_GETPOS, 0, 0)));
+        ::SendMessageA(m_window, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, middle.x <= view.left ? first - 1 : first + 1), 0);
     }
     throw CommandError("Tab " + std::to_string(tab) + " does not show.");
 }

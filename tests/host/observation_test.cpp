@@ -2,6 +2,7 @@
 
 #include "HostFixture.h"
 
+#include "host/observation/Deflate.h"
 #include "host/observation/Screenshot.h"
 #include "host/observation/Windows.h"
 #include "mfc/afxcmn.h"
@@ -96,6 +97,16 @@ public:
 
 using Lines = std::vector<std::string>;
 
+std::string hexadecimal(const std::string& bytes)
+{
+    std::string text;
+    for (const char c : bytes) {
+        text += "0123456789abcdef"[static_cast<unsigned char>(c) >> 4];
+        text += "0123456789abcdef"[c & 15];
+    }
+    return text;
+}
+
 int answered = 0;
 
 void askTwice()
@@ -140,6 +151,8 @@ TEST_CASE_FIXTURE(VisibleHost, "CLICK and HOVER act on the tab with the mouse")
     CHECK(::SendMessageA(strip.m_hWnd, TCM_GETCURSEL, 0, 0) == 2);
     CHECK(run("CLICK 29"));
     CHECK(::SendMessageA(strip.m_hWnd, TCM_GETCURSEL, 0, 0) == 29);
+    CHECK(run("CLICK 3"));
+    CHECK(::SendMessageA(strip.m_hWnd, TCM_GETCURSEL, 0, 0) == 3);
     refused("CLICK 30", "no tab 30");
     CHECK(observe("HOVER 28") == "tip: title=\"The title\" text=\"first\\nsecond\"\n");
     CHECK(observe("HOVER 29") == "tip: title=\"The title\" text=\"first\\nsecond\"\n");
@@ -198,11 +211,15 @@ TEST_CASE("a picture becomes the bytes that the format demands")
     picture.width = 2;
     picture.height = 2;
     picture.pixels = {1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 3};
-    const std::string png = host::observation::toPng(picture);
-    // Checked with other programs; row two is the same as row one, so zeros.
-    const auto data = png.find("IDAT");
-    REQUIRE(data != std::string::npos);
-    CHECK(static_cast<unsigned char>(png[data + 4]) == 0x78);
-    CHECK(png.substr(png.size() - 12) == std::string("\0\0\0\0IEND\xAE\x42\x60\x82", 12));
-    CHECK(static_cast<int>(png[19]) == 2); // width
+    CHECK(hexadecimal(host::observation::toPng(picture)) ==
+          "89504e470d0a1a0a0000000d4948445200000002000000020802000000fdd49a73000000124944415478016362646266"
+          "6462666200030000b20011f0e054cf0000000049454e44ae426082");
+    // Both were read back by other programs. Bytes of all code lengths, and runs short, long and longest.
+    std::string data = "abc\xF0\xFF";
+    for (const std::size_t run : {2u, 3u, 4u, 10u, 11u, 14u, 258u, 259u, 300u, 700u})
+        data += std::string(run, static_cast<char>(run)) + "-";
+    CHECK(hexadecimal(host::observation::zlibCompressed(data)) ==
+          "78014b4c4afef09f89499799995997050874b9e040971b0174f910000874991000011000011000011000011000011000"
+          "0110000110000110000110000110000110000110000a74994781aece28400004400004d0d1dd330a4601022000022000"
+          "02200002200002200002200002200002200002200010e8020008024161");
 }
