@@ -68,8 +68,9 @@ void ScriptRunner::runNext()
 
 void ScriptRunner::reportFailure(std::size_t line)
 {
-    const std::string sWhere = m_name.empty() ? "line " : m_name + ", line ";
-    m_application.commandLine().printLine("Script " + sWhere + std::to_string(line + 1) + " failed: " + m_lines[line]);
+    if (!m_name.empty())
+        m_application.commandLine().printLine("Script " + m_name + ", line " + std::to_string(line + 1) +
+                                              " failed: " + m_lines[line]);
 }
 
 void CALLBACK ScriptRunner::onTimer(HWND, UINT, UINT_PTR, DWORD)
