@@ -73,13 +73,10 @@ private:
         };
         static_assert(sizeof(Entry) == 24);
         constexpr int entries = 0x4000;
-#ifdef _WIN64
-        const auto block = reinterpret_cast<const char*>(__readgsqword(0x60));
-        const auto table = *reinterpret_cast<const Entry* const*>(block + 0xF8);
-#else
-        const auto block = reinterpret_cast<const char*>(__readfsdword(0x30));
-        const auto table = *reinterpret_cast<const Entry* const*>(block + 0x94);
-#endif
+        constexpr std::size_t tableOffset = sizeof(void*) == 8 ? 0xF8 : 0x94;
+        const auto currentBlock = reinterpret_cast<const char* (WINAPI*)()>(
+            reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleA("ntdll.dll"), "RtlGetCurrentPeb")));
+        const auto table = *reinterpret_cast<const Entry* const*>(currentBlock() + tableOffset);
         const DWORD process = ::GetCurrentProcessId();
         long count = 0;
         for (int i = 0; table != nullptr && i < entries; ++i) {

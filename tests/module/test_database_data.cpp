@@ -1,0 +1,271 @@
+// What is read from a drawing in one go: external references, properties, keywords;
+// and that a host which fails in the midst of it leaves no trace.
+#include "Answers.h"
+#include "ModuleFixture.h"
+#include "doctest/doctest.h"
+#include "host/drawing/Faults.h"
+#include "host/drawing/Memory.h"
+#include "library/diagnostics/Guard.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/drawing/ARXTitleBlock.h"
+#include "objectarx/dbapserv.h"
+#include "reactors/DatabaseData.h"
+#include "reactors/EditorReactor.h"
+#include "tests/support/DrawingText.h"
+#include "tests/support/ResourceCount.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+using host::Faults;
+
+namespace {
+
+struct DrawingHost : ModuleFixture {
+    AcDbDatabase* open(const std::string& name, const DrawingText& drawing)
+    {
+        app.documents().open(folder.write(name, drawing.str()));
+        app.pumpUntilIdle();
+        return app.documents().active()->database();
+    }
+    AcApDocument* document(AcDbDatabase* pDatabase) { return app.documents().document(pDatabase); }
+    void settings(const std::string& label, const std::string& group)
+    {
+        folder.write("ProjectSettings.txt",
+                     "PROJECTLABEL\r\n{\r\n" + label + "\r\n}\r\nTITLEBLOCKS\r\n{\r\n" + group + "\r\n}\r\n");
+    }
+    std::vector<std::string> xrefs(AcDbDatabase* pDatabase)
+    {
+        std::vector<std::string> paths;
+        CDatabaseData data(pDatabase);
+        for (const CString& path : data.xrefPaths())
+            paths.push_back(path.str());
+        return paths;
+    }
+};
+
+constexpr int kLoaded = DrawingText::Xref | DrawingText::Resolved;
+
+// Everything that is read, and some of it twice.
+DrawingText everything()
+{
+    return DrawingText().variable("TITLE", "Plan").custom("a", "1").custom("b", "2")
+        .block("DOOR").insert("DOOR").xref("Grid", "grid.dwg").insert("Grid").xref("Plot", "grid.dwg").insert("Plot")
+        .border("SHEET", {{"NR", "1"}, {"REV", "b"}});
+}
+
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "attached and loaded references are listed in the block table's order")
+{
+    folder.writeDrawing("zeta.dwg");
+    folder.writeDrawing("Alpha.dwg");
+    const auto path = [this](const char* name) { return folder.path() + name; };
+    AcDbDatabase* pDatabase = open("host.dwg", DrawingText()
+        .block("PLAIN").insert("PLAIN")
+        .xref("Zeta", "zeta.dwg").insert("Zeta")
+        .xref("Alpha", path("Alpha.dwg")).insert("Alpha")
+        .xref("Again", ".\\zeta.dwg").insert("Again").insert("Again")
+        .xref("Unused", "Alpha.dwg")
+        .xref("Missing", "missing.dwg").insert("Missing")
+        .xref("*X7", "Alpha.dwg", kLoaded | DrawingText::Anonymous).insert("*X7")
+        .xref("*Paper_Space", "Alpha.dwg").insert("*Paper_Space"));
+    CHECK(xrefs(pDatabase) == std::vector{path("zeta.dwg"), path("Alpha.dwg"), path("zeta.dwg")});
+
+    // Without the block table the rest is built all the same.
+    Faults::failNth("AcDbDatabase::getSymbolTable", 1);
+    CDatabaseData data(pDatabase);
+    Faults::clear();
+    CHECK(data.xrefPaths().empty());
+    CHECK(data.drawingProperties().isValid());
+    CHECK(data.keywordExpansion().expandString("%FILENAME%") == "host");
+    // A record that does not open is passed over.
+    Faults::failNth("AcDbBlockTableIterator::getRecord", 2);
+    CHECK(xrefs(pDatabase) == std::vector{path("Alpha.dwg"), path("zeta.dwg")});
+    Faults::clear();
+    CHECK(xrefs(open("none.dwg", DrawingText())).empty());
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "an object without a drawing")
+{
+    CDatabaseData data;
+    CHECK(data.database() == nullptr);
+    CHECK(data.document() == nullptr);
+    CHECK(data.xrefPaths().empty());
+    CHECK_FALSE(data.drawingProperties().isValid());
+    CHECK_FALSE(data.keywordExpansion().hasTitleInstance());
+    CHECK(data.keywordExpansion().expandString("%PATH%%DRAWING_INDEX%%NEWLINE%") == "%PATH%%DRAWING_INDEX%\n");
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "what fails in the host is reported with the call")
+{
+    settings("Job", "BORDER \"A1\" \"SHEET\"\r\nNO NR");
+    folder.writeDrawing("grid.dwg");
+    AcDbDatabase* pDatabase = open("a.dwg", everything().custom("b", "twice"));
+    const auto assertionsWhile = [&](const char* call, int n) {
+        const Answers answers;
+        Tesk::setDiagnosticsLevel(1);
+        Faults::failNth(call, n);
+        CDatabaseData{pDatabase};
+        Faults::clear();
+        Tesk::setDiagnosticsLevel(0);
+        return answers.assertions();
+    };
+    // Each report comes with a stack, which takes its time.
+    CHECK(assertionsWhile("AcDbDatabaseSummaryInfo::getTitle", 1)
+          == "ARXDrawingProperties: pInfo->getTitle(szTitle) == Acad::eOk\n"
+             "ARXDrawingProperties: m_mapCustomEntries.size() == m_iNumberOfCustomEntries\n");
+    CHECK(assertionsWhile("AcDbObject::close", 1).starts_with("DatabaseData: pBTR->close() == Acad::eOk\n"));
+    CHECK(assertionsWhile("acdbHandEnt", 1).find("ARXTitleBlock: ads_handent(hBlockReference, eBlockReference) == RTNORM\n")
+          != std::string::npos);
+
+    // Keywords need the drawing to be the working one.
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    const Tesk::CARXKeywordExpansion expansion(open("b.dwg", DrawingText()), (folder.path() + "b.dwg").c_str(),
+                                                1, 1);
+    Tesk::setDiagnosticsLevel(0);
+    REQUIRE(answers.assertions() == "");
+    Tesk::setDiagnosticsLevel(1);
+    const Tesk::CARXKeywordExpansion stranger(pDatabase, (folder.path() + "a.dwg").c_str(), 1, 1);
+    Tesk::setDiagnosticsLevel(0);
+    CHECK(answers.assertions().starts_with(
+        "ARXKeywordExpansion: m_pDatabase == acdbHostApplicationServices()->workingDatabase()\n"));
+    CHECK(stranger.hasTitleInstance());
+}
+
+namespace {
+
+// What a fault does, in turn: the call fails, or throws one of these.
+void (*const c_faults[])() = {
+    nullptr,
+    [] { throw new CFileException(2, "fault"); },
+    [] { throw std::runtime_error("fault"); },
+    [] { throw 5; },
+};
+
+// Everything of the host that the reading of a drawing could leave behind.
+struct Held {
+    explicit Held(AcDbDatabase* pDatabase)
+        : working(acdbHostApplicationServices()->workingDatabase()),
+          objects(host::Database::of(pDatabase)->openObjects()), strings(host::liveAllocations()),
+          misuses(host::Database::misuses()), heap(ResourceCount::heapBlocks())
+    {
+    }
+    bool operator==(const Held&) const = default;
+
+    AcDbDatabase* working;
+    int objects;
+    long strings;
+    int misuses;
+    long heap;
+};
+
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "each call of the host fails in turn, and nothing of it stays")
+{
+    settings("Job", "BORDER \"A1\" \"SHEET\"\r\nNO NR\r\nREV REV");
+    folder.writeDrawing("grid.dwg");
+    AcDbDatabase* pDatabase = open("a.dwg", everything());
+    open("other.dwg", DrawingText());
+    const auto build = [&] {
+        try {
+            CDatabaseData data(pDatabase);
+            return true;
+        } catch (CException* pException) {
+            pException->Delete();
+        } catch (...) {
+        }
+        return false;
+    };
+    REQUIRE(build());
+    // What the runtime keeps from its first exceptions.
+    for (void (*pThrow)() : c_faults)
+        Tesk::guarded("test", [&] { pThrow != nullptr ? pThrow() : void(); });
+    REQUIRE(acdbHostApplicationServices()->workingDatabase() != pDatabase);
+
+    for (void (*pThrow)() : c_faults) {
+        CAPTURE(pThrow != nullptr);
+        int calls = 0;
+        int ended = 0;
+        for (bool fired = true; fired; ++calls) {
+            CAPTURE(calls);
+            Faults::throwNth("*", calls + 1, pThrow);
+            const Held before(pDatabase);
+            const bool built = build();
+            fired = Faults::fired();
+            Faults::clear();
+            ended += !built;
+            const Held after(pDatabase);
+            CHECK(after.working == before.working);
+            CHECK(after.objects == 0);
+            CHECK(after.strings == before.strings);
+            CHECK(after.misuses == before.misuses);
+            CHECK(after.heap == before.heap);
+        }
+        MESSAGE("of ", calls, " calls the failure of ", ended, " ended the reading");
+        CHECK(calls > 60);
+        CHECK((pThrow == nullptr) == (ended < 10));
+    }
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "a notification in which the host fails ends quietly and changes nothing")
+{
+    settings("Job", "BORDER \"A1\" \"SHEET\"\r\nNO NR\r\nREV REV");
+    folder.write("MDITabs.ini", "TooltipText = %HALVORAN::NO%-%HALVORAN::REV%\r\n"
+                                "DefaultTooltipText = nothing\r\nModifiedText = *\r\n");
+    folder.writeDrawing("grid.dwg");
+    load();
+    AcDbDatabase* pDatabase = open("a.dwg", everything());
+    open("other.dwg", DrawingText());
+    CEditorReactor* pReactor = CEditorReactor::getReactor();
+    REQUIRE(host::Database::of(pDatabase)->setAttribute("NR", "2") == Acad::eOk);
+    REQUIRE(tabs() == std::vector<std::string>{"a*", "other"});
+    char name[] = "a.dwg";
+
+    for (void (*pThrow)() : c_faults) {
+        if (pThrow == nullptr)
+            continue;
+        bool fired = true;
+        for (int n = 1; fired; ++n) {
+            CAPTURE(n);
+            const Held before(pDatabase);
+            Faults::throwNth("*", n, pThrow);
+            pReactor->dwgFileOpened(pDatabase, name);
+            fired = Faults::fired();
+            Faults::clear();
+            if (!fired)
+                break;
+            CHECK(acdbHostApplicationServices()->workingDatabase() == before.working);
+            CHECK(host::Database::of(pDatabase)->openObjects() == 0);
+            CHECK(host::liveAllocations() == before.strings);
+            // The last call alone gives back the working database: all is read by then.
+            CDatabaseData& data = pReactor->getDatabaseData(document(pDatabase));
+            const std::string text = data.keywordExpansion().expandString("%HALVORAN::NO%").str();
+            if (text == "1")
+                CHECK(data.xrefPaths().size() == 2);
+            else
+                CHECK(text == "2");
+        }
+        CHECK(pReactor->getDatabaseData(document(pDatabase)).keywordExpansion().expandString("%HALVORAN::NO%") == "2");
+        REQUIRE(host::Database::of(pDatabase)->setAttribute("NR", "1") == Acad::eOk);
+        pReactor->dwgFileOpened(pDatabase, name);
+        REQUIRE(host::Database::of(pDatabase)->setAttribute("NR", "2") == Acad::eOk);
+    }
+    CHECK(tabs() == std::vector<std::string>{"a*", "other"});
+    CHECK(selected() == 1);
+
+    // A tooltip that cannot be built is not shown, and is built when the mouse comes again.
+    pReactor->databaseToBeDestroyed(open("c.dwg", everything()));
+    moveMouse(1);
+    const std::string other = balloon();
+    Faults::throwNth("acdbGetSummaryInfo", 1, c_faults[1]);
+    moveMouse(2);
+    CHECK(Faults::fired());
+    Faults::clear();
+    CHECK(balloon() == other);
+    moveMouse(2);
+    CHECK(balloon() == "1-b");
+    CHECK(tabs() == std::vector<std::string>{"a*", "other", "c"});
+}

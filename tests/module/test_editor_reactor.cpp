@@ -1,0 +1,136 @@
+// The data of the open drawings: read when a drawing is opened, imported or saved, kept
+// meanwhile, and shown by the strip.
+#include "ModuleFixture.h"
+#include "doctest/doctest.h"
+#include "host/drawing/Faults.h"
+#include "reactors/EditorReactor.h"
+#include "tests/support/DrawingText.h"
+
+#include <climits>
+
+namespace {
+
+struct EditorFixture : ModuleFixture {
+    AcApDocument* open(const std::string& name, const DrawingText& drawing)
+    {
+        app.documents().open(folder.write(name, drawing.str()));
+        app.pumpUntilIdle();
+        return app.documents().active();
+    }
+    CDatabaseData& data(AcApDocument* pDocument) { return CEditorReactor::getReactor()->getDatabaseData(pDocument); }
+    std::string title(AcApDocument* pDocument) { return data(pDocument).drawingProperties().getTitle().str(); }
+    std::string expand(AcApDocument* pDocument, const char* text)
+    {
+        return data(pDocument).keywordExpansion().expandString(text).str();
+    }
+    static host::Database& drawing(AcApDocument* pDocument) { return *host::Database::of(pDocument->database()); }
+
+    // How many drawings the action makes the module read.
+    template <class Action> static int readsOf(Action action)
+    {
+        host::Faults::failNth("acdbGetSummaryInfo", INT_MAX);
+        action();
+        host::Faults::clear();
+        return host::Faults::count();
+    }
+};
+
+}
+
+TEST_CASE_FIXTURE(EditorFixture, "a drawing is read when it is opened, and not again until it is saved")
+{
+    folder.write("MDITabs.ini", "ModifiedText = *\r\n");
+    load();
+    AcApDocument* pDocument = nullptr;
+    CHECK(readsOf([&] { pDocument = open("a.dwg", DrawingText().variable("TITLE", "First")); }) == 1);
+    CHECK(readsOf([&] { CHECK(title(pDocument) == "First"); }) == 0);
+    CHECK(data(pDocument).document() == pDocument);
+    CHECK(data(pDocument).database() == pDocument->database());
+
+    REQUIRE(drawing(pDocument).setSummaryField("title", "Second") == Acad::eOk);
+    CHECK(title(pDocument) == "First");
+    CHECK(tabs() == std::vector<std::string>{"a*"});
+    CHECK(readsOf([&] { CHECK(run("QSAVE")); }) == 1);
+    CHECK(title(pDocument) == "Second");
+    CHECK(tabs() == std::vector<std::string>{"a"});
+
+    // A save under a new name is seen by the keywords and the tab.
+    REQUIRE(drawing(pDocument).setSummaryField("title", "Third") == Acad::eOk);
+    CHECK(run("SAVEAS \"" + folder.path() + "b.dwg\""));
+    CHECK(expand(pDocument, "%FILENAME%") == "b");
+    CHECK(title(pDocument) == "Third");
+    CHECK(tabs() == std::vector<std::string>{"b"});
+
+    // An import reads the new contents.
+    folder.write("import.dxf", DrawingText().variable("TITLE", "Imported").str());
+    CHECK(readsOf([&] { CHECK(run("DXFIN \"" + folder.path() + "import.dxf\"")); }) == 1);
+    CHECK(title(pDocument) == "Imported");
+    CHECK(tabs() == std::vector<std::string>{"b*"});
+}
+
+TEST_CASE_FIXTURE(EditorFixture, "only drawings of documents are kept, and only while they live")
+{
+    load();
+    AcApDocument* pDocument = open("a.dwg", DrawingText().variable("TITLE", "A"));
+    CEditorReactor* pReactor = CEditorReactor::getReactor();
+    const auto stranger = host::Database::createNew();
+    char name[] = "stranger.dwg";
+    CHECK(readsOf([&] {
+        pReactor->dwgFileOpened(stranger.get(), name);
+        pReactor->dxfInComplete(stranger.get());
+        pReactor->saveComplete(stranger.get(), name);
+        pReactor->databaseToBeDestroyed(stranger.get());
+    }) == 0);
+    CHECK(readsOf([&] { CHECK(title(pDocument) == "A"); }) == 0);
+
+    pReactor->databaseToBeDestroyed(pDocument->database());
+    CHECK(readsOf([&] { CHECK(title(pDocument) == "A"); }) == 1);
+    CHECK(readsOf([&] { CHECK(title(pDocument) == "A"); }) == 0);
+
+    // A drawing closed and opened again is read again, whatever address it gets.
+    close(pDocument);
+    folder.write("a.dwg", DrawingText().variable("TITLE", "B").str());
+    CHECK(readsOf([&] { CHECK(run("OPEN \"" + folder.path() + "a.dwg\"")); }) == 1);
+    CHECK(title(app.documents().active()) == "B");
+}
+
+TEST_CASE_FIXTURE(EditorFixture, "drawings that are open already are read when the module is loaded")
+{
+    AcApDocument* pFirst = open("a.dwg", DrawingText().variable("TITLE", "A"));
+    open("b.dwg", DrawingText());
+    host::Faults::throwNth("acdbGetSummaryInfo", 1, [] { throw 1; });
+    CHECK(load() == "");
+    host::Faults::clear();
+    // One that could not be read then is read when it is asked for.
+    CHECK(tabs() == std::vector<std::string>{"a", "b"});
+    CHECK(readsOf([&] { CHECK(title(pFirst) == "A"); }) == 1);
+    CHECK(readsOf([&] { unload(); }) == 0);
+    CHECK_FALSE(CEditorReactor::isAttached());
+    CHECK(app.editor().reactorCount() == 0);
+}
+
+TEST_CASE_FIXTURE(EditorFixture, "the balloon follows title block, title and saves")
+{
+    folder.write("ProjectSettings.txt",
+                 "PROJECTLABEL\r\n{\r\nJob 7\r\n}\r\nTITLEBLOCKS\r\n{\r\nBORDER \"A1\" \"SHEET\"\r\nNO NR\r\n}\r\n");
+    folder.write("MDITabs.ini", "TooltipText = %HALVORAN_PROJECT_LABEL%: %HALVORAN::NO% %FILENAME%\r\n"
+                                "DefaultTooltipText = nothing\r\n");
+    load();
+    AcApDocument* pSheet = open("sheet.dwg", DrawingText().variable("TITLE", "T").border("SHEET", {{"NR", "12"}}));
+    open("titled.dwg", DrawingText().variable("TITLE", "%FILENAME%"));
+    open("plain.dwg", DrawingText());
+    const auto hover = [this](int tab) {
+        moveMouse(tab);
+        return balloon();
+    };
+    CHECK(hover(0) == "Job 7: 12 sheet");
+    CHECK(hover(1) == "%FILENAME%");
+    CHECK(hover(2) == "nothing");
+
+    app.documents().activateDocument(pSheet);
+    CHECK(run("ATTEDIT NR 13"));
+    CHECK(run("QSAVE"));
+    CHECK(hover(0) == "Job 7: 13 sheet");
+    CHECK(run("SAVEAS \"" + folder.path() + "moved.dwg\""));
+    CHECK(hover(0) == "Job 7: 13 moved");
+}
