@@ -16,14 +16,13 @@ UniqueFont createCaptionFont()
 void drawLogo(HDC hdc, RECT rect)
 {
     ::FillRect(hdc, &rect, ::GetSysColorBrush(COLOR_BTNFACE));
-    RECT divider = {rect.left + 2, rect.top + 4, rect.left + 4, rect.bottom - 4};
-    ::DrawEdge(hdc, &divider, EDGE_ETCHED, BF_LEFT);
-    rect.left = divider.right;
+    ::InflateRect(&rect, -5, -5);
+    ::FillRect(hdc, &rect, ::GetSysColorBrush(COLOR_HIGHLIGHT));
 
     const UniqueFont font = createCaptionFont();
     const HGDIOBJ previous = ::SelectObject(hdc, font.get());
     ::SetBkMode(hdc, TRANSPARENT);
-    ::SetTextColor(hdc, ::GetSysColor(COLOR_HOTLIGHT));
+    ::SetTextColor(hdc, ::GetSysColor(COLOR_HIGHLIGHTTEXT));
     ::DrawTextA(hdc, "Zavik", -1, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     ::SelectObject(hdc, previous);
 }

@@ -39,6 +39,25 @@ HWND defaultOwner()
     return window ? ::GetLastActivePopup(::GetAncestor(window, GA_ROOTOWNER)) : nullptr;
 }
 
+// A template at the origin leaves the place to us.
+bool leavesPlace(const DLGTEMPLATE* dialogTemplate)
+{
+    const bool extended = HIWORD(dialogTemplate->style) == 0xFFFF;
+    const auto* const words = reinterpret_cast<const short*>(dialogTemplate);
+    return extended ? words[9] == 0 && words[10] == 0 : dialogTemplate->x == 0 && dialogTemplate->y == 0;
+}
+
+void centerOver(HWND owner, HWND window)
+{
+    RECT place, own;
+    ::GetWindowRect(window, &own);
+    if (!owner || ::IsIconic(owner) || !::GetWindowRect(owner, &place))
+        ::SystemParametersInfoA(SPI_GETWORKAREA, 0, &place, 0);
+    ::SetWindowPos(window, nullptr, place.left + ((place.right - place.left) - (own.right - own.left)) / 2,
+                   place.top + ((place.bottom - place.top) - (own.bottom - own.top)) / 2, 0, 0,
+                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 bool isInput(UINT message)
 {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
@@ -60,8 +79,11 @@ INT_PTR CDialog::DoModal()
     pendingDialog = this;
     ::CreateDialogIndirectParamA(AfxGetResourceHandle(), dialogTemplate, owner, &CDialog::dialogProc, 0);
     pendingDialog = nullptr;
-    if (m_hWnd)
+    if (m_hWnd) {
+        if (leavesPlace(dialogTemplate))
+            centerOver(owner, m_hWnd);
         runModalLoop(owner);
+    }
 
     // The owner is enabled first: else the system would activate another program's window.
     if (disabled)

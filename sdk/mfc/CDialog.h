@@ -12,8 +12,9 @@ public:
     explicit CDialog(const DLGTEMPLATE* pTemplate, CWnd* pParentWnd = nullptr) : m_template(pTemplate), m_parent(pParentWnd) {}
 
     // Shows the dialog over its parent (by default the thread's active window),
-    // which is disabled meanwhile. The value given to EndDialog, or -1 when the
-    // template is missing or the window could not be made.
+    // which is disabled meanwhile; centred there when the template is at 0, 0.
+    // The value given to EndDialog, or -1 when the template is missing or the
+    // window could not be made.
     virtual INT_PTR DoModal();
     void EndDialog(int nResult);
 
