@@ -1,0 +1,139 @@
+// The context menu, through the real menu window, and its commands.
+#include "Answers.h"
+#include "ModuleFixture.h"
+#include "doctest/doctest.h"
+#include "host/ui/MainFrame.h"
+#include "library/diagnostics/Prerelease.h"
+#include "module/ZavikMDITabs.h"
+#include "tabs/MenuIds.h"
+
+using Texts = std::vector<std::string>;
+
+namespace {
+
+struct MenuFixture : ModuleFixture {
+    MenuFixture()
+    {
+        folder.write("MDITabs.ini", "PopupSaveText = Save it\nPopupCloseText = Close it\nPopupOptionsText = Options of it\n"
+                                    "PopupXrefsText = Xrefs\nXrefsReadOnlyText = \" (RO)\"\n");
+        load();
+    }
+    // What MENU prints after its own echo.
+    std::string menu(const std::string& arguments)
+    {
+        const std::string output = app.execute("MENU " + arguments).output;
+        return output.substr(output.find('\n') + 1);
+    }
+};
+
+constexpr const char* kClose = "item 22393: \"Close it\" enabled=1\nitem -\nitem 22391: \"Options of it\" enabled=1\n";
+
+}
+
+TEST_CASE_FIXTURE(MenuFixture, "the menu offers what the drawing allows, and works on that drawing")
+{
+    AcApDocument* pFirst = open("a.dwg");
+    AcApDocument* pSecond = open("b.dwg");
+    CHECK(menu("0") == std::string("item 22392: \"Save it\" enabled=1\n") + kClose);
+    CHECK(selected() == 1);
+
+    SUBCASE("Save saves the drawing of the tab, not the active one")
+    {
+        REQUIRE(run("LINE 0 0 1 1"));
+        app.documents().activateDocument(pFirst);
+        REQUIRE(run("LINE 0 0 1 1"));
+        app.documents().activateDocument(pSecond);
+        menu("0 22392");
+        CHECK(app.documents().active() == pSecond);
+        CHECK(tabs().size() == 2);
+        CHECK(static_cast<host::Document*>(pSecond)->isModified());
+        CHECK_FALSE(static_cast<host::Document*>(pFirst)->isModified());
+    }
+    SUBCASE("Close closes it")
+    {
+        menu("0 22393");
+        CHECK(tabs() == Texts{"b"});
+    }
+    SUBCASE("Options opens the dialog")
+    {
+        const Answers answers;
+        m_pWndTabs->showOptions();
+        app.pumpUntilIdle();
+        CHECK(answers.optionsShown() == 1);
+    }
+    SUBCASE("between the tabs there is none")
+    {
+        CPoint point(middleOf(1).x + 300, 5);
+        ::ClientToScreen(strip(), &point);
+        ::SendMessageA(strip(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(strip()), MAKELPARAM(point.x, point.y));
+        CHECK(tabs().size() == 2);
+    }
+}
+
+TEST_CASE_FIXTURE(MenuFixture, "a read-only drawing cannot be saved from the menu")
+{
+    const std::string path = folder.writeDrawing("fixed.dwg");
+    ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    app.documents().open(path);
+    app.pumpUntilIdle();
+    CHECK(menu("0") == kClose);
+    ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, opened by position")
+{
+    const std::string free = folder.writeDrawing("ref a.dwg"), fixed = folder.writeDrawing("ref b.dwg");
+    open("main.dwg");
+    REQUIRE(run("XATTACH \"" + free + "\""));
+    REQUIRE(run("XATTACH \"" + fixed + "\""));
+    REQUIRE(run("QSAVE"));
+    ::SetFileAttributesA(fixed.c_str(), FILE_ATTRIBUTE_READONLY);
+    const std::string full = std::string("item 22392: \"Save it\" enabled=1\n") + kClose;
+
+    SUBCASE("with several drawings")
+    {
+        CHECK(menu("0") == full + "item -\nitem 0: \"Xrefs\" enabled=1\n"
+                                  "  item 22394: \"ref a.dwg\" enabled=1\n"
+                                  "  item 22395: \"ref b.dwg (RO)\" enabled=1\n");
+        menu("0 22395");
+        REQUIRE(app.documents().active() != nullptr);
+        CHECK(app.documents().active()->fileName() == fixed);
+        CHECK(tabs().size() == 2);
+    }
+    SUBCASE("not in single-document mode")
+    {
+        REQUIRE(run("SETVAR SDI 1"));
+        CHECK(menu("0") == full);
+        REQUIRE(run("SETVAR SDI 0"));
+    }
+    SUBCASE("an identifier outside the list is reported and does nothing")
+    {
+        const Answers answers;
+        AcApDocument* pDocument = app.documents().active();
+        const std::vector<CString> xrefs = m_pWndTabs->getXrefs(pDocument);
+        CHECK(xrefs == std::vector<CString>{free.c_str(), fixed.c_str()});
+        Tesk::setDiagnosticsLevel(1);
+        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, IDC_DYNAMIC_MENU_OPTIONS - 1, 0U})
+            m_pWndTabs->processPopupMenuItem(pDocument, id, xrefs);
+        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
+        CHECK(app.documents().count() == 1);
+    }
+    ::SetFileAttributesA(fixed.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_CASE_FIXTURE(MenuFixture, "string items are enabled whatever the frame made of them")
+{
+    open("a.dwg");
+    CMenu menu, submenu;
+    menu.CreatePopupMenu();
+    submenu.CreatePopupMenu();
+    submenu.AppendMenu(MF_STRING, 1, "of its own");
+    menu.AppendMenu(MF_STRING | MF_GRAYED, IDC_DYNAMIC_MENU_SAVE, "greyed");
+    menu.AppendMenu(MF_SEPARATOR);
+    menu.AppendMenu(MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(submenu.Detach()), "submenu");
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    m_pWndTabs->enablePopupMenu(&menu);
+    CHECK((menu.GetMenuState(0, MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) == 0);
+    CHECK(answers.boxes().empty());
+}

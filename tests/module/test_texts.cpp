@@ -1,0 +1,152 @@
+// The strip's texts: from which files, how they are read, and what damaged files cost.
+#include "Answers.h"
+#include "ModuleFixture.h"
+#include "doctest/doctest.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/files/DefaultSettingsException.h"
+#include "settings/MDITabSettings.h"
+
+using Texts = std::vector<std::string>;
+using Files = std::vector<CString>;
+
+namespace {
+
+struct TextsFixture : ModuleFixture {
+    TextsFixture() { load(); }
+
+    std::string drawing(const char* name) const { return folder.path() + name; }
+    void texts(const std::string& text) const { folder.write("MDITabs.ini", text); }
+    // Everything said to the command line from here on.
+    std::string traced(const std::function<void()>& call)
+    {
+        Tesk::setDiagnosticsLevel(2);
+        app.commandLine().history().clear();
+        call();
+        Tesk::setDiagnosticsLevel(0);
+        return app.commandLine().history();
+    }
+};
+
+}
+
+TEST_CASE_FIXTURE(TextsFixture, "quotes go from the ends of the two markers alone")
+{
+    const struct {
+        const char* written;
+        const char* marker;
+        const char* other;
+    } rows[] = {
+        {"\" *\"", " *", "\" *\""},
+        {"' (RO)'", " (RO)", "' (RO)'"},
+        {"\"'mixed'\"", "mixed", "\"'mixed'\""},
+        {"a \"b\" c", "a \"b\" c", "a \"b\" c"},
+        {"\"open", "open", "\"open"},
+        {"\"\"", "", "\"\""},
+        {"", "", ""},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.written);
+        const std::string value = std::string(" = ") + row.written + "\n";
+        texts("ModifiedText" + value + "XrefsReadOnlyText" + value + "PopupCloseText" + value + "TooltipTitle" + value);
+        CMDITabSettings::clearDefaultSettings();
+        const std::string name = drawing("a.dwg");
+        CHECK(CMDITabSettings::getModifiedText(name.c_str()) == row.marker);
+        CHECK(CMDITabSettings::getXrefsReadOnlyText(name.c_str()) == row.marker);
+        CHECK(CMDITabSettings::getPopupCloseText(name.c_str()) == row.other);
+        CHECK(CMDITabSettings::getTooltipTitle(name.c_str()) == row.other);
+        CHECK(CMDITabSettings::getDefaultSettings(name.c_str())->getValue("modifiedtext") == row.written);
+    }
+}
+
+TEST_CASE_FIXTURE(TextsFixture, "each text has its key in the unnamed section")
+{
+    texts("PopupCloseText=1\nPopupSaveText=2\nPopupOptionsText=3\nPopupXrefsText=4\nTooltipText=5\n"
+          "DefaultTooltipText=6\nTooltipTitle=7\nModifiedText=8\nXrefsReadOnlyText=9\n[Section]\nPopupSaveText=no\n");
+    const std::string name = drawing("a.dwg");
+    using Getter = CString (*)(const char*);
+    const Getter getters[] = {&CMDITabSettings::getPopupCloseText,   &CMDITabSettings::getPopupSaveText,
+                              &CMDITabSettings::getPopupOptionsText, &CMDITabSettings::getPopupXrefsText,
+                              &CMDITabSettings::getTooltipText,      &CMDITabSettings::getDefaultTooltipText,
+                              &CMDITabSettings::getTooltipTitle,     &CMDITabSettings::getModifiedText,
+                              &CMDITabSettings::getXrefsReadOnlyText};
+    std::string all;
+    for (const Getter getter : getters)
+        all += getter(name.c_str());
+    CHECK(all == "123456789");
+}
+
+TEST_CASE_FIXTURE(TextsFixture, "texts are kept a file name, case counting, until the cache is cleared")
+{
+    texts("PopupSaveText = first\n");
+    const std::string lower = drawing("a.dwg"), upper = drawing("A.DWG");
+    CHECK(CMDITabSettings::getPopupSaveText(lower.c_str()) == "first");
+    texts("PopupSaveText = second\n");
+    CHECK(CMDITabSettings::getPopupSaveText(lower.c_str()) == "first");
+    CHECK(CMDITabSettings::getPopupSaveText(upper.c_str()) == "second");
+    CHECK(CMDITabSettings::getDefaultSettings(lower.c_str()) != CMDITabSettings::getDefaultSettings(upper.c_str()));
+    open("a.dwg");
+    CHECK(CMDITabSettings::getPopupSaveText("") == "first");
+    CMDITabSettings::clearDefaultSettings();
+    CHECK(CMDITabSettings::getPopupSaveText(lower.c_str()) == "second");
+
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    CMDITabSettings::assertNoDefaultSettings();
+    CHECK(answers.assertions() == "MDITabSettings: m_mapDefaultSettings.empty()\n");
+}
+
+TEST_CASE_FIXTURE(TextsFixture, "reset loads for another drawing, or when told to")
+{
+    texts("PopupSaveText = first\n");
+    CTabsDefaultSettings settings(drawing("a.dwg").c_str());
+    texts("PopupSaveText = second\n");
+    CHECK_FALSE(settings.reset(Files{drawing("A.dwg").c_str()}, false));
+    CHECK(settings.getValue("PopupSaveText") == "first");
+    CHECK(settings.reset(Files{drawing("A.dwg").c_str()}, true));
+    CHECK(settings.getValue("PopupSaveText") == "second");
+    CHECK(settings.getValue("NoSuchText") == "");
+
+    texts("PopupSaveText = third\nno equals sign\n");
+    const std::string said = traced([&] { CHECK_FALSE(settings.reset(Files{drawing("b.dwg").c_str()}, false)); });
+    CHECK(said.find("Reset error (Error (<<" + drawing("MDITabs.ini") + ">> @ line 2) : Tokenising error.) for project file set ...") !=
+          std::string::npos);
+    CHECK(settings.getValue("PopupSaveText") == "second");
+
+    texts("PopupSaveText = fourth\n");
+    CHECK(settings.reset(Files{drawing("b.dwg").c_str()}, false));
+    CHECK(settings.getValue("PopupSaveText") == "fourth");
+    CHECK(traced([&] { settings.traceContents(2); }).find(" : \t\tReactor Settings\n") != std::string::npos);
+}
+
+TEST_CASE_FIXTURE(TextsFixture, "a damaged file costs its own texts, says where, and is not read again and again")
+{
+    texts("PopupSaveText = Save\nno equals sign\n");
+    const std::string name = drawing("a.dwg");
+    bool raised = false;
+    try {
+        CTabsDefaultSettings settings(name.c_str());
+    } catch (Tesk::CDefaultSettingsException* pException) {
+        raised = true;
+        pException->Delete();
+    }
+    CHECK(raised);
+    // What an installation beside this program offers, if there is one.
+    const auto standard = CTabsDefaultSettings::createStandard();
+    const std::string where = "Error (<<" + drawing("MDITabs.ini") + ">> @ line 2) : Tokenising error.";
+    const std::string said = traced([&] {
+        CHECK(CMDITabSettings::getPopupSaveText(name.c_str()) == standard->getValue("PopupSaveText"));
+        CHECK(CMDITabSettings::getModifiedText(name.c_str()) == standard->getModifiedText());
+    });
+    CHECK(said.find(where) != std::string::npos);
+    CHECK(said.find(where) == said.rfind(where));
+
+    open("a.dwg");
+    REQUIRE(run("LINE 0 0 1 1"));
+    moveMouse(0);
+    CHECK(tabs() == Texts{std::string("a") + standard->getModifiedText().GetString()});
+    texts("ModifiedText = *\n");
+    CMDITabSettings::clearDefaultSettings();
+    type("QSAVE");
+    REQUIRE(run("LINE 0 0 2 2"));
+    CHECK(tabs() == Texts{"a*"});
+}
