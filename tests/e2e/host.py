@@ -19,6 +19,9 @@ OPTIONS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\ZavikMDITabs"
 DIAGNOSTICS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\Halvoran"
 READ_ONLY = ["Projects/Station/Drawings/S-201 issued.dwg", "Projects/Riverside/Xrefs/Survey.dwg"]
 
+# The options dialog's controls.
+TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
+
 STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=(?P<rect>[-\d,]+) "
                    r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+)$")
 TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
@@ -120,6 +123,14 @@ class Transcript:
         return blocks
 
 
+def options(*presses, end=1):
+    """Script lines that run the options dialog: these controls, then OK (2 for Cancel).
+
+    The dialog gets a moment first, in which it greys what is not for pressing.
+    """
+    return ["ZavikMDITabs", "WAIT 30", *(f"PRESS {control}" for control in presses), f"PRESS {end}"]
+
+
 class HostTest(unittest.TestCase):
     """Each test has a folder of its own with an installation and the samples.
 
@@ -175,6 +186,10 @@ class HostTest(unittest.TestCase):
         code, text = wine("reg", "query", key)
         values = re.findall(r"^\s+(\S+)\s+REG_DWORD\s+0x([0-9a-fA-F]+)", text, re.M)
         return {name: int(value, 16) for name, value in values} if code == 0 else {}
+
+    def path(self, name):
+        """How the host names a file of the test's folder."""
+        return f"Z:{self.folder}/{name}".replace("/", "\\")
 
     def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0):
         """Plays script lines in a new host process and gives its transcript."""

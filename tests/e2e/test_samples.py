@@ -20,7 +20,7 @@ class SamplesTest(HostTest):
         """Plays the script in a host with a tab for every sample, in order."""
         transcript = self.run_host(["STRIP", *script], ["/ld", MODULE, *DRAWINGS])
         documents = [tab.document for tab in transcript.strips[0].tabs]
-        self.assertEqual(documents, [f"Z:{self.folder}/{path}".replace("/", "\\") for path in DRAWINGS])
+        self.assertEqual(documents, [self.path(name) for name in DRAWINGS])
         return transcript
 
     def test_tooltips(self):
