@@ -48,7 +48,8 @@ Application::Application(const Options& options)
     m_frame = std::make_unique<MainFrame>(*this);
     m_frame->create(options.visible);
     m_documents.setWindows(m_frame.get());
-    m_commandLine.setView([this](std::string_view text) { m_frame->showHistory(text); });
+    if (options.visible)
+        m_commandLine.setView([this](std::string_view text) { m_frame->showHistory(text); });
     pumpUntilIdle();
 }
 

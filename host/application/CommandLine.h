@@ -21,7 +21,7 @@ public:
     // The text on a line of its own.
     void printLine(std::string_view text);
 
-    // Shows the history; null for none.
+    // Shows the history; null for none. (An edit control takes a heap block a line.)
     void setView(std::function<void(std::string_view)> view) { m_view = std::move(view); }
     // All that was printed; the caller may cut it off to collect what comes next.
     std::string& history() { return m_history; }
