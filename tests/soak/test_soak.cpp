@@ -1,0 +1,292 @@
+// The whole module in the host, in this process, worked at random for a while: after
+// every step the strip shows the open documents, and at the end nothing is held.
+// SOAK_SEED repeats a run, SOAK_SECONDS sets how long it lasts.
+#include "host/application/Application.h"
+#include "host/drawing/Memory.h"
+#include "host/ui/MainFrame.h"
+#include "library/files/PathParts.h"
+#include "mfc/afxcmn.h"
+#include "module/ZavikMDITabs.h"
+#include "module/resource.h"
+#include "settings/MDITabSettings.h"
+#include "tabs/MenuIds.h"
+#include "tests/library/TempTree.h"
+#include "tests/library/TestHive.h"
+#include "tests/support/DrawingText.h"
+#include "tests/support/ResourceCount.h"
+
+#include <doctest/doctest.h>
+
+#include <climits>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kFiles = 10;
+constexpr std::size_t kMostOpen = 7;
+
+class Soak {
+public:
+    explicit Soak(unsigned seed) : app({.visible = true, .standardOutput = false}), m_seed(seed)
+    {
+        tree.write("ProjectSettings.txt", "PROJECTLABEL\r\n{\r\nJob\r\n}\r\nTITLEBLOCKS\r\n{\r\n"
+                                          "BORDER \"A1\" \"SHEET\"\r\nNO NR\r\n}\r\n");
+        tree.write("MDITabs.ini", "ModifiedText = *\r\nTooltipText = %HALVORAN::NO% %FILENAME%%NEWLINE%%PATH%\r\n"
+                                  "PopupXrefsText = Xrefs\r\n");
+        tree.write("grid.dwg", DrawingText().str());
+    }
+    ~Soak()
+    {
+        app.linker().unloadAll();
+        CMDITabSettings::clearDefaultSettings();
+    }
+
+    // From the same start, the same steps again: for so long, but so many at most. The
+    // number of steps.
+    int run(double seconds, int most)
+    {
+        for (int i = 0; i < kFiles; ++i)
+            tree.write("d" + std::to_string(i) + ".dwg", drawing(i).str());
+        m_random.seed(m_seed);
+        load();
+        const DWORD begin = ::GetTickCount();
+        int steps = 0;
+        for (; steps < most && ::GetTickCount() - begin < static_cast<DWORD>(seconds * 1000); ++steps) {
+            const std::string step = doStep();
+            app.pumpUntilIdle();
+            CAPTURE(steps);
+            CAPTURE(step);
+            REQUIRE(shown() == expected());
+        }
+        settle();
+        return steps;
+    }
+
+private:
+    // Everything closed and the options as they were at first.
+    void settle()
+    {
+        while (app.documents().count() != 0)
+            app.documents().close(app.documents().at(0));
+        unload();
+        for (const char* name : {"Use", "UseIcons", "UseToolTips", "UseExtensions", "IsDiscreet", "TabLocation"})
+            deleteOption(name);
+        // What was printed goes, in memory and in the frame's window, where each line is a
+        // block of its own.
+        std::string().swap(app.commandLine().history());
+        ::EnumChildWindows(app_frame(), &clearText, 0);
+        app.pumpUntilIdle();
+    }
+    static BOOL CALLBACK clearText(HWND window, LPARAM)
+    {
+        char name[8] = "";
+        ::GetClassNameA(window, name, sizeof name);
+        if (::lstrcmpiA(name, "EDIT") == 0)
+            ::SetWindowTextA(window, "");
+        return TRUE;
+    }
+
+    void load() { app.linker().attach("ZavikMDITabs", &acrxEntryPoint); }
+    static DrawingText drawing(int i)
+    {
+        DrawingText text;
+        if (i % 2 == 0)
+            text.border("SHEET", {{"NR", std::to_string(i)}});
+        if (i % 3 == 0)
+            text.variable("TITLE", "Title " + std::to_string(i));
+        if (i % 4 == 0)
+            text.xref("Grid", "grid.dwg").insert("Grid").xref("Lost", "lost.dwg").insert("Lost");
+        return text.block("DOOR").insert("DOOR");
+    }
+
+    void unload() { app.linker().unload("ZavikMDITabs"); }
+    static void deleteOption(const char* name)
+    {
+        HKEY key = nullptr;
+        if (::RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\Zavik\\ZavikMDITabs", 0, KEY_SET_VALUE, &key) == ERROR_SUCCESS) {
+            ::RegDeleteValueA(key, name);
+            ::RegCloseKey(key);
+        }
+    }
+
+    int below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
+    std::string quoted(int file) const { return "\"" + tree.path("d" + std::to_string(file) + ".dwg") + "\""; }
+    std::string anyTab() { return std::to_string(below(static_cast<int>(app.documents().count()))); }
+
+    // A step that is refused (nothing to undo, a name in use) is a step too.
+    std::string doStep()
+    {
+        const std::vector<std::string> lines = choose();
+        app.execute(lines);
+        std::string all;
+        for (const std::string& line : lines)
+            all += line + "; ";
+        return all;
+    }
+
+    std::vector<std::string> choose()
+    {
+        const std::size_t open = app.documents().count();
+        const int step = open == 0 ? 0 : below(100);
+        if (step < 14 && open < kMostOpen)
+            return {below(5) == 0 ? "NEW" : "OPEN " + quoted(below(kFiles))};
+        if (step < 40)
+            return {edit()};
+        if (step < 50)
+            return {below(4) != 0 ? "QSAVE" : "SAVEAS " + quoted(below(kFiles))};
+        if (step < 66)
+            return {"CLICK " + anyTab()};
+        if (step < 76)
+            return {mouseAcross()};
+        if (step < 78)
+            return {"HOVER " + anyTab()};
+        if (step < 82)
+            return {"MENU " + anyTab() + menuItem()};
+        if (step < 86)
+            return {"ZavikMDITabs", "PRESS " + std::to_string(IDC_POSITION_TOP + below(8)),
+                    "PRESS " + std::to_string(below(3) == 0 ? IDCANCEL : IDOK)};
+        if (step < 88)
+            return {"LOCKDOCS 1", "CLICK " + anyTab(), "LOCKDOCS 0"};
+        if (step < 89)
+            return reload();
+        return {"CLOSE"};
+    }
+
+    std::string edit()
+    {
+        switch (below(7)) {
+        case 0: return "LINE 0 0 " + std::to_string(below(100)) + " 5";
+        case 1: return "ERASE L";
+        case 2: return "UNDO";
+        case 3: return "ATTEDIT NR " + std::to_string(below(1000));
+        case 4: return "INSERT DOOR 1 2";
+        case 5: return "PROPS title T" + std::to_string(below(1000));
+        default: return below(2) == 0 ? "XATTACH \"" + tree.path("grid.dwg") + "\"" : "XDETACH grid";
+        }
+    }
+
+    std::string menuItem()
+    {
+        static const UINT items[] = {0, IDC_DYNAMIC_MENU_SAVE, IDC_DYNAMIC_MENU_CLOSE, IDC_DYNAMIC_MENU_XREFS};
+        const UINT item = items[below(4)];
+        return item == 0 ? "" : " " + std::to_string(item);
+    }
+
+    // The mouse over every tab, without waiting for balloons.
+    std::string mouseAcross()
+    {
+        for (WPARAM tab = 0; tab < app.documents().count(); ++tab) {
+            RECT rect = {};
+            ::SendMessageA(strip(), TCM_GETITEMRECT, tab, reinterpret_cast<LPARAM>(&rect));
+            ::SendMessageA(strip(), WM_MOUSEMOVE, 0, MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2));
+        }
+        return "WAIT 1";
+    }
+
+    std::vector<std::string> reload()
+    {
+        unload();
+        load();
+        return {"WAIT 1"};
+    }
+
+    HWND strip() const { return ::FindWindowExA(app_frame(), nullptr, WC_TABCONTROLA, nullptr); }
+    HWND app_frame() const { return const_cast<host::Application&>(app).frame().m_hWnd; }
+
+    // What a person and the host see: a line a tab, the selected one marked.
+    std::string shown() const
+    {
+        if (strip() == nullptr)
+            return "no strip";
+        std::string lines;
+        const int selected = static_cast<int>(::SendMessageA(strip(), TCM_GETCURSEL, 0, 0));
+        const int count = static_cast<int>(::SendMessageA(strip(), TCM_GETITEMCOUNT, 0, 0));
+        for (int i = 0; i < count; ++i) {
+            char text[MAX_PATH] = "";
+            TCITEMA item = {};
+            item.mask = TCIF_TEXT | TCIF_PARAM;
+            item.pszText = text;
+            item.cchTextMax = sizeof text;
+            ::SendMessageA(strip(), TCM_GETITEMA, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+            lines += line(i == selected, text, reinterpret_cast<const void*>(item.lParam));
+        }
+        return lines;
+    }
+
+    std::string expected()
+    {
+        bool use = true;
+        CMDITabSettings::getUse(use);
+        if (!use)
+            return "no strip";
+        bool extensions = false;
+        CMDITabSettings::getUseExtensions(extensions);
+        std::string lines;
+        for (std::size_t i = 0; i < app.documents().count(); ++i) {
+            const host::Document& document = app.documents().at(i);
+            const Tesk::PathParts parts(document.fileName());
+            std::string text = extensions ? parts.fileName() : parts.sBase;
+            if (document.isModified())
+                text += document.isTitled() ? "*" : CMDITabSettings::getModifiedText(document.fileName()).str();
+            lines += line(&document == app.documents().active(), text, static_cast<const AcApDocument*>(&document));
+        }
+        return lines;
+    }
+
+    static std::string line(bool selected, const std::string& text, const void* document)
+    {
+        char identity[32];
+        std::snprintf(identity, sizeof identity, " %p\n", document);
+        return (selected ? "> " : "  ") + text + identity;
+    }
+
+    CTempTree tree;
+
+public:
+    host::Application app;
+
+private:
+    const unsigned m_seed;
+    std::mt19937 m_random;
+};
+
+double secondsToRun()
+{
+    const char* seconds = std::getenv("SOAK_SECONDS");
+    return seconds != nullptr ? std::atof(seconds) : 45;
+}
+
+unsigned seedToUse()
+{
+    const char* seed = std::getenv("SOAK_SEED");
+    return seed != nullptr ? static_cast<unsigned>(std::strtoul(seed, nullptr, 10)) : ::GetTickCount();
+}
+
+}
+
+TEST_CASE("strip and documents agree at random, and nothing is held at the end")
+{
+    const CTestHive hive;
+    const unsigned seed = seedToUse();
+    MESSAGE("SOAK_SEED=", seed);
+    Soak soak(seed);
+    // What Windows and the runtime keep from the first time of everything.
+    const int steps = soak.run(secondsToRun() / 2, INT_MAX);
+    const ResourceCount before = ResourceCount::now();
+    const long strings = host::liveAllocations();
+    const int misuses = host::Database::misuses();
+
+    soak.run(secondsToRun() * 2, steps);
+    const ResourceCount after = ResourceCount::now();
+    MESSAGE(steps, " steps; before: ", before.text(), "; after: ", after.text());
+    CHECK(steps > 64);
+    CHECK(after.sameObjects(before));
+    CHECK(host::liveAllocations() == strings);
+    CHECK(host::Database::misuses() == misuses);
+    // Windows keeps some blocks of a dialog until the next one; a block lost at every
+    // step is more.
+    CHECK(after.heap - before.heap < 64);
+}
