@@ -1,0 +1,41 @@
+// What the strip's figures are set against: a tab control and a menu without anything
+// of ours about them.
+#pragma once
+
+#include "mfc/afxcmn.h"
+#include "mfc/handles.h"
+
+#include <windows.h>
+
+#include <string>
+
+// As large as the strip's control, with its styles, font and icons, in a window of its own.
+class BareTabs {
+public:
+    explicit BareTabs(HWND strip);
+    ~BareTabs();
+    BareTabs(const BareTabs&) = delete;
+    BareTabs& operator=(const BareTabs&) = delete;
+
+    void insert(const std::string& sText, int iItem, LPARAM data) const;
+    // Looks at every item's data first, then inserts at the end.
+    void insertAfterWalk(const std::string& sText, LPARAM data) const;
+    void clear() const;
+
+private:
+    HWND m_parent;
+    HWND m_tabs;
+};
+
+// With the items of the strip's context menu.
+class BareMenu {
+public:
+    BareMenu(HWND owner, int iXrefs);
+
+    // At a screen point; returns when the menu is gone.
+    void show(POINT point) const;
+
+private:
+    HWND m_owner;
+    int m_iXrefs;
+};

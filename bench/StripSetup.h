@@ -1,0 +1,43 @@
+// The host with the module loaded and drawings open, for the strip's figures. The
+// user's registry is a key made for the run, with all options stored, as they are once
+// the dialog was used.
+#pragma once
+
+#include "bench/Measure.h"
+#include "host/application/Application.h"
+#include "host/ui/MainFrame.h"
+#include "mfc/afxwin.h"
+#include "tests/library/TempTree.h"
+#include "tests/module/RedirectedUser.h"
+
+#include <functional>
+
+constexpr int XREFS = 8;
+
+class StripSetup {
+public:
+    StripSetup();
+    ~StripSetup();
+
+    // Into the program's own image, where the module's code is linked already.
+    void load();
+    void unload();
+    // Opens so many drawings more. The first one has XREFS external references.
+    void open(int iCount);
+
+    host::MainFrame& frame() { return m_application.frame(); }
+    void resize(int iWidth);
+    // Until all is painted.
+    void pump() { m_application.pumpUntilIdle(); }
+    // Scrolls the tab into view. Screen coordinates.
+    CPoint showTab(int iTab) const;
+    // Microseconds from the call to the menu that it tracks being shown and waiting;
+    // the menu is ended then.
+    double untilMenu(const std::function<void()>& track);
+
+private:
+    RedirectedUser m_user;
+    CTempTree m_folder;
+    host::Application m_application;
+    int m_iOpened = 0;
+};

@@ -1,0 +1,176 @@
+// The strip's figures, against bare controls and calls in the same run: notifications,
+// adding drawings, layout, the context menu, and the strip after the options dialog.
+#include "bench/BareControls.h"
+#include "bench/DialogClock.h"
+#include "bench/Measure.h"
+#include "bench/StripSetup.h"
+#include "module/TabForwarders.h"
+#include "module/ZavikMDITabs.h"
+#include "module/resource.h"
+#include "objectarx/acedads.h"
+#include "objectarx/dbapserv.h"
+#include "reactors/DatabaseReactor.h"
+#include "reactors/DocManagerReactor.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int DRAWINGS = 50;
+
+void readDbmod(AcDbDatabase* pDatabase)
+{
+    AcDbHostApplicationServices* pServices = acdbHostApplicationServices();
+    AcDbDatabase* pPrevious = pServices->workingDatabase();
+    pServices->setWorkingDatabase(pDatabase);
+    resbuf result = {};
+    ::acedGetVar("DBMOD", &result);
+    pServices->setWorkingDatabase(pPrevious);
+}
+
+void benchNotification(const char* szName)
+{
+    AcDbDatabase* pDatabase = acDocManager->mdiActiveDocument()->database();
+    CDatabaseReactor reactor;
+    compare(szName, 41, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
+            [&] { return timed(5000, [&] { readDbmod(pDatabase); }); });
+}
+
+// Documents that are in no window: what is measured is the strip.
+std::vector<std::unique_ptr<host::Document>> makeDocuments(int iCount)
+{
+    std::vector<std::unique_ptr<host::Document>> documents;
+    for (int i = 0; i < iCount; ++i) {
+        const std::string sName = "C:\\Projects\\Drawings\\A-" + std::to_string(1000 + i) + ".dwg";
+        documents.push_back(std::make_unique<host::Document>(sName, true));
+        documents.back()->setDatabase(host::Database::createNew());
+        // As documentCreated leaves it.
+        CDocManagerReactor::getReactor()->wasDatabaseModified(documents.back().get());
+    }
+    return documents;
+}
+
+void benchAdding(int iCount, int iRounds)
+{
+    const auto documents = makeDocuments(iCount);
+    const BareTabs bare(m_pWndTabs->m_hWnd);
+    const auto addAll = [&] {
+        const Clock clock;
+        for (const auto& document : documents)
+            tabsAddDocument(document.get());
+        const double time = clock.elapsed();
+        m_pWndTabs->DeleteAllItems();
+        return time;
+    };
+    const auto insertAll = [&] {
+        const Clock clock;
+        for (int i = 0; i < iCount; ++i)
+            bare.insertAfterWalk("A-" + std::to_string(1000 + i), i);
+        const double time = clock.elapsed();
+        bare.clear();
+        return time;
+    };
+    compare(("adding " + std::to_string(iCount) + " documents").c_str(), iRounds, addAll, insertAll);
+    for (const auto& document : documents)
+        CDocManagerReactor::getReactor()->removeDatabaseModifiedFlag(document.get());
+}
+
+void benchLayout(StripSetup& setup)
+{
+    const auto pass = [&] { return timed(50, [&] { setup.frame().RecalcLayout(); }); };
+    int iWidth = 0;
+    const auto resizing = [&] {
+        return timed(4, [&] {
+            setup.resize(1000 + 10 * (iWidth ^= 1));
+            setup.pump();
+        });
+    };
+    const auto with = [&](const auto& measured) { return [&] { return measured(); }; };
+    const auto without = [&](const auto& measured) {
+        return [&] {
+            setup.unload();
+            setup.pump();
+            const double time = measured();
+            setup.load();
+            setup.pump();
+            return time;
+        };
+    };
+    compare("layout pass, nothing moves, strip / none", 9, with(pass), without(pass));
+    compare("frame resized and painted, strip / none", 9, with(resizing), without(resizing));
+}
+
+void benchMenu(const char* szName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs)
+{
+    int iTab = iFirstTab;
+    const BareMenu bare(m_pWndTabs->m_hWnd, iXrefs);
+    const auto rightClick = [&] {
+        const CPoint point = setup.showTab(iTab);
+        iTab += iStep;
+        return setup.untilMenu([&] {
+            m_pWndTabs->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_pWndTabs->m_hWnd),
+                                    MAKELPARAM(point.x, point.y));
+        });
+    };
+    const auto bareMenu = [&] {
+        const CPoint point = setup.showTab(iTab);
+        return setup.untilMenu([&] { bare.show(point); });
+    };
+    compare(szName, 25, rightClick, bareMenu);
+}
+
+void benchOptions(StripSetup& setup)
+{
+    const BareTabs bare(m_pWndTabs->m_hWnd);
+    const auto refill = [&] {
+        const Clock clock;
+        bare.clear();
+        for (int i = 0; i < DRAWINGS; ++i)
+            bare.insert("A-" + std::to_string(100 + i), i, i);
+        setup.frame().RecalcLayout();
+        return clock.elapsed();
+    };
+    const auto rebuild = [&](bool bFromPress) {
+        DialogClock dialog({IDC_SHOW_EXTENSIONS, IDOK});
+        runOptionsCommand();
+        const double time = bFromPress ? dialog.sincePress() : dialog.sinceClosing();
+        setup.pump();
+        return time;
+    };
+    compare("dialog gone to strip rebuilt", 15, [&] { return rebuild(false); }, refill);
+    compare("OK pressed to strip rebuilt", 15, [&] { return rebuild(true); }, refill);
+}
+
+}
+
+// An argument names the only figures wanted: adding, notification, layout, menu, options.
+int main(int iCount, char** aArguments)
+{
+    const std::string sOnly = iCount > 1 ? aArguments[1] : "";
+    const auto wanted = [&](const char* szName) { return sOnly.empty() || sOnly == szName; };
+    StripSetup setup;
+    setup.load();
+    if (wanted("adding")) {
+        benchAdding(100, 9);
+        benchAdding(1000, 5);
+    }
+    setup.open(1);
+    if (wanted("notification"))
+        benchNotification("notification, nothing changed, 1 drawing");
+    setup.open(DRAWINGS - 1);
+    if (wanted("notification"))
+        benchNotification("notification, nothing changed, 50 drawings");
+    if (wanted("layout"))
+        benchLayout(setup);
+    if (wanted("menu")) {
+        // Each round another drawing, whose texts and data are not cached yet.
+        benchMenu("right click to menu, a drawing's first", setup, 1, 1, 0);
+        benchMenu("right click to menu", setup, 3, 0, 0);
+        benchMenu("right click to menu, 8 references", setup, 0, 0, XREFS);
+    }
+    if (wanted("options"))
+        benchOptions(setup);
+    return 0;
+}
