@@ -43,11 +43,11 @@ mounts_refused() {
     { (own_mounts true) 2>&1 >/dev/null || true; } | head -n 1
 }
 
-# Goes on without the right to override file permissions: a write-protected
-# drawing is to be that for root as well.
+# Goes on without the right to override file permissions: a write-protected or
+# unreadable drawing is to be that for root as well.
 as_person() {
-    if [ "$(id -u)" = 0 ] && setpriv --bounding-set=-dac_override true 2>/dev/null; then
-        exec setpriv --bounding-set=-dac_override "$@"
+    if [ "$(id -u)" = 0 ] && setpriv --bounding-set=-dac_override,-dac_read_search true 2>/dev/null; then
+        exec setpriv --bounding-set=-dac_override,-dac_read_search "$@"
     fi
     exec "$@"
 }

@@ -1,0 +1,95 @@
+"""What is wrong is named with its reason, fails the script, and disturbs nothing else."""
+import unittest
+
+from host import BUILD, MODULE, HostTest, wine
+
+A101 = r"Projects\Riverside\Drawings\A-101.dwg"
+S200 = r"Projects\Station\Drawings\S-200.dwg"
+DEFAULT_TIP = "Untitled: please fill in the title block."
+
+
+class BadInputTest(HostTest):
+    def test_bad_commands_drawings_and_modules(self):
+        good = (self.folder / "Projects/Station/Drawings/S-200.dwg").read_bytes()
+        (self.folder / "cut.dwg").write_bytes(good[:len(good) // 2])
+        (self.folder / "noise.dwg").write_bytes(bytes(range(256)) * 40)
+        (self.folder / "empty.dwg").write_bytes(b"")
+        (self.folder / "secret.dwg").write_bytes(good)
+        (self.folder / "secret.dwg").chmod(0)
+        (self.folder / "text.arx").write_text("not a module")
+        bad = {
+            "OPEN missing.dwg": "missing.dwg: file not found",
+            "OPEN Projects": "Projects: a folder, not a file",
+            "OPEN secret.dwg": "secret.dwg: access denied",
+            "OPEN cut.dwg": r"cut.dwg, line \d+: ",
+            "OPEN noise.dwg": r"noise.dwg, line 1: ",
+            "OPEN empty.dwg": r"empty.dwg(, line \d+)?: ",
+            "DXFIN missing.dwg": "missing.dwg: file not found",
+            r"SAVEAS no\such\folder\x.dwg": r"x.dwg: .+",
+            f"SAVEAS {S200}": r'S-200.dwg" is open; the drawing is not saved',
+            "ARX L text.arx": "not loaded: the file is no module",
+            r"ARX L C:\windows\system32\version.dll": r"not loaded: .*entry point \(acrxEntryPoint\)",
+            "ARX L missing.arx": "not loaded: the file is not there",
+            f"ARX L {MODULE}": "not loaded: .*already",
+            "ARX U missing.arx": "not unloaded: no module of that name",
+            "FROBNICATE": 'Unknown command "FROBNICATE"',
+            "LINE 0 0": "Too few arguments",
+            "LINE a b c d": "is not a number",
+            "SWITCH 99": "no drawing 99",
+            "CLICK 99": "no tab 99",
+            "MENU 1 12345": "no item 12345",
+            "ATTEDIT NOSUCHTAG x": '"NOSUCHTAG" is not in the drawing',
+            "SETVAR DBMOD 0": "DBMOD is read-only",
+            "PRESS 1": "There is no dialog",
+        }
+        script = [f"OPEN {S200}", f"OPEN {A101}", "LINE 0 0 1 1", "STRIP"]
+        for command in bad:
+            script += [command, "STRIP"]
+        transcript = self.run_host(script, expect_exit=1)
+        for number, (command, reason) in enumerate(bad.items()):
+            with self.subTest(command):
+                start = transcript.lines.index("Command: " + command)
+                self.assertRegex("\n".join(transcript.lines[start + 1:start + 40]),
+                                 rf"(?m)^.*{reason}.*$(\n.*)*?\nScript test.scr, line {5 + 2 * number} failed: ")
+        first = transcript.strips[0]
+        self.assertEqual(first.texts, ["Drawing1", "S-200", "A-101 *"])
+        for strip in transcript.strips:
+            self.assertEqual((strip.texts, strip.selected), (first.texts, first.selected))
+        self.assertEqual(len(transcript.strips), 1 + len(bad))
+
+    def test_a_binary_drawing_opens_without_contents(self):
+        (self.folder / "binary.dwg").write_bytes(b"AC1015\0\0\0\0\0\x01" + bytes(500))
+        transcript = self.run_host(["OPEN binary.dwg", "STRIP", "HOVER 1", "MENU 1"])
+        self.assertEqual(transcript.strips[0].texts, ["Drawing1", "binary"])
+        self.assertRegex(transcript.text, r"binary\.dwg.*contents.*not read")
+        self.assertEqual(transcript.tips[0][1], DEFAULT_TIP)
+
+    def test_what_the_command_line_names_may_be_missing(self):
+        for arguments, reason in ((["nowhere.dwg", A101], "nowhere.dwg: file not found"),
+                                  (["/ld", "nowhere.arx", A101], "not loaded: the file is not there"),
+                                  (["/frobnicate"], '"/frobnicate" is unknown')):
+            with self.subTest(arguments):
+                self.assertIn(reason, self.run_host(["STRIP"], arguments, expect_exit=1).text)
+        code, text = wine(BUILD / "cadhost.exe", "/nologo", "/b", "nowhere.scr", cwd=self.folder)
+        self.assertEqual(code, 1)
+        self.assertIn("nowhere.scr", text)
+
+    def test_a_malformed_settings_file_does_not_take_the_strip_down(self):
+        settings = self.folder / "Projects/Riverside/Settings/support/MDITabs.ini"
+        settings.write_text(settings.read_text() + "this is no key\n")
+        self.set_registry({}, {"DebugStartup": 1})
+        transcript = self.run_host([
+            f"OPEN {A101}", f"OPEN {S200}", "STRIP", "SWITCH 0", "LINE 0 0 1 1", "HOVER 0", "MENU 0", "MENU 1",
+            "QSAVE", "CLICK 1", "STRIP",
+        ], ["/ld", MODULE, A101])
+        self.assertEqual([strip.texts for strip in transcript.strips], [["A-101", "S-200"]] * 2)
+        self.assertEqual([strip.selected for strip in transcript.strips], [1, 1])
+        self.assertIn((0, 22393, "&Put away (16.0)", True), transcript.menus[1], "the other project has its texts")
+        self.assertEqual([item[1] for item in transcript.menus[0] if item], [22392, 22393, 22391])
+        joined = transcript.text.replace("\n", "")
+        self.assertIn(self.path("Projects/Riverside/Settings/support/MDITabs.ini"), joined)
+        self.assertRegex(joined, r"MDITabs\.ini>> @ line 6\)")
+
+
+if __name__ == "__main__":
+    unittest.main()
