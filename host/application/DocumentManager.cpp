@@ -186,6 +186,10 @@ bool DocumentManager::open(const std::string& sPath)
     Document* const pDocument = admit(std::move(document));
     std::string sName = pDocument->fileName();
     m_editor.notify(&AcEditorReactor::dwgFileOpened, pDocument->database(), sName.data());
+    if (pDocument->drawing().contentsNotRead())
+        m_print("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
+    for (const std::string& sWarning : pDocument->drawing().warnings())
+        m_print(sFullPath + ": " + sWarning);
     switchTo(*pDocument, true);
     return true;
 }
