@@ -1,79 +1,58 @@
-"""Texts, tooltips and menus of the sample projects: an example of each settings layer."""
+"""The CAD manager's worked example: the samples show what its tables say."""
+import os
+import re
+import time
 import unittest
 
-from host import MODULE, HostTest
+from host import ANSI, MODULE, REPOSITORY, HostTest
 
-DRAWINGS = [
-    r"Projects\Riverside\Drawings\A-100.rev2.dwg",
-    r"Projects\Riverside\Drawings\A-101.dwg",
-    r"Projects\Riverside\Drawings\Grundriß-Süd.dwg",
-    r"Projects\Riverside\Drawings\Drawing1.dwg",
-    r"Projects\Station\Drawings\S-200.dwg",
-    r"Projects\Station\Drawings\S-201 issued.dwg",
-    r"Projects\Station\Drawings\Details\D-300.dwg",
-    r"Sketches\Sketch.dwg",
-]
+OFFICE = r"P:\Office"
 
 
-class SamplesTest(HostTest):
-    def open_all(self, *script):
-        """Plays the script in a host with a tab for every sample, in order."""
-        transcript = self.run_host(["STRIP", *script], ["/ld", MODULE, *DRAWINGS])
-        documents = [tab.document for tab in transcript.strips[0].tabs]
-        self.assertEqual(documents, [self.path(name) for name in DRAWINGS])
-        return transcript
+def table(*columns):
+    """The rows of the guide's table with these columns; of each cell what stands in code quotes."""
+    lines = (REPOSITORY / "docs/cad-manager.md").read_text("utf-8").splitlines()
+    start = lines.index("| " + " | ".join(columns) + " |") + 2
+    rows = []
+    while lines[start].startswith("|"):
+        rows.append([re.findall(r"`([^`]*)`", cell) for cell in lines[start].split("|")[1:-1]])
+        start += 1
+    return rows
 
-    def test_tooltips(self):
-        tips = self.open_all(*(f"HOVER {n}" for n in range(len(DRAWINGS)))).tips
-        self.assertEqual(len(tips), len(DRAWINGS))
-        self.assertEqual({title for title, text in tips}, {"Zavik sample office"})
-        texts = [text for title, text in tips]
-        folder = "Z:" + str(self.folder)
-        riverside = folder + "/Projects/Riverside/Drawings/"
-        self.assertEqual(texts[:7], [
-            f"Riverside Quarter\nA-100 rev 2: Ground floor – general arrangement\n{riverside}A-100.rev2",
-            f"Riverside Quarter\nA-101 rev 0: First floor, east\n{riverside}A-101",
-            # the office's border maps no REVISION
-            f"Riverside Quarter\nGR-1 rev %HALVORAN::REVISION%: Grundriß Süd – Übersicht\n{riverside}Grundriß-Süd",
-            "Untitled: please fill in the title block.",
-            "Station, Platform 2: S-200\nPlatform 2, section",
-            "Station, Platform 2: S-201\nPlatform 2, as issued",
-            "Canopy detail – gutter and fascia",
-        ])
-        first, file, folder_line, update = texts[7].split("\n")
-        self.assertIn("Car park sketch", first)
-        self.assertEqual(file, "File: Sketch.dwg")
-        self.assertEqual(folder_line, "Folder: " + folder.replace("/", "\\") + "\\Sketches\\")
-        self.assertRegex(update, r"^Last update: \d{4}-\d\d-\d\d \d\d:\d\d$")
 
-    def test_menus_of_two_projects_side_by_side(self):
-        menus = self.open_all(*(f"MENU {n}" for n in (0, 4, 5, 6, 7))).menus
-        river, station, issued, detail, sketch = [
-            [item and item[2] for item in menu if not item or item[0] == 0] for menu in menus]
-        self.assertEqual(river, ["Save to &Riverside", "&Close", None, "&Options...", None, "Riverside &references"])
-        self.assertEqual(station, ["Save and keep &open", "&Put away (16.0)", None, "&Options..."])
-        self.assertEqual(issued, station[1:], "a read-only drawing has no Save")
-        self.assertEqual(detail, ["Save &detail", "&Put away (16.0)", None, "&Options..."])
-        self.assertEqual(sketch, ["&Save", "&Close", None, "&Options..."])
-        self.assertTrue(all(item[3] for menu in menus for item in menu if item), "nothing is greyed")
+class WorkedExampleTest(HostTest):
+    def test_each_layer_defines_what_the_guide_says(self):
+        rows = table("layer", rf"file below `{OFFICE}`", "defines")
+        self.assertEqual(len(rows), 6)
+        every = [row[0][0] for row in table("key", "shown as")]
+        for _, (file,), keys in rows:
+            text = (self.folder / file.replace("\\", "/")).read_text(ANSI)
+            defined = re.findall(r"(?m)^(\w+) *=", text)
+            self.assertEqual(sorted(defined), sorted(keys or every), file)
 
-    def test_references_with_the_read_only_marker(self):
-        menu, = self.open_all("MENU 0").menus
-        items = [item for item in menu if item and item[0] == 1]
-        self.assertEqual([(item[1], item[2]) for item in items][:2], [
-            (22394, "Grid.dwg"), (22395, "Survey.dwg (RO)")])
-        captions = [item[2] for item in items]
-        self.assertIn("Services.dwg", captions)
-        self.assertNotIn("Traffic.dwg", captions, "not resolved, so not listed")
-
-    def test_markers_of_the_layers(self):
-        edits = []
-        for tab in (0, 4, 6, 7):
-            edits += [f"SWITCH {tab}", "LINE 0 0 1 1"]
-        strips = self.open_all(*edits, "STRIP").strips
-        texts = strips[-1].texts
-        self.assertEqual([texts[n] for n in (0, 1, 4, 6, 7)],
-                         ["A-100.rev2 *", "A-101", "S-200 [changed]", "D-300 (draft)", "Sketch *"])
+    def test_drawings_show_what_the_guide_says(self):
+        rows = table("drawing", "Save item", "Close item", "marker", "tooltip below `Zavik sample office`")
+        self.assertEqual(len(rows), 6)
+        # The template shows when the sketch was written.
+        written = time.mktime((2006, 5, 17, 9, 30, 0, 0, 0, -1))
+        os.utime(self.folder / "Sketches/Sketch.dwg", (written, written))
+        script = ["STRIP"]
+        for number in range(len(rows)):
+            script += [f"HOVER {number}", f"MENU {number}"]
+        for number in range(len(rows)):
+            script += [f"SWITCH {number}", "LINE 0 0 1 1"]
+        transcript = self.run_host([*script, "STRIP"], ["/ld", MODULE, *(row[0][0] for row in rows)])
+        clean, changed = transcript.strips
+        for number, ((drawing,), (save,), (close,), (marker,), tooltip) in enumerate(rows):
+            with self.subTest(drawing):
+                self.assertEqual(clean.tabs[number].document, self.path(drawing))
+                name = drawing.rpartition("\\")[2].removesuffix(".dwg")
+                self.assertEqual((clean.texts[number], changed.texts[number]), (name, name + marker.strip('"')))
+                self.assertEqual([item[2] for item in transcript.menus[number] if item][:2], [save, close])
+                shown = "\n".join(tooltip)
+                for office, ours in ((OFFICE, self.path("")), (OFFICE.replace("\\", "/"), f"Z:{self.folder}/")):
+                    shown = shown.replace(office + office[2], ours)
+                self.assertEqual(transcript.tips[number], ("Zavik sample office", shown))
 
 
 if __name__ == "__main__":
