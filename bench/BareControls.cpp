@@ -48,7 +48,12 @@ void BareTabs::clear() const
     ::SendMessageA(m_tabs, TCM_DELETEALLITEMS, 0, 0);
 }
 
-BareMenu::BareMenu(HWND owner, int iXrefs) : m_owner(owner), m_iXrefs(iXrefs) {}
+BareMenu::BareMenu(int iXrefs)
+    : m_owner(::CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 1, 1, nullptr, nullptr,
+                                ::GetModuleHandleA(nullptr), nullptr)),
+      m_iXrefs(iXrefs)
+{
+}
 
 void BareMenu::show(POINT point) const
 {
@@ -65,5 +70,5 @@ void BareMenu::show(POINT point) const
         ::AppendMenuA(menu.get(), MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(xrefs), "Xrefs");
     }
     ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0,
-                     ::GetParent(m_owner), nullptr);
+                     m_owner.get(), nullptr);
 }

@@ -27,15 +27,15 @@ private:
     HWND m_tabs;
 };
 
-// With the items of the strip's context menu.
+// With the items of the strip's context menu, for a window of its own.
 class BareMenu {
 public:
-    BareMenu(HWND owner, int iXrefs);
+    explicit BareMenu(int iXrefs);
 
     // At a screen point; returns when the menu is gone.
     void show(POINT point) const;
 
 private:
-    HWND m_owner;
+    UniqueWindow m_owner;
     int m_iXrefs;
 };

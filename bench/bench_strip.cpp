@@ -105,7 +105,7 @@ void benchLayout(StripSetup& setup)
 void benchMenu(const char* szName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs)
 {
     int iTab = iFirstTab;
-    const BareMenu bare(m_pWndTabs->m_hWnd, iXrefs);
+    const BareMenu bare(iXrefs);
     const auto rightClick = [&] {
         const CPoint point = setup.showTab(iTab);
         iTab += iStep;

@@ -72,19 +72,31 @@ std::string moduleFile() {
 
 // The long form of a path; the path itself when there is none.
 std::string longForm(const std::string& sPath) {
-    const DWORD size = ::GetLongPathNameA(sPath.c_str(), nullptr, 0);
-    std::string sLong(size, '\0');
-    const DWORD length = size ? ::GetLongPathNameA(sPath.c_str(), sLong.data(), size) : 0;
-    if (length == 0 || length >= size)
-        return sPath;
-    sLong.resize(length);
-    return sLong;
+    std::string sLong(MAX_PATH, '\0');
+    for (;;) {
+        const auto size = static_cast<DWORD>(sLong.size());
+        const DWORD length = ::GetLongPathNameA(sPath.c_str(), sLong.data(), size);
+        if (length == 0)
+            return sPath;
+        sLong.resize(length);
+        if (length < size)
+            return sLong;
+    }
+}
+
+// Looking up the long form reads every folder on the way; the module's own folder keeps
+// its name as long as the module is loaded.
+const std::string& longProgramFolder(const std::string& sProgram) {
+    static std::pair<std::string, std::string> cached;
+    if (cached.first != sProgram)
+        cached = {sProgram, longForm(sProgram)};
+    return cached.second;
 }
 
 std::string applicationRoot() {
     constexpr std::string_view sComponents = "Components\\";
     const std::string sProgram = getLocation(LOCATION_DIR_PROGRAM).GetString();
-    const std::string sLong = longForm(sProgram);
+    const std::string& sLong = longProgramFolder(sProgram);
     if (sLong.size() < sComponents.size())
         return sProgram;
     const std::string_view sTail = std::string_view(sLong).substr(sLong.size() - sComponents.size());
