@@ -15,6 +15,14 @@ std::string describeControl(HWND control)
            "\" checked=" + std::to_string(checked) + " enabled=" + (::IsWindowEnabled(control) ? "1" : "0") + "\n";
 }
 
+struct Key {
+    const char* name;
+    WPARAM code;
+};
+
+constexpr Key kKeys[] = {{"TAB", VK_TAB},       {"SPACE", VK_SPACE}, {"ENTER", VK_RETURN},
+                         {"ESCAPE", VK_ESCAPE}, {"UP", VK_UP},       {"DOWN", VK_DOWN}};
+
 } // namespace
 
 std::string describeDialog()
@@ -44,6 +52,21 @@ void press(int id)
     const POINT middle = {rect.right / 2, rect.bottom / 2};
     postMouse(control, WM_LBUTTONDOWN, MK_LBUTTON, middle);
     postMouse(control, WM_LBUTTONUP, 0, middle);
+}
+
+void pressKey(const std::string& sName)
+{
+    const HWND dialog = topDialog();
+    if (dialog == nullptr)
+        throw CommandError("There is no dialog.");
+    const HWND focus = ::IsChild(dialog, ::GetFocus()) ? ::GetFocus() : dialog;
+    for (const Key& key : kKeys)
+        if (sName == key.name) {
+            ::PostMessageA(focus, WM_KEYDOWN, key.code, 1);
+            ::PostMessageA(focus, WM_KEYUP, key.code, static_cast<LPARAM>(0xC0000001u));
+            return;
+        }
+    throw CommandError("There is no key " + sName + ".");
 }
 
 } // namespace host::observation

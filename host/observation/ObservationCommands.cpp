@@ -100,6 +100,11 @@ void pressControl(Application&, const Arguments& a)
     press(a.integer(0));
 }
 
+void key(Application&, const Arguments& a)
+{
+    pressKey(CommandStack::plainName(a.text(0)));
+}
+
 void shot(Application& application, const Arguments& a)
 {
     picture(application, a.rest(0));
@@ -129,7 +134,7 @@ void bench(Application& application, const Arguments& a)
 
 constexpr Command kCommands[] = {
     {"STRIP", strip, true}, {"CLICK", click},        {"HOVER", hover},      {"MENU", menu},   {"DIALOG", dialog, true},
-    {"PRESS", pressControl, true}, {"SHOT", shot, true}, {"WAIT", wait, true}, {"BENCH", bench},
+    {"PRESS", pressControl, true}, {"KEY", key, true}, {"SHOT", shot, true}, {"WAIT", wait, true}, {"BENCH", bench},
 };
 
 } // namespace

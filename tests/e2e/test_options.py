@@ -39,6 +39,25 @@ class OptionsTest(HostTest):
         self.run_host(options())
         self.assertEqual(self.registry(), DEFAULTS, "OK stores all six")
 
+    def test_the_dialog_by_keyboard(self):
+        keys = ["SPACE", "TAB", "TAB", "TAB"]      # greyed controls are passed over, back to the first
+        reach = ["TAB"] * 6                        # from "Use MDI Tabs" to the position
+        transcript = self.run_host([
+            "ZavikMDITabs", "WAIT 30", *(f"KEY {key}" for key in keys), "DIALOG", "KEY SPACE", "DIALOG",
+            *(f"KEY {key}" for key in [*reach, "UP"]), "DIALOG", "KEY ESCAPE", "STRIP",
+            "ZavikMDITabs", "WAIT 30", *(f"KEY {key}" for key in [*reach, "DOWN", "TAB", "TAB", "TAB", "TAB", "SPACE"]),
+            "DIALOG", "KEY ENTER", "STRIP",
+        ])
+        off, on, position, discreet = transcript.dialogs
+        self.assertEqual((off[USE][1], off[DISCREET][2]), (0, False))
+        self.assertEqual((on[USE][1], on[DISCREET][2]), (1, True))
+        self.assertEqual((position[TOP][1], position[BOTTOM][1]), (1, 0))
+        self.assertEqual((discreet[TOP][1], discreet[DISCREET][1]), (1, 1))
+        escaped, entered = transcript.strips
+        self.assertEqual((escaped.visible, escaped.client[1]), (True, 0), "Escape changes nothing")
+        self.assertFalse(entered.visible, "discreet, with one drawing")
+        self.assertEqual(self.registry(), {**DEFAULTS, "TabLocation": 0, "IsDiscreet": 1})
+
     def test_rows_with_the_strip_on(self):
         transcript = self.run_host([
             "STRIP",
