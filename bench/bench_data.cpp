@@ -193,10 +193,35 @@ void benchMouse(Bench& bench)
     bench.unload();
 }
 
+// The user's options do not count: an empty key stands in for the registry's.
+class EmptyOptions {
+public:
+    EmptyOptions()
+    {
+        ::RegCreateKeyExA(HKEY_CURRENT_USER, c_sKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &m_hkKey,
+                          nullptr);
+        ::RegOverridePredefKey(HKEY_CURRENT_USER, m_hkKey);
+    }
+    ~EmptyOptions()
+    {
+        ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+        ::RegCloseKey(m_hkKey);
+        ::RegDeleteKeyA(HKEY_CURRENT_USER, c_sKey);
+    }
+    EmptyOptions(const EmptyOptions&) = delete;
+    EmptyOptions& operator=(const EmptyOptions&) = delete;
+
+private:
+    static constexpr char c_sKey[] = "Software\\ZavikMDITabs benchmark";
+
+    HKEY m_hkKey = nullptr;
+};
+
 }
 
 int main()
 {
+    const EmptyOptions options;
     Bench bench;
     benchReading(bench);
     benchOpening(bench);

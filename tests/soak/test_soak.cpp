@@ -55,10 +55,10 @@ public:
         const DWORD begin = ::GetTickCount();
         int steps = 0;
         for (; steps < most && ::GetTickCount() - begin < static_cast<DWORD>(seconds * 1000); ++steps) {
-            const std::string step = doStep();
+            doStep();
             app.pumpUntilIdle();
             CAPTURE(steps);
-            CAPTURE(step);
+            CAPTURE(m_sRecent);
             REQUIRE(shown() == expected());
         }
         settle();
@@ -117,14 +117,15 @@ private:
     std::string anyTab() { return std::to_string(below(static_cast<int>(app.documents().count()))); }
 
     // A step that is refused (nothing to undo, a name in use) is a step too.
-    std::string doStep()
+    void doStep()
     {
         const std::vector<std::string> lines = choose();
-        app.execute(lines);
-        std::string all;
+        m_sRecent += "\n";
         for (const std::string& line : lines)
-            all += line + "; ";
-        return all;
+            m_sRecent += line + "; ";
+        if (m_sRecent.size() > 600)
+            m_sRecent.erase(0, m_sRecent.find('\n', 200));
+        app.execute(lines);
     }
 
     std::vector<std::string> choose()
@@ -249,6 +250,7 @@ public:
     host::Application app;
 
 private:
+    std::string m_sRecent;
     const unsigned m_seed;
     std::mt19937 m_random;
 };
