@@ -65,11 +65,10 @@ class BadInputTest(HostTest):
         self.assertEqual(transcript.tips[0][1], DEFAULT_TIP)
 
     def test_what_the_command_line_names_may_be_missing(self):
-        for arguments, reason in ((["nowhere.dwg", A101], "nowhere.dwg: file not found"),
-                                  (["/ld", "nowhere.arx", A101], "not loaded: the file is not there"),
-                                  (["/frobnicate"], '"/frobnicate" is unknown')):
-            with self.subTest(arguments):
-                self.assertIn(reason, self.run_host(["STRIP"], arguments, expect_exit=1).text)
+        text = self.run_host(["STRIP"], ["nowhere.dwg", "/ld", "nowhere.arx", A101], expect_exit=1).text
+        self.assertIn("nowhere.dwg: file not found", text)
+        self.assertIn("not loaded: the file is not there", text)
+        self.assertIn('"/frobnicate" is unknown', self.run_host([], ["/frobnicate"], expect_exit=1).text)
         code, text = wine(BUILD / "cadhost.exe", "/nologo", "/b", "nowhere.scr", cwd=self.folder)
         self.assertEqual(code, 1)
         self.assertIn("nowhere.scr", text)
