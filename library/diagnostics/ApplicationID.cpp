@@ -1,5 +1,6 @@
 #include "library/diagnostics/ApplicationID.h"
 
+#include "library/files/PathParts.h"
 #include "library/files/TextFileContents.h"
 
 #include <string>
@@ -12,13 +13,8 @@ CApplicationID::CApplicationID(HINSTANCE hModule)
     const DWORD dwLength = ::GetModuleFileNameA(hModule, sModule, MAX_PATH);
     if (dwLength == 0 || dwLength >= MAX_PATH)
         return;
-    CString sFileName(sModule);
-    const int iDot = sFileName.ReverseFind('.');
-    if (iDot > sFileName.ReverseFind('\\'))
-        sFileName = sFileName.Left(iDot);
-    sFileName += ".avf";
     try {
-        readDescription(sFileName);
+        readDescription(PathParts(sModule).withExtension(".avf").c_str());
     } catch (CException* pException) {
         pException->Delete();
     }

@@ -1,8 +1,11 @@
 #include "library/diagnostics/DiagnosticsLog.h"
 
+#include "library/diagnostics/Guard.h"
 #include "library/files/FileUtilities_TextFiles.h"
+#include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 
+#include <ctime>
 #include <string>
 
 namespace Tesk {
@@ -30,18 +33,6 @@ private:
     volatile DWORD& m_dwOwner;
 };
 
-// Runs what may raise; a log that cannot be written is no reason to fail.
-template <class Action>
-void swallow(Action action) noexcept
-{
-    try {
-        action();
-    } catch (CException* pException) {
-        pException->Delete();
-    } catch (...) {
-    }
-}
-
 }
 
 CDiagnosticsLog& CDiagnosticsLog::get()
@@ -54,7 +45,7 @@ CString CDiagnosticsLog::getFileName() noexcept
 {
     const CLock lock(m_section);
     if (m_sFileName.IsEmpty())
-        swallow([this] { m_sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG); });
+        neverRaise([this] { m_sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG); });
     return m_sFileName;
 }
 
@@ -74,7 +65,7 @@ void CDiagnosticsLog::append(const char* sText) noexcept
     if (isAppending())
         return;
     const COwner owner(m_dwOwner);
-    swallow([this, sText] { write(sText); });
+    neverRaise([this, sText] { write(sText); });
 }
 
 void CDiagnosticsLog::write(const char* sText)
@@ -90,14 +81,20 @@ void CDiagnosticsLog::write(const char* sText)
     writeTextFileLines(sFileName, {sLine}, true);
 }
 
+CString CDiagnosticsLog::now(const char* sFormat)
+{
+    const std::time_t seconds = std::time(nullptr);
+    char sText[80] = "";
+    if (const std::tm* pLocal = std::localtime(&seconds))
+        std::strftime(sText, sizeof sText, sFormat, pLocal);
+    return sText;
+}
+
 CString CDiagnosticsLog::companionFile(const char* sExtension)
 {
-    CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
+    const CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
     createFolders(sFileName);
-    const int iDot = sFileName.ReverseFind('.');
-    if (iDot > sFileName.ReverseFind('\\'))
-        sFileName = sFileName.Left(iDot);
-    return sFileName + sExtension;
+    return PathParts(sFileName.str()).withExtension(sExtension);
 }
 
 }

@@ -27,6 +27,9 @@ public:
     // The calling thread is inside append.
     bool isAppending() const { return m_dwOwner == ::GetCurrentThreadId(); }
 
+    // The local time in a strftime format.
+    static CString now(const char* sFormat);
+
     // The log's name with another extension, as ".dmp".
     static CString companionFile(const char* sExtension);
 

@@ -3,8 +3,6 @@
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
 
-#include <ctime>
-
 namespace Tesk {
 
 namespace {
@@ -64,15 +62,6 @@ public:
     std::vector<CString> m_vLines;
 };
 
-CString startTime()
-{
-    const std::time_t now = std::time(nullptr);
-    char sText[80] = "";
-    if (const std::tm* pLocal = std::localtime(&now))
-        std::strftime(sText, sizeof sText, "Diagnostics started: %c", pLocal);
-    return sText;
-}
-
 CString computerName()
 {
     char sName[MAX_COMPUTERNAME_LENGTH + 1] = "";
@@ -85,7 +74,7 @@ CString computerName()
 std::vector<CString> describeMachine()
 {
     CHeader header;
-    header.add(startTime());
+    header.add(CDiagnosticsLog::now("Diagnostics started: %c"));
     header.add("::HostName=" + computerName());
     for (const char* szName : {"ProductName", "CurrentVersion", "CSDVersion", "CurrentBuildNumber"})
         header.addValue("OS", c_windowsNT, szName);

@@ -1,5 +1,7 @@
 #include "library/diagnostics/GUIConsole.h"
 
+#include "library/diagnostics/Guard.h"
+
 #include <string>
 
 namespace Tesk {
@@ -65,13 +67,11 @@ void CGUIConsole::writeLine(std::string_view sLine) noexcept
     const CLock lock(m_section);
     if (!open())
         return;
-    try {
+    neverRaise([&] {
         const std::string sText = std::string(sLine.substr(0, sLine.find_last_not_of('\n') + 1)) + "\r\n";
         DWORD dwWritten = 0;
         ::WriteFile(m_hOutput, sText.data(), static_cast<DWORD>(sText.size()), &dwWritten, nullptr);
-    } catch (const std::exception&) {
-        // no memory for a diagnostics line: it is lost
-    }
+    });
 }
 
 void CGUIConsole::release() noexcept

@@ -22,4 +22,14 @@ void Detail::endException(const char* sCall) noexcept
     }
 }
 
+void Detail::dropException() noexcept
+{
+    try {
+        throw;
+    } catch (CException* pException) {
+        pException->Delete();
+    } catch (...) {
+    }
+}
+
 }

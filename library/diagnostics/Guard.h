@@ -8,6 +8,8 @@ namespace Detail {
 // Inside a catch block alone: traces what is being handled under the name of
 // the call, and frees it when it is a heap exception.
 void endException(const char* sCall) noexcept;
+// The same without a word.
+void dropException() noexcept;
 }
 
 // Runs the call; an exception is traced and ends here. True when there was none.
@@ -21,6 +23,18 @@ bool guarded(const char* sCall, Call&& call) noexcept
     } catch (...) {
         Detail::endException(sCall);
         return false;
+    }
+}
+
+// The same without a trace, for the diagnostics themselves: they must not bring
+// down what they look at.
+template <class Call>
+void neverRaise(Call&& call) noexcept
+{
+    try {
+        call();
+    } catch (...) {
+        Detail::dropException();
     }
 }
 

@@ -5,7 +5,6 @@
 #include "library/diagnostics/GUIConsole.h"
 #include "library/diagnostics/MiniDumper.h"
 #include "library/diagnostics/Prerelease.h"
-#include "library/diagnostics/SymbolTable.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/registry/Registry.h"
 
@@ -19,22 +18,24 @@ std::unique_ptr<CMiniDumper> G_pMiniDumper;
 
 namespace {
 
-bool readStartupSwitch(const char* szName)
-{
-    const CString sKey = "Software\\" + CVersionBlock::getCompanyName() + "\\" + CVersionBlock::getProductName();
-    bool bOn = false;
-    return Registry::GetValue(HKEY_CURRENT_USER, sKey, szName, bOn) && bOn;
-}
-
 // The order is meant: "AssertStartup" wins, with the old log already deleted.
 void chooseDiagnosticsLevel()
 {
-    if (CVersionBlock::isPrerelease() || readStartupSwitch("DebugStartup")) {
+    const CString sKey = "Software\\" + CVersionBlock::getCompanyName() + "\\" + CVersionBlock::getProductName();
+    HKEY hkRegistryKey = nullptr;
+    const bool bOpen = Registry::OpenKey(HKEY_CURRENT_USER, sKey, hkRegistryKey, false);
+    const auto isOn = [&](const char* szName) {
+        bool bOn = false;
+        return bOpen && Registry::ReadValue(hkRegistryKey, szName, bOn) && bOn;
+    };
+    if (CVersionBlock::isPrerelease() || isOn("DebugStartup")) {
         CDiagnosticsLog::get().startAfresh();
         setDiagnosticsLevel(2);
     }
-    if (readStartupSwitch("AssertStartup"))
+    if (isOn("AssertStartup"))
         setDiagnosticsLevel(1);
+    if (bOpen)
+        TESK_VERIFY(::RegCloseKey(hkRegistryKey) == ERROR_SUCCESS);
 }
 
 }
@@ -64,7 +65,6 @@ void terminateLibrary()
     TESK_ASSERT(!G_sApplicationName.IsEmpty());
     G_pMiniDumper.reset();
     CGUIConsole::get().release();
-    CSymbolTable::get().release();
     CVersionBlock::terminate();
     TESK_ASSERT(G_pApplicationID != NULL);
     G_pApplicationID.reset();

@@ -3,18 +3,17 @@
 #include "library/diagnostics/CriticalSection.h"
 #include "library/diagnostics/DiagnosticsLog.h"
 #include "library/diagnostics/GUIConsole.h"
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/StackWalker.h"
+#include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "mfc/afx.h"
 #include "objectarx/acutads.h"
 
 #include <windows.h>
 
-#include <algorithm>
 #include <cstdarg>
-#include <cstring>
-#include <ctime>
 
 namespace Tesk {
 
@@ -41,14 +40,7 @@ private:
     CLock m_lock;
 };
 
-CString timeStamp()
-{
-    const std::time_t now = std::time(nullptr);
-    char sText[32] = "";
-    if (const std::tm* pLocal = std::localtime(&now))
-        std::strftime(sText, sizeof sText, "[%H:%M:%S] ", pLocal);
-    return sText;
-}
+CString timeStamp() { return CDiagnosticsLog::now("[%H:%M:%S] "); }
 
 void sendToDebugger(const CString& sLine)
 {
@@ -84,18 +76,6 @@ void echoOnCommandLine(CString sText)
     }
 }
 
-// Diagnostics must not bring down what they look at.
-template <class Action>
-void neverRaise(Action action) noexcept
-{
-    try {
-        action();
-    } catch (CException* pException) {
-        pException->Delete();
-    } catch (...) {
-    }
-}
-
 void traceLine(const char* sFormat, va_list arguments)
 {
     CString sMessage;
@@ -120,14 +100,13 @@ bool showReport(const char* sSource, int iLine, const char* sExpression, CReport
     if (g_iReportDepth > c_deepestReport)
         return false;
     report.m_sStack = CStackWalker().describe();
-    const CString sPath = getLocation(LOCATION_FILE_MODULE);
-    const CString sModule = sPath.Mid(sPath.ReverseFind('\\') + 1);
+    const CString sModule = PathParts(getLocation(LOCATION_FILE_MODULE).str()).fileName();
     report.m_sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
     CString sLong;
     sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
                  sSource, iLine, report.m_sStack.GetString());
     if (g_iReportDepth == 1)
-        ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
+        ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP | MB_TASKMODAL);
     return true;
 }
 
@@ -191,10 +170,7 @@ void reportAssertion(const char* sSource, int iLine, const char* sExpression) no
 void Detail::assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept
 {
     neverRaise([&] {
-        CString sName(sSource);
-        sName = sName.Mid(std::max(sName.ReverseFind('/'), sName.ReverseFind('\\')) + 1);
-        const int iDot = sName.ReverseFind('.');
-        report(iDot < 0 ? sName : sName.Left(iDot), iLine, sExpression);
+        report(PathParts(sSource).sBase.c_str(), iLine, sExpression);
     });
     if (::IsDebuggerPresent())
         ::DebugBreak();

@@ -1,6 +1,6 @@
 #include "library/diagnostics/StackWalker.h"
 
-#include "library/diagnostics/SymbolTable.h"
+#include "library/diagnostics/CodeAddress.h"
 
 #include <windows.h>
 
@@ -57,7 +57,7 @@ CString CStackWalker::describe() const
     for (const void* pAddress : m_vFrames) {
         if (!sText.IsEmpty())
             sText += '\n';
-        sText += CSymbolTable::get().describe(pAddress);
+        sText += describeAddress(pAddress);
     }
     return sText;
 }

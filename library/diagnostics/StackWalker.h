@@ -1,5 +1,5 @@
 // Who called whom, as text: one line a frame, the innermost first, with module
-// and offset, and the symbol where one is to be had.
+// and offset, and the exported function where one is known.
 #pragma once
 
 #include "mfc/afx.h"
@@ -17,7 +17,7 @@ public:
 
     const std::vector<const void*>& getFrames() const { return m_vFrames; }
 
-    // "module.dll + 0x1234 (symbol + 0x12)", a line a frame, joined by line feeds.
+    // "module.dll + 0x1234 (function + 0x12)", a line a frame, joined by line feeds.
     CString describe() const;
 
 private:

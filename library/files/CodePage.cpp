@@ -8,7 +8,7 @@ namespace Tesk {
 
 UINT getThreadCodePage()
 {
-    if (MultiByte::codePage() == CP_THREAD_ACP) {
+    if (MultiByte::isNtFamily()) {
         DWORD dwCodePage = 0;
         if (::GetLocaleInfoA(::GetThreadLocale(), LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
                              reinterpret_cast<char*>(&dwCodePage), sizeof dwCodePage) > 0 &&

@@ -14,6 +14,8 @@ struct PathParts {
     // Drive and folder.
     std::string parent() const { return sDrive + sFolder; }
     std::string fileName() const { return sBase + sExtension; }
+    // The path with another extension, given with its dot.
+    std::string withExtension(std::string_view sOther) const { return (parent() + sBase).append(sOther); }
 
     std::string sDrive;
     std::string sFolder;

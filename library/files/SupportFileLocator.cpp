@@ -6,6 +6,7 @@
 #include "library/files/PathParts.h"
 #include "library/registry/Registry.h"
 #include "library/text/MultiByte.h"
+#include "mfc/handles.h"
 
 #include <windows.h>
 
@@ -24,26 +25,9 @@ namespace {
 
 constexpr const char* szProjectSettings = "ProjectSettings.txt";
 
-class CFileHandle {
-public:
-    explicit CFileHandle(HANDLE hFile) : m_hFile(hFile) {}
-    ~CFileHandle() {
-        if (isValid())
-            ::CloseHandle(m_hFile);
-    }
-    CFileHandle(const CFileHandle&) = delete;
-    CFileHandle& operator=(const CFileHandle&) = delete;
-
-    bool isValid() const { return m_hFile != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return m_hFile; }
-
-private:
-    HANDLE m_hFile;
-};
-
-HANDLE openExisting(const char* sPath, DWORD dwFlags) {
-    return ::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                         OPEN_EXISTING, dwFlags, nullptr);
+UniqueHandle openExisting(const char* sPath, DWORD dwFlags) {
+    return UniqueHandle(::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, dwFlags, nullptr));
 }
 
 std::string specialFolder(int iFolder) {
@@ -113,14 +97,16 @@ std::string drawingFolder() {
 }
 
 // Folder (with its backslash) and name; empty when the folder is.
-std::string below(int iFolder, const char* szName) {
-    const std::string sFolder = getLocation(iFolder).GetString();
-    return sFolder.empty() ? sFolder : sFolder + szName;
+std::string below(int iFolder, std::string_view sName) {
+    std::string sFolder = getLocation(iFolder).GetString();
+    if (!sFolder.empty())
+        sFolder += sName;
+    return sFolder;
 }
 
 std::string diagnosticsLog() {
     const std::string sModule = longForm(getLocation(LOCATION_FILE_MODULE).GetString());
-    return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\") + PathParts(sModule).sBase + ".log";
+    return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + PathParts(sModule).sBase + ".log");
 }
 
 std::string rawLocation(int iWhere) {
@@ -260,15 +246,15 @@ CString getTempFolder() {
 }
 
 bool fileExists(const char* sPath) {
-    return CFileHandle(openExisting(sPath, FILE_ATTRIBUTE_NORMAL)).isValid();
+    return static_cast<bool>(openExisting(sPath, FILE_ATTRIBUTE_NORMAL));
 }
 
 bool folderExists(const char* sPath) {
-    if (MultiByte::codePage() == CP_THREAD_ACP) {
+    if (MultiByte::isNtFamily()) {
         // Backup semantics open folders, but files as well: those are told by their attributes.
-        const CFileHandle folder(openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS));
+        const UniqueHandle folder = openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS);
         BY_HANDLE_FILE_INFORMATION info;
-        return folder.isValid() && ::GetFileInformationByHandle(folder.get(), &info) &&
+        return folder && ::GetFileInformationByHandle(folder.get(), &info) &&
                (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     }
     char szCurrent[MAX_PATH];

@@ -6,20 +6,16 @@
 
 namespace Tesk::MultiByte {
 
-namespace {
-
 bool isNtFamily() {
-    OSVERSIONINFOA info{};
-    info.dwOSVersionInfoSize = sizeof info;
-    return ::GetVersionExA(&info) && info.dwPlatformId == VER_PLATFORM_WIN32_NT;
+    static const bool bNt = [] {
+        OSVERSIONINFOA info{};
+        info.dwOSVersionInfoSize = sizeof info;
+        return ::GetVersionExA(&info) && info.dwPlatformId == VER_PLATFORM_WIN32_NT;
+    }();
+    return bNt;
 }
 
-}  // namespace
-
-unsigned codePage() {
-    static const unsigned page = isNtFamily() ? CP_THREAD_ACP : CP_ACP;
-    return page;
-}
+unsigned codePage() { return isNtFamily() ? CP_THREAD_ACP : CP_ACP; }
 
 CLeadBytes::CLeadBytes() : m_bAny(false), m_aLead{} {
     CPINFO info{};

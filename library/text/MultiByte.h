@@ -8,8 +8,11 @@
 
 namespace Tesk::MultiByte {
 
+// Windows is one of the NT family; asked once.
+bool isNtFamily();
+
 // The code page of every narrow/wide conversion: CP_THREAD_ACP on the NT family,
-// CP_ACP elsewhere. Chosen once.
+// CP_ACP elsewhere.
 unsigned codePage();
 
 // The lead bytes of that code page, as they stand when the object is made.

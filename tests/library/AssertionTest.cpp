@@ -1,6 +1,7 @@
 #include "tests/library/BoxCloser.h"
 #include "tests/library/LibraryFixture.h"
 
+#include "library/diagnostics/CodeAddress.h"
 #include "library/diagnostics/StackWalker.h"
 
 #include <doctest/doctest.h>
@@ -133,13 +134,16 @@ TEST_CASE("the call stack has a frame a call, at most fifty")
     CHECK(framesAtDepth(200) == 50);
 }
 
-TEST_CASE("frames name module and offset, and the export where there is one")
+TEST_CASE("addresses name module and offset, and the export where one is near")
 {
-    const std::string sText = Tesk::CStackWalker().describe().str();
-    CAPTURE(sText);
-    char sPath[MAX_PATH];
-    ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
-    const std::string sModule = std::string(sPath).substr(std::string(sPath).rfind('\\') + 1);
-    CHECK(sText.starts_with(sModule + " + 0x"));
-    CHECK(sText.find("kernel32.dll + 0x") != std::string::npos);
+    const HMODULE hUser = ::GetModuleHandleA("user32.dll");
+    const char* const pBase = reinterpret_cast<const char*>(hUser);
+    const char* const pCode = reinterpret_cast<const char*>(::GetProcAddress(hUser, "MessageBoxA")) + 2;
+    char sExpected[80];
+    std::snprintf(sExpected, sizeof sExpected, "user32.dll + 0x%x (MessageBoxA + 0x2)",
+                  static_cast<unsigned>(pCode - pBase));
+    CHECK(Tesk::describeAddress(pCode) == sExpected);
+    CHECK(Tesk::describeAddress(pBase) == "user32.dll + 0x0");
+    CHECK(Tesk::describeAddress(&sExpected).Left(2) == "0x");  // no module's
+    CHECK(Tesk::describeAddress(nullptr).Left(2) == "0x");
 }
