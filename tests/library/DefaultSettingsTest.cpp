@@ -1,7 +1,9 @@
 #include "library/files/DefaultSettings.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "tests/library/Raised.h"
 #include "tests/library/TestFolder.h"
+#include "tests/library/Utf16.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
 
@@ -27,7 +29,7 @@ Lines toLines(const std::vector<CString>& vLines)
 
 Lines contentsOf(const CTestFolder& folder, const std::string& sBytes)
 {
-    return toLines(CDefaultSettings({folder.file("s.ini", sBytes)}, false).getContents());
+    return toLines(CDefaultSettings({folder.write("s.ini", sBytes)}, false).getContents());
 }
 
 struct Case {
@@ -133,8 +135,8 @@ TEST_CASE("the comparison is an ordering in every code page")
 TEST_CASE("later files override, and the section runs on into the next file")
 {
     const CTestFolder folder;
-    const CString sFirst = folder.file("a.ini", "[S]\nk=1\nonly=a");
-    const CString sSecond = folder.file("b.ini", "K=2\n[T]\nk=3");
+    const CString sFirst = folder.write("a.ini", "[S]\nk=1\nonly=a");
+    const CString sSecond = folder.write("b.ini", "K=2\n[T]\nk=3");
     const CDefaultSettings settings({sFirst, sSecond}, true);
     CHECK(toLines(settings.getContents()) == Lines{"[S]", "k=2", "only=a", "[T]", "k=3"});
     CHECK(toLines(settings.getKeyLines()) == Lines{"k=1", "only=a", "K=2", "k=3"});
@@ -144,7 +146,7 @@ TEST_CASE("later files override, and the section runs on into the next file")
 TEST_CASE("lookups")
 {
     const CTestFolder folder;
-    CDefaultSettings settings({folder.file("a.ini", "free=1\n[Tabs]\nWidth=2")}, false);
+    CDefaultSettings settings({folder.write("a.ini", "free=1\n[Tabs]\nWidth=2")}, false);
     CHECK(settings.isDefined("TABS", "width"));
     CHECK(settings.getValue("tabs", "WIDTH") == "2");
     CHECK(settings.getValue("", "FREE") == "1");
@@ -160,30 +162,18 @@ TEST_CASE("lookups")
 TEST_CASE("a key line without = names file and line, blank lines and comments counted")
 {
     const CTestFolder folder;
-    const CString sFile = folder.file("a.ini", "; c\n\n[S]\nk=v\nTabs\nx=y");
-    const CString sNext = folder.file("b.ini", "z=1");
+    const CString sFile = folder.write("a.ini", "; c\n\n[S]\nk=v\nTabs\nx=y");
+    const CString sNext = folder.write("b.ini", "z=1");
     CHECK(messageOf([&] { CDefaultSettings({sFile, sNext}, false); }) ==
           ("Error (<<" + sFile + ">> @ line 5) : Tokenising error.").str());
 
     CDefaultSettings settings({}, false);
     messageOf([&] { settings.readAFile(sFile); });
     CHECK(toLines(settings.getContents()) == Lines{"[S]", "k=v"});
+    const std::string sNone = folder.path("none.ini");
+    CHECK(fileErrorOf([&] { settings.readAFile(sNone.c_str()); }) == "2 " + sNone);
     settings.readAFile(sNext);  // a failed read leaves nothing behind
     CHECK(settings.isDefined("S", "z"));
-}
-
-TEST_CASE("a file that cannot be opened is a file error")
-{
-    const CTestFolder folder;
-    const CString sFile = folder.path() + "none.ini";
-    try {
-        CDefaultSettings({sFile}, false);
-        FAIL("nothing raised");
-    } catch (CFileException* pException) {
-        CHECK(pException->m_nErrno == ENOENT);
-        CHECK(pException->m_strFileName == sFile);
-        pException->Delete();
-    }
 }
 
 TEST_CASE("the text of every code")
@@ -219,7 +209,7 @@ TEST_CASE("a hundred thousand keys, and lines of a megabyte")
         sBytes += "Key" + std::to_string(i * 7919 % 100'003) + " = value " + std::to_string(i) + "\r\n";
     const std::string sLong(1'000'000, 'x');
     sBytes += sLong + "=" + sLong + "\n[" + sLong + "]\nk=v";
-    const CDefaultSettings settings({folder.file("a.ini", sBytes)}, false);
+    const CDefaultSettings settings({folder.write("a.ini", sBytes)}, false);
     CHECK(settings.getValue("", "KEY7919") == "value 1");
     CHECK(settings.getValue("", sLong.c_str()) == sLong.c_str());
     CHECK(settings.getValue(sLong.c_str(), "k") == "v");
@@ -250,7 +240,7 @@ TEST_CASE("generated and mutated files for a bounded time")
             sBytes[random.below(sBytes.size())] = static_cast<char>(random.below(256));
         CAPTURE(random.seed());
         CAPTURE(sBytes);
-        const CString sFile = folder.file("a.ini", sBytes);
+        const CString sFile = folder.write("a.ini", sBytes);
         CDefaultSettings settings({}, true);
         const std::string sMessage = messageOf([&] { settings.readAFile(sFile); });
         if (!sMessage.empty())

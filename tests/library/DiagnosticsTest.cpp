@@ -57,7 +57,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
             setStartup("DebugStartup", each.m_iDebug != 0);
         if (each.m_iAssert >= 0)
             setStartup("AssertStartup", each.m_iAssert != 0);
-        ::CreateDirectoryA(folder().path() + "Zavik Diagnostics", nullptr);
+        folder().folder("Zavik Diagnostics\\");
         std::ofstream(logFile().str()) << "old";
         start();
         CHECK(Tesk::getDiagnosticsLevel() == each.m_iLevel);
@@ -127,7 +127,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
 TEST_CASE_FIXTURE(CLibraryFixture, "a log that cannot be written disturbs nobody")
 {
     startAt(2);
-    ::CreateDirectoryA(folder().path() + "Zavik Diagnostics", nullptr);
+    folder().folder("Zavik Diagnostics\\");
     ::CreateDirectoryA(logFile(), nullptr);
     TESK_TRACE("message\n");
     CHECK(joined().ends_with("Test : message\n"));
@@ -160,7 +160,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 
 TEST_CASE_FIXTURE(CLibraryFixture, "reports go to the console stream and the log, traces to the log alone")
 {
     startAt(2);
-    const CString sConsole = folder().path() + "console.txt";
+    const CString sConsole = folder().path("console.txt");
     const HANDLE hBefore = ::GetStdHandle(STD_ERROR_HANDLE);
     const HANDLE hFile = ::CreateFileA(sConsole, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, 0, nullptr);
     ::SetStdHandle(STD_ERROR_HANDLE, hFile);

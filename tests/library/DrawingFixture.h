@@ -4,7 +4,7 @@
 
 #include "host/drawing/Database.h"
 #include "library/diagnostics/Maintenance.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/TestFolder.h"
 #include "tests/support/DrawingText.h"
 
 #include <doctest/doctest.h>
@@ -42,9 +42,9 @@ public:
         tree().write(sFile, "PROJECTLABEL\r\n{\r\n" + sLabel + "\r\n}\r\nTITLEBLOCKS\r\n{\r\n" + sGroup + "\r\n}\r\n");
     }
 
-    static const CTempTree& tree()
+    static const CTestFolder& tree()
     {
-        static const CTempTree s_tree;
+        static const CTestFolder s_tree;
         return s_tree;
     }
 

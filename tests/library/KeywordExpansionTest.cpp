@@ -2,7 +2,7 @@
 
 #include "library/expansion/DatePass.h"
 #include "library/files/SupportFileLocator.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/TestFolder.h"
 #include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
 
@@ -73,7 +73,7 @@ TEST_CASE("without a file name there are the folders, the names and the current 
 }
 
 TEST_CASE("a drawing's project and the time of its file") {
-    const CTempTree tree;
+    const CTestFolder tree;
     tree.write("1234\\ProjectSettings.txt");
     const std::string sDrawing = tree.write("1234\\Dwg\\A.dwg");
     const SYSTEMTIME written{2005, 12, 0, 24, 13, 5, 9, 0};

@@ -7,6 +7,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/registry/Registry.h"
 #include "tests/library/CommandLine.h"
+#include "tests/library/Environment.h"
 #include "tests/library/TestFolder.h"
 #include "tests/library/TestHive.h"
 
@@ -14,10 +15,6 @@ class CLibraryFixture {
 public:
     CLibraryFixture()
     {
-        char sTemp[MAX_PATH] = "";
-        ::GetEnvironmentVariableA("TEMP", sTemp, MAX_PATH);
-        m_sTemp = sTemp;
-        setTemp(m_folder.path());
         Tesk::setDiagnosticsLevel(0);
         commandLinePieces().clear();
     }
@@ -26,7 +23,6 @@ public:
         Tesk::setDiagnosticsLevel(0);
         if (Tesk::G_bLibraryInitialised)
             Tesk::terminateLibrary();
-        setTemp(m_sTemp);
     }
     CLibraryFixture(const CLibraryFixture&) = delete;
     CLibraryFixture& operator=(const CLibraryFixture&) = delete;
@@ -57,7 +53,7 @@ public:
     CString logFile() const
     {
         const CString sModule = moduleName();
-        return m_folder.path() + "Zavik Diagnostics\\" + sModule.Left(sModule.ReverseFind('.')) + ".log";
+        return m_folder.path("Zavik Diagnostics\\") + sModule.Left(sModule.ReverseFind('.')).str() + ".log";
     }
 
     std::string log() const { return CTestFolder::read(logFile()); }
@@ -65,13 +61,7 @@ public:
     const CTestFolder& folder() const { return m_folder; }
 
 private:
-    static void setTemp(const char* sFolder)
-    {
-        ::SetEnvironmentVariableA("TEMP", sFolder);
-        ::_putenv(CString("TEMP=") + sFolder);
-    }
-
     CTestFolder m_folder;
+    CEnvironment m_temp{"TEMP", m_folder.path().c_str()};
     CTestHive m_hive;
-    CString m_sTemp;
 };

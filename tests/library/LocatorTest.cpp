@@ -7,7 +7,8 @@
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
 #include "objectarx/dbapserv.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/Environment.h"
+#include "tests/library/TestFolder.h"
 #include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
 
@@ -43,10 +44,10 @@ public:
     CInstallation(const CInstallation&) = delete;
     CInstallation& operator=(const CInstallation&) = delete;
 
-    const CTempTree& tree() const { return m_tree; }
+    const CTestFolder& tree() const { return m_tree; }
 
 private:
-    CTempTree m_tree;
+    CTestFolder m_tree;
     HINSTANCE m_hPrevious;
     HMODULE m_hModule = nullptr;
 };
@@ -68,22 +69,6 @@ public:
 
 private:
     HKEY m_hKey = nullptr;
-};
-
-class CEnvironment {
-public:
-    CEnvironment(const char* szName, const char* szValue) : m_szName(szName) {
-        m_bSet = ::GetEnvironmentVariableA(szName, m_szPrevious, sizeof m_szPrevious) != 0;
-        ::SetEnvironmentVariableA(szName, szValue);
-    }
-    ~CEnvironment() { ::SetEnvironmentVariableA(m_szName, m_bSet ? m_szPrevious : nullptr); }
-    CEnvironment(const CEnvironment&) = delete;
-    CEnvironment& operator=(const CEnvironment&) = delete;
-
-private:
-    const char* m_szName;
-    char m_szPrevious[1024];
-    bool m_bSet;
 };
 
 std::string location(int iWhere) { return getLocation(iWhere).str(); }
@@ -111,7 +96,7 @@ TEST_CASE("paths come apart by characters") {
 }
 
 TEST_CASE("files and folders are told apart") {
-    const CTempTree tree;
+    const CTestFolder tree;
     const std::string sFile = tree.write("A\\file.txt");
     CHECK(fileExists(sFile.c_str()));
     CHECK(!folderExists(sFile.c_str()));
@@ -128,7 +113,7 @@ TEST_CASE("files and folders are told apart") {
 }
 
 TEST_CASE("the search upwards takes the nearest folder and ends at the root") {
-    const CTempTree tree;
+    const CTestFolder tree;
     tree.write("Jobs\\ProjectSettings.txt");
     tree.write("Jobs\\1234\\ProjectSettings.txt");
     tree.folder("Jobs\\1234\\Dwg\\Arch\\");
@@ -184,7 +169,7 @@ TEST_CASE("the registered domain settings folder comes first, and an administrat
     const CTestHive hive;
     const CMachineHive machine;
     const CInstallation installation("App\\");
-    const CTempTree& tree = installation.tree();
+    const CTestFolder& tree = installation.tree();
     tree.folder("User\\");
     tree.folder("Admin\\");
     tree.folder("DomainSettings\\");
@@ -207,7 +192,7 @@ TEST_CASE("the registered domain settings folder comes first, and an administrat
 }
 
 TEST_CASE("the temporary folder is the first of the candidates that exists") {
-    const CTempTree tree;
+    const CTestFolder tree;
     tree.folder("One\\");
     tree.folder("Two\\");
     const std::string sOne = tree.path("One"), sTwo = tree.path("Two"), sNone = tree.path("None");
@@ -242,7 +227,7 @@ TEST_CASE("every location is a full path of its kind, and what is no location is
 
 TEST_CASE("the current drawing's project") {
     CHECK(location(LOCATION_DIR_DRAWING) == "");  // no host, no drawing
-    const CTempTree tree;
+    const CTestFolder tree;
     tree.write("1234\\ProjectSettings.txt");
     tree.folder("1234\\Dwg\\Arch\\");
     host::Application application({.visible = false});
@@ -261,7 +246,7 @@ TEST_CASE("the current drawing's project") {
 TEST_CASE("copies of a settings file run from the most general to the most specific") {
     const CTestHive hive;
     const CInstallation installation("App\\");
-    const CTempTree& tree = installation.tree();
+    const CTestFolder& tree = installation.tree();
     const std::string sRelease = acdbHostApplicationServices()->releaseMajorMinorString();
     const std::string sProduct = acdbHostApplicationServices()->product();
     CHECK(sRelease == "16.0");
@@ -330,7 +315,7 @@ private:
 TEST_CASE("settings made for a drawing: the nearest copy wins, key by key") {
     const CTestHive hive;
     const CInstallation installation("App\\");
-    const CTempTree& tree = installation.tree();
+    const CTestFolder& tree = installation.tree();
     tree.write("App\\support\\Tabs.ini", "a = standard\r\nb = standard\r\n");
     tree.write("Dwg\\Tabs.ini", "b = drawing\r\n");
     CManager manager(tree.path("Dwg\\A.dwg").c_str(), nullptr);
@@ -354,7 +339,7 @@ TEST_CASE("a reset for the current document takes that document's name") {
     host::Application application({.visible = false});
     CManager manager("before", nullptr);
     CHECK(!manager.resetForCurrentDocument(false));  // no document
-    const CTempTree tree;
+    const CTestFolder tree;
     REQUIRE(application.execute("NEW").succeeded);
     REQUIRE(application.execute("SAVEAS \"" + tree.path("A.dwg") + "\"").succeeded);
     CHECK(manager.resetForCurrentDocument(false));

@@ -65,6 +65,7 @@ private:
 TEST_CASE_FIXTURE(CLibraryFixture, "the version block's texts come with start-up and go with shutdown")
 {
     start();
+    CHECK_FALSE(Tesk::G_pMiniDumper);  // not asked for
     CHECK(Tesk::CVersionBlock::getCompanyName() == "Zavik");
     CHECK(Tesk::CVersionBlock::getProductName() == "Halvoran");
     CHECK(Tesk::CVersionBlock::getInternalName() == "ZavikMDITabs");
@@ -109,20 +110,19 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description
     CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
     Tesk::terminateLibrary();
 
+    { // a name without a version is no label
+        const CDescription description("ProductName=Halvoran Desk");
+        start();
+        CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
+        CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
+        Tesk::terminateLibrary();
+    }
     const CDescription description("; comment\r\n productname = Halvoran Desk \r\nother\r\nPRODUCTVERSION=4.1");
     start();
     CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
     CHECK(Tesk::G_pApplicationID->getVersion() == "4.1");
     CHECK(Tesk::getApplicationVersionLabel() == "Halvoran Desk 4.1");
     CHECK(Tesk::Registry::GetRemoteConfigurableKey() == "Software\\Zavik\\Halvoran Desk\\Remote Configurable");
-}
-
-TEST_CASE_FIXTURE(CLibraryFixture, "an installation without a version has no label")
-{
-    const CDescription description("ProductName=Halvoran Desk");
-    start();
-    CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
-    CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, and the filter put back")
@@ -140,10 +140,4 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, an
     Tesk::terminateLibrary();
     CHECK_FALSE(Tesk::G_pMiniDumper);
     CHECK((::SetUnhandledExceptionFilter(pBefore) == pBefore));
-}
-
-TEST_CASE_FIXTURE(CLibraryFixture, "without being asked for, no crash dumper is made")
-{
-    start();
-    CHECK_FALSE(Tesk::G_pMiniDumper);
 }

@@ -1,7 +1,8 @@
 #include "library/files/SettingsFile.h"
 #include "library/files/SettingsFileReader.h"
 
-#include "tests/library/TempTree.h"
+#include "tests/library/Raised.h"
+#include "tests/library/TestFolder.h"
 #include "tests/library/TestRandom.h"
 
 #include <doctest/doctest.h>
@@ -159,7 +160,7 @@ TEST_CASE("border lines scan as by sscanf") {
 }
 
 TEST_CASE("a file that cannot be read leaves the defaults; reading it says why") {
-    const CTempTree tree;
+    const CTestFolder tree;
     const CSettingsFile missing(tree.path("none\\ProjectSettings.txt").c_str());
     CHECK(!missing.m_bValid);
     CHECK(missing.m_sIssueDirectory == "<PROJECTSETTINGS>\\outgoing\\<DATE:%Y-%m-%d>");
@@ -171,16 +172,8 @@ TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
     CHECK(settings.m_sProjectLabel == "Label");
     CHECK(settings.m_sProjectPaths.str() == ";" + tree.path(""));
 
-    CFileException* pRaised = nullptr;
-    try {
-        settings.read(tree.path("other.txt").c_str());
-    } catch (CFileException* e) {
-        pRaised = e;
-    }
-    REQUIRE(pRaised);
-    CHECK(pRaised->m_nErrno == ENOENT);
-    CHECK(pRaised->m_strFileName.str() == tree.path("other.txt"));
-    pRaised->Delete();
+    const std::string sOther = tree.path("other.txt");
+    CHECK(fileErrorOf([&] { settings.read(sOther.c_str()); }) == "2 " + sOther);
     CHECK(!settings.m_bValid);
     CHECK(settings.m_sProjectLabel == "");
 }

@@ -1,12 +1,10 @@
-// A folder of its own in the temporary folder, gone with all its files at the
-// end of the test.
+// A folder of a test's own, gone with the object and all that is in it.
 #pragma once
 
-#include "mfc/afx.h"
+#include "mfc/CString.h"
 
 #include <windows.h>
 
-#include <cstdio>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -15,24 +13,34 @@ class CTestFolder {
 public:
     CTestFolder()
     {
-        char sTemp[MAX_PATH];
-        ::GetTempPathA(MAX_PATH, sTemp);
-        static int iCount = 0;
-        m_sPath.Format("%stesk-%u-%d\\", sTemp, static_cast<unsigned>(::GetCurrentProcessId()), ++iCount);
-        ::CreateDirectoryA(m_sPath, nullptr);
+        char sTemp[MAX_PATH], sName[MAX_PATH], sLong[MAX_PATH];
+        ::GetTempPathA(sizeof sTemp, sTemp);
+        ::GetTempFileNameA(sTemp, "tsk", 0, sName);  // makes the name ours
+        ::DeleteFileA(sName);
+        ::CreateDirectoryA(sName, nullptr);
+        m_sPath = ::GetLongPathNameA(sName, sLong, sizeof sLong) ? sLong : sName;
+        m_sPath += '\\';
     }
     ~CTestFolder() { remove(m_sPath); }
     CTestFolder(const CTestFolder&) = delete;
     CTestFolder& operator=(const CTestFolder&) = delete;
 
-    const CString& path() const { return m_sPath; }
+    // The full path of a name in the folder; without one that of the folder, with a backslash.
+    std::string path(const std::string& sName = "") const { return m_sPath + sName; }
 
-    // Writes the bytes and gives the path.
-    CString file(const char* sName, const std::string& sBytes) const
+    // Makes the folders of a name; a name that ends in a backslash is a folder.
+    void folder(const std::string& sName) const
     {
-        const CString sFile = m_sPath + sName;
-        std::ofstream(sFile.str(), std::ios::binary) << sBytes;
-        return sFile;
+        for (size_t at = sName.find('\\'); at != std::string::npos; at = sName.find('\\', at + 1))
+            ::CreateDirectoryA(path(sName.substr(0, at)).c_str(), nullptr);
+    }
+
+    // Writes the bytes, with the file's folders; gives the full path.
+    std::string write(const std::string& sName, const std::string& sBytes = "") const
+    {
+        folder(sName);
+        std::ofstream(path(sName), std::ios::binary) << sBytes;
+        return path(sName);
     }
 
     static std::string read(const CString& sFile)
@@ -43,50 +51,22 @@ public:
     }
 
 private:
-    static void remove(const CString& sFolder)
+    static void remove(const std::string& sFolder)
     {
         WIN32_FIND_DATAA found;
-        const HANDLE hFind = ::FindFirstFileA(sFolder + "*", &found);
+        const HANDLE hFind = ::FindFirstFileA((sFolder + "*").c_str(), &found);
         if (hFind == INVALID_HANDLE_VALUE)
             return;
         do {
-            const CString sName(found.cFileName);
-            if (sName == "." || sName == "..")
-                continue;
-            if (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+            const std::string sName(found.cFileName);
+            if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+                ::DeleteFileA((sFolder + sName).c_str());
+            else if (sName != "." && sName != "..")
                 remove(sFolder + sName + "\\");
-            else
-                ::DeleteFileA(sFolder + sName);
         } while (::FindNextFileA(hFind, &found));
         ::FindClose(hFind);
-        ::RemoveDirectoryA(sFolder);
+        ::RemoveDirectoryA(sFolder.c_str());
     }
 
-    CString m_sPath;
+    std::string m_sPath;
 };
-
-// UTF-16 little-endian bytes, with the byte-order mark.
-inline std::string utf16(const std::wstring& sText)
-{
-    std::string sBytes = "\xFF\xFE";
-    for (const wchar_t c : sText) {
-        sBytes += static_cast<char>(c & 0xFF);
-        sBytes += static_cast<char>(c >> 8);
-    }
-    return sBytes;
-}
-
-// The message of what the action raises; deletes it. Empty when nothing is raised.
-template <class Action>
-std::string messageOf(Action action)
-{
-    try {
-        action();
-    } catch (CException* pException) {
-        char sText[1024] = "";
-        pException->GetErrorMessage(sText, sizeof sText);
-        pException->Delete();
-        return sText;
-    }
-    return {};
-}

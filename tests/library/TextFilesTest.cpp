@@ -1,12 +1,12 @@
 #include "library/files/FileUtilities_TextFiles.h"
 
+#include "tests/library/Raised.h"
 #include "tests/library/TestFolder.h"
+#include "tests/library/Utf16.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
 
 #include <doctest/doctest.h>
-
-#include <cerrno>
 
 using namespace std::string_literals;
 using Lines = std::vector<std::string>;
@@ -76,7 +76,7 @@ TEST_CASE("lines of narrow files")
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
-        const CString sFile = folder.file("a.txt", each.m_sBytes);
+        const CString sFile = folder.write("a.txt", each.m_sBytes);
         CHECK(ansiLines(sFile) == each.m_lines);
         CHECK(ansiLines(sFile) == runtimeLines(sFile));
         CHECK(wideLines(sFile).size() == each.m_lines.size());
@@ -101,17 +101,17 @@ TEST_CASE("lines of UTF-16 files")
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
-        const CString sFile = folder.file("a.txt", each.m_sBytes);
+        const CString sFile = folder.write("a.txt", each.m_sBytes);
         CHECK(wideLines(sFile) == each.m_lines);
         CHECK(Tesk::isUnicodeTextFile(sFile));
     }
-    CHECK_FALSE(Tesk::isUnicodeTextFile(folder.file("b.txt", "\xFF")));
+    CHECK_FALSE(Tesk::isUnicodeTextFile(folder.write("b.txt", "\xFF").c_str()));
 }
 
 TEST_CASE("narrow lines become wide by the thread's code page, the list is added to")
 {
     const CTestFolder folder;
-    const CString sFile = folder.file("a.txt", "\x83\x5C\n\xE9");
+    const CString sFile = folder.write("a.txt", "\x83\x5C\n\xE9");
     WideLines lines = {L"before"};
     Tesk::readTextFileLines(sFile, lines);
     CHECK(lines == WideLines{L"before", L"\x0192\\", L"\xE9"});
@@ -122,7 +122,7 @@ TEST_CASE("narrow lines become wide by the thread's code page, the list is added
 TEST_CASE("the byte-order mark is looked for without moving the file")
 {
     const CTestFolder folder;
-    FILE* pFile = std::fopen(folder.file("a.txt", utf16(L"abc")), "rb");
+    FILE* pFile = std::fopen(folder.write("a.txt", utf16(L"abc")).c_str(), "rb");
     std::fseek(pFile, 3, SEEK_SET);
     CHECK(Tesk::isUnicodeTextFile(pFile));
     CHECK(std::ftell(pFile) == 3);
@@ -140,22 +140,15 @@ TEST_CASE("generated files give the lines of the runtime's text mode")
         if (random.once(4))
             sBytes += "\0\x1A\n"s;
         CAPTURE(sBytes);
-        const CString sFile = folder.file("a.txt", sBytes);
+        const CString sFile = folder.write("a.txt", sBytes);
         REQUIRE(ansiLines(sFile) == runtimeLines(sFile));
     }
-}
-
-TEST_CASE("a file of one line larger than any block")
-{
-    const CTestFolder folder;
-    const std::string sLine(1'300'000, 'x');
-    CHECK(ansiLines(folder.file("a.txt", sLine + "\r\n" + sLine)) == Lines{sLine, sLine});
 }
 
 TEST_CASE("lines are written with CR LF")
 {
     const CTestFolder folder;
-    const CString sFile = folder.path() + "a.txt";
+    const CString sFile = folder.path("a.txt");
     Tesk::writeTextFileLines(sFile, {"a", "", "\xE9"}, true);
     CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\n");
     Tesk::writeTextFileLines(sFile, {"b"}, true);
@@ -171,24 +164,16 @@ TEST_CASE("lines are written with CR LF")
 TEST_CASE("a file that does not open raises its error number and path")
 {
     const CTestFolder folder;
-    const CString sMissing = folder.path() + "none\\a.txt";
+    const CString sFolder = folder.path();
+    const CString sMissing = sFolder + "none\\a.txt";
+    const std::string sError = "2 " + sMissing.str();
     std::vector<CString> vNarrow;
     WideLines vWide;
-    const auto check = [](const CString& sPath, int iError, auto action) {
-        try {
-            action();
-            FAIL("nothing raised");
-        } catch (CFileException* pException) {
-            CHECK(pException->m_nErrno == iError);
-            CHECK(pException->m_strFileName == sPath);
-            pException->Delete();
-        }
-    };
-    check(sMissing, ENOENT, [&] { Tesk::isUnicodeTextFile(sMissing); });
-    check(sMissing, ENOENT, [&] { Tesk::readTextFileLines(sMissing, vWide); });
-    check(sMissing, ENOENT, [&] { Tesk::readAnsiTextFileLines(sMissing, vNarrow); });
-    check(sMissing, ENOENT, [&] { Tesk::writeTextFileLines(sMissing, {"a"}, true); });
-    check(folder.path(), EACCES, [&] { Tesk::writeTextFileLines(folder.path(), {"a"}, false); });
+    CHECK(fileErrorOf([&] { Tesk::isUnicodeTextFile(sMissing); }) == sError);
+    CHECK(fileErrorOf([&] { Tesk::readTextFileLines(sMissing, vWide); }) == sError);
+    CHECK(fileErrorOf([&] { Tesk::readAnsiTextFileLines(sMissing, vNarrow); }) == sError);
+    CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sMissing, {"a"}, true); }) == sError);
+    CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + sFolder.str());
     CHECK(vNarrow.empty());
     CHECK(vWide.empty());
 }

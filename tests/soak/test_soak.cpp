@@ -10,7 +10,7 @@
 #include "module/resource.h"
 #include "settings/MDITabSettings.h"
 #include "tabs/MenuIds.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/TestFolder.h"
 #include "tests/library/TestHive.h"
 #include "tests/support/DrawingText.h"
 #include "tests/support/ResourceCount.h"
@@ -251,7 +251,7 @@ private:
         return (selected ? "> " : "  ") + text + identity;
     }
 
-    CTempTree tree;
+    CTestFolder tree;
 
 public:
     host::Application app;

@@ -1,0 +1,32 @@
+// What an action raises, as text; the exception is deleted.
+#pragma once
+
+#include "library/diagnostics/ExceptionText.h"
+
+#include <string>
+
+// The message; empty when nothing is raised.
+template <class Action>
+std::string messageOf(Action action)
+{
+    try {
+        action();
+    } catch (CException* pException) {
+        return Tesk::takeExceptionText(pException).str();
+    }
+    return {};
+}
+
+// A file error's number and path, as "2 C:\none.txt"; empty when nothing is raised.
+template <class Action>
+std::string fileErrorOf(Action action)
+{
+    try {
+        action();
+    } catch (CFileException* pException) {
+        const std::string sError = std::to_string(pException->m_nErrno) + " " + pException->m_strFileName.str();
+        pException->Delete();
+        return sError;
+    }
+    return {};
+}
