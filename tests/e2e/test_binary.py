@@ -51,8 +51,9 @@ class ModuleFileTest(unittest.TestCase):
         self.assertLess(self.path.stat().st_size, 700 * 1024)
 
     def test_names_no_place_of_the_machine_it_was_built_on(self):
-        self.assertNotIn(str(REPOSITORY).encode(), self.image.data)
-        self.assertNotIn(b"/usr/", self.image.data)
+        for place in (str(REPOSITORY).encode(), b"/usr/"):
+            at = self.image.data.find(place)
+            self.assertEqual(at, -1, self.image.data[max(at, 0):at + 80])
 
 
 if __name__ == "__main__":

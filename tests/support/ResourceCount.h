@@ -29,12 +29,6 @@ struct ResourceCount {
         return count;
     }
 
-    // Everything but the heap, whose caches settle only slowly.
-    bool sameObjects(const ResourceCount& other) const
-    {
-        return gdi == other.gdi && windows == other.windows && menus == other.menus && handles == other.handles;
-    }
-
     std::string text() const
     {
         return "gdi=" + std::to_string(gdi) + " windows=" + std::to_string(windows) + " menus="
