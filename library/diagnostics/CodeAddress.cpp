@@ -28,7 +28,7 @@ public:
     // away is another function's: not every function is exported.
     CString findName(DWORD dwOffset) const
     {
-        constexpr DWORD c_farthest = 0x1000;
+        constexpr DWORD c_farthest = 0x200;
         if (!m_pExports)
             return {};
         const auto* pFunctions = at<DWORD>(m_pExports->AddressOfFunctions, m_pExports->NumberOfFunctions);

@@ -106,7 +106,7 @@ bool showReport(const char* sSource, int iLine, const char* sExpression, CReport
     sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
                  sSource, iLine, report.m_sStack.GetString());
     if (g_iReportDepth == 1)
-        ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP | MB_TASKMODAL);
+        ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
     return true;
 }
 

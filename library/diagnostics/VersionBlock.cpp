@@ -1,7 +1,7 @@
 #include "library/diagnostics/VersionBlock.h"
 
 #include "library/diagnostics/Maintenance.h"
-#include "library/files/CodePage.h"
+#include "library/text/CodePage.h"
 
 #include <windows.h>
 

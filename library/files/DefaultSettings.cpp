@@ -22,16 +22,10 @@ constexpr char cEquals = '=';
 // second byte of a double-byte character.
 size_t countClosing(std::string_view sText)
 {
-    const CCaseFold& fold = CCaseFold::forThread();
+    const MultiByte::CLeadBytes lead;
     size_t count = 0;
-    for (size_t i = 0; i < sText.size(); ++i) {
-        if (sText[i] == cSectionClose)
-            ++count;
-        else
-            count = 0;
-        if (fold.isLeadByte(sText[i]))
-            ++i;
-    }
+    for (size_t i = 0; i < sText.size(); i = lead.next(sText, i))
+        count = sText[i] == cSectionClose ? count + 1 : 0;
     return count;
 }
 

@@ -6,8 +6,8 @@
 // section of the empty name.
 #pragma once
 
-#include "library/files/CaseFold.h"
 #include "library/files/DefaultSettingsException.h"
+#include "library/text/CaseFold.h"
 #include "mfc/afx.h"
 
 #include <map>

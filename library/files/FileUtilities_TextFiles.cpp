@@ -1,8 +1,8 @@
 #include "library/files/FileUtilities_TextFiles.h"
 
 #include "library/diagnostics/Prerelease.h"
-#include "library/files/CodePage.h"
 #include "library/files/TextFileContents.h"
+#include "library/text/CodePage.h"
 
 #include <cerrno>
 #include <share.h>

@@ -30,7 +30,7 @@ void CSettingsFile::read(const char* sPath) {
 
     CSettingsFileReader reader(*this, PathParts(sPath).parent());
     for (const CString& sLine : vecLines)
-        reader.readLine(sLine.GetString());
+        reader.readLine(sLine.str());
     m_bValid = true;
 }
 

@@ -170,12 +170,13 @@ bool registeredDomainSettings(CString& sFolder) {
     return Registry::GetValue(HKEY_CURRENT_USER, sKey, "Domain Settings", sFolder);
 }
 
-std::string environment(const char* szName) {
+// False when the variable is not set; one that is set may be empty.
+bool environment(const char* szName, std::string& sValue) {
     const DWORD size = ::GetEnvironmentVariableA(szName, nullptr, 0);
-    std::string sValue(size, '\0');
+    sValue.resize(size);
     const DWORD length = size ? ::GetEnvironmentVariableA(szName, sValue.data(), size) : 0;
     sValue.resize(length < size ? length : 0);
-    return sValue;
+    return size != 0;
 }
 
 }  // namespace
@@ -230,9 +231,10 @@ CString getDomainSettingsFolder() {
 
 CString getTempFolder() {
     const std::string sSystem = getLocation(LOCATION_DIR_WINDOWS_SYSTEM).GetString();
-    std::string sTemp = environment("TEMP");
-    std::string sTmp = environment("TMP");
-    if (sTemp.empty() && sTmp.empty()) {
+    std::string sTemp, sTmp;
+    const bool bTemp = environment("TEMP", sTemp);
+    const bool bTmp = environment("TMP", sTmp);
+    if (!bTemp && !bTmp) {
         const std::string sDrive = sSystem.substr(0, 1);
         sTemp = sDrive + ":\\Temp\\";
         sTmp = sDrive + ":\\Tmp\\";

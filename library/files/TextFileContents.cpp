@@ -1,7 +1,7 @@
 #include "library/files/TextFileContents.h"
 
 #include "library/diagnostics/Prerelease.h"
-#include "library/files/CodePage.h"
+#include "library/text/CodePage.h"
 #include "mfc/afx.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "library/text/MultiByte.h"
 
+#include "library/text/CaseFold.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -17,9 +19,9 @@ bool isNtFamily() {
 
 unsigned codePage() { return isNtFamily() ? CP_THREAD_ACP : CP_ACP; }
 
-CLeadBytes::CLeadBytes() : m_bAny(false), m_aLead{} {
+CLeadBytes::CLeadBytes(unsigned uCodePage) : m_bAny(false), m_aLead{} {
     CPINFO info{};
-    if (!::GetCPInfo(codePage(), &info) || info.MaxCharSize < 2)
+    if (!::GetCPInfo(uCodePage, &info) || info.MaxCharSize < 2)
         return;
     for (int i = 0; i + 1 < MAX_LEADBYTES && info.LeadByte[i] != 0; i += 2) {
         for (int c = info.LeadByte[i]; c <= info.LeadByte[i + 1]; ++c) {
@@ -89,7 +91,7 @@ bool endsWith(std::string_view sText, char c) {
 }
 
 bool equalNoCase(std::string_view sOne, std::string_view sOther) {
-    return sOne == sOther || upper(sOne) == upper(sOther);
+    return sOne == sOther || CCaseFold::forThread().compare(sOne, sOther) == 0;
 }
 
 std::string upper(std::string_view sText) {

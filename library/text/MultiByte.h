@@ -15,10 +15,10 @@ bool isNtFamily();
 // CP_ACP elsewhere.
 unsigned codePage();
 
-// The lead bytes of that code page, as they stand when the object is made.
+// The lead bytes of a code page, as they stand when the object is made.
 class CLeadBytes {
 public:
-    CLeadBytes();
+    explicit CLeadBytes(unsigned uCodePage = codePage());
 
     // Some byte begins a character of two bytes.
     bool any() const { return m_bAny; }
@@ -47,7 +47,7 @@ std::size_t findLastOf(std::string_view sText, std::string_view sAny);
 // The last character is the single-byte character `c`.
 bool endsWith(std::string_view sText, char c);
 
-// Equal without case, compared as the thread's locale folds it.
+// Equal without case, as CCaseFold compares.
 bool equalNoCase(std::string_view sOne, std::string_view sOther);
 
 // Upper case by the thread's locale.

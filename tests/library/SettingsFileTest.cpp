@@ -10,6 +10,7 @@
 
 #include <initializer_list>
 
+using namespace std::string_literals;
 using Tesk::CBlockGroup;
 using Tesk::CSettingsFile;
 
@@ -166,10 +167,10 @@ TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
     CHECK(missing.m_sIssueDirectory == "<PROJECTSETTINGS>\\outgoing\\<DATE:%Y-%m-%d>");
     CHECK(!CSettingsFile(tree.path("").c_str()).m_bValid);
 
-    tree.write("ProjectSettings.txt", "PROJECTLABEL\r\n{\r\nLabel\r\n}\r\nPROJECTPATH\n{\n.\n}");
+    tree.write("ProjectSettings.txt", "PROJECTLABEL\r\n{\r\nLa\0bel\r\n}\r\nPROJECTPATH\n{\n.\n}"s);
     CSettingsFile settings(tree.path("ProjectSettings.txt").c_str());
     CHECK(settings.m_bValid);
-    CHECK(settings.m_sProjectLabel == "Label");
+    CHECK(settings.m_sProjectLabel == "La\0bel"s);
     CHECK(settings.m_sProjectPaths.str() == ";" + tree.path(""));
 
     const std::string sOther = tree.path("other.txt");

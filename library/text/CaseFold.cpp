@@ -1,7 +1,7 @@
-#include "library/files/CaseFold.h"
+#include "library/text/CaseFold.h"
 
 #include "library/diagnostics/CriticalSection.h"
-#include "library/files/CodePage.h"
+#include "library/text/CodePage.h"
 
 #include <algorithm>
 #include <string>
@@ -55,14 +55,8 @@ const CCaseFold& CCaseFold::forThread()
     return *tables.back();
 }
 
-CCaseFold::CCaseFold(UINT uCodePage) : m_uCodePage(uCodePage)
+CCaseFold::CCaseFold(UINT uCodePage) : m_uCodePage(uCodePage), m_lead(uCodePage)
 {
-    CPINFO information = {};
-    if (::GetCPInfo(uCodePage, &information) && information.MaxCharSize == 2) {
-        m_bDoubleByte = true;
-        for (const BYTE* pRange = information.LeadByte; pRange[0] != 0; pRange += 2)
-            std::fill(m_lead + pRange[0], m_lead + pRange[1] + 1, true);
-    }
     for (unsigned i = 0; i < 256; ++i)
         m_single[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
     const std::wstring& sLower = lowerCaseTable();
@@ -93,8 +87,9 @@ void CCaseFold::addPair(wchar_t cUpper, wchar_t cLower)
 
 unsigned CCaseFold::next(std::string_view sText, size_t& position) const
 {
-    const auto first = static_cast<unsigned char>(sText[position++]);
-    if (!m_lead[first] || position == sText.size())
+    const char lead = sText[position++];
+    const auto first = static_cast<unsigned char>(lead);
+    if (!m_lead.contains(lead) || position == sText.size())
         return m_single[first];
     const auto second = static_cast<unsigned char>(sText[position++]);
     return m_rows[first] ? m_rows[first][second] : static_cast<unsigned>(first << 8 | second);
@@ -104,7 +99,7 @@ int CCaseFold::compare(std::string_view sLeft, std::string_view sRight) const
 {
     size_t left = 0;
     size_t right = 0;
-    if (!m_bDoubleByte) {
+    if (!m_lead.any()) {
         const size_t common = std::min(sLeft.size(), sRight.size());
         for (; left < common; ++left) {
             const unsigned char a = m_single[static_cast<unsigned char>(sLeft[left])];

@@ -4,13 +4,14 @@
 // code after a lead byte. A strict ordering, fit for maps.
 #pragma once
 
+#include "library/text/MultiByte.h"
+#include "mfc/CString.h"
+
 #include <windows.h>
 
 #include <cstdint>
 #include <memory>
 #include <string_view>
-
-#include "mfc/CString.h"
 
 namespace Tesk {
 
@@ -24,8 +25,6 @@ public:
     // Negative, 0 or positive. A lead byte without a second byte stands for itself.
     int compare(std::string_view sLeft, std::string_view sRight) const;
 
-    bool isLeadByte(char c) const { return m_lead[static_cast<unsigned char>(c)]; }
-
     UINT getCodePage() const { return m_uCodePage; }
 
 private:
@@ -33,8 +32,7 @@ private:
     unsigned next(std::string_view sText, size_t& position) const;
 
     UINT m_uCodePage;
-    bool m_bDoubleByte = false;
-    bool m_lead[256] = {};
+    MultiByte::CLeadBytes m_lead;
     unsigned char m_single[256];
     std::unique_ptr<uint16_t[]> m_rows[256];  // by lead byte, where it has letters
 };

@@ -1,4 +1,4 @@
-#include "library/files/CodePage.h"
+#include "library/text/CodePage.h"
 
 #include "library/text/MultiByte.h"
 
