@@ -28,10 +28,14 @@ std::string userName() {
     return ::GetUserNameA(szUser, &size) ? szUser : "";
 }
 
-std::string computerName() {
+// Fixed from the system's start on.
+const std::string& computerName() {
+    static std::string cached;
     char szComputer[MAX_COMPUTERNAME_LENGTH + 1] = "";
     DWORD size = sizeof szComputer;
-    return ::GetComputerNameA(szComputer, &size) ? szComputer : "";
+    if (cached.empty() && ::GetComputerNameA(szComputer, &size))
+        cached = szComputer;
+    return cached;
 }
 
 // By way of local time, as the platform shows the file's time; false when it has no such
@@ -88,10 +92,13 @@ void CKeywordExpansion::buildFileMappings() {
     addIntToMap("DRAWING_INDEX", m_iIndex);
     addIntToMap("DRAWING_COUNT", m_iCount);
 
-    const CString sProject = findProjectFolder(sFolder.c_str());
+    if (!m_sProjectFolder) {
+        m_sProjectFolder = findProjectFolder(sFolder.c_str());
+        readFileTime();
+    }
+    const CString& sProject = *m_sProjectFolder;
     addToMap("DIR_PROJECT_DWG_ROOT", sProject);
     addToMap("DIR_PROJECT_DWG_SETTINGS", sProject.IsEmpty() ? sProject : sProject + "Settings");
-    readFileTime();
 }
 
 void CKeywordExpansion::buildLocationMappings() {

@@ -8,6 +8,7 @@
 
 #include <stdlib.h>
 
+#include <optional>
 #include <string>
 
 namespace Tesk {
@@ -59,6 +60,8 @@ protected:
 
 private:
     std::size_t m_iLongestKeyword = 0;
+    // Looked up, like the file's time, the first time that buildFileMappings runs.
+    std::optional<CString> m_sProjectFolder;
 };
 
 }  // namespace Tesk

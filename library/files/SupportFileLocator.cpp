@@ -15,6 +15,7 @@
 #include <stdlib.h>
 
 #include <iterator>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,7 +31,7 @@ UniqueHandle openExisting(const char* sPath, DWORD dwFlags) {
                                       nullptr, OPEN_EXISTING, dwFlags, nullptr));
 }
 
-std::string specialFolder(int iFolder) {
+std::string readSpecialFolder(int iFolder) {
     char szPath[MAX_PATH] = "";
     bool bValid = false;
     ITEMIDLIST* pList = nullptr;
@@ -40,6 +41,15 @@ std::string specialFolder(int iFolder) {
     }
     TESK_ASSERT_TEXT(bValid, "bValid && _T(\"Unable to obtain shell special folder\")");
     return bValid ? szPath : "";
+}
+
+// The shell takes its time; the folders stay what they are while the process runs.
+const std::string& specialFolder(int iFolder) {
+    static std::map<int, std::string> cached;
+    std::string& sFolder = cached[iFolder];
+    if (sFolder.empty())
+        sFolder = readSpecialFolder(iFolder);
+    return sFolder;
 }
 
 // The module's file, or the program's while the library has no module. The handle is read
@@ -254,10 +264,10 @@ bool fileExists(const char* sPath) {
 bool folderExists(const char* sPath) {
     if (MultiByte::isNtFamily()) {
         // Backup semantics open folders, but files as well: those are told by their attributes.
-        const UniqueHandle folder = openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS);
-        BY_HANDLE_FILE_INFORMATION info;
-        return folder && ::GetFileInformationByHandle(folder.get(), &info) &&
-               (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        const DWORD dwAttributes = ::GetFileAttributesA(sPath);
+        return dwAttributes != INVALID_FILE_ATTRIBUTES &&
+               (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+               openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS);
     }
     char szCurrent[MAX_PATH];
     const DWORD length = ::GetCurrentDirectoryA(sizeof szCurrent, szCurrent);

@@ -13,7 +13,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr size_t c_block = 256 * 1024;
+constexpr size_t c_firstBlock = 16 * 1024;  // settings files are small; each further block doubles
 constexpr char c_ctrlZ = 0x1A;
 
 // The text up to the next line end, which is consumed. A last line counts only
@@ -57,10 +57,10 @@ void CTextFileContents::load(const char* sFileName)
     FILE* pInput = std::fopen(sFileName, "rb");
     if (!pInput)
         CFileException::ThrowErrno(errno, sFileName);
-    std::setvbuf(pInput, nullptr, _IONBF, 0);  // the blocks are large already
+    std::setvbuf(pInput, nullptr, _IONBF, 0);  // the blocks are large enough
     size_t filled = 0;
     for (;;) {
-        m_sBytes.resize(filled + std::max(c_block, filled));
+        m_sBytes.resize(filled + std::max(c_firstBlock, filled));
         const size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput);
         filled += got;
         if (filled < m_sBytes.size())
