@@ -21,6 +21,8 @@ public:
 
     // Whether the drawing holds an instance; searches again while it does not.
     const bool& hasInstance();
+    // What the last search found.
+    bool foundInstance() const { return m_bInstance; }
     // Whether a project settings file was read; search() must have been run.
     const bool& isProject();
     // There must be a project settings file.

@@ -13,7 +13,7 @@ CARXKeywordExpansion::CARXKeywordExpansion(AcDbDatabase* pDatabase, const char* 
     : CKeywordExpansion(sFileName, iIndex, iCount), m_pDatabase(pDatabase)
 {
     createTitleBlock();
-    m_bTitleInstance = m_pTitle->hasInstance();
+    m_bTitleInstance = m_pTitle->foundInstance();
     setSubstitutions(m_mapSubstitutions);
     CARXKeywordExpansion::buildFileMappings();
 }
