@@ -1,4 +1,5 @@
 #include "tests/host/DrawingFixture.h"
+#include "tests/support/FolderFrom.h"
 
 #include "doctest/doctest.h"
 

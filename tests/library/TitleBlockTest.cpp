@@ -1,7 +1,9 @@
+#include "library/drawing/ARXDrawingProperties.h"
 #include "library/drawing/ARXTitleBlock.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "tests/library/DrawingFixture.h"
+#include "tests/support/FolderFrom.h"
 
 using Tesk::CARXKeywordExpansion;
 using Tesk::CARXTitleBlock;
@@ -95,6 +97,42 @@ TEST_CASE_FIXTURE(DrawingFixture, "an attribute is written, saved and read again
     database->save(path("copy.dwg"));
     database = host::Database::open(path("copy.dwg"));
     CHECK(expand(*database, "%HALVORAN::NO%") == "Gr\xFC\xDF" "e");
+}
+
+TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of drawings that other programs wrote")
+{
+    const std::string sFolder = folderFrom("ZAVIK_SHARED");
+    if (sFolder.empty()) {
+        MESSAGE("NOT TESTED: the folder of shared drawings (ZAVIK_SHARED) is not here");
+        return;
+    }
+    settings(sProject, "Job", "BORDER \"1\" \"Bloko\"\r\nBORDER \"2\" \"flag\"\r\n"
+                              "LABEL ETIKEDO\r\nNAME NAME\r\nX XPOS\r\nY YPOS");
+    const char sTemplate[] = "%FILENAME%: %HALVORAN::LABEL%|%HALVORAN::NAME%|%HALVORAN::X%|%HALVORAN::Y%";
+    const struct {
+        const char *name, *text, *tag, *savedBy;
+    } rows[] = {
+        {"example_r12", "valoro de la teksto en bloko|||", "ETIKEDO", ""},
+        {"example_2004", "valoro de la teksto en bloko|||", "ETIKEDO", "rurban"},
+        {"multi_insert_with_attribs", "|Flag|x = 0.000|y = 0.000", "NAME", "ezdxf"},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.name);
+        const std::string sCopy = path(std::string(row.name) + ".dwg");
+        tree().write("Jobs\\1234\\Dwg\\" + std::string(row.name) + ".dwg");
+        REQUIRE(::CopyFileA((sFolder + "\\" + row.name + ".dxf").c_str(), sCopy.c_str(), FALSE));
+        auto database = host::Database::open(sCopy);
+        CHECK(expand(*database, sTemplate) == std::string(row.name) + ": " + row.text);
+        CHECK(Tesk::CARXDrawingProperties(database.get()).getLastSavedBy() == row.savedBy);
+        {
+            const CWorkingDatabase working(database.get());
+            CHECK(CARXTitleBlock(database.get(), sCopy.c_str()).setAttributeValue(row.tag, "changed"));
+        }
+        database->save(sCopy);
+        database = host::Database::open(sCopy);
+        CHECK(expand(*database, "%HALVORAN::LABEL%%HALVORAN::NAME%") == "changed");
+        CHECK(database->openObjects() == 0);
+    }
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "a title block is read in its own drawing, whichever is the working one")
