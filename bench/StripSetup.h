@@ -7,7 +7,7 @@
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
 #include "mfc/afxwin.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/TestFolder.h"
 #include "tests/module/RedirectedUser.h"
 
 #include <functional>
@@ -37,7 +37,7 @@ public:
 
 private:
     RedirectedUser m_user;
-    CTempTree m_folder;
+    CTestFolder m_folder;
     host::Application m_application;
     int m_iOpened = 0;
 };

@@ -6,7 +6,7 @@
 #include "module/ZavikMDITabs.h"
 #include "objectarx/dbsymtb.h"
 #include "reactors/DatabaseData.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/TestFolder.h"
 #include "tests/support/DrawingText.h"
 
 #include <commctrl.h>
@@ -79,7 +79,7 @@ struct Bench {
         app.pumpUntilIdle();
     }
 
-    CTempTree tree;
+    CTestFolder tree;
     host::Application app;
 };
 

@@ -3,7 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/KeywordExpansion.h"
 #include "library/files/DefaultSettings.h"
-#include "tests/library/TempTree.h"
+#include "tests/library/TestFolder.h"
 
 #include <boost/regex.hpp>
 
@@ -15,7 +15,7 @@ namespace {
 constexpr int iKeys = 10000;
 
 void benchSettings() {
-    const CTempTree tree;
+    const CTestFolder tree;
     std::string sFile = "[Keys]\r\n";
     std::vector<std::string> vecKeys;
     for (int i = 0; i < iKeys; ++i) {
