@@ -1,5 +1,7 @@
 #include "host/ui/CommandPane.h"
 
+#include <algorithm>
+
 namespace host {
 
 namespace {
@@ -83,7 +85,7 @@ LRESULT CommandPane::OnSizeParent(WPARAM, LPARAM lParam)
 {
     auto& layout = *reinterpret_cast<AFX_SIZEPARENTPARAMS*>(lParam);
     CRect band = layout.rect;
-    band.top = band.bottom - kPaneHeight;
+    band.top = std::max(band.top, band.bottom - kPaneHeight); // a small frame has less room
     layout.rect.bottom = band.top;
     AfxRepositionWindow(&layout, m_hWnd, &band);
     return 0;
@@ -91,8 +93,9 @@ LRESULT CommandPane::OnSizeParent(WPARAM, LPARAM lParam)
 
 void CommandPane::OnSize(UINT, int width, int height)
 {
-    ::MoveWindow(m_history, 0, 0, width, height - kInputHeight, TRUE);
-    ::MoveWindow(m_input, 0, height - kInputHeight, width, kInputHeight, TRUE);
+    const int historyHeight = std::max(height - kInputHeight, 0);
+    ::MoveWindow(m_history, 0, 0, width, historyHeight, TRUE);
+    ::MoveWindow(m_input, 0, historyHeight, width, kInputHeight, TRUE);
 }
 
 LRESULT CommandPane::OnSetFocus(WPARAM, LPARAM)
