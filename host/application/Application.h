@@ -46,7 +46,6 @@ public:
     static Application* instance() { return s_pInstance; }
 
     CommandLine& commandLine() { return m_commandLine; }
-    CommandStack& commandStack() { return m_commandStack; }
     DocumentManager& documents() { return m_documents; }
     DynamicLinker& linker() { return m_linker; }
     Editor& editor() { return m_editor; }

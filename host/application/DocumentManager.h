@@ -85,7 +85,6 @@ public:
 
     // The oldest line of input; none when all is done.
     std::optional<QueuedInput> nextInput();
-    bool hasInput() const { return !m_input.empty(); }
 
 private:
     Acad::ErrorStatus setActivation(bool enabled);

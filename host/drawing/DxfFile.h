@@ -30,7 +30,6 @@ public:
 
     DxfRecord* next() const { return m_next; }
     DxfRecord* previous() const { return m_previous; }
-    bool isLinked() const { return m_linked; }
 
 private:
     friend class DxfFile;
@@ -67,8 +66,6 @@ public:
     // What was odd in the file but did no harm, a line each.
     const std::vector<std::string>& warnings() const { return m_warnings; }
     const DxfText& encoding() const { return m_encoding; }
-    // The line ending of new text.
-    const std::string& lineEnd() const { return m_sLineEnd; }
 
     DxfRecord* first() const { return m_first; }
     // The SECTION record of the name; null when there is none.

@@ -59,27 +59,6 @@ void CCmdUI::Enable(BOOL bOn)
     m_pOther->EnableWindow(bOn);
 }
 
-void CCmdUI::SetCheck(int nCheck)
-{
-    if (m_pMenu)
-        m_pMenu->CheckMenuItem(m_nIndex, MF_BYPOSITION | (nCheck ? MF_CHECKED : MF_UNCHECKED));
-    if (m_pOther && (m_pOther->SendMessage(WM_GETDLGCODE) & DLGC_BUTTON))
-        m_pOther->SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck));
-}
-
-void CCmdUI::SetText(const char* text)
-{
-    if (m_pMenu) {
-        MENUITEMINFOA info{};
-        info.cbSize = sizeof info;
-        info.fMask = MIIM_STRING;
-        info.dwTypeData = const_cast<char*>(text);
-        ::SetMenuItemInfoA(m_pMenu->m_hMenu, m_nIndex, TRUE, &info);
-    }
-    if (m_pOther && m_pOther->GetWindowText() != text)
-        m_pOther->SetWindowText(text);
-}
-
 BOOL CCmdUI::DoUpdate(CCmdTarget* pTarget, BOOL disableIfNoHandler)
 {
     m_bEnableChanged = FALSE;

@@ -33,8 +33,6 @@ public:
     virtual ~CCmdUI() = default;
 
     virtual void Enable(BOOL bOn = TRUE);
-    virtual void SetCheck(int nCheck = 1);      // 0 off, 1 on, 2 undetermined (controls)
-    virtual void SetText(const char* text);
 
     // Asks the target; where it has not spoken on enabling and `disableIfNoHandler`
     // is set, enables exactly when the target has a handler for the command.

@@ -40,14 +40,3 @@ void DDX_Radio(CDataExchange* pDX, int nIDC, int& value)
     if (pDX->m_bSaveAndValidate)
         value = found;
 }
-
-void DDX_Text(CDataExchange* pDX, int nIDC, CString& value)
-{
-    if (!pDX->PrepareCtrl(nIDC))
-        return;
-    CWnd* const control = pDX->m_pDlgWnd->GetDlgItem(nIDC);
-    if (pDX->m_bSaveAndValidate)
-        value = control->GetWindowText();
-    else
-        control->SetWindowText(value);
-}

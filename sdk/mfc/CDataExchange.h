@@ -19,4 +19,3 @@ public:
 void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
 // The index within the group that starts at nIDC (a WS_GROUP control), -1 for none.
 void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
-void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);

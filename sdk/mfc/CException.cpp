@@ -1,23 +1,6 @@
 #include "mfc/CException.h"
 
-#include <cerrno>
 #include <cstring>
-
-namespace {
-
-CString systemReason(LONG error)
-{
-    char text[512] = "";
-    ::FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                     static_cast<DWORD>(error), 0, text, sizeof text, nullptr);
-    CString reason(text);
-    reason.TrimRight();
-    if (reason.IsEmpty())
-        reason.Format("error %ld", error);
-    return reason;
-}
-
-} // namespace
 
 BOOL CException::GetErrorMessage(char* buffer, UINT capacity) const
 {
@@ -50,15 +33,7 @@ void CFileException::ThrowErrno(int errorNumber, const char* path)
     throw new CFileException(errorNumber, path);
 }
 
-void CFileException::ThrowOsError(LONG osError, const char* path)
-{
-    auto* exception = new CFileException(0, path);
-    exception->m_lOsError = osError;
-    throw exception;
-}
-
 BOOL CFileException::GetErrorMessage(char* buffer, UINT capacity) const
 {
-    const CString reason = m_nErrno ? CString(std::strerror(m_nErrno)) : systemReason(m_lOsError);
-    return copyMessage(m_strFileName + ": " + reason, buffer, capacity);
+    return copyMessage(m_strFileName + ": " + std::strerror(m_nErrno), buffer, capacity);
 }

@@ -29,12 +29,9 @@ public:
 
     // Throws for an errno value. The message reads "path: reason".
     [[noreturn]] static void ThrowErrno(int errorNumber, const char* path);
-    // The same for a GetLastError value.
-    [[noreturn]] static void ThrowOsError(LONG osError, const char* path);
 
     BOOL GetErrorMessage(char* buffer, UINT capacity) const override;
 
     int m_nErrno = 0;
-    LONG m_lOsError = 0;        // 0 when only the errno is known
     CString m_strFileName;
 };

@@ -115,11 +115,6 @@ BOOL CMDIChildWnd::DestroyWindow()
     return m_hWnd == nullptr;
 }
 
-CMDIFrameWnd* CMDIChildWnd::GetMDIFrame() const
-{
-    return dynamic_cast<CMDIFrameWnd*>(FromHandlePermanent(::GetParent(::GetParent(m_hWnd))));
-}
-
 LRESULT CMDIChildWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     return ::DefMDIChildProcA(m_hWnd, message, wParam, lParam);

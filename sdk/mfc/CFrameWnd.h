@@ -53,7 +53,6 @@ public:
     ~CMDIChildWnd() override;
     // An MDI child is destroyed through its client.
     BOOL DestroyWindow() override;
-    CMDIFrameWnd* GetMDIFrame() const;
 
 protected:
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

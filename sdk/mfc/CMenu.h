@@ -10,7 +10,6 @@ public:
     ~CMenu() = default;     // an owned menu is destroyed with its submenus
 
     HMENU m_hMenu = nullptr;
-    HMENU GetSafeHmenu() const { return m_hMenu; }
 
     // A view that lives as long as the menu. Null for null.
     static CMenu* FromHandle(HMENU menu);

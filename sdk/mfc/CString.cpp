@@ -108,16 +108,6 @@ void CString::Format(const char* format, ...)
     va_end(arguments);
 }
 
-void CString::AppendFormat(const char* format, ...)
-{
-    CString tail;
-    va_list arguments;
-    va_start(arguments, format);
-    tail.FormatV(format, arguments);
-    va_end(arguments);
-    m_text += tail.m_text;
-}
-
 CString CString::Left(int count) const
 {
     return m_text.substr(0, clip(count, m_text.size()));
@@ -131,11 +121,6 @@ CString CString::Mid(int first) const
 CString CString::Mid(int first, int count) const
 {
     return m_text.substr(clip(first, m_text.size()), clip(count, m_text.size()));
-}
-
-CString CString::Right(int count) const
-{
-    return m_text.substr(m_text.size() - clip(count, m_text.size()));
 }
 
 int CString::Find(char character, int start) const
@@ -153,15 +138,6 @@ int CString::Find(const char* text, int start) const
         // A lone lead byte is looked for as such; the first half of a character is not a match.
         const bool wholeCharacter = length != 1 || characterLength(m_text, at) == 1;
         if (wholeCharacter && m_text.compare(at, length, text) == 0)
-            return static_cast<int>(at);
-    }
-    return -1;
-}
-
-int CString::FindOneOf(const char* characters) const
-{
-    for (std::size_t at = 0; at < m_text.size(); at += characterLength(m_text, at)) {
-        if (isOneOf(characters, m_text, at))
             return static_cast<int>(at);
     }
     return -1;
@@ -194,18 +170,6 @@ CString& CString::TrimRight(const char* characters)
         at = next;
     }
     m_text.erase(end);
-    return *this;
-}
-
-CString& CString::MakeUpper()
-{
-    m_text = mapCase(m_text, LCMAP_UPPERCASE);
-    return *this;
-}
-
-CString& CString::MakeLower()
-{
-    m_text = mapCase(m_text, LCMAP_LOWERCASE);
     return *this;
 }
 

@@ -21,8 +21,6 @@ public:
     int GetLength() const { return static_cast<int>(m_text.size()); }
     bool IsEmpty() const { return m_text.empty(); }
     void Empty() { m_text.clear(); }
-    char GetAt(int index) const { return m_text[static_cast<std::size_t>(index)]; }
-    void SetAt(int index, char character) { m_text[static_cast<std::size_t>(index)] = character; }
     char operator[](int index) const { return m_text.c_str()[index]; }
 
     // At least `minimum` writable bytes and a terminator; call ReleaseBuffer
@@ -31,7 +29,6 @@ public:
     void ReleaseBuffer(int length = -1);
 
     void Format(const char* format, ...) __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 3)));
-    void AppendFormat(const char* format, ...) __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 3)));
     void FormatV(const char* format, va_list arguments) __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 0)));
 
     CString& operator+=(const CString& text) { m_text += text.m_text; return *this; }
@@ -42,12 +39,10 @@ public:
     CString Left(int count) const;
     CString Mid(int first) const;
     CString Mid(int first, int count) const;
-    CString Right(int count) const;
 
     // First or last position, or -1.
     int Find(char character, int start = 0) const;
     int Find(const char* text, int start = 0) const;
-    int FindOneOf(const char* characters) const;
     int ReverseFind(char character) const;
 
     // Without an argument: blanks, tabs and line ends. `characters` is a set of single bytes.
@@ -58,8 +53,6 @@ public:
     CString& TrimRight() { return TrimRight(" \t\n\v\f\r"); }
     CString& TrimRight(const char* characters);
 
-    CString& MakeUpper();
-    CString& MakeLower();
     // Replaces every occurrence and returns how many there were.
     int Replace(const char* from, const char* to);
     int Replace(char from, char to);

@@ -39,12 +39,6 @@ void CToolTipCtrl::UpdateTipText(const char* text, CWnd* pWnd, UINT)
     SendMessage(TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void CToolTipCtrl::DelTool(CWnd* pWnd)
-{
-    TOOLINFOA tool = toolOf(pWnd);
-    SendMessage(TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
-}
-
 // In the wide form: the narrow one cuts off at 80 characters.
 CString CToolTipCtrl::GetText(CWnd* pWnd) const
 {

@@ -11,7 +11,6 @@
 class CDataExchange;
 
 constexpr UINT WM_SIZEPARENT = 0x0361;          // lParam: AFX_SIZEPARENTPARAMS*
-constexpr UINT WM_IDLEUPDATECMDUI = 0x0363;
 constexpr UINT WM_KICKIDLE = 0x036A;
 constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;     // the window that gets what the bars leave
 
@@ -48,7 +47,6 @@ public:
     static CWnd* FromHandlePermanent(HWND window);      // this image's object, or null
     // Its object, or a view that carries the handle and lives as long as the window. Null for null.
     static CWnd* FromHandle(HWND window);
-    HWND GetSafeHwnd() const { return m_hWnd; }
 
     BOOL CreateEx(DWORD dwExStyle, const char* className, const char* windowName, DWORD dwStyle,
                   const RECT& rect, CWnd* pParentWnd, UINT nID, void* param = nullptr);
@@ -63,7 +61,6 @@ public:
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_STYLE)); }
     DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_EXSTYLE)); }
     // FALSE when nothing changed. Non-zero flags are handed to SetWindowPos so that the frame is redrawn.
-    BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0) { return changeStyle(GWL_STYLE, dwRemove, dwAdd, nFlags); }
     BOOL ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0) { return changeStyle(GWL_EXSTYLE, dwRemove, dwAdd, nFlags); }
     BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
     void MoveWindow(const RECT& rect, BOOL bRepaint = TRUE);
@@ -96,19 +93,16 @@ public:
     // window nIDLeftOver gets what they leave. reposQuery only measures into pRectParam.
     void RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nFlag = reposDefault,
                         RECT* pRectParam = nullptr, const RECT* pRectClient = nullptr);
-    static void RepositionWindow(AFX_SIZEPARENTPARAMS* layout, HWND window, const RECT* rect) { AfxRepositionWindow(layout, window, rect); }
 
     // Moves data between members and controls: TRUE saves, FALSE shows.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
 
     // Default handling of what the message maps can name: the message goes on unchanged.
     void OnMouseMove(UINT, CPoint) { Default(); }
-    void OnLButtonDown(UINT, CPoint) { Default(); }
     void OnContextMenu(CWnd*, CPoint) { Default(); }
     void OnInitMenuPopup(CMenu*, UINT, BOOL) { Default(); }
     void OnSize(UINT, int, int) { Default(); }
     void OnClose() { Default(); }
-    void OnDestroy() { Default(); }
     void OnPaint() { Default(); }
 
 protected:
@@ -122,7 +116,6 @@ protected:
 
     // Hands the message being handled to DefWindowProc with its original parameters.
     LRESULT Default();
-    const MSG* GetCurrentMessage() const { return m_current; }
 
 private:
     friend struct WindowMap;

@@ -20,7 +20,6 @@ public:
         : POINT{static_cast<short>(LOWORD(packed)), static_cast<short>(HIWORD(packed))} {}
     CPoint operator+(const SIZE& s) const { return {x + s.cx, y + s.cy}; }
     CPoint operator-(const SIZE& s) const { return {x - s.cx, y - s.cy}; }
-    void Offset(LONG dx, LONG dy) { x += dx; y += dy; }
     bool operator==(const CPoint& o) const { return x == o.x && y == o.y; }
 };
 
@@ -35,16 +34,11 @@ public:
     LONG Width() const { return right - left; }
     LONG Height() const { return bottom - top; }
     CSize Size() const { return {Width(), Height()}; }
-    CPoint TopLeft() const { return {left, top}; }
-    CPoint BottomRight() const { return {right, bottom}; }
     CPoint CenterPoint() const { return {left + Width() / 2, top + Height() / 2}; }
     bool IsRectEmpty() const { return ::IsRectEmpty(this) != FALSE; }
     bool PtInRect(const POINT& point) const { return ::PtInRect(this, point) != FALSE; }
     void SetRect(LONG l, LONG t, LONG r, LONG b) { *this = CRect(l, t, r, b); }
-    void SetRectEmpty() { *this = CRect(); }
-    void OffsetRect(LONG dx, LONG dy) { SetRect(left + dx, top + dy, right + dx, bottom + dy); }
     void InflateRect(LONG dx, LONG dy) { SetRect(left - dx, top - dy, right + dx, bottom + dy); }
-    void DeflateRect(LONG dx, LONG dy) { InflateRect(-dx, -dy); }
     operator LPRECT() { return this; }
     operator LPCRECT() const { return this; }
     bool operator==(const CRect& o) const

