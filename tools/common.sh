@@ -4,7 +4,6 @@ build=$top/build
 session=$build/wine        # display, home folder and locks of this build folder's Wine
 cache=${XDG_CACHE_HOME:-$HOME/.cache}/zavikmditabs
 root32=$cache/wine32-root  # 32-bit Debian with Wine, where the system has none
-python=/usr/bin/python3    # another python3 may stand first on PATH
 
 say() { printf '%s\n' "$*" >&2; }
 die() { say "${0##*/}: $*"; exit 1; }
