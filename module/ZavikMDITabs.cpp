@@ -11,6 +11,11 @@
 #include "reactors/EditorReactor.h"
 #include "settings/MDITabSettings.h"
 
+// The C++ runtime's own: frees the reserve that it keeps for throwing without memory.
+namespace __gnu_cxx {
+void __freeres();
+}
+
 std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
 namespace {
@@ -117,6 +122,12 @@ void applyOptions(const Options& before, const Options& after)
         if (CDocManagerReactor* pReactor = CDocManagerReactor::getReactor())
             pReactor->refreshDocuments();
     acedGetAcadFrame()->RecalcLayout(TRUE);
+}
+
+// The runtime is linked into the module, but leaves its reserve behind at each unloading.
+[[gnu::destructor]] void freeRuntimeReserve()
+{
+    __gnu_cxx::__freeres();
 }
 
 // What a handler of one of our windows let out.

@@ -5,6 +5,7 @@
 #include "host/commands/Command.h"
 #include "host/observation/Dialogs.h"
 #include "host/observation/PopupMenu.h"
+#include "host/observation/ResourceCount.h"
 #include "host/observation/Screenshot.h"
 #include "host/observation/Strip.h"
 #include "host/observation/Tips.h"
@@ -115,6 +116,14 @@ void wait(Application&, const Arguments& a)
     pumpUntil(static_cast<DWORD>(a.integer(0)), never);
 }
 
+// What was printed so far is forgotten first, for it is no module's.
+void resources(Application& application, const Arguments&)
+{
+    application.frame().clearHistory();
+    application.commandLine().history().clear();
+    report(application, ResourceCount::now().text() + "\n");
+}
+
 // n notifications of a modification that changes nothing, and how long they took.
 void bench(Application& application, const Arguments& a)
 {
@@ -135,6 +144,7 @@ void bench(Application& application, const Arguments& a)
 constexpr Command kCommands[] = {
     {"STRIP", strip, true}, {"CLICK", click},        {"HOVER", hover},      {"MENU", menu},   {"DIALOG", dialog, true},
     {"PRESS", pressControl, true}, {"KEY", key, true}, {"SHOT", shot, true}, {"WAIT", wait, true}, {"BENCH", bench},
+    {"RESOURCES", resources},
 };
 
 } // namespace

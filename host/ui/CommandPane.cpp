@@ -1,6 +1,7 @@
 #include "host/ui/CommandPane.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 
@@ -9,6 +10,8 @@ namespace {
 constexpr LONG kPaneHeight = 96;
 constexpr int kInputHeight = 22;
 constexpr UINT kPaneId = 0xE801;
+constexpr UINT_PTR kShowTimer = 1;
+constexpr UINT kShowDelay = 50;
 constexpr LRESULT kLongestHistory = 24000; // an edit control of the old kind holds 30,000 characters
 
 HWND createEdit(HWND parent, DWORD style, UINT_PTR id)
@@ -24,6 +27,7 @@ HWND createEdit(HWND parent, DWORD style, UINT_PTR id)
 BEGIN_MESSAGE_MAP(CommandPane, CWnd)
     ON_MESSAGE(WM_SIZEPARENT, &CommandPane::OnSizeParent)
     ON_MESSAGE(WM_SETFOCUS, &CommandPane::OnSetFocus)
+    ON_MESSAGE(WM_TIMER, &CommandPane::OnTimer)
     ON_WM_SIZE()
 END_MESSAGE_MAP()
 
@@ -41,13 +45,27 @@ bool CommandPane::create(CWnd& frame, std::function<void(const std::string&)> on
 
 void CommandPane::show(std::string_view text)
 {
-    std::string lines;
+    if (m_pending.empty())
+        ::SetTimer(m_hWnd, kShowTimer, kShowDelay, nullptr);
     for (const char c : text) {
         if (c == '\n')
-            lines += '\r';
+            m_pending += '\r';
         if (c != '\r')
-            lines += c;
+            m_pending += c;
     }
+    if (m_pending.size() > kLongestHistory / 2)
+        append(std::exchange(m_pending, {}));
+}
+
+LRESULT CommandPane::OnTimer(WPARAM, LPARAM)
+{
+    ::KillTimer(m_hWnd, kShowTimer);
+    append(std::exchange(m_pending, {}));
+    return 0;
+}
+
+void CommandPane::append(const std::string& lines)
+{
     LRESULT length = ::SendMessageA(m_history, WM_GETTEXTLENGTH, 0, 0);
     if (length + static_cast<LRESULT>(lines.size()) > kLongestHistory) {
         ::SendMessageA(m_history, EM_SETSEL, 0, length / 2);
@@ -56,6 +74,12 @@ void CommandPane::show(std::string_view text)
     }
     ::SendMessageA(m_history, EM_SETSEL, static_cast<WPARAM>(length), length);
     ::SendMessageA(m_history, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(lines.c_str()));
+}
+
+void CommandPane::clear()
+{
+    std::string().swap(m_pending);
+    ::SetWindowTextA(m_history, "");
 }
 
 void CommandPane::type(WPARAM character)

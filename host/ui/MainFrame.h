@@ -42,6 +42,7 @@ public:
     void refresh(Document& document) override;
 
     void showHistory(std::string_view text) { m_pane.show(text); }
+    void clearHistory() { m_pane.clear(); }
     void typeCommand(WPARAM character) { m_pane.type(character); }
     // IDYES to save them, IDNO to discard them, or IDCANCEL.
     int askAboutChanges(const Document& document);

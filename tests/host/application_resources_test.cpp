@@ -2,24 +2,9 @@
 // module's tests find left over is the module's.
 
 #include "HostFixture.h"
+#include "host/observation/ResourceCount.h"
 
-namespace {
-
-std::size_t busyHeapBlocks()
-{
-    HANDLE heaps[64];
-    const DWORD count = ::GetProcessHeaps(64, heaps);
-    std::size_t blocks = 0;
-    for (DWORD i = 0; i < count && i < 64; ++i) {
-        PROCESS_HEAP_ENTRY entry{};
-        while (::HeapWalk(heaps[i], &entry))
-            if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0)
-                ++blocks;
-    }
-    return blocks;
-}
-
-} // namespace
+using host::observation::ResourceCount;
 
 TEST_CASE_FIXTURE(HostFixture, "opening, editing and closing leaves no heap block and no handle behind")
 {
@@ -29,9 +14,9 @@ TEST_CASE_FIXTURE(HostFixture, "opening, editing and closing leaves no heap bloc
         for (int i = 0; i < count; ++i)
             for (const std::string& sLine : {"OPEN " + sPath, std::string("LINE 0 0 1 1"), std::string("CLOSE")})
                 REQUIRE(run(sLine));
-        return busyHeapBlocks();
+        return ResourceCount::heapBlocks();
     };
-    const std::size_t before = cycles(20);
+    const long before = cycles(20);
     const long handles = liveHandles();
     CHECK(cycles(40) <= before + 4); // not one a cycle
     CHECK(liveHandles() == handles);
@@ -45,10 +30,10 @@ TEST_CASE("a session leaves no heap block behind")
             REQUIRE(fixture.run("NEW"));
             REQUIRE(fixture.run("LINE 0 0 1 1"));
         }
-        return busyHeapBlocks();
+        return ResourceCount::heapBlocks();
     };
     session();
-    const std::size_t before = session();
+    const long before = session();
     for (int i = 0; i < 4; ++i)
         session();
     CHECK(session() <= before + 2);

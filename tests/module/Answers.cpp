@@ -45,7 +45,11 @@ std::string Answers::assertions() const
 
 bool Answers::isChecked(HWND dialog, int id) { return ::IsDlgButtonChecked(dialog, id) == BST_CHECKED; }
 bool Answers::isEnabled(HWND dialog, int id) { return ::IsWindowEnabled(::GetDlgItem(dialog, id)); }
-void Answers::press(HWND dialog, int id) { ::SendMessageA(::GetDlgItem(dialog, id), BM_CLICK, 0, 0); }
+void Answers::press(HWND dialog, int id)
+{
+    ::SendMessageA(::GetDlgItem(dialog, id), BM_CLICK, 0, 0);
+    ::PostMessageA(dialog, WM_NULL, 0, 0);
+}
 
 void CALLBACK Answers::onTimer(HWND, UINT, UINT_PTR, DWORD)
 {

@@ -32,6 +32,7 @@ public:
 
     static bool isChecked(HWND dialog, int id);
     static bool isEnabled(HWND dialog, int id);
+    // By the next turn the dialog has updated its controls.
     static void press(HWND dialog, int id);
 
 private:

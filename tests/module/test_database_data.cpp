@@ -5,6 +5,7 @@
 #include "doctest/doctest.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/Memory.h"
+#include "host/observation/ResourceCount.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXTitleBlock.h"
@@ -12,7 +13,6 @@
 #include "reactors/DatabaseData.h"
 #include "reactors/EditorReactor.h"
 #include "tests/support/DrawingText.h"
-#include "tests/support/ResourceCount.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -149,7 +149,7 @@ struct Held {
     explicit Held(AcDbDatabase* pDatabase)
         : working(acdbHostApplicationServices()->workingDatabase()),
           objects(host::Database::of(pDatabase)->openObjects()), strings(host::liveAllocations()),
-          misuses(host::Database::misuses()), heap(ResourceCount::heapBlocks())
+          misuses(host::Database::misuses()), heap(host::observation::ResourceCount::heapBlocks())
     {
     }
     bool operator==(const Held&) const = default;

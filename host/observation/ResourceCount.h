@@ -1,0 +1,33 @@
+#pragma once
+
+// What this process holds at the moment, counted where it really is: whoever looks
+// for leaks takes the counts before and after and compares.
+
+#include <ostream>
+#include <string>
+
+namespace host::observation {
+
+struct ResourceCount {
+    long gdi = 0;     // live entries of the process's table of GDI handles
+    long windows = 0; // of this thread, children included
+    long menus = 0;
+    long heap = 0;    // busy blocks of all heaps
+    long modules = 0; // loaded into the process
+
+    static ResourceCount now();
+    // Blocks in use, those of the counting itself left out.
+    static long heapBlocks();
+
+    // Everything but the heap, whose caches settle only slowly.
+    bool sameObjects(const ResourceCount& other) const;
+    // The RESOURCES command's line.
+    std::string text() const;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const ResourceCount& count)
+{
+    return out << count.text();
+}
+
+} // namespace host::observation
