@@ -224,35 +224,24 @@ TEST_CASE_FIXTURE(DrawingHost, "a notification in which the host fails ends quie
     REQUIRE(tabs() == std::vector<std::string>{"a*", "other"});
     char name[] = "a.dwg";
 
+    const auto number = [&] {
+        return pReactor->getDatabaseData(document(pDatabase)).keywordExpansion().expandString("%HALVORAN::NO%").str();
+    };
     for (void (*pThrow)() : c_faults) {
         if (pThrow == nullptr)
             continue;
-        bool fired = true;
-        for (int n = 1; fired; ++n) {
-            CAPTURE(n);
-            const Held before(pDatabase);
-            Faults::throwNth("*", n, pThrow);
+        // Early in the reading, and in the midst of its last part.
+        for (const char* call : {"AcDbDatabase::getSymbolTable", "acdbHandEnt"}) {
+            CAPTURE(call);
+            Faults::throwNth(call, 1, pThrow);
             pReactor->dwgFileOpened(pDatabase, name);
-            fired = Faults::fired();
+            CHECK(Faults::fired());
             Faults::clear();
-            if (!fired)
-                break;
-            CHECK(acdbHostApplicationServices()->workingDatabase() == before.working);
-            CHECK(host::Database::of(pDatabase)->openObjects() == 0);
-            CHECK(host::liveAllocations() == before.strings);
-            // The last call alone gives back the working database: all is read by then.
-            CDatabaseData& data = pReactor->getDatabaseData(document(pDatabase));
-            const std::string text = data.keywordExpansion().expandString("%HALVORAN::NO%").str();
-            if (text == "1")
-                CHECK(data.xrefPaths().size() == 2);
-            else
-                CHECK(text == "2");
+            CHECK(number() == "1");
         }
-        CHECK(pReactor->getDatabaseData(document(pDatabase)).keywordExpansion().expandString("%HALVORAN::NO%") == "2");
-        REQUIRE(host::Database::of(pDatabase)->setAttribute("NR", "1") == Acad::eOk);
-        pReactor->dwgFileOpened(pDatabase, name);
-        REQUIRE(host::Database::of(pDatabase)->setAttribute("NR", "2") == Acad::eOk);
     }
+    pReactor->dwgFileOpened(pDatabase, name);
+    CHECK(number() == "2");
     CHECK(tabs() == std::vector<std::string>{"a*", "other"});
     CHECK(selected() == 1);
 
