@@ -15,7 +15,7 @@ class TooltipTest(HostTest):
             f"OPEN {A101}", f"OPEN {DETAIL}", f"OPEN {BLANK}",
             "HOVER 1", "SWITCH 1", "ATTEDIT DWG_TITLE Roof", "HOVER 1", "QSAVE", "HOVER 1",
             r"SAVEAS Projects\Riverside\Drawings\A-105.dwg", "HOVER 1",
-            "HOVER 2", "SWITCH 2", "PROPS TITLE Gutter", "HOVER 2", "QSAVE", "HOVER 2",
+            "HOVER 2", "SWITCH 2", "PROPS TITLE %PATH%", "HOVER 2", "QSAVE", "HOVER 2",
             "HOVER 3", "SWITCH 3", "PROPS TITLE A title", "QSAVE", "HOVER 3", "PROPS TITLE", "QSAVE", "HOVER 3",
             "HOVER 0",
         ])
@@ -25,7 +25,7 @@ class TooltipTest(HostTest):
         old, new = (f"Riverside Quarter\nA-101 rev 0: {title}\n{folder}" for title in ("First floor, east", "Roof"))
         self.assertEqual(texts, [
             old + "A-101", old + "A-101", new + "A-101", new + "A-105",
-            "Canopy detail – gutter and fascia", "Canopy detail – gutter and fascia", "Gutter",
+            "Canopy detail – gutter and fascia", "Canopy detail – gutter and fascia", "%PATH%",
             DEFAULT, "A title", DEFAULT,
             DEFAULT,
         ])

@@ -1,5 +1,5 @@
 // The data of the open drawings: read when a drawing is opened, imported or saved, kept
-// meanwhile, and shown by the strip.
+// meanwhile.
 #include "ModuleFixture.h"
 #include "doctest/doctest.h"
 #include "host/drawing/Faults.h"
@@ -107,30 +107,4 @@ TEST_CASE_FIXTURE(EditorFixture, "drawings that are open already are read when t
     CHECK(readsOf([&] { unload(); }) == 0);
     CHECK_FALSE(CEditorReactor::isAttached());
     CHECK(app.editor().reactorCount() == 0);
-}
-
-TEST_CASE_FIXTURE(EditorFixture, "the balloon follows title block, title and saves")
-{
-    folder.write("ProjectSettings.txt",
-                 "PROJECTLABEL\r\n{\r\nJob 7\r\n}\r\nTITLEBLOCKS\r\n{\r\nBORDER \"A1\" \"SHEET\"\r\nNO NR\r\n}\r\n");
-    folder.write("MDITabs.ini", "TooltipText = %HALVORAN_PROJECT_LABEL%: %HALVORAN::NO% %FILENAME%\r\n"
-                                "DefaultTooltipText = nothing\r\n");
-    load();
-    AcApDocument* pSheet = open("sheet.dwg", DrawingText().variable("TITLE", "T").border("SHEET", {{"NR", "12"}}));
-    open("titled.dwg", DrawingText().variable("TITLE", "%FILENAME%"));
-    open("plain.dwg", DrawingText());
-    const auto hover = [this](int tab) {
-        moveMouse(tab);
-        return balloon();
-    };
-    CHECK(hover(0) == "Job 7: 12 sheet");
-    CHECK(hover(1) == "%FILENAME%");
-    CHECK(hover(2) == "nothing");
-
-    app.documents().activateDocument(pSheet);
-    CHECK(run("ATTEDIT NR 13"));
-    CHECK(run("QSAVE"));
-    CHECK(hover(0) == "Job 7: 13 sheet");
-    CHECK(run("SAVEAS \"" + folder.path() + "moved.dwg\""));
-    CHECK(hover(0) == "Job 7: 13 moved");
 }
