@@ -43,10 +43,7 @@ void BareTabs::insertAfterWalk(const std::string& sText, LPARAM data) const
     insert(sText, iCount, data);
 }
 
-void BareTabs::clear() const
-{
-    ::SendMessageA(m_tabs, TCM_DELETEALLITEMS, 0, 0);
-}
+void BareTabs::clear() const { ::SendMessageA(m_tabs, TCM_DELETEALLITEMS, 0, 0); }
 
 BareMenu::BareMenu(int iXrefs)
     : m_owner(::CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 1, 1, nullptr, nullptr,
@@ -69,6 +66,6 @@ void BareMenu::show(POINT point) const
             ::AppendMenuA(xrefs, MF_STRING, static_cast<UINT>(4 + i), ("X-" + std::to_string(i) + ".dwg").c_str());
         ::AppendMenuA(menu.get(), MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(xrefs), "Xrefs");
     }
-    ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0,
-                     m_owner.get(), nullptr);
+    ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0, m_owner.get(),
+                     nullptr);
 }

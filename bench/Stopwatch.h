@@ -8,7 +8,8 @@
 
 // Microseconds a call, of `iCalls` calls a round.
 template <class Call>
-double microseconds(int iCalls, const Call& call, int iRounds = 7) {
+double microseconds(int iCalls, const Call& call, int iRounds = 7)
+{
     LARGE_INTEGER frequency, begin, end;
     ::QueryPerformanceFrequency(&frequency);
     double best = 1e30;
@@ -23,7 +24,7 @@ double microseconds(int iCalls, const Call& call, int iRounds = 7) {
 }
 
 // One line: what was measured, against what, and how many times as long that takes.
-inline void report(const char* szWhat, double ours, const char* szAgainst, double theirs) {
-    std::printf("%-28s %12.4f us   %-28s %12.4f us   ratio %.2f\n", szWhat, ours, szAgainst, theirs,
-                theirs / ours);
+inline void report(const char* szWhat, double ours, const char* szAgainst, double theirs)
+{
+    std::printf("%-28s %12.4f us   %-28s %12.4f us   ratio %.2f\n", szWhat, ours, szAgainst, theirs, theirs / ours);
 }

@@ -26,7 +26,7 @@ LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam)
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-}
+}  // namespace
 
 StripSetup::StripSetup()
 {
@@ -37,10 +37,7 @@ StripSetup::StripSetup()
     resize(1000);
 }
 
-StripSetup::~StripSetup()
-{
-    unload();
-}
+StripSetup::~StripSetup() { unload(); }
 
 void StripSetup::load()
 {
@@ -49,10 +46,7 @@ void StripSetup::load()
         std::printf("%s\n", sReason.c_str());
 }
 
-void StripSetup::unload()
-{
-    m_application.linker().unload(MODULE);
-}
+void StripSetup::unload() { m_application.linker().unload(MODULE); }
 
 void StripSetup::open(int iCount)
 {

@@ -60,7 +60,8 @@ DrawingText sheet()
 struct Bench {
     Bench() : app({.visible = false, .standardOutput = false})
     {
-        tree.write("ProjectSettings.txt", "TITLEBLOCKS\r\n{\r\nBORDER \"A1\" \"SHEET\"\r\nNO NR\r\nTITLE TITLE\r\n}\r\n");
+        tree.write("ProjectSettings.txt",
+                   "TITLEBLOCKS\r\n{\r\nBORDER \"A1\" \"SHEET\"\r\nNO NR\r\nTITLE TITLE\r\n}\r\n");
         tree.write("MDITabs.ini", "TooltipText = %HALVORAN::NO% %HALVORAN::TITLE%%NEWLINE%%PATH%\r\n");
     }
     ~Bench() { app.linker().unloadAll(); }
@@ -97,7 +98,8 @@ void benchReading(Bench& bench)
     std::size_t sum = 0;
     const double walk = microseconds(1, [&] { sum += walkBlocks(pDatabase); });
     const CDatabaseData data(pDatabase);
-    report("walk 10,000 blocks", walk, "list their 100 xrefs", microseconds(1, [&] { sum += data.getXrefPaths().size(); }));
+    report("walk 10,000 blocks", walk, "list their 100 xrefs",
+           microseconds(1, [&] { sum += data.getXrefPaths().size(); }));
     report("walk 10,000 blocks", walk, "read the drawing's data", microseconds(1, [&] { CDatabaseData{pDatabase}; }));
     bench.closeAll();
 
@@ -138,7 +140,8 @@ void benchOpening(Bench& bench)
     const double moduleBytes = bytesOfOpen();
     bench.unload();
     report("open and close a drawing", plain, "with the module", withModule);
-    std::printf("memory a drawing: the host's own %.0f bytes, the module's %.0f\n", plainBytes, moduleBytes - plainBytes);
+    std::printf("memory a drawing: the host's own %.0f bytes, the module's %.0f\n", plainBytes,
+                moduleBytes - plainBytes);
 }
 
 LPARAM middleOf(HWND strip, WPARAM tab)
@@ -217,7 +220,7 @@ private:
     HKEY m_hkKey = nullptr;
 };
 
-}
+}  // namespace
 
 int main()
 {

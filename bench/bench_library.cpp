@@ -14,7 +14,8 @@ namespace {
 
 constexpr int iKeys = 10000;
 
-void benchSettings() {
+void benchSettings()
+{
     const CTestFolder tree;
     std::string sFile = "[Keys]\r\n";
     std::vector<std::string> vecKeys;
@@ -40,11 +41,14 @@ void benchSettings() {
         for (const std::string& sKey : vecKeys)
             sum += static_cast<std::size_t>(settings.getValue("Keys", sKey.c_str()).GetLength());
     });
-    const double profile = microseconds(1, [&] {
-        char szValue[256];
-        for (const std::string& sKey : vecKeys)
-            sum += ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", szValue, sizeof szValue, sPath.c_str());
-    }, 1);
+    const double profile = microseconds(
+        1,
+        [&] {
+            char szValue[256];
+            for (const std::string& sKey : vecKeys)
+                sum += ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", szValue, sizeof szValue, sPath.c_str());
+        },
+        1);
     report("read 10,000 keys' bytes", bytes, "load them", load);
     report("load and get 10,000 keys", loadAndGet, "GetPrivateProfileString", profile);
     std::printf("(%u)\n", static_cast<unsigned>(sum % 10));
@@ -52,13 +56,15 @@ void benchSettings() {
 
 class CExpansion : public Tesk::CKeywordExpansion {
 public:
-    CExpansion() : CKeywordExpansion("C:\\Jobs\\1234\\A-100.rev2.dwg", 1, 3) {
+    CExpansion() : CKeywordExpansion("C:\\Jobs\\1234\\A-100.rev2.dwg", 1, 3)
+    {
         for (int i = 0; i < 40; ++i)
             addToMap(("HALVORAN::TITLE_" + std::to_string(i)).c_str(), "a line of the title");
     }
 
     // The plain walk of the table, then the four date expressions.
-    std::string expandPlainly(const std::string& sTemplate) const {
+    std::string expandPlainly(const std::string& sTemplate) const
+    {
         std::string sText = sTemplate;
         for (const auto& [sKeyword, sValue] : m_mapKeywords) {
             const std::string sToken = "%" + sKeyword + "%";
@@ -75,7 +81,8 @@ public:
     }
 };
 
-void benchExpansion() {
+void benchExpansion()
+{
     const CExpansion expansion;
     std::string sTemplate =
         "%FILENAME% (%DRAWING_INDEX%/%DRAWING_COUNT%)%NEWLINE%%HALVORAN::TITLE_1%, %HALVORAN::TITLE_22%"
@@ -83,7 +90,8 @@ void benchExpansion() {
     sTemplate.resize(200, '.');
     std::size_t sum = 0;
     const auto ours = [&](const std::string& sText) {
-        return microseconds(2000, [&] { sum += static_cast<std::size_t>(expansion.expandString(sText.c_str()).GetLength()); });
+        return microseconds(
+            2000, [&] { sum += static_cast<std::size_t>(expansion.expandString(sText.c_str()).GetLength()); });
     };
     const auto plain = [&](const std::string& sText) {
         return microseconds(50, [&] { sum += expansion.expandPlainly(sText).size(); });
@@ -96,12 +104,14 @@ void benchExpansion() {
 
 __attribute__((noinline)) void emptyCall(const char* szText) { asm volatile("" : : "r"(szText)); }
 
-__attribute__((noinline)) const char* expensive() {
+__attribute__((noinline)) const char* expensive()
+{
     ::Sleep(1000);
     return "never asked for";
 }
 
-void benchTrace() {
+void benchTrace()
+{
     constexpr int iCalls = 20'000'000;
     const double trace = microseconds(iCalls, [] {
         TESK_TRACE("text %s %d\n", expensive(), 1);
@@ -113,7 +123,8 @@ void benchTrace() {
 
 }  // namespace
 
-int main() {
+int main()
+{
     benchSettings();
     benchExpansion();
     benchTrace();

@@ -34,8 +34,9 @@ void benchNotification(const char* szName)
 {
     AcDbDatabase* pDatabase = acDocManager->mdiActiveDocument()->database();
     CDatabaseReactor reactor;
-    compare(szName, 41, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
-            [&] { return timed(5000, [&] { readDbmod(pDatabase); }); });
+    compare(
+        szName, 41, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
+        [&] { return timed(5000, [&] { readDbmod(pDatabase); }); });
 }
 
 // Documents that are in no window: what is measured is the strip.
@@ -139,11 +140,13 @@ void benchOptions(StripSetup& setup)
         setup.pump();
         return time;
     };
-    compare("dialog gone to strip rebuilt", 15, [&] { return rebuild(false); }, refill);
-    compare("OK pressed to strip rebuilt", 15, [&] { return rebuild(true); }, refill);
+    compare(
+        "dialog gone to strip rebuilt", 15, [&] { return rebuild(false); }, refill);
+    compare(
+        "OK pressed to strip rebuilt", 15, [&] { return rebuild(true); }, refill);
 }
 
-}
+}  // namespace
 
 // An argument names the only figures wanted: adding, notification, layout, menu, options.
 int main(int iCount, char** aArguments)

@@ -36,7 +36,7 @@ CommandLineArguments parse(int count, char** words)
     return arguments;
 }
 
-} // namespace
+}  // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {

@@ -26,4 +26,4 @@ Acad::ErrorStatus registerCommand(const char* sCommand, const char* sGroupName, 
     return status;
 }
 
-}
+}  // namespace Tesk

@@ -12,4 +12,4 @@ Acad::ErrorStatus registerCommand(const char* sCommand, const char* sGroupName, 
                                   Adesk::Int32 iPrimaryFlags, Adesk::Int32 iSecondaryFlags = 0,
                                   HINSTANCE hResourceHandle = nullptr);
 
-}
+}  // namespace Tesk

@@ -14,7 +14,7 @@
 // The C++ runtime's own: frees the reserve that it keeps for throwing without memory.
 namespace __gnu_cxx {
 void __freeres();
-}
+}  // namespace __gnu_cxx
 
 std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
@@ -75,10 +75,7 @@ bool isStripUsed()
     return bUse;
 }
 
-void reapplyDiagnosticsLevel()
-{
-    Tesk::setDiagnosticsLevel(Tesk::getDiagnosticsLevel() == 2 ? 2 : 0);
-}
+void reapplyDiagnosticsLevel() { Tesk::setDiagnosticsLevel(Tesk::getDiagnosticsLevel() == 2 ? 2 : 0); }
 
 void attachReactors()
 {
@@ -125,10 +122,7 @@ void applyOptions(const Options& before, const Options& after)
 }
 
 // The runtime is linked into the module, but leaves its reserve behind at each unloading.
-[[gnu::destructor]] void freeRuntimeReserve()
-{
-    __gnu_cxx::__freeres();
-}
+[[gnu::destructor]] void freeRuntimeReserve() { __gnu_cxx::__freeres(); }
 
 // What a handler of one of our windows let out.
 void traceWindowException(const CException& exception)
@@ -138,7 +132,7 @@ void traceWindowException(const CException& exception)
     TESK_TRACE("a window's handler ended by an exception: %s\n", sText);
 }
 
-}
+}  // namespace
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt)
 {

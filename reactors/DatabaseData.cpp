@@ -14,8 +14,8 @@ namespace {
 // A reference that is drawn: neither a layout nor anonymous, and used by the drawing.
 bool isAttachedXref(const AcDbBlockTableRecord& record)
 {
-    return !record.isAnonymous() && !record.isLayout() && record.isFromExternalReference()
-        && record.xrefStatus() != AcDb::kXrfUnreferenced;
+    return !record.isAnonymous() && !record.isLayout() && record.isFromExternalReference() &&
+           record.xrefStatus() != AcDb::kXrfUnreferenced;
 }
 
 void appendXrefPath(const AcDbBlockTableRecord& record, std::vector<CString>& vecPaths)
@@ -31,7 +31,7 @@ void appendXrefPath(const AcDbBlockTableRecord& record, std::vector<CString>& ve
         vecPaths.push_back(szPath);
 }
 
-}
+}  // namespace
 
 CDatabaseData::CDatabaseData(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
 {

@@ -7,25 +7,13 @@
 
 CDatabaseReactor::~CDatabaseReactor() = default;
 
-void CDatabaseReactor::objectAppended(const AcDbDatabase* pDatabase, const AcDbObject*)
-{
-    checkModified(pDatabase);
-}
+void CDatabaseReactor::objectAppended(const AcDbDatabase* pDatabase, const AcDbObject*) { checkModified(pDatabase); }
 
-void CDatabaseReactor::objectUnAppended(const AcDbDatabase* pDatabase, const AcDbObject*)
-{
-    checkModified(pDatabase);
-}
+void CDatabaseReactor::objectUnAppended(const AcDbDatabase* pDatabase, const AcDbObject*) { checkModified(pDatabase); }
 
-void CDatabaseReactor::objectReAppended(const AcDbDatabase* pDatabase, const AcDbObject*)
-{
-    checkModified(pDatabase);
-}
+void CDatabaseReactor::objectReAppended(const AcDbDatabase* pDatabase, const AcDbObject*) { checkModified(pDatabase); }
 
-void CDatabaseReactor::objectModified(const AcDbDatabase* pDatabase, const AcDbObject*)
-{
-    checkModified(pDatabase);
-}
+void CDatabaseReactor::objectModified(const AcDbDatabase* pDatabase, const AcDbObject*) { checkModified(pDatabase); }
 
 void CDatabaseReactor::objectErased(const AcDbDatabase* pDatabase, const AcDbObject*, Adesk::Boolean)
 {

@@ -17,7 +17,8 @@ inline AcDbDatabase* databaseOf(AcApDocument* pDocument)
     return pDatabase;
 }
 
-template <class Call> void forEachDatabase(Call call)
+template <class Call>
+void forEachDatabase(Call call)
 {
     const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
     for (; !pIterator->done(); pIterator->step()) {
@@ -26,7 +27,7 @@ template <class Call> void forEachDatabase(Call call)
     }
 }
 
-}
+}  // namespace
 
 CEditorReactor* CEditorReactor::m_pReactor = nullptr;
 
@@ -64,9 +65,8 @@ CEditorReactor::~CEditorReactor() = default;
 void CEditorReactor::addDocuments()
 {
     TESK_TRACE("CEditorReactor::addDocuments()\n");
-    forEachDatabase([this](AcDbDatabase* pDwg) {
-        Tesk::guarded("CEditorReactor::addDocuments", [&] { refresh(pDwg); });
-    });
+    forEachDatabase(
+        [this](AcDbDatabase* pDwg) { Tesk::guarded("CEditorReactor::addDocuments", [&] { refresh(pDwg); }); });
 }
 
 void CEditorReactor::removeDocuments()

@@ -38,7 +38,7 @@ bool writeOption(const char* sName, T value)
     return Tesk::Registry::SetValue(HKEY_CURRENT_USER, registryKey(), sName, value);
 }
 
-}
+}  // namespace
 
 bool CMDITabSettings::getTabLocation(DWORD& dwLocation) { return readOption("TabLocation", dwLocation); }
 bool CMDITabSettings::setTabLocation(DWORD dwLocation) { return writeOption("TabLocation", dwLocation); }
@@ -85,7 +85,7 @@ std::unique_ptr<CTabsDefaultSettings> tryLoad(const CString& sFilename)
     }
 }
 
-}
+}  // namespace
 
 CTabsDefaultSettings* CMDITabSettings::getDefaultSettings(const char* sFilename)
 {
@@ -122,7 +122,10 @@ CString CMDITabSettings::getPopupSaveText(const char* sFilename) { return getTex
 CString CMDITabSettings::getPopupOptionsText(const char* sFilename) { return getText(sFilename, "PopupOptionsText"); }
 CString CMDITabSettings::getPopupXrefsText(const char* sFilename) { return getText(sFilename, "PopupXrefsText"); }
 CString CMDITabSettings::getTooltipText(const char* sFilename) { return getText(sFilename, "TooltipText"); }
-CString CMDITabSettings::getDefaultTooltipText(const char* sFilename) { return getText(sFilename, "DefaultTooltipText"); }
+CString CMDITabSettings::getDefaultTooltipText(const char* sFilename)
+{
+    return getText(sFilename, "DefaultTooltipText");
+}
 CString CMDITabSettings::getTooltipTitle(const char* sFilename) { return getText(sFilename, "TooltipTitle"); }
 
 CString CMDITabSettings::getModifiedText(const char* sFilename)
@@ -137,15 +140,9 @@ CString CMDITabSettings::getXrefsReadOnlyText(const char* sFilename)
     return pSettings != nullptr ? pSettings->getXrefsReadOnlyText() : CString();
 }
 
-void CMDITabSettings::clearDefaultSettings()
-{
-    m_mapDefaultSettings.clear();
-}
+void CMDITabSettings::clearDefaultSettings() { m_mapDefaultSettings.clear(); }
 
-void CMDITabSettings::assertNoDefaultSettings()
-{
-    TESK_ASSERT(m_mapDefaultSettings.empty());
-}
+void CMDITabSettings::assertNoDefaultSettings() { TESK_ASSERT(m_mapDefaultSettings.empty()); }
 
 // ---- the dialog
 
@@ -189,7 +186,7 @@ bool storeDialog(const COptionsDialog& dialog)
            CMDITabSettings::setUse(dialog.m_bUseTabs != FALSE);
 }
 
-}
+}  // namespace
 
 bool CMDITabSettings::editOptions()
 {
@@ -201,8 +198,7 @@ bool CMDITabSettings::editOptions()
         return true;
 
     const CString sTitle = Tesk::CVersionBlock::getCompanyName() + " " + Tesk::CVersionBlock::getInternalName();
-    ::MessageBoxA(nullptr,
-                  "Failed to save ZavikMDITabs configuration.\n\nPlease contact your Systems or CAD manager.",
+    ::MessageBoxA(nullptr, "Failed to save ZavikMDITabs configuration.\n\nPlease contact your Systems or CAD manager.",
                   sTitle, MB_OK | MB_ICONERROR);
     return false;
 }

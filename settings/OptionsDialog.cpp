@@ -13,9 +13,7 @@ BEGIN_MESSAGE_MAP(COptionsDialog, CDialog)
     ON_UPDATE_COMMAND_UI(IDC_DEBUG, &ThisClass::OnUpdateOption)
 END_MESSAGE_MAP()
 
-COptionsDialog::COptionsDialog(CWnd* pParent) : CDialog(IDD_OPTIONS, pParent)
-{
-}
+COptionsDialog::COptionsDialog(CWnd* pParent) : CDialog(IDD_OPTIONS, pParent) {}
 
 void COptionsDialog::DoDataExchange(CDataExchange* pDX)
 {

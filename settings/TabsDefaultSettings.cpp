@@ -12,12 +12,9 @@ namespace {
 constexpr const char* SETTINGS_FILE = "MDITabs.ini";
 constexpr const char* UNNAMED_SECTION = "";
 
-CString withoutQuotes(CString sText)
-{
-    return sText.Trim("\"'");
-}
+CString withoutQuotes(CString sText) { return sText.Trim("\"'"); }
 
-}
+}  // namespace
 
 CTabsDefaultSettings::CTabsDefaultSettings(const char* sFilename) : CDefaultSettingsManager(sFilename, nullptr)
 {
@@ -70,22 +67,13 @@ void CTabsDefaultSettings::traceContents(int iIndent)
     m_pSettings->traceContents(iIndent + 1);
 }
 
-CString CTabsDefaultSettings::getSupportSubfolderName()
-{
-    return CString();
-}
+CString CTabsDefaultSettings::getSupportSubfolderName() { return CString(); }
 
 CString CTabsDefaultSettings::getValue(const char* sKey)
 {
     return m_pSettings->isDefined(UNNAMED_SECTION, sKey) ? m_pSettings->getValue(UNNAMED_SECTION, sKey) : CString();
 }
 
-CString CTabsDefaultSettings::getModifiedText()
-{
-    return withoutQuotes(getValue("ModifiedText"));
-}
+CString CTabsDefaultSettings::getModifiedText() { return withoutQuotes(getValue("ModifiedText")); }
 
-CString CTabsDefaultSettings::getXrefsReadOnlyText()
-{
-    return withoutQuotes(getValue("XrefsReadOnlyText"));
-}
+CString CTabsDefaultSettings::getXrefsReadOnlyText() { return withoutQuotes(getValue("XrefsReadOnlyText")); }

@@ -20,12 +20,9 @@ bool canWrite(const char* sPath)
     return static_cast<bool>(file);
 }
 
-bool isSingleDocumentMode()
-{
-    return Tesk::CARXVariable("SDI").readBool();
-}
+bool isSingleDocumentMode() { return Tesk::CARXVariable("SDI").readBool(); }
 
-}
+}  // namespace
 
 void CARXMDITabs::OnContextMenu(CWnd*, CPoint point)
 {
@@ -48,10 +45,12 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
     CMenu menuMain;
     TESK_VERIFY(menuMain.CreatePopupMenu());
     if (!pDocument->isReadOnly())
-        TESK_VERIFY(menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_SAVE, CMDITabSettings::getPopupSaveText(sFilename)));
+        TESK_VERIFY(
+            menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_SAVE, CMDITabSettings::getPopupSaveText(sFilename)));
     TESK_VERIFY(menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_CLOSE, CMDITabSettings::getPopupCloseText(sFilename)));
     TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
-    TESK_VERIFY(menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_OPTIONS, CMDITabSettings::getPopupOptionsText(sFilename)));
+    TESK_VERIFY(
+        menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_OPTIONS, CMDITabSettings::getPopupOptionsText(sFilename)));
 
     if (!xrefs.empty() && !isSingleDocumentMode()) {
         TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
@@ -60,11 +59,13 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
         addXrefsToMenu(pDocument, menuXrefs, IDC_DYNAMIC_MENU_XREFS, xrefs);
         // The main menu owns the submenu from here on.
         const HMENU hXrefsMenu = menuXrefs.Detach();
-        TESK_VERIFY(menuMain.AppendMenu(MF_STRING | MF_POPUP, (UINT_PTR)hXrefsMenu, CMDITabSettings::getPopupXrefsText(sFilename)));
+        TESK_VERIFY(menuMain.AppendMenu(MF_STRING | MF_POPUP, (UINT_PTR)hXrefsMenu,
+                                        CMDITabSettings::getPopupXrefsText(sFilename)));
     }
 
     const HWND hWnd = m_hWnd;
-    const auto iItem = static_cast<UINT>(menuMain.TrackPopupMenu(TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, x, y, this));
+    const auto iItem =
+        static_cast<UINT>(menuMain.TrackPopupMenu(TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, x, y, this));
     // Nothing is left to act on when the strip or the drawing went away meanwhile.
     if (iItem != 0 && ::IsWindow(hWnd) && isDocumentPresent(pDocument))
         processPopupMenuItem(pDocument, iItem, xrefs);

@@ -13,7 +13,7 @@ constexpr int BAND_HEIGHT = 20 + 6;
 // The control reaches this far under the drawings, so that no border shows between.
 constexpr int OVERLAP = 2;
 
-}
+}  // namespace
 
 BEGIN_MESSAGE_MAP(CMDITabs, CTabCtrl)
     ON_MESSAGE(WM_SIZEPARENT, &ThisClass::OnSizeParent)

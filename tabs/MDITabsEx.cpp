@@ -11,7 +11,7 @@ namespace {
 // Wide enough that only line feeds break a text.
 constexpr int MAX_TIP_WIDTH = 32767;
 
-}
+}  // namespace
 
 BEGIN_MESSAGE_MAP(CMDITabsEx, CMDITabs)
 END_MESSAGE_MAP()

@@ -11,7 +11,7 @@ namespace host {
 
 namespace {
 
-constexpr char kCancel = '\x03'; // what Ctrl+C or Escape types into a command string
+constexpr char kCancel = '\x03';  // what Ctrl+C or Escape types into a command string
 
 // Counts commands under way, also when one ends by an exception of its module's.
 class Depth {
@@ -32,12 +32,15 @@ std::string withoutCancels(std::string sLine)
     return first == std::string::npos ? std::string() : sLine.substr(first);
 }
 
-} // namespace
+}  // namespace
 
 Application* Application::s_pInstance = nullptr;
 
 Application::Application(const Options& options)
-    : m_commandLine(options.standardOutput), m_documents(m_editor), m_linker(m_commandStack), m_variables(m_documents),
+    : m_commandLine(options.standardOutput),
+      m_documents(m_editor),
+      m_linker(m_commandStack),
+      m_variables(m_documents),
       m_script(*this)
 {
     s_pInstance = this;
@@ -149,7 +152,7 @@ bool Application::runLine(const std::string& sLine, bool echo)
     const Depth depth(m_depth);
     try {
         return dispatch(sCommand);
-    } catch (const std::exception& error) { // CommandError, FileError, or no memory
+    } catch (const std::exception& error) {  // CommandError, FileError, or no memory
         m_commandLine.printLine(error.what());
         return false;
     }
@@ -178,13 +181,15 @@ bool Application::closeDocument(Document& document)
             m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
         } else {
             switch (m_frame->askAboutChanges(document)) {
-            case IDCANCEL: return false;
+            case IDCANCEL:
+                return false;
             case IDYES:
                 m_documents.setCurrent(&document);
                 if (!runLine("_QSAVE", true) || document.isModified())
                     return false;
                 break;
-            default: break;
+            default:
+                break;
             }
         }
     }
@@ -201,4 +206,4 @@ bool Application::quit()
     return true;
 }
 
-} // namespace host
+}  // namespace host

@@ -23,8 +23,8 @@ namespace host {
 class MainFrame;
 
 struct Options {
-    bool visible = true;         // show the frame
-    bool standardOutput = false; // copy the command-line history there
+    bool visible = true;          // show the frame
+    bool standardOutput = false;  // copy the command-line history there
 };
 
 // What a command or a script printed, and whether all of it succeeded.
@@ -104,4 +104,4 @@ private:
     int m_depth = 0;
 };
 
-} // namespace host
+}  // namespace host

@@ -30,4 +30,4 @@ void CommandLine::printLine(std::string_view text)
     print(std::string(text) + "\n");
 }
 
-} // namespace host
+}  // namespace host

@@ -33,4 +33,4 @@ private:
     bool m_atLineStart = true;
 };
 
-} // namespace host
+}  // namespace host

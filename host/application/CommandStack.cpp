@@ -9,10 +9,7 @@ namespace host {
 
 namespace {
 
-bool same(const std::string& a, const std::string& b)
-{
-    return ::lstrcmpiA(a.c_str(), b.c_str()) == 0;
-}
+bool same(const std::string& a, const std::string& b) { return ::lstrcmpiA(a.c_str(), b.c_str()) == 0; }
 
 bool isName(const char* sName)
 {
@@ -20,7 +17,7 @@ bool isName(const char* sName)
            std::strpbrk(sName, " \t\r\n\"_.'") != sName && std::strpbrk(sName, " \t\r\n\"") == nullptr;
 }
 
-} // namespace
+}  // namespace
 
 std::string CommandStack::plainName(const std::string& sTyped)
 {
@@ -74,4 +71,4 @@ void CommandStack::removeWhere(const std::function<bool(AcRxFunctionPtr)>& leave
     std::erase_if(m_commands, [&leaves](const Command& command) { return leaves(command.function); });
 }
 
-} // namespace host
+}  // namespace host

@@ -16,9 +16,9 @@ public:
 
     // eInvalidInput for an empty or overlong name, one with blanks, or no function.
     Acad::ErrorStatus addCommand(const char* sGroupName, const char* sGlobalName, const char* sLocalName,
-                                 Adesk::Int32 iFlags, AcRxFunctionPtr functionAddr,
-                                 AcEdUIContext* pUIContext = nullptr, int iFCode = -1,
-                                 HINSTANCE hResourceHandle = nullptr, AcEdCommand** pCmdPtrRet = nullptr) override;
+                                 Adesk::Int32 iFlags, AcRxFunctionPtr functionAddr, AcEdUIContext* pUIContext = nullptr,
+                                 int iFCode = -1, HINSTANCE hResourceHandle = nullptr,
+                                 AcEdCommand** pCmdPtrRet = nullptr) override;
     Acad::ErrorStatus removeGroup(const char* sGroupName) override;
 
     // By local name, or by global name after a leading underscore; any case. A
@@ -41,4 +41,4 @@ private:
     std::vector<Command> m_commands;
 };
 
-} // namespace host
+}  // namespace host

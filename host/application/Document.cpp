@@ -4,10 +4,7 @@
 
 namespace host {
 
-std::string Document::title() const
-{
-    return nameOf(m_sFileName);
-}
+std::string Document::title() const { return nameOf(m_sFileName); }
 
 void Document::setFile(const std::string& sPath)
 {
@@ -16,9 +13,6 @@ void Document::setFile(const std::string& sPath)
     refreshReadOnly();
 }
 
-void Document::refreshReadOnly()
-{
-    m_readOnly = m_titled && isWriteProtected(m_sFileName);
-}
+void Document::refreshReadOnly() { m_readOnly = m_titled && isWriteProtected(m_sFileName); }
 
-} // namespace host
+}  // namespace host

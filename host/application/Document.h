@@ -40,4 +40,4 @@ private:
     std::unique_ptr<Database> m_database;
 };
 
-} // namespace host
+}  // namespace host

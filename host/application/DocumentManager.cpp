@@ -49,7 +49,7 @@ private:
     std::size_t m_next = 0;
 };
 
-} // namespace
+}  // namespace
 
 DocumentManager::~DocumentManager()
 {
@@ -311,4 +311,4 @@ std::optional<QueuedInput> DocumentManager::nextInput()
     return input;
 }
 
-} // namespace host
+}  // namespace host

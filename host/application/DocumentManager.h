@@ -97,9 +97,9 @@ private:
     std::function<void(const std::string&)> m_print;
     Listeners<AcApDocManagerReactor> m_reactors;
     std::vector<std::unique_ptr<Document>> m_documents;
-    std::vector<Document*> m_activationOrder; // the last one activated stands last
+    std::vector<Document*> m_activationOrder;  // the last one activated stands last
     std::deque<QueuedInput> m_input;
-    std::vector<std::pair<Document*, std::string>> m_unfinished; // typed, but without a line end yet
+    std::vector<std::pair<Document*, std::string>> m_unfinished;  // typed, but without a line end yet
     Document* m_pCurrent = nullptr;
     Document* m_pActive = nullptr;
     bool m_activationEnabled = true;
@@ -107,4 +107,4 @@ private:
     int m_untitled = 0;
 };
 
-} // namespace host
+}  // namespace host

@@ -19,4 +19,4 @@ public:
     virtual void refresh(Document& document) = 0;
 };
 
-} // namespace host
+}  // namespace host

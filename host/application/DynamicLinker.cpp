@@ -21,10 +21,14 @@ Function procedure(HMODULE library, const char* sName)
 std::string loadError(DWORD error)
 {
     switch (error) {
-    case ERROR_BAD_EXE_FORMAT: return "the file is no module for this program";
-    case ERROR_MOD_NOT_FOUND: return "a library that the module needs is missing";
-    case ERROR_PROC_NOT_FOUND: return "a function that the module needs is missing";
-    default: return FileError::systemReason(error);
+    case ERROR_BAD_EXE_FORMAT:
+        return "the file is no module for this program";
+    case ERROR_MOD_NOT_FOUND:
+        return "a library that the module needs is missing";
+    case ERROR_PROC_NOT_FOUND:
+        return "a function that the module needs is missing";
+    default:
+        return FileError::systemReason(error);
     }
 }
 
@@ -35,7 +39,7 @@ HMODULE imageOf(const void* pAddress)
     return static_cast<HMODULE>(information.AllocationBase);
 }
 
-} // namespace
+}  // namespace
 
 bool DynamicLinker::unlockApplication(void* pkt) const
 {
@@ -138,9 +142,8 @@ std::string DynamicLinker::unload(const std::string& sName, bool force)
 void DynamicLinker::dropCommands(const Module& module)
 {
     const HMODULE image = imageOf(reinterpret_cast<const void*>(module.entryPoint));
-    m_commands.removeWhere([image](AcRxFunctionPtr function) {
-        return imageOf(reinterpret_cast<const void*>(function)) == image;
-    });
+    m_commands.removeWhere(
+        [image](AcRxFunctionPtr function) { return imageOf(reinterpret_cast<const void*>(function)) == image; });
 }
 
 void DynamicLinker::unloadAll()
@@ -163,7 +166,7 @@ std::vector<std::string> DynamicLinker::names() const
     return names;
 }
 
-} // namespace host
+}  // namespace host
 
 AcRxDynamicLinker* acrxDynamicLinkerPtr()
 {

@@ -59,4 +59,4 @@ private:
     const Module* m_pStarting = nullptr;
 };
 
-} // namespace host
+}  // namespace host

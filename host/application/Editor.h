@@ -33,4 +33,4 @@ private:
     Listeners<AcEditorReactor> m_reactors;
 };
 
-} // namespace host
+}  // namespace host

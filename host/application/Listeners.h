@@ -40,4 +40,4 @@ private:
     std::vector<Reactor*> m_reactors;
 };
 
-} // namespace host
+}  // namespace host

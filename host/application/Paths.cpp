@@ -2,7 +2,6 @@
 
 #include "mfc/handles.h"
 
-
 namespace host {
 
 namespace {
@@ -20,7 +19,7 @@ std::size_t nameStart(const std::string& sPath)
     return start;
 }
 
-} // namespace
+}  // namespace
 
 std::string fullPath(const std::string& sPath)
 {
@@ -29,15 +28,9 @@ std::string fullPath(const std::string& sPath)
     return length == 0 || length >= sizeof buffer ? sPath : std::string(buffer, length);
 }
 
-std::string folderOf(const std::string& sPath)
-{
-    return sPath.substr(0, nameStart(sPath));
-}
+std::string folderOf(const std::string& sPath) { return sPath.substr(0, nameStart(sPath)); }
 
-std::string nameOf(const std::string& sPath)
-{
-    return sPath.substr(nameStart(sPath));
-}
+std::string nameOf(const std::string& sPath) { return sPath.substr(nameStart(sPath)); }
 
 std::string baseNameOf(const std::string& sPath)
 {
@@ -67,4 +60,4 @@ bool isWriteProtected(const std::string& sPath)
     return !file;
 }
 
-} // namespace host
+}  // namespace host

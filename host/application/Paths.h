@@ -18,4 +18,4 @@ bool fileExists(const std::string& sPath);
 // An existing file that is marked read-only, or does not open for writing.
 bool isWriteProtected(const std::string& sPath);
 
-} // namespace host
+}  // namespace host

@@ -11,7 +11,7 @@ namespace host {
 namespace {
 
 constexpr UINT kInterval = 15;
-constexpr DWORD kLongestWait = 5000; // for somebody to close a dialog, in milliseconds
+constexpr DWORD kLongestWait = 5000;  // for somebody to close a dialog, in milliseconds
 
 // A timer of the thread: its procedure is called from every message loop, those
 // of dialogs and menus too.
@@ -32,7 +32,7 @@ bool isBlank(const std::string& sLine)
     return first == std::string::npos || sLine[first] == ';';
 }
 
-} // namespace
+}  // namespace
 
 bool ScriptRunner::play(const std::vector<std::string>& lines, const std::string& sName)
 {
@@ -111,4 +111,4 @@ void ScriptRunner::playIntoDialog()
     }
 }
 
-} // namespace host
+}  // namespace host

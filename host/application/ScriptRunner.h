@@ -41,4 +41,4 @@ private:
     DWORD m_stuckSince = 0;
 };
 
-} // namespace host
+}  // namespace host

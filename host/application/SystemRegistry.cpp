@@ -12,7 +12,7 @@ AcRxObject* Dictionary::at(const char* sName) const
     return nullptr;
 }
 
-} // namespace host
+}  // namespace host
 
 AcRxDictionary* acrxSysRegistry()
 {

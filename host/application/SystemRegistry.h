@@ -19,4 +19,4 @@ private:
     std::vector<std::pair<std::string, AcRxObject*>> m_entries;
 };
 
-} // namespace host
+}  // namespace host

@@ -14,34 +14,27 @@ namespace host {
 namespace {
 
 enum class Scope {
-    session, // settable, the host's own
-    fixed,   // read-only, the host's own
-    drawing, // read-only, worked out from the drawing
-    header,  // settable, kept in the drawing
+    session,  // settable, the host's own
+    fixed,    // read-only, the host's own
+    drawing,  // read-only, worked out from the drawing
+    header,   // settable, kept in the drawing
 };
 
 struct Definition {
     const char* name;
     int type;
     Scope scope;
-    const char* initial; // of session variables, and of drawings that lack a header variable
+    const char* initial;  // of session variables, and of drawings that lack a header variable
 };
 
 constexpr Definition kDefinitions[] = {
-    {"ACADVER", RTSTR, Scope::fixed, ""},
-    {"PRODUCT", RTSTR, Scope::fixed, ""},
-    {"SDI", RTSHORT, Scope::session, "0"},
-    {"TREEMAX", RTLONG, Scope::session, "10000000"},
-    {"USERS1", RTSTR, Scope::session, ""},
-    {"DBMOD", RTSHORT, Scope::drawing, "0"},
-    {"DWGNAME", RTSTR, Scope::drawing, ""},
-    {"DWGPREFIX", RTSTR, Scope::drawing, ""},
-    {"DWGTITLED", RTSHORT, Scope::drawing, "0"},
-    {"ORTHOMODE", RTSHORT, Scope::header, "0"},
-    {"LTSCALE", RTREAL, Scope::header, "1"},
-    {"LIMMIN", RTPOINT, Scope::header, "0,0"},
-    {"LIMMAX", RTPOINT, Scope::header, "12,9"},
-    {"INSBASE", RT3DPOINT, Scope::header, "0,0,0"},
+    {"ACADVER", RTSTR, Scope::fixed, ""},        {"PRODUCT", RTSTR, Scope::fixed, ""},
+    {"SDI", RTSHORT, Scope::session, "0"},       {"TREEMAX", RTLONG, Scope::session, "10000000"},
+    {"USERS1", RTSTR, Scope::session, ""},       {"DBMOD", RTSHORT, Scope::drawing, "0"},
+    {"DWGNAME", RTSTR, Scope::drawing, ""},      {"DWGPREFIX", RTSTR, Scope::drawing, ""},
+    {"DWGTITLED", RTSHORT, Scope::drawing, "0"}, {"ORTHOMODE", RTSHORT, Scope::header, "0"},
+    {"LTSCALE", RTREAL, Scope::header, "1"},     {"LIMMIN", RTPOINT, Scope::header, "0,0"},
+    {"LIMMAX", RTPOINT, Scope::header, "12,9"},  {"INSBASE", RT3DPOINT, Scope::header, "0,0,0"},
     {"PROJECTNAME", RTSTR, Scope::header, ""},
 };
 
@@ -53,10 +46,7 @@ const Definition* definitionOf(const std::string& sName)
     return nullptr;
 }
 
-int coordinates(int type)
-{
-    return type == RTREAL ? 1 : type == RTPOINT ? 2 : type == RT3DPOINT ? 3 : 0;
-}
+int coordinates(int type) { return type == RTREAL ? 1 : type == RTPOINT ? 2 : type == RT3DPOINT ? 3 : 0; }
 
 VariableValue initialValue(const Definition& definition)
 {
@@ -119,7 +109,7 @@ std::string currentFolder()
     return sFolder;
 }
 
-} // namespace
+}  // namespace
 
 std::optional<VariableValue> SystemVariables::get(const std::string& sName) const
 {
@@ -221,4 +211,4 @@ bool SystemVariables::fromText(const std::string& sText, VariableValue& value)
     return *rest == '\0';
 }
 
-} // namespace host
+}  // namespace host

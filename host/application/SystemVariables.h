@@ -44,4 +44,4 @@ private:
     std::map<std::string, VariableValue> m_session;
 };
 
-} // namespace host
+}  // namespace host

@@ -15,8 +15,7 @@ using host::Application;
 
 int acedGetVar(const char* sName, resbuf* pResult)
 {
-    if (sName == nullptr || pResult == nullptr || Application::instance() == nullptr ||
-        host::Faults::hit("acedGetVar"))
+    if (sName == nullptr || pResult == nullptr || Application::instance() == nullptr || host::Faults::hit("acedGetVar"))
         return RTERROR;
     const auto value = Application::instance()->variables().get(sName);
     if (!value)
@@ -28,9 +27,15 @@ int acedGetVar(const char* sName, resbuf* pResult)
         if (acutNewString(value->text.c_str(), result.resval.rstring) != Acad::eOk)
             return RTERROR;
         break;
-    case RTSHORT: result.resval.rint = static_cast<short>(value->number); break;
-    case RTLONG: result.resval.rlong = value->number; break;
-    case RTREAL: result.resval.rreal = value->real[0]; break;
+    case RTSHORT:
+        result.resval.rint = static_cast<short>(value->number);
+        break;
+    case RTLONG:
+        result.resval.rlong = value->number;
+        break;
+    case RTREAL:
+        result.resval.rreal = value->real[0];
+        break;
     default:
         for (int i = 0; i < 3; ++i)
             result.resval.rpoint[i] = value->real[i];
@@ -41,22 +46,30 @@ int acedGetVar(const char* sName, resbuf* pResult)
 
 int acedSetVar(const char* sName, const resbuf* pValue)
 {
-    if (sName == nullptr || pValue == nullptr || Application::instance() == nullptr ||
-        host::Faults::hit("acedSetVar"))
+    if (sName == nullptr || pValue == nullptr || Application::instance() == nullptr || host::Faults::hit("acedSetVar"))
         return RTERROR;
     host::VariableValue value;
     value.type = pValue->restype;
     switch (value.type) {
-    case RTSTR: value.text = pValue->resval.rstring != nullptr ? pValue->resval.rstring : ""; break;
-    case RTSHORT: value.number = pValue->resval.rint; break;
-    case RTLONG: value.number = pValue->resval.rlong; break;
-    case RTREAL: value.real[0] = pValue->resval.rreal; break;
+    case RTSTR:
+        value.text = pValue->resval.rstring != nullptr ? pValue->resval.rstring : "";
+        break;
+    case RTSHORT:
+        value.number = pValue->resval.rint;
+        break;
+    case RTLONG:
+        value.number = pValue->resval.rlong;
+        break;
+    case RTREAL:
+        value.real[0] = pValue->resval.rreal;
+        break;
     case RTPOINT:
     case RT3DPOINT:
         for (int i = 0; i < 3; ++i)
             value.real[i] = pValue->resval.rpoint[i];
         break;
-    default: return RTERROR;
+    default:
+        return RTERROR;
     }
     const auto result = Application::instance()->variables().set(sName, value);
     return result == host::SystemVariables::SetResult::done ? RTNORM : RTERROR;

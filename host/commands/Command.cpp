@@ -89,4 +89,4 @@ bool Command::worksInDialog(const std::string& sLine)
     return pCommand != nullptr && pCommand->worksInDialogs;
 }
 
-} // namespace host
+}  // namespace host

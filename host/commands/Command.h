@@ -52,4 +52,4 @@ std::span<const Command> drawingCommands();
 std::span<const Command> systemCommands();
 std::span<const Command> observationCommands();
 
-} // namespace host
+}  // namespace host

@@ -18,19 +18,22 @@ Database& drawing(Application& application)
 void check(Acad::ErrorStatus status, const std::string& sWhat)
 {
     switch (status) {
-    case Acad::eOk: return;
-    case Acad::eKeyNotFound: throw CommandError(sWhat + " is not in the drawing.");
-    case Acad::eDuplicateKey: throw CommandError(sWhat + " is in the drawing already.");
-    case Acad::eFileNotFound: throw CommandError(sWhat + " is not there.");
-    case Acad::eFilerError: throw CommandError(sWhat + " cannot be read.");
-    default: throw CommandError(sWhat + ": refused (status " + std::to_string(status) + ").");
+    case Acad::eOk:
+        return;
+    case Acad::eKeyNotFound:
+        throw CommandError(sWhat + " is not in the drawing.");
+    case Acad::eDuplicateKey:
+        throw CommandError(sWhat + " is in the drawing already.");
+    case Acad::eFileNotFound:
+        throw CommandError(sWhat + " is not there.");
+    case Acad::eFilerError:
+        throw CommandError(sWhat + " cannot be read.");
+    default:
+        throw CommandError(sWhat + ": refused (status " + std::to_string(status) + ").");
     }
 }
 
-std::string quoted(const std::string& text)
-{
-    return "\"" + text + "\"";
-}
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
 void line(Application& application, const Arguments& a)
 {
@@ -93,17 +96,20 @@ void edit(Application& application, const Arguments& arguments)
 }
 
 constexpr Command kCommands[] = {
-    {"LINE", edit<line>},           {"ERASE", edit<erase>},        {"UNDO", edit<undo>},
-    {"U", edit<undo>},              {"REDO", edit<redo>},          {"INSERT", edit<insert>},
-    {"ATTEDIT", edit<editAttribute>}, {"XATTACH", edit<attachXref>}, {"XDETACH", edit<detachXref>},
+    {"LINE", edit<line>},
+    {"ERASE", edit<erase>},
+    {"UNDO", edit<undo>},
+    {"U", edit<undo>},
+    {"REDO", edit<redo>},
+    {"INSERT", edit<insert>},
+    {"ATTEDIT", edit<editAttribute>},
+    {"XATTACH", edit<attachXref>},
+    {"XDETACH", edit<detachXref>},
     {"PROPS", edit<setProperty>},
 };
 
-} // namespace
+}  // namespace
 
-std::span<const Command> drawingCommands()
-{
-    return kCommands;
-}
+std::span<const Command> drawingCommands() { return kCommands; }
 
-} // namespace host
+}  // namespace host

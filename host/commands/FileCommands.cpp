@@ -46,10 +46,7 @@ void open(Application& application, const Arguments& arguments)
         application.commandLine().printLine("\"" + sPath + "\" is open already.");
 }
 
-void close(Application& application, const Arguments&)
-{
-    application.closeDocument(currentDocument(application));
-}
+void close(Application& application, const Arguments&) { application.closeDocument(currentDocument(application)); }
 
 void saveAs(Application& application, const Arguments& arguments)
 {
@@ -88,21 +85,15 @@ void dxfIn(Application& application, const Arguments& arguments)
         application.documents().dxfIn(document, sPath);
 }
 
-void quit(Application& application, const Arguments&)
-{
-    application.quit();
-}
+void quit(Application& application, const Arguments&) { application.quit(); }
 
 constexpr Command kCommands[] = {
     {"NEW", newDrawing}, {"OPEN", open},   {"CLOSE", close}, {"QSAVE", quickSave},
     {"SAVEAS", saveAs},  {"DXFIN", dxfIn}, {"QUIT", quit},
 };
 
-} // namespace
+}  // namespace
 
-std::span<const Command> fileCommands()
-{
-    return kCommands;
-}
+std::span<const Command> fileCommands() { return kCommands; }
 
-} // namespace host
+}  // namespace host

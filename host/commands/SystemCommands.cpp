@@ -51,9 +51,12 @@ void setVariable(Application& application, const Arguments& a)
     if (!SystemVariables::fromText(a.rest(1), *value))
         throw CommandError("\"" + a.rest(1) + "\" is no value for " + sName + ".");
     switch (application.variables().set(sName, *value)) {
-    case SystemVariables::SetResult::done: return;
-    case SystemVariables::SetResult::readOnly: throw CommandError(sName + " is read-only.");
-    default: throw CommandError(sName + " cannot be set to \"" + a.rest(1) + "\".");
+    case SystemVariables::SetResult::done:
+        return;
+    case SystemVariables::SetResult::readOnly:
+        throw CommandError(sName + " is read-only.");
+    default:
+        throw CommandError(sName + " cannot be set to \"" + a.rest(1) + "\".");
     }
 }
 
@@ -91,11 +94,8 @@ constexpr Command kCommands[] = {
     {"ARX", arx}, {"SETVAR", setVariable}, {"SWITCH", switchDocument}, {"LOCKDOCS", lockDocuments}, {"FAULT", fault},
 };
 
-} // namespace
+}  // namespace
 
-std::span<const Command> systemCommands()
-{
-    return kCommands;
-}
+std::span<const Command> systemCommands() { return kCommands; }
 
-} // namespace host
+}  // namespace host

@@ -44,10 +44,7 @@ BlockTableIterator::BlockTableIterator(const ObjectGraph& graph, bool atBeginnin
     skip(atBeginning, skipDeleted);
 }
 
-bool BlockTableIterator::done() const
-{
-    return m_position < 0 || m_position >= std::ssize(m_blocks);
-}
+bool BlockTableIterator::done() const { return m_position < 0 || m_position >= std::ssize(m_blocks); }
 
 void BlockTableIterator::step(bool bForward, bool bSkipDeleted)
 {
@@ -146,4 +143,4 @@ AcDbObjectId AttributeIterator::objectId() const
     return done() ? AcDbObjectId() : AcDbObjectId(m_insert.attributes[m_position]);
 }
 
-} // namespace host
+}  // namespace host

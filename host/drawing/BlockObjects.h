@@ -70,4 +70,4 @@ private:
     std::size_t m_position = 0;
 };
 
-} // namespace host
+}  // namespace host

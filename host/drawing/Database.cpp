@@ -22,7 +22,7 @@ std::string fullPath(const std::string& sPath)
     return length == 0 || length >= MAX_PATH ? sPath : std::string(full, length);
 }
 
-} // namespace
+}  // namespace
 
 Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs) : m_sPath(sPath)
 {
@@ -73,10 +73,7 @@ std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::
     }
 }
 
-void Database::setObserver(DatabaseObserver* pObserver)
-{
-    s_pObserver = pObserver;
-}
+void Database::setObserver(DatabaseObserver* pObserver) { s_pObserver = pObserver; }
 
 Database* Database::of(const AcDbDatabase* pDatabase)
 {
@@ -103,20 +100,11 @@ Acad::ErrorStatus Database::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMo
     return openAs(pTable, m_graph->blockTable(), mode, false);
 }
 
-const std::string& Database::version() const
-{
-    return m_file->version();
-}
+const std::string& Database::version() const { return m_file->version(); }
 
-bool Database::contentsNotRead() const
-{
-    return m_file->contentsNotRead();
-}
+bool Database::contentsNotRead() const { return m_file->contentsNotRead(); }
 
-const std::vector<std::string>& Database::warnings() const
-{
-    return m_file->warnings();
-}
+const std::vector<std::string>& Database::warnings() const { return m_file->warnings(); }
 
 void Database::save(const std::string& sPath)
 {
@@ -138,25 +126,13 @@ void Database::dxfIn(const std::string& sPath)
         notifier.appended(*pBlock);
 }
 
-bool Database::undo()
-{
-    return m_undo->undo();
-}
+bool Database::undo() { return m_undo->undo(); }
 
-bool Database::redo()
-{
-    return m_undo->redo();
-}
+bool Database::redo() { return m_undo->redo(); }
 
-void Database::beginUndoGroup()
-{
-    m_undo->beginGroup();
-}
+void Database::beginUndoGroup() { m_undo->beginGroup(); }
 
-void Database::endUndoGroup()
-{
-    m_undo->endGroup();
-}
+void Database::endUndoGroup() { m_undo->endGroup(); }
 
 void Database::notifyNoChange(int n)
 {
@@ -167,14 +143,8 @@ void Database::notifyNoChange(int n)
     }
 }
 
-int Database::misuses()
-{
-    return s_misuses;
-}
+int Database::misuses() { return s_misuses; }
 
-void Database::countMisuse()
-{
-    ++s_misuses;
-}
+void Database::countMisuse() { ++s_misuses; }
 
-} // namespace host
+}  // namespace host

@@ -144,4 +144,4 @@ private:
     int m_openObjects = 0;
 };
 
-} // namespace host
+}  // namespace host

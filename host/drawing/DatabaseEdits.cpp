@@ -13,7 +13,8 @@ namespace {
 
 // A block's attribute definition as an attribute of a reference: its tags but
 // the prompt, moved by the offset.
-EntityText attributeText(Database& database, const DxfRecord& definition, unsigned long long owner, double dx, double dy)
+EntityText attributeText(Database& database, const DxfRecord& definition, unsigned long long owner, double dx,
+                         double dy)
 {
     EntityText text(database, "ATTRIB", owner);
     text.mark("AcDbEntity");
@@ -59,7 +60,7 @@ InsertNode* firstInsertWith(Database& database, const std::string& sTag, AcDbStu
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 std::vector<HeaderValue> Database::headerVariable(const std::string& sName) const
 {
@@ -165,4 +166,4 @@ Acad::ErrorStatus Database::setAttribute(const std::string& sTag, const std::str
     return Acad::eOk;
 }
 
-} // namespace host
+}  // namespace host

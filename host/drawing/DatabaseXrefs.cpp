@@ -33,7 +33,7 @@ DxfRecord* tableRecord(const DxfFile& file, std::string_view name)
     return nullptr;
 }
 
-} // namespace
+}  // namespace
 
 Acad::ErrorStatus Database::attachXref(const std::string& sPath)
 {
@@ -101,4 +101,4 @@ Acad::ErrorStatus Database::detachXref(const std::string& sName)
     return Acad::eOk;
 }
 
-} // namespace host
+}  // namespace host

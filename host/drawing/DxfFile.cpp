@@ -32,7 +32,7 @@ struct Sections {
     std::string name;
 };
 
-} // namespace
+}  // namespace
 
 std::string_view DxfRecord::value(int code) const
 {
@@ -49,10 +49,7 @@ std::string_view DxfRecord::value(int code) const
     return {};
 }
 
-bool DxfRecord::has(int code) const
-{
-    return value(code).data() != nullptr;
-}
+bool DxfRecord::has(int code) const { return value(code).data() != nullptr; }
 
 std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& sName)
 {
@@ -182,10 +179,7 @@ std::string_view DxfFile::setText(DxfRecord& record, std::string_view text)
     return std::exchange(record.m_text, text);
 }
 
-std::string_view DxfFile::keep(std::string sText)
-{
-    return m_keptText.emplace_back(std::move(sText));
-}
+std::string_view DxfFile::keep(std::string sText) { return m_keptText.emplace_back(std::move(sText)); }
 
 DxfRecord* DxfFile::create(std::string sText)
 {
@@ -228,4 +222,4 @@ std::string withValue(const DxfFile& file, const DxfRecord& record, int code, st
     return std::string(text.substr(0, at)) + std::string(value) + std::string(text.substr(at + old.size()));
 }
 
-} // namespace host
+}  // namespace host

@@ -107,4 +107,4 @@ private:
 // byte for byte; the tag is added at the end where there is none.
 std::string withValue(const DxfFile& file, const DxfRecord& record, int code, std::string_view value);
 
-} // namespace host
+}  // namespace host

@@ -53,7 +53,7 @@ constexpr char kBlank[] =
     "|21=297.0|330=1B"
     "|0=ENDSEC|0=EOF";
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<DxfFile> DxfFile::blank()
 {
@@ -72,4 +72,4 @@ std::unique_ptr<DxfFile> DxfFile::blank()
     return file;
 }
 
-} // namespace host
+}  // namespace host

@@ -28,10 +28,7 @@ private:
     HANDLE m_handle;
 };
 
-[[noreturn]] void fail(const std::string& sPath, const std::string& sReason)
-{
-    throw FileError(sPath, 0, sReason);
-}
+[[noreturn]] void fail(const std::string& sPath, const std::string& sReason) { throw FileError(sPath, 0, sReason); }
 
 std::string folderOf(const std::string& sPath)
 {
@@ -48,7 +45,7 @@ void writeAll(const std::string& sPath, const std::string& sBytes)
         fail(sPath, FileError::systemReason(GetLastError()));
 }
 
-} // namespace
+}  // namespace
 
 std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
 {
@@ -109,4 +106,4 @@ void DxfFile::write(const std::string& sPath) const
     }
 }
 
-} // namespace host
+}  // namespace host

@@ -28,9 +28,10 @@ unsigned codePageByName(std::string_view name)
     static constexpr struct {
         std::string_view name;
         unsigned page;
-    } kNames[] = {{"ascii", 20127}, {"iso8859-1", 28591}, {"iso8859-2", 28592}, {"iso8859-5", 28595},
+    } kNames[] = {{"ascii", 20127},     {"iso8859-1", 28591}, {"iso8859-2", 28592}, {"iso8859-5", 28595},
                   {"iso8859-7", 28597}, {"iso8859-9", 28599}, {"mac-roman", 10000}, {"big5", 950},
-                  {"gb2312", 936}, {"ksc5601", 949}, {"johab", 1361}, {"utf-8", kUtf8}, {"utf8", kUtf8}};
+                  {"gb2312", 936},      {"ksc5601", 949},     {"johab", 1361},      {"utf-8", kUtf8},
+                  {"utf8", kUtf8}};
     name = trimmed(name);
     for (const auto& known : kNames)
         if (sameName(name, known.name))
@@ -61,9 +62,9 @@ bool narrow(std::wstring_view wide, unsigned page, std::string& text)
     text.resize(wide.size() * 4 + 1);
     BOOL lost = FALSE;
     const bool utf8 = page == kUtf8;
-    const int count = WideCharToMultiByte(page, utf8 ? 0 : WC_NO_BEST_FIT_CHARS, wide.data(),
-                                          static_cast<int>(wide.size()), text.data(), static_cast<int>(text.size()),
-                                          nullptr, utf8 ? nullptr : &lost);
+    const int count =
+        WideCharToMultiByte(page, utf8 ? 0 : WC_NO_BEST_FIT_CHARS, wide.data(), static_cast<int>(wide.size()),
+                            text.data(), static_cast<int>(text.size()), nullptr, utf8 ? nullptr : &lost);
     text.resize(static_cast<std::size_t>(count));
     return !lost;
 }
@@ -155,12 +156,13 @@ std::wstring resolved(const std::wstring& wide)
 bool isPlain(std::string_view text, bool controls)
 {
     for (const char c : text)
-        if (static_cast<unsigned char>(c) >= 0x80 || c == '^' || c == '\\' || (controls && static_cast<unsigned char>(c) < 0x20))
+        if (static_cast<unsigned char>(c) >= 0x80 || c == '^' || c == '\\' ||
+            (controls && static_cast<unsigned char>(c) < 0x20))
             return false;
     return true;
 }
 
-} // namespace
+}  // namespace
 
 DxfText::DxfText(std::string_view version, std::string_view codePageName)
     : m_codePage(version >= "AC1021" ? kUtf8 : codePageByName(codePageName))
@@ -202,9 +204,6 @@ std::string DxfText::encode(std::string_view text) const
     return narrowWithEscapes(line, m_codePage);
 }
 
-std::string DxfText::ansiName()
-{
-    return "ANSI_" + std::to_string(ansiCodePage());
-}
+std::string DxfText::ansiName() { return "ANSI_" + std::to_string(ansiCodePage()); }
 
-} // namespace host
+}  // namespace host

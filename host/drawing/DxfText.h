@@ -29,4 +29,4 @@ private:
     unsigned m_codePage = 1252;
 };
 
-} // namespace host
+}  // namespace host

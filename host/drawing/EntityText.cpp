@@ -40,10 +40,7 @@ EntityText& EntityText::addRaw(std::string_view tagText)
     return *this;
 }
 
-EntityText& EntityText::mark(std::string_view subclass)
-{
-    return m_marks ? add(100, subclass) : *this;
-}
+EntityText& EntityText::mark(std::string_view subclass) { return m_marks ? add(100, subclass) : *this; }
 
 std::string handleText(unsigned long long handle)
 {
@@ -52,10 +49,7 @@ std::string handleText(unsigned long long handle)
     return digits;
 }
 
-bool hasSubclassMarks(const Database& database)
-{
-    return database.file().version() >= "AC1012";
-}
+bool hasSubclassMarks(const Database& database) { return database.file().version() >= "AC1012"; }
 
 DxfRecord& endOfSection(Database& database, std::string_view name)
 {
@@ -113,4 +107,4 @@ void updateHandleSeed(Database& database)
     database.undoList().changeRecord(*pHeader, withEntryText(*pHeader, entry, withValues(entry, {sSeed})));
 }
 
-} // namespace host
+}  // namespace host

@@ -44,4 +44,4 @@ std::vector<DxfRecord*> recordsOf(DxfRecord& first);
 // Writes the seed of new handles into the header, where the file has one.
 void updateHandleSeed(Database& database);
 
-} // namespace host
+}  // namespace host

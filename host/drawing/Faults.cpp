@@ -20,12 +20,9 @@ State& state()
     return s_state;
 }
 
-} // namespace
+}  // namespace
 
-void Faults::failNth(const std::string& sName, int n)
-{
-    throwNth(sName, n, nullptr);
-}
+void Faults::failNth(const std::string& sName, int n) { throwNth(sName, n, nullptr); }
 
 void Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
 {
@@ -33,20 +30,11 @@ void Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
     s_armed = true;
 }
 
-void Faults::clear()
-{
-    s_armed = false;
-}
+void Faults::clear() { s_armed = false; }
 
-int Faults::count()
-{
-    return state().count;
-}
+int Faults::count() { return state().count; }
 
-bool Faults::fired()
-{
-    return state().fired;
-}
+bool Faults::fired() { return state().fired; }
 
 bool Faults::hitArmed(const char* sName)
 {
@@ -61,4 +49,4 @@ bool Faults::hitArmed(const char* sName)
     return true;
 }
 
-} // namespace host
+}  // namespace host

@@ -31,4 +31,4 @@ private:
     static bool s_armed;
 };
 
-} // namespace host
+}  // namespace host

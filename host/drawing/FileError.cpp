@@ -11,7 +11,7 @@ std::string message(const std::string& sFile, std::size_t line, const std::strin
     return sFile + (line == 0 ? std::string() : ", line " + std::to_string(line)) + ": " + sReason;
 }
 
-} // namespace
+}  // namespace
 
 FileError::FileError(const std::string& sFile, std::size_t line, const std::string& sReason)
     : std::runtime_error(message(sFile, line, sReason)), m_sFile(sFile), m_line(line), m_sReason(sReason)
@@ -40,4 +40,4 @@ std::string FileError::systemReason(unsigned long code)
     }
 }
 
-} // namespace host
+}  // namespace host

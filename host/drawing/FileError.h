@@ -27,4 +27,4 @@ private:
     std::string m_sReason;
 };
 
-} // namespace host
+}  // namespace host

@@ -14,10 +14,7 @@ std::string upper(std::string text)
     return text;
 }
 
-bool isEnd(const DxfRecord& record)
-{
-    return record.type() == "ENDSEC" || record.type() == "EOF";
-}
+bool isEnd(const DxfRecord& record) { return record.type() == "ENDSEC" || record.type() == "EOF"; }
 
 // R12 writes the layouts' names with a dollar sign.
 std::string layoutName(const std::string& sName)
@@ -29,17 +26,11 @@ std::string layoutName(const std::string& sName)
     return sName;
 }
 
-bool isModelSpace(std::string_view name)
-{
-    return sameName(name, "*Model_Space");
-}
+bool isModelSpace(std::string_view name) { return sameName(name, "*Model_Space"); }
 
-bool isPaperSpace(std::string_view name)
-{
-    return name.size() >= 12 && sameName(name.substr(0, 12), "*Paper_Space");
-}
+bool isPaperSpace(std::string_view name) { return name.size() >= 12 && sameName(name.substr(0, 12), "*Paper_Space"); }
 
-} // namespace
+}  // namespace
 
 void GraphBuilder::build()
 {
@@ -107,8 +98,8 @@ void GraphBuilder::readBlocks(DxfRecord& section)
             const bool listed = entry != m_table.end() && entry->second.handle != 0;
             pBlock = &m_graph.addBlock(sName, p, listed ? entry->second.handle : m_graph.newHandle());
             pBlock->flags = toInt(p->value(70));
-            pBlock->layout = isModelSpace(sName) || isPaperSpace(sName) ||
-                             (entry != m_table.end() && entry->second.layout);
+            pBlock->layout =
+                isModelSpace(sName) || isPaperSpace(sName) || (entry != m_table.end() && entry->second.layout);
             pBlock->unloaded = toInt(p->value(71)) == 1;
             if (pBlock->isXref())
                 pBlock->xrefPath = m_file.encoding().decode(p->value(1));
@@ -171,7 +162,8 @@ void GraphBuilder::addRecord(BlockNode& owner, DxfRecord& record)
 void GraphBuilder::linkInserts()
 {
     std::stable_sort(m_inserts.begin(), m_inserts.end(), [](const auto& a, const auto& b) {
-        return static_cast<const BlockNode*>(a.first->owner)->rank < static_cast<const BlockNode*>(b.first->owner)->rank;
+        return static_cast<const BlockNode*>(a.first->owner)->rank <
+               static_cast<const BlockNode*>(b.first->owner)->rank;
     });
     for (const auto& [pInsert, sName] : m_inserts)
         if (BlockNode* pBlock = m_graph.block(sName)) {
@@ -194,4 +186,4 @@ BlockNode& GraphBuilder::spaceOf(const DxfRecord& record) const
     return toInt(record.value(67)) == 1 ? *m_paperSpace : *m_graph.m_modelSpace;
 }
 
-} // namespace host
+}  // namespace host

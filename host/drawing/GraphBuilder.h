@@ -44,4 +44,4 @@ private:
     std::vector<std::pair<InsertNode*, std::string>> m_inserts;
 };
 
-} // namespace host
+}  // namespace host

@@ -49,4 +49,4 @@ std::string entryText(const DxfFile& file, std::string_view name, int code, std:
     return file.tag(9, name) + file.tag(code, value);
 }
 
-} // namespace host
+}  // namespace host

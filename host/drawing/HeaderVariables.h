@@ -30,4 +30,4 @@ std::string withValues(const HeaderEntry& entry, const std::vector<std::string>&
 // The text of a new entry.
 std::string entryText(const DxfFile& file, std::string_view name, int code, std::string_view value);
 
-} // namespace host
+}  // namespace host

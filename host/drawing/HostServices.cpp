@@ -14,12 +14,9 @@ HostServices& services()
     return s_services;
 }
 
-} // namespace
+}  // namespace
 
-AcDbDatabase* HostServices::workingDatabase() const
-{
-    return m_pWorking;
-}
+AcDbDatabase* HostServices::workingDatabase() const { return m_pWorking; }
 
 void HostServices::setWorkingDatabase(AcDbDatabase* pDatabase)
 {
@@ -33,12 +30,9 @@ void forgetWorkingDatabase(const AcDbDatabase* pDatabase)
         services().m_pWorking = nullptr;
 }
 
-} // namespace host
+}  // namespace host
 
-AcDbHostApplicationServices* acdbHostApplicationServices()
-{
-    return &host::services();
-}
+AcDbHostApplicationServices* acdbHostApplicationServices() { return &host::services(); }
 
 int acdbHandEnt(const char* sHandle, ads_name entity)
 {

@@ -21,4 +21,4 @@ private:
 // A database that goes away is nobody's working database any more.
 void forgetWorkingDatabase(const AcDbDatabase* pDatabase);
 
-} // namespace host
+}  // namespace host

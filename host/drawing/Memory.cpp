@@ -19,12 +19,9 @@ void release(void* pMemory)
     std::free(pMemory);
 }
 
-} // namespace
+}  // namespace
 
-long host::liveAllocations()
-{
-    return s_live;
-}
+long host::liveAllocations() { return s_live; }
 
 Acad::ErrorStatus acutNewBuffer(char*& pOutput, std::size_t nBytes)
 {
@@ -62,7 +59,4 @@ void acutDelBuffer(char*& pBuffer)
     pBuffer = nullptr;
 }
 
-void acdbFree(void* pMemory)
-{
-    release(pMemory);
-}
+void acdbFree(void* pMemory) { release(pMemory); }

@@ -7,4 +7,4 @@ namespace host {
 // Strings and buffers handed out and not yet freed; for tests.
 long liveAllocations();
 
-} // namespace host
+}  // namespace host

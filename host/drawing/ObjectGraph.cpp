@@ -37,7 +37,7 @@ bool comesBefore(const InsertNode* a, const InsertNode* b)
     return static_cast<const BlockNode*>(a->owner)->rank < static_cast<const BlockNode*>(b->owner)->rank;
 }
 
-} // namespace
+}  // namespace
 
 BlockNode::~BlockNode() = default;
 
@@ -134,4 +134,4 @@ void ObjectGraph::addReference(InsertNode& insert)
     references.insert(std::upper_bound(references.begin(), references.end(), &insert, comesBefore), &insert);
 }
 
-} // namespace host
+}  // namespace host

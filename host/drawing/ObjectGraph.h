@@ -21,7 +21,7 @@ class ObjectGraph;
 
 enum class NodeKind : unsigned char { BlockTable, BlockRecord, BlockReference, Attribute, Text, Entity };
 
-} // namespace host
+}  // namespace host
 
 class AcDbStub {
 public:
@@ -127,4 +127,4 @@ private:
     std::unordered_map<unsigned long long, AcDbStub*> m_byHandle;
 };
 
-} // namespace host
+}  // namespace host

@@ -65,12 +65,14 @@ Acad::ErrorStatus closeNode(AcDbStub& node)
     return status;
 }
 
-template <class Base> AcDbDatabase* ObjectFace<Base>::database() const
+template <class Base>
+AcDbDatabase* ObjectFace<Base>::database() const
 {
     return m_node.database;
 }
 
-template <class Base> bool ObjectFace<Base>::mayRead() const
+template <class Base>
+bool ObjectFace<Base>::mayRead() const
 {
     if (!m_node.isReadable())
         Database::countMisuse();
@@ -84,7 +86,7 @@ template class ObjectFace<AcDbBlockReference>;
 template class ObjectFace<AcDbText>;
 template class ObjectFace<AcDbAttribute>;
 
-} // namespace host
+}  // namespace host
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObject, AcDbObjectId id, AcDb::OpenMode mode, bool bOpenErased)
 {

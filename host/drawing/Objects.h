@@ -37,7 +37,8 @@ Acad::ErrorStatus openAs(Object*& pObject, AcDbStub& node, AcDb::OpenMode mode, 
 }
 
 // What every face shares.
-template <class Base> class ObjectFace : public Base {
+template <class Base>
+class ObjectFace : public Base {
 public:
     explicit ObjectFace(AcDbStub& node) : m_node(node) {}
 
@@ -55,4 +56,4 @@ private:
     AcDbStub& m_node;
 };
 
-} // namespace host
+}  // namespace host

@@ -30,8 +30,7 @@ Acad::ErrorStatus ReactorList::remove(AcDbDatabaseReactor* pReactor)
 
 std::size_t ReactorList::size() const
 {
-    return m_reactors.size() -
-           static_cast<std::size_t>(std::count(m_reactors.begin(), m_reactors.end(), nullptr));
+    return m_reactors.size() - static_cast<std::size_t>(std::count(m_reactors.begin(), m_reactors.end(), nullptr));
 }
 
 void ReactorList::leave()
@@ -40,4 +39,4 @@ void ReactorList::leave()
         std::erase(m_reactors, nullptr);
 }
 
-} // namespace host
+}  // namespace host

@@ -19,7 +19,8 @@ public:
     Acad::ErrorStatus remove(AcDbDatabaseReactor* pReactor);
     std::size_t size() const;
 
-    template <class Call> void notify(Call call)
+    template <class Call>
+    void notify(Call call)
     {
         const Depth depth(*this);
         const std::size_t count = m_reactors.size();
@@ -48,4 +49,4 @@ private:
     int m_depth = 0;
 };
 
-} // namespace host
+}  // namespace host

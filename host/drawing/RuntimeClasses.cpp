@@ -21,7 +21,7 @@ private:
     AcRxClass* m_pParent;
 };
 
-} // namespace
+}  // namespace
 
 AcRxClass* AcRxObject::desc()
 {
@@ -30,11 +30,11 @@ AcRxClass* AcRxObject::desc()
 }
 
 // The class objects of the API, one line a class.
-#define CLASS_OBJECT(CLASS, PARENT)                              \
-    AcRxClass* CLASS::desc()                                     \
-    {                                                            \
-        static ClassObject s_class(#CLASS, PARENT::desc());      \
-        return &s_class;                                         \
+#define CLASS_OBJECT(CLASS, PARENT) \
+    AcRxClass* CLASS::desc() \
+    { \
+        static ClassObject s_class(#CLASS, PARENT::desc()); \
+        return &s_class; \
     }
 
 CLASS_OBJECT(AcRxDictionary, AcRxObject)

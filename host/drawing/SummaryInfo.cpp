@@ -8,13 +8,13 @@
 namespace host {
 
 // A getter and a setter for each field.
-#define SUMMARY_FIELD(FIELD)                                                       \
-    Acad::ErrorStatus SummaryInfo::get##FIELD(char*& sValue) const                 \
-    {                                                                              \
+#define SUMMARY_FIELD(FIELD) \
+    Acad::ErrorStatus SummaryInfo::get##FIELD(char*& sValue) const \
+    { \
         return get("AcDbDatabaseSummaryInfo::get" #FIELD, Summary::FIELD, sValue); \
-    }                                                                              \
-    Acad::ErrorStatus SummaryInfo::set##FIELD(const char* sValue)                  \
-    {                                                                              \
+    } \
+    Acad::ErrorStatus SummaryInfo::set##FIELD(const char* sValue) \
+    { \
         return set("AcDbDatabaseSummaryInfo::set" #FIELD, Summary::FIELD, sValue); \
     }
 
@@ -98,7 +98,7 @@ Acad::ErrorStatus Database::setSummaryField(const std::string& sField, const std
     return writeSummary(*this, summary);
 }
 
-} // namespace host
+}  // namespace host
 
 Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* pDatabase, AcDbDatabaseSummaryInfo*& pInfo)
 {

@@ -70,4 +70,4 @@ private:
     Summary m_summary;
 };
 
-} // namespace host
+}  // namespace host

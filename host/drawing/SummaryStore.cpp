@@ -21,10 +21,7 @@ constexpr std::string_view kValue = "$CUSTOMPROPERTY";
 constexpr int kFirstCustom = 300;
 constexpr int kMaxCustom = 10;
 
-bool usesRecord(const Database& database)
-{
-    return database.version() >= "AC1012" && database.version() < "AC1018";
-}
+bool usesRecord(const Database& database) { return database.version() >= "AC1012" && database.version() < "AC1018"; }
 
 DxfRecord* objectByHandle(const DxfFile& file, unsigned long long handle)
 {
@@ -210,12 +207,9 @@ Acad::ErrorStatus writeRecord(Database& database, DxfRecord* pRecord, const Summ
     return Acad::eOk;
 }
 
-} // namespace
+}  // namespace
 
-const char* summaryFieldName(int field)
-{
-    return kNames[field];
-}
+const char* summaryFieldName(int field) { return kNames[field]; }
 
 Summary readSummary(const Database& database)
 {
@@ -239,4 +233,4 @@ Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
     return Acad::eOk;
 }
 
-} // namespace host
+}  // namespace host

@@ -29,12 +29,10 @@ std::string_view withoutEnding(std::string_view line)
     return line;
 }
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
-template <class Number> Number parsed(std::string_view text)
+template <class Number>
+Number parsed(std::string_view text)
 {
     text = trimmed(text);
     if (text.starts_with('+'))
@@ -44,7 +42,7 @@ template <class Number> Number parsed(std::string_view text)
     return value;
 }
 
-} // namespace
+}  // namespace
 
 TagReader::Result TagReader::next(DxfTag& tag)
 {
@@ -74,15 +72,9 @@ std::string_view trimmed(std::string_view text)
     return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
-int toInt(std::string_view text)
-{
-    return parsed<int>(text);
-}
+int toInt(std::string_view text) { return parsed<int>(text); }
 
-double toDouble(std::string_view text)
-{
-    return parsed<double>(text);
-}
+double toDouble(std::string_view text) { return parsed<double>(text); }
 
 unsigned long long toHandle(std::string_view text)
 {
@@ -102,4 +94,4 @@ bool sameName(std::string_view a, std::string_view b)
     return true;
 }
 
-} // namespace host
+}  // namespace host

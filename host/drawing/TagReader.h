@@ -32,10 +32,7 @@ private:
 };
 
 // The same, for text that is known to be well formed.
-inline bool nextTag(TagReader& reader, DxfTag& tag)
-{
-    return reader.next(tag) == TagReader::Result::Tag;
-}
+inline bool nextTag(TagReader& reader, DxfTag& tag) { return reader.next(tag) == TagReader::Result::Tag; }
 
 std::string_view trimmed(std::string_view text);
 // 0 for text that is no number.
@@ -45,4 +42,4 @@ unsigned long long toHandle(std::string_view text);
 // Names of blocks, layers and variables, compared as the host does.
 bool sameName(std::string_view a, std::string_view b);
 
-} // namespace host
+}  // namespace host

@@ -8,12 +8,14 @@
 
 namespace host {
 
-template <class Base> std::string_view TextFace<Base>::value(int code) const
+template <class Base>
+std::string_view TextFace<Base>::value(int code) const
 {
     return this->mayRead() ? this->node().record->value(code) : std::string_view();
 }
 
-template <class Base> char* TextFace<Base>::newString(int code) const
+template <class Base>
+char* TextFace<Base>::newString(int code) const
 {
     char* sResult = nullptr;
     const std::string sText = this->node().database->file().encoding().decode(value(code));
@@ -21,19 +23,22 @@ template <class Base> char* TextFace<Base>::newString(int code) const
     return sResult;
 }
 
-template <class Base> AcGePoint3d TextFace<Base>::point(int code) const
+template <class Base>
+AcGePoint3d TextFace<Base>::point(int code) const
 {
     return {toDouble(value(code)), toDouble(value(code + 10)), toDouble(value(code + 20))};
 }
 
-template <class Base> char* TextFace<Base>::textString() const
+template <class Base>
+char* TextFace<Base>::textString() const
 {
     if (Faults::hit("AcDbText::textString") || !this->mayRead())
         return nullptr;
     return newString(1);
 }
 
-template <class Base> Acad::ErrorStatus TextFace<Base>::setTextString(const char* sText)
+template <class Base>
+Acad::ErrorStatus TextFace<Base>::setTextString(const char* sText)
 {
     if (Faults::hit("AcDbText::setTextString"))
         return Acad::eInvalidInput;
@@ -51,17 +56,20 @@ template <class Base> Acad::ErrorStatus TextFace<Base>::setTextString(const char
     return Acad::eOk;
 }
 
-template <class Base> AcGePoint3d TextFace<Base>::position() const
+template <class Base>
+AcGePoint3d TextFace<Base>::position() const
 {
     return point(10);
 }
 
-template <class Base> AcGePoint3d TextFace<Base>::alignmentPoint() const
+template <class Base>
+AcGePoint3d TextFace<Base>::alignmentPoint() const
 {
     return point(11);
 }
 
-template <class Base> AcGeVector3d TextFace<Base>::normal() const
+template <class Base>
+AcGeVector3d TextFace<Base>::normal() const
 {
     if (value(210).empty())
         return {};
@@ -69,28 +77,33 @@ template <class Base> AcGeVector3d TextFace<Base>::normal() const
     return {direction.x, direction.y, direction.z};
 }
 
-template <class Base> double TextFace<Base>::height() const
+template <class Base>
+double TextFace<Base>::height() const
 {
     return toDouble(value(40));
 }
 
-template <class Base> double TextFace<Base>::oblique() const
+template <class Base>
+double TextFace<Base>::oblique() const
 {
     return toDouble(value(51)) * std::numbers::pi / 180.0;
 }
 
-template <class Base> AcDb::TextHorzMode TextFace<Base>::horizontalMode() const
+template <class Base>
+AcDb::TextHorzMode TextFace<Base>::horizontalMode() const
 {
     const int mode = toInt(value(72));
     return mode < AcDb::kTextLeft || mode > AcDb::kTextFit ? AcDb::kTextLeft : static_cast<AcDb::TextHorzMode>(mode);
 }
 
-template <class Base> Adesk::Boolean TextFace<Base>::isMirroredInX() const
+template <class Base>
+Adesk::Boolean TextFace<Base>::isMirroredInX() const
 {
     return (toInt(value(71)) & 2) != 0;
 }
 
-template <class Base> Adesk::Boolean TextFace<Base>::isMirroredInY() const
+template <class Base>
+Adesk::Boolean TextFace<Base>::isMirroredInY() const
 {
     return (toInt(value(71)) & 4) != 0;
 }
@@ -105,14 +118,8 @@ char* Attribute::tag() const
     return newString(2);
 }
 
-Adesk::UInt32 Attribute::fieldLength() const
-{
-    return static_cast<Adesk::UInt32>(toInt(value(73)));
-}
+Adesk::UInt32 Attribute::fieldLength() const { return static_cast<Adesk::UInt32>(toInt(value(73))); }
 
-Adesk::Boolean Attribute::flag(int bit) const
-{
-    return (toInt(value(70)) & bit) != 0;
-}
+Adesk::Boolean Attribute::flag(int bit) const { return (toInt(value(70)) & bit) != 0; }
 
-} // namespace host
+}  // namespace host

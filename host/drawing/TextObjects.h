@@ -6,7 +6,8 @@
 
 namespace host {
 
-template <class Base> class TextFace : public ObjectFace<Base> {
+template <class Base>
+class TextFace : public ObjectFace<Base> {
 public:
     using ObjectFace<Base>::ObjectFace;
 
@@ -46,4 +47,4 @@ private:
     Adesk::Boolean flag(int bit) const;
 };
 
-} // namespace host
+}  // namespace host

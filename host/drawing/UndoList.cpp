@@ -23,9 +23,10 @@ private:
     AcDbStub& m_node;
 };
 
-} // namespace
+}  // namespace
 
-template <class Call> void Notifier::send(AcDbStub& node, Call call)
+template <class Call>
+void Notifier::send(AcDbStub& node, Call call)
 {
     const Showing showing(node);
     const AcDbObject* pObject = &node.object();
@@ -59,7 +60,8 @@ void Notifier::reAppended(AcDbStub& node)
 
 void Notifier::erased(AcDbStub& node, bool isErased)
 {
-    send(node, [this, isErased](auto& reactor, const AcDbObject* p) { reactor.objectErased(&m_database, p, isErased); });
+    send(node,
+         [this, isErased](auto& reactor, const AcDbObject* p) { reactor.objectErased(&m_database, p, isErased); });
 }
 
 void Notifier::variableWillChange(const std::string& sName)
@@ -121,10 +123,7 @@ void UndoList::erase(std::vector<AcDbStub*> nodes, std::vector<DxfRecord*> recor
     remember(std::move(step), Database::kObjects);
 }
 
-void UndoList::beginGroup()
-{
-    ++m_depth;
-}
+void UndoList::beginGroup() { ++m_depth; }
 
 void UndoList::endGroup()
 {
@@ -210,10 +209,7 @@ void UndoList::apply(Step& step, bool forward)
     }
 }
 
-void UndoList::swapText(Step& step)
-{
-    step.otherText = m_database.file().setText(*step.record, step.otherText);
-}
+void UndoList::swapText(Step& step) { step.otherText = m_database.file().setText(*step.record, step.otherText); }
 
 void UndoList::setPresent(Step& step, bool present)
 {
@@ -241,4 +237,4 @@ void UndoList::updateDbmod()
     m_database.setDbmod((m_database.dbmod() & ~kContents) | bits);
 }
 
-} // namespace host
+}  // namespace host

@@ -26,7 +26,8 @@ public:
     void variableChanged(const std::string& sName);
 
 private:
-    template <class Call> void send(AcDbStub& node, Call call);
+    template <class Call>
+    void send(AcDbStub& node, Call call);
 
     Database& m_database;
 };
@@ -103,4 +104,4 @@ private:
     UndoList& m_list;
 };
 
-} // namespace host
+}  // namespace host

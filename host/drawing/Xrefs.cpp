@@ -21,7 +21,7 @@ std::string fullPath(const std::string& sPath)
     return length == 0 || length >= MAX_PATH ? sPath : std::string(full, length);
 }
 
-} // namespace
+}  // namespace
 
 std::string fullXrefPath(const Database& host, const std::string& sPath)
 {
@@ -59,7 +59,7 @@ void resolveXref(Database& database, BlockNode& block)
         block.status = AcDb::kXrfResolved;
 }
 
-} // namespace host
+}  // namespace host
 
 const char* acdbOriginalXrefFullPathFor(const AcDbDatabase* pXrefDatabase)
 {

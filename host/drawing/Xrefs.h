@@ -17,4 +17,4 @@ std::string fullXrefPath(const Database& host, const std::string& sPath);
 void resolveXrefs(Database& database, bool load);
 void resolveXref(Database& database, BlockNode& block);
 
-} // namespace host
+}  // namespace host

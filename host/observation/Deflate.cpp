@@ -59,7 +59,7 @@ void writeSymbol(BitWriter& out, std::uint32_t symbol)
 constexpr std::size_t kLongestRun = 258;
 constexpr std::uint32_t kLongestRunSymbol = 285;
 constexpr std::size_t kShortestRun = 3;
-constexpr std::uint32_t kShortestRunSymbol = 257; // up to 10 bytes, a symbol a length
+constexpr std::uint32_t kShortestRunSymbol = 257;  // up to 10 bytes, a symbol a length
 
 std::size_t runLength(const std::string& data, std::size_t start)
 {
@@ -81,13 +81,13 @@ std::uint32_t adler32(const std::string& data)
     return b << 16 | a;
 }
 
-} // namespace
+}  // namespace
 
 std::string zlibCompressed(const std::string& data)
 {
     BitWriter out;
-    out.bits(1, 1); // the last block
-    out.bits(1, 2); // with the fixed codes
+    out.bits(1, 1);  // the last block
+    out.bits(1, 2);  // with the fixed codes
     for (std::size_t i = 0; i < data.size();) {
         std::size_t run = runLength(data, i);
         if (run > 10 && run < kLongestRun)
@@ -98,7 +98,7 @@ std::string zlibCompressed(const std::string& data)
         }
         writeSymbol(out, run == kLongestRun ? kLongestRunSymbol
                                             : kShortestRunSymbol + static_cast<std::uint32_t>(run - kShortestRun));
-        out.code(0, 5); // distance 1
+        out.code(0, 5);  // distance 1
         i += run;
     }
     writeSymbol(out, 256);
@@ -120,4 +120,4 @@ std::uint32_t crc32(const std::string& data)
     return ~crc;
 }
 
-} // namespace host::observation
+}  // namespace host::observation

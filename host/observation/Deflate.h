@@ -10,4 +10,4 @@ namespace host::observation {
 std::string zlibCompressed(const std::string& data);
 std::uint32_t crc32(const std::string& data);
 
-} // namespace host::observation
+}  // namespace host::observation

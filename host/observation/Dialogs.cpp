@@ -23,7 +23,7 @@ struct Key {
 constexpr Key kKeys[] = {{"TAB", VK_TAB},       {"SPACE", VK_SPACE}, {"ENTER", VK_RETURN},
                          {"ESCAPE", VK_ESCAPE}, {"UP", VK_UP},       {"DOWN", VK_DOWN}};
 
-} // namespace
+}  // namespace
 
 std::string describeDialog()
 {
@@ -69,4 +69,4 @@ void pressKey(const std::string& sName)
     throw CommandError("There is no key " + sName + ".");
 }
 
-} // namespace host::observation
+}  // namespace host::observation

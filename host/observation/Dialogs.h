@@ -17,4 +17,4 @@ void press(int id);
 // handled after this returns. Throws CommandError without a dialog or such a key.
 void pressKey(const std::string& sName);
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -19,7 +19,7 @@ namespace {
 using namespace observation;
 
 constexpr DWORD kLongestHover = 1500;
-constexpr DWORD kPaintTime = 150; // until what was drawn is on the screen
+constexpr DWORD kPaintTime = 150;  // until what was drawn is on the screen
 
 void report(Application& application, const std::string& lines)
 {
@@ -27,10 +27,7 @@ void report(Application& application, const std::string& lines)
     application.commandLine().print(lines);
 }
 
-bool never()
-{
-    return false;
-}
+bool never() { return false; }
 
 void strip(Application& application, const Arguments&)
 {
@@ -75,14 +72,15 @@ void menu(Application& application, const Arguments& a)
     const bool shoot = a.size() > 1 && CommandStack::plainName(a.text(1)) == "SHOT";
     const UINT item = a.size() > 1 && !shoot ? static_cast<UINT>(a.integer(1)) : 0;
     std::string sFailure;
-    PopupMenu popup(item, !shoot ? std::function<void()>() : [&] {
-        try {
-            ::Sleep(kPaintTime); // the menu's own loop must not see our messages
-            writePng(capture(application.frame().m_hWnd), fullPath(a.rest(2)));
-        } catch (const std::exception& error) {
-            sFailure = error.what();
-        }
-    });
+    PopupMenu popup(
+        item, !shoot ? std::function<void()>() : [&] {
+            try {
+                ::Sleep(kPaintTime);  // the menu's own loop must not see our messages
+                writePng(capture(application.frame().m_hWnd), fullPath(a.rest(2)));
+            } catch (const std::exception& error) {
+                sFailure = error.what();
+            }
+        });
     popup.rightClick(tabs.window(), middle);
     report(application, popup.opened() ? popup.items() : "menu: none\n");
     if (!popup.opened() && item != 0)
@@ -91,30 +89,15 @@ void menu(Application& application, const Arguments& a)
         throw CommandError(sFailure);
 }
 
-void dialog(Application& application, const Arguments&)
-{
-    report(application, describeDialog());
-}
+void dialog(Application& application, const Arguments&) { report(application, describeDialog()); }
 
-void pressControl(Application&, const Arguments& a)
-{
-    press(a.integer(0));
-}
+void pressControl(Application&, const Arguments& a) { press(a.integer(0)); }
 
-void key(Application&, const Arguments& a)
-{
-    pressKey(CommandStack::plainName(a.text(0)));
-}
+void key(Application&, const Arguments& a) { pressKey(CommandStack::plainName(a.text(0))); }
 
-void shot(Application& application, const Arguments& a)
-{
-    picture(application, a.rest(0));
-}
+void shot(Application& application, const Arguments& a) { picture(application, a.rest(0)); }
 
-void wait(Application&, const Arguments& a)
-{
-    pumpUntil(static_cast<DWORD>(a.integer(0)), never);
-}
+void wait(Application&, const Arguments& a) { pumpUntil(static_cast<DWORD>(a.integer(0)), never); }
 
 // What was printed so far is forgotten first, for it is no module's.
 void resources(Application& application, const Arguments&)
@@ -142,16 +125,14 @@ void bench(Application& application, const Arguments& a)
 }
 
 constexpr Command kCommands[] = {
-    {"STRIP", strip, true}, {"CLICK", click},        {"HOVER", hover},      {"MENU", menu},   {"DIALOG", dialog, true},
-    {"PRESS", pressControl, true}, {"KEY", key, true}, {"SHOT", shot, true}, {"WAIT", wait, true}, {"BENCH", bench},
-    {"RESOURCES", resources},
+    {"STRIP", strip, true}, {"CLICK", click},         {"HOVER", hover},
+    {"MENU", menu},         {"DIALOG", dialog, true}, {"PRESS", pressControl, true},
+    {"KEY", key, true},     {"SHOT", shot, true},     {"WAIT", wait, true},
+    {"BENCH", bench},       {"RESOURCES", resources},
 };
 
-} // namespace
+}  // namespace
 
-std::span<const Command> observationCommands()
-{
-    return kCommands;
-}
+std::span<const Command> observationCommands() { return kCommands; }
 
-} // namespace host
+}  // namespace host

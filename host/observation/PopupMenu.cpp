@@ -13,7 +13,7 @@ constexpr UINT kInterval = 20;
 constexpr int kMostSteps = 400;
 constexpr DWORD kLongestOpening = 600;
 constexpr DWORD kLongestMenu = 15000;
-constexpr UINT kGetMenu = 0x01E1; // MN_GETHMENU
+constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
 constexpr char kMenuClass[] = "#32768";
 
 HMENU shownMenu()
@@ -73,7 +73,7 @@ bool anyHighlighted(HMENU menu)
     return false;
 }
 
-} // namespace
+}  // namespace
 
 PopupMenu* PopupMenu::s_pActive = nullptr;
 
@@ -205,4 +205,4 @@ void PopupMenu::key(WPARAM virtualKey)
     ::PostMessageA(m_owner, WM_KEYUP, virtualKey, static_cast<LPARAM>(0xC0000001u));
 }
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -14,7 +14,10 @@ class PopupMenu {
 public:
     // Item 0 escapes. The action, if any, runs while the menu with all its submenus
     // entered once shows.
-    explicit PopupMenu(UINT item, std::function<void()> whileOpen = {}) : m_item(item), m_whileOpen(std::move(whileOpen)) {}
+    explicit PopupMenu(UINT item, std::function<void()> whileOpen = {})
+        : m_item(item), m_whileOpen(std::move(whileOpen))
+    {
+    }
     ~PopupMenu();
     PopupMenu(const PopupMenu&) = delete;
     PopupMenu& operator=(const PopupMenu&) = delete;
@@ -48,9 +51,9 @@ private:
     std::string m_error;
     bool m_opened = false;
     bool m_read = false;
-    int m_submenu = 0;   // position of the submenu to enter next
+    int m_submenu = 0;  // position of the submenu to enter next
     int m_steps = 0;
     bool m_inStep = false;
 };
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -74,7 +74,7 @@ BOOL CALLBACK countWindow(HWND window, LPARAM count)
     return TRUE;
 }
 
-} // namespace
+}  // namespace
 
 ResourceCount ResourceCount::now()
 {
@@ -109,9 +109,11 @@ bool ResourceCount::sameObjects(const ResourceCount& other) const
 
 std::string ResourceCount::text() const
 {
-    const auto part = [](const char* name, long value) { return std::string(" ") + name + "=" + std::to_string(value); };
-    return "resources:" + part("gdi", gdi) + part("windows", windows) + part("menus", menus) + part("heap", heap)
-        + part("modules", modules);
+    const auto part = [](const char* name, long value) {
+        return std::string(" ") + name + "=" + std::to_string(value);
+    };
+    return "resources:" + part("gdi", gdi) + part("windows", windows) + part("menus", menus) + part("heap", heap) +
+           part("modules", modules);
 }
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -9,11 +9,11 @@
 namespace host::observation {
 
 struct ResourceCount {
-    long gdi = 0;     // live entries of the process's table of GDI handles
-    long windows = 0; // of this thread, children included
+    long gdi = 0;      // live entries of the process's table of GDI handles
+    long windows = 0;  // of this thread, children included
     long menus = 0;
-    long heap = 0;    // busy blocks of all heaps
-    long modules = 0; // loaded into the process
+    long heap = 0;     // busy blocks of all heaps
+    long modules = 0;  // loaded into the process
 
     static ResourceCount now();
     // Blocks in use, those of the counting itself left out.
@@ -25,9 +25,6 @@ struct ResourceCount {
     std::string text() const;
 };
 
-inline std::ostream& operator<<(std::ostream& out, const ResourceCount& count)
-{
-    return out << count.text();
-}
+inline std::ostream& operator<<(std::ostream& out, const ResourceCount& count) { return out << count.text(); }
 
-} // namespace host::observation
+}  // namespace host::observation

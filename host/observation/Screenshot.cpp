@@ -37,7 +37,7 @@ std::string filtered(const Picture& picture)
     return rows;
 }
 
-} // namespace
+}  // namespace
 
 Picture capture(HWND window)
 {
@@ -77,7 +77,7 @@ std::string toPng(const Picture& picture)
     std::string header;
     appendWord(header, static_cast<std::uint32_t>(picture.width));
     appendWord(header, static_cast<std::uint32_t>(picture.height));
-    header += std::string("\x08\x02\x00\x00\x00", 5); // 8 bits a channel, red green blue
+    header += std::string("\x08\x02\x00\x00\x00", 5);  // 8 bits a channel, red green blue
     std::string png = "\x89PNG\r\n\x1a\n";
     appendChunk(png, "IHDR", header);
     appendChunk(png, "IDAT", zlibCompressed(filtered(picture)));
@@ -88,11 +88,11 @@ std::string toPng(const Picture& picture)
 void writePng(const Picture& picture, const std::string& sPath)
 {
     const std::string png = toPng(picture);
-    const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+    const UniqueHandle file(
+        ::CreateFileA(sPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
     if (!file || !::WriteFile(file.get(), png.data(), static_cast<DWORD>(png.size()), &written, nullptr))
         throw FileError(sPath, 0, FileError::systemReason(::GetLastError()));
 }
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -24,4 +24,4 @@ std::string toPng(const Picture& picture);
 // Throws FileError.
 void writePng(const Picture& picture, const std::string& sPath);
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -28,7 +28,7 @@ bool isOpen(const AcApDocument* pDocument)
     return false;
 }
 
-} // namespace
+}  // namespace
 
 Strip::Strip(HWND frame) : m_frame(frame), m_window(::GetDlgItem(frame, kStripId))
 {
@@ -36,10 +36,7 @@ Strip::Strip(HWND frame) : m_frame(frame), m_window(::GetDlgItem(frame, kStripId
         m_window = nullptr;
 }
 
-int Strip::count() const
-{
-    return static_cast<int>(::SendMessageA(m_window, TCM_GETITEMCOUNT, 0, 0));
-}
+int Strip::count() const { return static_cast<int>(::SendMessageA(m_window, TCM_GETITEMCOUNT, 0, 0)); }
 
 std::string Strip::describe(HWND mdiClient) const
 {
@@ -90,9 +87,10 @@ POINT Strip::middleOf(int tab) const
             return middle;
         // One press of an arrow.
         const int first = static_cast<short>(LOWORD(::SendMessageA(arrows, UDM_GETPOS, 0, 0)));
-        ::SendMessageA(m_window, WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, middle.x <= view.left ? first - 1 : first + 1), 0);
+        ::SendMessageA(m_window, WM_HSCROLL,
+                       MAKEWPARAM(SB_THUMBPOSITION, middle.x <= view.left ? first - 1 : first + 1), 0);
     }
     throw CommandError("Tab " + std::to_string(tab) + " does not show.");
 }
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -2,8 +2,8 @@
 
 // The tab strip as it shows in the frame: the tab control with identifier 42.
 
-#include "mfc/afxwin.h"
 #include "mfc/afxcmn.h"
+#include "mfc/afxwin.h"
 
 #include <string>
 
@@ -30,4 +30,4 @@ private:
     HWND m_window;
 };
 
-} // namespace host::observation
+}  // namespace host::observation

@@ -46,14 +46,13 @@ LRESULT CALLBACK onCreate(int code, WPARAM wParam, LPARAM lParam)
 {
     const HWND window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && classOf(window) == TOOLTIPS_CLASSA && !watched().contains(window)) {
-        const LONG_PTR original =
-            ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&watch));
+        const LONG_PTR original = ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&watch));
         watched()[window] = {reinterpret_cast<WNDPROC>(original), {}};
     }
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-} // namespace
+}  // namespace
 
 Tips::Tips() : m_hook(::SetWindowsHookExA(WH_CBT, &onCreate, nullptr, ::GetCurrentThreadId())) {}
 
@@ -65,10 +64,7 @@ Tips::~Tips()
     watched().clear();
 }
 
-bool Tips::isShown()
-{
-    return visibleWindow(TOOLTIPS_CLASSA) != nullptr;
-}
+bool Tips::isShown() { return visibleWindow(TOOLTIPS_CLASSA) != nullptr; }
 
 void Tips::hide()
 {
@@ -89,4 +85,4 @@ std::string Tips::describe()
     return "tip: title=\"" + oneLine(sTitle) + "\" text=\"" + oneLine(text) + "\"\n";
 }
 
-} // namespace host::observation
+}  // namespace host::observation

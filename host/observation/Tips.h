@@ -26,4 +26,4 @@ private:
     HHOOK m_hook;
 };
 
-} // namespace host::observation
+}  // namespace host::observation

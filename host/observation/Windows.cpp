@@ -27,7 +27,7 @@ HWND firstWindow(std::function<bool(HWND)> wanted)
     return search.found;
 }
 
-} // namespace
+}  // namespace
 
 HWND topDialog()
 {
@@ -106,4 +106,4 @@ void postMouse(HWND window, UINT message, WPARAM buttons, POINT client)
     ::PostMessageA(window, message, buttons, MAKELPARAM(client.x, client.y));
 }
 
-} // namespace host::observation
+}  // namespace host::observation

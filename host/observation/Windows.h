@@ -28,4 +28,4 @@ bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition);
 // Posts a mouse message at a point of the window, with the pointer there.
 void postMouse(HWND window, UINT message, WPARAM buttons, POINT client);
 
-} // namespace host::observation
+}  // namespace host::observation

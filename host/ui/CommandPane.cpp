@@ -12,7 +12,7 @@ constexpr int kInputHeight = 22;
 constexpr UINT kPaneId = 0xE801;
 constexpr UINT_PTR kShowTimer = 1;
 constexpr UINT kShowDelay = 50;
-constexpr LRESULT kLongestHistory = 24000; // an edit control of the old kind holds 30,000 characters
+constexpr LRESULT kLongestHistory = 24000;  // an edit control of the old kind holds 30,000 characters
 
 HWND createEdit(HWND parent, DWORD style, UINT_PTR id)
 {
@@ -22,7 +22,7 @@ HWND createEdit(HWND parent, DWORD style, UINT_PTR id)
     return edit;
 }
 
-} // namespace
+}  // namespace
 
 BEGIN_MESSAGE_MAP(CommandPane, CWnd)
     ON_MESSAGE(WM_SIZEPARENT, &CommandPane::OnSizeParent)
@@ -34,8 +34,8 @@ END_MESSAGE_MAP()
 bool CommandPane::create(CWnd& frame, std::function<void(const std::string&)> onLine)
 {
     m_onLine = std::move(onLine);
-    const char* const windowClass = AfxRegisterWndClass(0, ::LoadCursorA(nullptr, IDC_ARROW),
-                                                        reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
+    const char* const windowClass =
+        AfxRegisterWndClass(0, ::LoadCursorA(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1));
     if (!Create(windowClass, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN, CRect(), &frame, kPaneId))
         return false;
     m_history = createEdit(m_hWnd, ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL | WS_BORDER, 1);
@@ -109,7 +109,7 @@ LRESULT CommandPane::OnSizeParent(WPARAM, LPARAM lParam)
 {
     auto& layout = *reinterpret_cast<AFX_SIZEPARENTPARAMS*>(lParam);
     CRect band = layout.rect;
-    band.top = std::max(band.top, band.bottom - kPaneHeight); // a small frame has less room
+    band.top = std::max(band.top, band.bottom - kPaneHeight);  // a small frame has less room
     layout.rect.bottom = band.top;
     AfxRepositionWindow(&layout, m_hWnd, &band);
     return 0;
@@ -128,4 +128,4 @@ LRESULT CommandPane::OnSetFocus(WPARAM, LPARAM)
     return 0;
 }
 
-} // namespace host
+}  // namespace host

@@ -35,10 +35,10 @@ protected:
 private:
     void append(const std::string& text);
 
-    HWND m_history = nullptr; // both are this window's children and go with it
+    HWND m_history = nullptr;  // both are this window's children and go with it
     HWND m_input = nullptr;
-    std::string m_pending; // to be shown when the timer runs out
+    std::string m_pending;  // to be shown when the timer runs out
     std::function<void(const std::string&)> m_onLine;
 };
 
-} // namespace host
+}  // namespace host

@@ -21,7 +21,7 @@ struct Extents {
     }
 };
 
-} // namespace
+}  // namespace
 
 void DisplayList::paint(HDC dc, const RECT& area) const
 {
@@ -33,9 +33,9 @@ void DisplayList::paint(HDC dc, const RECT& area) const
         extents.add(text.at);
     const double width = std::max(extents.high.x - extents.low.x, 1e-6);
     const double height = std::max(extents.high.y - extents.low.y, 1e-6);
-    const double scale = std::min((area.right - area.left - 2 * kMargin) / width,
-                                  (area.bottom - area.top - 2 * kMargin) / height);
-    if (!(scale > 0.0) || !std::isfinite(scale)) // nothing there, or no room
+    const double scale =
+        std::min((area.right - area.left - 2 * kMargin) / width, (area.bottom - area.top - 2 * kMargin) / height);
+    if (!(scale > 0.0) || !std::isfinite(scale))  // nothing there, or no room
         return;
     const auto place = [&](const PlanPoint& point) {
         return POINT{area.left + static_cast<LONG>(kMargin + (point.x - extents.low.x) * scale),
@@ -57,4 +57,4 @@ void DisplayList::paint(HDC dc, const RECT& area) const
     ::SelectObject(dc, oldFont);
 }
 
-} // namespace host
+}  // namespace host

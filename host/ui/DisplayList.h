@@ -34,4 +34,4 @@ private:
     std::vector<Text> m_texts;
 };
 
-} // namespace host
+}  // namespace host

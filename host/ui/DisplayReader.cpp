@@ -12,7 +12,7 @@ namespace host {
 
 namespace {
 
-constexpr std::size_t kMostShapes = 20000; // a plan to recognise, not to print
+constexpr std::size_t kMostShapes = 20000;  // a plan to recognise, not to print
 constexpr int kDeepestBlock = 4;
 
 double number(const DxfRecord& record, int code, double otherwise = 0.0)
@@ -53,7 +53,7 @@ struct Placement {
     }
 };
 
-} // namespace
+}  // namespace
 
 class DisplayReader {
 public:
@@ -70,7 +70,7 @@ public:
         for (const DxfRecord* record = first; record != nullptr; record = record->next()) {
             if (record->type() == "ENDSEC" || record->type() == "ENDBLK" || isFull())
                 return;
-            if (toInt(record->value(67)) == 0) // else it stands on a layout
+            if (toInt(record->value(67)) == 0)  // else it stands on a layout
                 readEntity(*record, placement, depth);
         }
     }
@@ -100,8 +100,7 @@ private:
         std::vector<PlanPoint> line;
         for (int i = 0; i <= 36; ++i) {
             const double angle = i * std::numbers::pi / 18;
-            line.push_back(
-                placement.apply({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)}));
+            line.push_back(placement.apply({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)}));
         }
         m_list.m_lines.push_back(std::move(line));
     }
@@ -129,7 +128,7 @@ private:
             return;
         const std::size_t before = m_list.m_lines.size();
         readFrom(block->second->next(), placement.of(insert, point(*block->second, 10)), depth + 1);
-        if (m_list.m_lines.size() == before) // an xref, or nothing that is drawn here
+        if (m_list.m_lines.size() == before)  // an xref, or nothing that is drawn here
             m_list.m_texts.push_back({placement.apply(point(insert, 10)), m_file.encoding().decode(insert.value(2))});
     }
 
@@ -147,4 +146,4 @@ void DisplayList::read(const Database& drawing)
         DisplayReader(*this, file).readFrom(entities->next(), {}, 0);
 }
 
-} // namespace host
+}  // namespace host

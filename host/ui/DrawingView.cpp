@@ -12,9 +12,9 @@ END_MESSAGE_MAP()
 
 bool DrawingView::create(CMDIFrameWnd& frame)
 {
-    const char* const windowClass = AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, ::LoadCursorA(nullptr, IDC_CROSS),
-                                                        static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)),
-                                                        ::LoadIconA(nullptr, IDI_APPLICATION));
+    const char* const windowClass =
+        AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, ::LoadCursorA(nullptr, IDC_CROSS),
+                            static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)), ::LoadIconA(nullptr, IDI_APPLICATION));
     return Create(windowClass, m_document.title().c_str(), &frame) != FALSE;
 }
 
@@ -39,7 +39,7 @@ void DrawingView::OnPaint()
 
 void DrawingView::OnClose()
 {
-    m_application.closeDocument(m_document); // which ends this object
+    m_application.closeDocument(m_document);  // which ends this object
 }
 
 // What is typed over a drawing goes to the command line.
@@ -65,4 +65,4 @@ LRESULT DrawingView::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return CMDIChildWnd::WindowProc(message, wParam, lParam);
 }
 
-} // namespace host
+}  // namespace host

@@ -36,4 +36,4 @@ private:
     bool m_stale = true;
 };
 
-} // namespace host
+}  // namespace host

@@ -10,22 +10,35 @@ namespace host {
 namespace {
 
 enum : UINT {
-    kFileNew = 100, kFileOpen, kFileSave, kFileSaveAs, kFileClose, kFileExit, kEditUndo,
-    kWindowCascade = 120, kWindowTile, kWindowArrange,
+    kFileNew = 100,
+    kFileOpen,
+    kFileSave,
+    kFileSaveAs,
+    kFileClose,
+    kFileExit,
+    kEditUndo,
+    kWindowCascade = 120,
+    kWindowTile,
+    kWindowArrange,
 };
 
 struct MenuCommand {
     UINT id;
     const char* caption;
-    const char* command; // what it types
+    const char* command;  // what it types
 };
 
 constexpr MenuCommand kFileMenu[] = {
-    {kFileNew, "&New\tCtrl+N", "_NEW"},      {kFileOpen, "&Open...\tCtrl+O", "_OPEN"},
-    {0, nullptr, nullptr},                   {kFileSave, "&Save\tCtrl+S", "_QSAVE"},
-    {kFileSaveAs, "Save &As...", "_SAVEAS"}, {kFileClose, "&Close", "_CLOSE"},
-    {0, nullptr, nullptr},                   {kEditUndo, "&Undo\tCtrl+Z", "_UNDO"},
-    {0, nullptr, nullptr},                   {kFileExit, "E&xit", "_QUIT"},
+    {kFileNew, "&New\tCtrl+N", "_NEW"},
+    {kFileOpen, "&Open...\tCtrl+O", "_OPEN"},
+    {0, nullptr, nullptr},
+    {kFileSave, "&Save\tCtrl+S", "_QSAVE"},
+    {kFileSaveAs, "Save &As...", "_SAVEAS"},
+    {kFileClose, "&Close", "_CLOSE"},
+    {0, nullptr, nullptr},
+    {kEditUndo, "&Undo\tCtrl+Z", "_UNDO"},
+    {0, nullptr, nullptr},
+    {kFileExit, "E&xit", "_QUIT"},
 };
 constexpr MenuCommand kWindowMenu[] = {
     {kWindowCascade, "&Cascade", nullptr},
@@ -44,12 +57,14 @@ HMENU popup(const MenuCommand (&items)[Count])
 
 HACCEL accelerators()
 {
-    ACCEL table[] = {{FVIRTKEY | FCONTROL, 'N', kFileNew}, {FVIRTKEY | FCONTROL, 'O', kFileOpen},
-                     {FVIRTKEY | FCONTROL, 'S', kFileSave}, {FVIRTKEY | FCONTROL, 'Z', kEditUndo}};
+    ACCEL table[] = {{FVIRTKEY | FCONTROL, 'N', kFileNew},
+                     {FVIRTKEY | FCONTROL, 'O', kFileOpen},
+                     {FVIRTKEY | FCONTROL, 'S', kFileSave},
+                     {FVIRTKEY | FCONTROL, 'Z', kEditUndo}};
     return ::CreateAcceleratorTableA(table, static_cast<int>(std::size(table)));
 }
 
-} // namespace
+}  // namespace
 
 LRESULT MdiClient::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
@@ -83,10 +98,11 @@ MainFrame::~MainFrame()
 
 bool MainFrame::create(bool visible)
 {
-    const char* const windowClass = AfxRegisterWndClass(0, ::LoadCursorA(nullptr, IDC_ARROW),
-                                                        reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1),
-                                                        ::LoadIconA(nullptr, IDI_APPLICATION));
-    if (!CreateEx(0, windowClass, "Cadhost", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CRect(40, 40, 1040, 740), nullptr, 0))
+    const char* const windowClass =
+        AfxRegisterWndClass(0, ::LoadCursorA(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1),
+                            ::LoadIconA(nullptr, IDI_APPLICATION));
+    if (!CreateEx(0, windowClass, "Cadhost", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CRect(40, 40, 1040, 740), nullptr,
+                  0))
         return false;
     const HMENU windowMenu = popup(kWindowMenu);
     const HMENU bar = ::CreateMenu();
@@ -187,10 +203,7 @@ void MainFrame::OnFileCommand(UINT id)
             m_application.submit(item.command);
 }
 
-void MainFrame::OnUpdateDrawingCommand(CCmdUI* pState)
-{
-    pState->Enable(m_application.documents().count() != 0);
-}
+void MainFrame::OnUpdateDrawingCommand(CCmdUI* pState) { pState->Enable(m_application.documents().count() != 0); }
 
 void MainFrame::OnWindowCommand(UINT id)
 {
@@ -198,4 +211,4 @@ void MainFrame::OnWindowCommand(UINT id)
     ::SendMessageA(m_hWndMDIClient, message, 0, 0);
 }
 
-} // namespace host
+}  // namespace host

@@ -66,4 +66,4 @@ private:
     std::map<const Document*, std::unique_ptr<DrawingView>> m_views;
 };
 
-} // namespace host
+}  // namespace host

@@ -27,7 +27,7 @@ void drawLogo(HDC hdc, RECT rect)
     ::SelectObject(hdc, previous);
 }
 
-}
+}  // namespace
 
 BEGIN_MESSAGE_MAP(CAdvertisingControl, CWnd)
     ON_WM_PAINT()
@@ -52,7 +52,4 @@ void CAdvertisingControl::OnPaint()
 }
 
 // OnPaint covers everything.
-LRESULT CAdvertisingControl::OnEraseBackground(WPARAM, LPARAM)
-{
-    return TRUE;
-}
+LRESULT CAdvertisingControl::OnEraseBackground(WPARAM, LPARAM) { return TRUE; }

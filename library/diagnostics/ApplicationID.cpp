@@ -42,4 +42,4 @@ bool CApplicationID::isValid() const { return !m_sProductName.IsEmpty() && !m_sP
 
 CString CApplicationID::getLabel() const { return m_sProductName + " " + m_sProductVersion; }
 
-}
+}  // namespace Tesk

@@ -30,4 +30,4 @@ private:
     CString m_sProductVersion;
 };
 
-}
+}  // namespace Tesk

@@ -72,7 +72,7 @@ HMODULE moduleOf(const void* pAddress)
     return static_cast<HMODULE>(region.AllocationBase);
 }
 
-}
+}  // namespace
 
 CString describeAddress(const void* pAddress)
 {
@@ -84,11 +84,10 @@ CString describeAddress(const void* pAddress)
         sText.Format("0x%p", pAddress);
         return sText;
     }
-    const auto dwOffset = static_cast<DWORD>(static_cast<const char*>(pAddress) -
-                                             reinterpret_cast<const char*>(hModule));
-    sText.Format("%s + 0x%x", PathParts(sPath).fileName().c_str(),
-                 static_cast<unsigned>(dwOffset));
+    const auto dwOffset =
+        static_cast<DWORD>(static_cast<const char*>(pAddress) - reinterpret_cast<const char*>(hModule));
+    sText.Format("%s + 0x%x", PathParts(sPath).fileName().c_str(), static_cast<unsigned>(dwOffset));
     return sText + CImage(hModule).findName(dwOffset);
 }
 
-}
+}  // namespace Tesk

@@ -10,4 +10,4 @@ namespace Tesk {
 // function close before the address; the bare address where it is in no module.
 CString describeAddress(const void* pAddress);
 
-}
+}  // namespace Tesk

@@ -30,4 +30,4 @@ private:
     CCriticalSection& m_section;
 };
 
-}
+}  // namespace Tesk

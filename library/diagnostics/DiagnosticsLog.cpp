@@ -33,7 +33,7 @@ private:
     volatile DWORD& m_dwOwner;
 };
 
-}
+}  // namespace
 
 CDiagnosticsLog& CDiagnosticsLog::get()
 {
@@ -97,4 +97,4 @@ CString CDiagnosticsLog::companionFile(const char* sExtension)
     return PathParts(sFileName.str()).withExtension(sExtension);
 }
 
-}
+}  // namespace Tesk

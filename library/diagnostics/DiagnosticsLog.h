@@ -39,10 +39,10 @@ private:
 
     CCriticalSection m_section;
     CString m_sFileName;
-    volatile DWORD m_dwOwner = 0;   // the thread inside append
+    volatile DWORD m_dwOwner = 0;  // the thread inside append
 };
 
 // The lines that a new log starts with; a line without its registry value is left out.
 std::vector<CString> describeMachine();
 
-}
+}  // namespace Tesk

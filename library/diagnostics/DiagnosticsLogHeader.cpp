@@ -69,7 +69,7 @@ CString computerName()
     return ::GetComputerNameA(sName, &dwSize) ? sName : "Unknown";
 }
 
-}
+}  // namespace
 
 std::vector<CString> describeMachine()
 {
@@ -95,4 +95,4 @@ std::vector<CString> describeMachine()
     return header.m_vLines;
 }
 
-}
+}  // namespace Tesk

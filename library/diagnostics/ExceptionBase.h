@@ -18,7 +18,8 @@ public:
     virtual bool getErrorText(CString& sText) const = 0;
 
     // getErrorText for a caller's buffer.
-    BOOL GetErrorMessage(char* buffer, UINT capacity) const override {
+    BOOL GetErrorMessage(char* buffer, UINT capacity) const override
+    {
         CString sText;
         return getErrorText(sText) ? copyMessage(sText, buffer, capacity) : FALSE;
     }

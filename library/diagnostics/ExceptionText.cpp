@@ -11,4 +11,4 @@ CString takeExceptionText(CException* pException)
     return pException->GetErrorMessage(sText, sizeof sText) ? CString(sText) : CString();
 }
 
-}
+}  // namespace Tesk

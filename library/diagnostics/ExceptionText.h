@@ -9,4 +9,4 @@ namespace Tesk {
 // is deleted.
 CString takeExceptionText(CException* pException);
 
-}
+}  // namespace Tesk

@@ -32,7 +32,7 @@ bool openConsoleKeepingStreams()
     return bOpened;
 }
 
-}
+}  // namespace
 
 CGUIConsole& CGUIConsole::get()
 {
@@ -84,4 +84,4 @@ void CGUIConsole::release() noexcept
     m_hOutput = nullptr;
 }
 
-}
+}  // namespace Tesk

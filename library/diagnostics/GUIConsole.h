@@ -26,8 +26,8 @@ private:
     bool open();
 
     CCriticalSection m_section;
-    UniqueHandle m_window;      // set only while a window of our own is open
+    UniqueHandle m_window;  // set only while a window of our own is open
     HANDLE m_hOutput = nullptr;
 };
 
-}
+}  // namespace Tesk

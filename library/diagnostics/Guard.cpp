@@ -32,4 +32,4 @@ void Detail::dropException() noexcept
     }
 }
 
-}
+}  // namespace Tesk

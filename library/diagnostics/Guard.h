@@ -10,7 +10,7 @@ namespace Detail {
 void endException(const char* sCall) noexcept;
 // The same without a word.
 void dropException() noexcept;
-}
+}  // namespace Detail
 
 // Runs the call; an exception is traced and ends here. True when there was none.
 // sCall names the call in the trace ("CClass::method").
@@ -38,4 +38,4 @@ void neverRaise(Call&& call) noexcept
     }
 }
 
-}
+}  // namespace Tesk

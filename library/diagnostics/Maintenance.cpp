@@ -38,7 +38,7 @@ void chooseDiagnosticsLevel()
         TESK_VERIFY(::RegCloseKey(hkRegistryKey) == ERROR_SUCCESS);
 }
 
-}
+}  // namespace
 
 void initialiseLibrary(const char* sApplicationName, HINSTANCE hModule, bool bCreateMiniDumper)
 {
@@ -86,4 +86,4 @@ CString getApplicationVersionLabel()
     return G_pApplicationID && G_pApplicationID->isValid() ? G_pApplicationID->getLabel() : CString();
 }
 
-}
+}  // namespace Tesk

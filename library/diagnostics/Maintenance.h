@@ -43,4 +43,4 @@ HINSTANCE getCurrentModule();
 // description of the installation. The library must be initialised.
 CString getApplicationVersionLabel();
 
-}
+}  // namespace Tesk

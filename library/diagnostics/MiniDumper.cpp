@@ -8,7 +8,7 @@ namespace Tesk {
 
 namespace {
 const CMiniDumper* g_pInstalled = nullptr;
-}
+}  // namespace
 
 CMiniDumper::CMiniDumper(const CString& sFileName) : m_sFileName(sFileName)
 {
@@ -43,8 +43,7 @@ LONG WINAPI CMiniDumper::filter(EXCEPTION_POINTERS* pException)
     if (!g_pInstalled)
         return EXCEPTION_CONTINUE_SEARCH;
     g_pInstalled->write(pException);
-    return g_pInstalled->m_pPreviousFilter ? g_pInstalled->m_pPreviousFilter(pException)
-                                           : EXCEPTION_CONTINUE_SEARCH;
+    return g_pInstalled->m_pPreviousFilter ? g_pInstalled->m_pPreviousFilter(pException) : EXCEPTION_CONTINUE_SEARCH;
 }
 
-}
+}  // namespace Tesk

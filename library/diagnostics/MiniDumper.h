@@ -32,4 +32,4 @@ private:
     LPTOP_LEVEL_EXCEPTION_FILTER m_pPreviousFilter;
 };
 
-}
+}  // namespace Tesk

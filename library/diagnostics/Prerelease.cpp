@@ -121,7 +121,7 @@ void report(const char* sSource, int iLine, const char* sExpression)
     writeDiagnostic(report.m_sStack);
 }
 
-}
+}  // namespace
 
 void setDiagnosticsLevel(int iLevel)
 {
@@ -169,11 +169,9 @@ void reportAssertion(const char* sSource, int iLine, const char* sExpression) no
 
 void Detail::assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept
 {
-    neverRaise([&] {
-        report(PathParts(sSource).sBase.c_str(), iLine, sExpression);
-    });
+    neverRaise([&] { report(PathParts(sSource).sBase.c_str(), iLine, sExpression); });
     if (::IsDebuggerPresent())
         ::DebugBreak();
 }
 
-}
+}  // namespace Tesk

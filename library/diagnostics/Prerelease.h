@@ -21,7 +21,7 @@ extern CDiagnosticsSwitches g_switches;
 // Reports a failed check and breaks into an attached debugger, if there is one.
 // sSource may carry a directory and an extension; the report names neither.
 void assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept;
-}
+}  // namespace Detail
 
 // 0: nothing; 1: assertions alone; 2: trace, log, console and assertions.
 // Any other level changes nothing.
@@ -47,29 +47,29 @@ void writeDiagnostic(const char* sText) noexcept;
 // but not shown. Does not ask whether assertions are enabled. Never raises.
 void reportAssertion(const char* sSource, int iLine, const char* sExpression) noexcept;
 
-}
+}  // namespace Tesk
 
 // A trace line: printf-style format and arguments.
-#define TESK_TRACE(...)                  \
-    do {                                 \
-        if (::Tesk::isTraceEnabled())    \
-            ::Tesk::trace(__VA_ARGS__);  \
+#define TESK_TRACE(...) \
+    do { \
+        if (::Tesk::isTraceEnabled()) \
+            ::Tesk::trace(__VA_ARGS__); \
     } while (false)
 
 // A precondition: looked at only while assertions are enabled, so the
 // expression must have no side effect. Execution goes on in any case.
-#define TESK_ASSERT_TEXT(condition, text)                                             \
-    do {                                                                              \
-        if (::Tesk::isAssertionEnabled() && !(condition)) [[unlikely]]                \
-            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text);           \
+#define TESK_ASSERT_TEXT(condition, text) \
+    do { \
+        if (::Tesk::isAssertionEnabled() && !(condition)) [[unlikely]] \
+            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text); \
     } while (false)
 #define TESK_ASSERT(expression) TESK_ASSERT_TEXT(expression, #expression)
 
 // The result of a call: the expression is always evaluated; its being false is
 // reported only while assertions are enabled.
-#define TESK_VERIFY_TEXT(condition, text)                                             \
-    do {                                                                              \
-        if (!(condition) && ::Tesk::isAssertionEnabled()) [[unlikely]]                \
-            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text);           \
+#define TESK_VERIFY_TEXT(condition, text) \
+    do { \
+        if (!(condition) && ::Tesk::isAssertionEnabled()) [[unlikely]] \
+            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text); \
     } while (false)
 #define TESK_VERIFY(expression) TESK_VERIFY_TEXT(expression, #expression)

@@ -37,14 +37,14 @@ USHORT captureFrames(const void** pFrames, USHORT uMost)
 USHORT captureFrames(const void** pFrames, USHORT uMost)
 {
     using Capture = USHORT(WINAPI*)(ULONG, ULONG, void**, ULONG*);
-    const auto pCapture = reinterpret_cast<Capture>(reinterpret_cast<void*>(
-        ::GetProcAddress(::GetModuleHandleA("ntdll.dll"), "RtlCaptureStackBackTrace")));
+    const auto pCapture = reinterpret_cast<Capture>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleA("ntdll.dll"), "RtlCaptureStackBackTrace")));
     return pCapture ? pCapture(1, uMost, const_cast<void**>(pFrames), nullptr) : USHORT{0};
 }
 
 #endif
 
-}
+}  // namespace
 
 CStackWalker::CStackWalker() : m_vFrames(c_maxFrames)
 {
@@ -62,4 +62,4 @@ CString CStackWalker::describe() const
     return sText;
 }
 
-}
+}  // namespace Tesk

@@ -24,4 +24,4 @@ private:
     std::vector<const void*> m_vFrames;
 };
 
-}
+}  // namespace Tesk

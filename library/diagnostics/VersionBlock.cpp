@@ -50,14 +50,14 @@ const T* query(const std::vector<DWORD>& block, const wchar_t* sPath, UINT uLeas
 CString queryText(const std::vector<DWORD>& block, const WORD* pTranslation, const wchar_t* sName)
 {
     wchar_t sPath[80];
-    _snwprintf(sPath, std::size(sPath) - 1, L"\\StringFileInfo\\%04x%04x\\%ls", pTranslation[0],
-               pTranslation[1], sName);
+    _snwprintf(sPath, std::size(sPath) - 1, L"\\StringFileInfo\\%04x%04x\\%ls", pTranslation[0], pTranslation[1],
+               sName);
     sPath[std::size(sPath) - 1] = 0;
     const wchar_t* sText = query<wchar_t>(block, sPath, 1);
     return sText ? CString(toNarrow(sText).c_str()) : CString();
 }
 
-}
+}  // namespace
 
 bool CVersionBlock::initialise()
 {
@@ -83,4 +83,4 @@ const CString& CVersionBlock::getProductName() { return g_contents.m_sProductNam
 const CString& CVersionBlock::getInternalName() { return g_contents.m_sInternalName; }
 bool CVersionBlock::isPrerelease() { return g_contents.m_bPrerelease; }
 
-}
+}  // namespace Tesk

@@ -20,4 +20,4 @@ public:
     static bool isPrerelease();
 };
 
-}
+}  // namespace Tesk

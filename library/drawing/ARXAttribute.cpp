@@ -6,7 +6,8 @@ namespace Tesk {
 
 namespace {
 
-template <class Ordinates> C3DPoint toPoint(const Ordinates& ordinates)
+template <class Ordinates>
+C3DPoint toPoint(const Ordinates& ordinates)
 {
     return C3DPoint(ordinates.x, ordinates.y, ordinates.z);
 }

@@ -32,10 +32,7 @@ void readField(const AcDbDatabaseSummaryInfo* pInfo, Getter getter, CString& sFi
 
 }  // namespace
 
-CARXDrawingProperties::CARXDrawingProperties(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
-{
-    read();
-}
+CARXDrawingProperties::CARXDrawingProperties(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase) { read(); }
 
 void CARXDrawingProperties::read()
 {

@@ -17,10 +17,7 @@ CARXTitleBlock::CARXTitleBlock(AcDbDatabase* pDatabase, const char* sFileName)
     search();
 }
 
-CARXTitleBlock::~CARXTitleBlock()
-{
-    TESK_TRACE("%s()\n", "Tesk::CARXTitleBlock::~CARXTitleBlock");
-}
+CARXTitleBlock::~CARXTitleBlock() { TESK_TRACE("%s()\n", "Tesk::CARXTitleBlock::~CARXTitleBlock"); }
 
 bool CARXTitleBlock::hasDefinition(const char* sBlockName)
 {
@@ -136,9 +133,6 @@ bool CARXTitleBlock::setAttributeValue(const char* sTag, const char* sValue)
     return bClosed;
 }
 
-bool CARXTitleBlock::hasAttribute(const char* sTag)
-{
-    return m_mapInstanceAttributes.contains(sTag);
-}
+bool CARXTitleBlock::hasAttribute(const char* sTag) { return m_mapInstanceAttributes.contains(sTag); }
 
 }  // namespace Tesk

@@ -8,12 +8,18 @@
 
 namespace Tesk {
 
-bool CARXVariableException::getErrorText(CString& sText) const {
+bool CARXVariableException::getErrorText(CString& sText) const
+{
     sText = "Error : ";
     switch (m_iCode) {
-    case READ_FAILED: sText += "Unable to read AutoCAD variable"; break;
-    case WRITE_FAILED: sText += "Unable to write AutoCAD variable"; break;
-    default: return false;
+    case READ_FAILED:
+        sText += "Unable to read AutoCAD variable";
+        break;
+    case WRITE_FAILED:
+        sText += "Unable to write AutoCAD variable";
+        break;
+    default:
+        return false;
     }
     if (getExtraText().IsEmpty())
         sText += ".";
@@ -26,51 +32,67 @@ CARXVariable::CARXVariable(const char* sName) : CVariable(sName) {}
 
 CARXVariable::~CARXVariable() = default;
 
-void CARXVariable::set(const C2DPoint& pt2dValue) {
+void CARXVariable::set(const C2DPoint& pt2dValue)
+{
     CVariable::set(pt2dValue);
     write();
 }
 
-void CARXVariable::set(const C3DPoint& pt3dValue) {
+void CARXVariable::set(const C3DPoint& pt3dValue)
+{
     CVariable::set(pt3dValue);
     write();
 }
 
-void CARXVariable::set(double dValue) {
+void CARXVariable::set(double dValue)
+{
     CVariable::set(dValue);
     write();
 }
 
-void CARXVariable::set(bool bValue) {
+void CARXVariable::set(bool bValue)
+{
     CVariable::set(bValue);
     write();
 }
 
-void CARXVariable::set(short iValue) {
+void CARXVariable::set(short iValue)
+{
     CVariable::set(iValue);
     write();
 }
 
-void CARXVariable::set(const char* sValue) {
+void CARXVariable::set(const char* sValue)
+{
     CVariable::set(sValue);
     write();
 }
 
-void CARXVariable::read() {
+void CARXVariable::read()
+{
     resbuf result{};
     bool bRead = ::acedGetVar(m_sName, &result) == RTNORM;
     if (bRead) {
         // The base's assignments: what was just read must not be written back.
         switch (result.restype) {
-        case RTREAL: CVariable::set(result.resval.rreal); break;
-        case RTPOINT: CVariable::set(CARX2DPoint(result.resval.rpoint)); break;
-        case RTSHORT: CVariable::set(result.resval.rint); break;
+        case RTREAL:
+            CVariable::set(result.resval.rreal);
+            break;
+        case RTPOINT:
+            CVariable::set(CARX2DPoint(result.resval.rpoint));
+            break;
+        case RTSHORT:
+            CVariable::set(result.resval.rint);
+            break;
         case RTSTR:
             CVariable::set(result.resval.rstring);
             ::acutDelString(result.resval.rstring);
             break;
-        case RT3DPOINT: CVariable::set(CARX3DPoint(result.resval.rpoint)); break;
-        default: bRead = false;
+        case RT3DPOINT:
+            CVariable::set(CARX3DPoint(result.resval.rpoint));
+            break;
+        default:
+            bRead = false;
         }
     }
     if (!bRead)
@@ -78,7 +100,8 @@ void CARXVariable::read() {
     TESK_TRACE("Read - %s\n", getDescription().GetString());
 }
 
-void CARXVariable::write() {
+void CARXVariable::write()
+{
     std::string sValue = m_sValue.GetString();
     resbuf value{};
     switch (m_iType) {
@@ -102,7 +125,8 @@ void CARXVariable::write() {
         value.restype = RT3DPOINT;
         CARX3DPoint(m_pt3dValue).get(value.resval.rpoint);
         break;
-    default: break;
+    default:
+        break;
     }
     const bool bWritten = value.restype != 0 && ::acedSetVar(m_sName, &value) == RTNORM;
     TESK_TRACE("Written - %s\n", getDescription().GetString());
@@ -110,12 +134,14 @@ void CARXVariable::write() {
         throw new CARXVariableException(CARXVariableException::WRITE_FAILED, m_sName);
 }
 
-const CString& CARXVariable::readString() {
+const CString& CARXVariable::readString()
+{
     read();
     return getString();
 }
 
-bool CARXVariable::readBool() {
+bool CARXVariable::readBool()
+{
     read();
     return m_iValue != 0;
 }

@@ -8,7 +8,8 @@ namespace Tesk {
 
 // An open database object, closed on every path. close() is for the normal path,
 // where the caller checks the status.
-template <class Object> class CObjectPointer {
+template <class Object>
+class CObjectPointer {
 public:
     CObjectPointer() = default;
     explicit CObjectPointer(Object* pObject) : m_pObject(pObject) {}
@@ -40,7 +41,8 @@ private:
 };
 
 // A string that the host allocated; a null one reads as empty.
-template <void (*Free)(char*&)> class CHostString {
+template <void (*Free)(char*&)>
+class CHostString {
 public:
     CHostString() = default;
     explicit CHostString(char* sText) : m_sText(sText) {}

@@ -45,7 +45,8 @@ public:
     explicit CARX2DPoint(const C2DPoint& point) : C2DPoint(point) {}
 
     // The third ordinate becomes zero.
-    void get(ads_point point) const {
+    void get(ads_point point) const
+    {
         point[0] = x();
         point[1] = y();
         point[2] = 0;
@@ -57,7 +58,8 @@ public:
     explicit CARX3DPoint(const ads_point point) : C3DPoint(point[0], point[1], point[2]) {}
     explicit CARX3DPoint(const C3DPoint& point) : C3DPoint(point) {}
 
-    void get(ads_point point) const {
+    void get(ads_point point) const
+    {
         point[0] = x();
         point[1] = y();
         point[2] = z();

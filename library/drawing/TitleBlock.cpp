@@ -11,10 +11,7 @@ CTitleBlock::CTitleBlock(const char* sFileName) : m_sFileName(sFileName)
     TESK_TRACE("CTitleBlock::CTitleBlock(\"%s\")\n", sFileName);
 }
 
-CTitleBlock::~CTitleBlock()
-{
-    TESK_TRACE("CTitleBlock::~CTitleBlock()\n");
-}
+CTitleBlock::~CTitleBlock() { TESK_TRACE("CTitleBlock::~CTitleBlock()\n"); }
 
 void CTitleBlock::search()
 {
@@ -81,8 +78,8 @@ bool CTitleBlock::getMapping()
     const CString sProjectFolder = findProjectFolder(PathParts(m_sFileName.str()).parent().c_str());
     if (!sProjectFolder.IsEmpty() && getMappingFromFile(sProjectFolder + "ProjectSettings.txt", true))
         return true;
-    return getMappingFromFile(getLocation(LOCATION_FILE_DOMAIN_SETTINGS), false)
-        || getMappingFromFile(getLocation(LOCATION_FILE_STANDARD_SETTINGS), false);
+    return getMappingFromFile(getLocation(LOCATION_FILE_DOMAIN_SETTINGS), false) ||
+           getMappingFromFile(getLocation(LOCATION_FILE_STANDARD_SETTINGS), false);
 }
 
 bool CTitleBlock::getMappingFromFile(const char* sFile, bool bProject)

@@ -8,32 +8,38 @@ CVariable::CVariable(const char* sName) : m_sName(sName) {}
 
 CVariable::~CVariable() = default;
 
-void CVariable::set(const C2DPoint& pt2dValue) {
+void CVariable::set(const C2DPoint& pt2dValue)
+{
     m_pt2dValue = pt2dValue;
     m_iType = TYPE_2DPOINT;
 }
 
-void CVariable::set(const C3DPoint& pt3dValue) {
+void CVariable::set(const C3DPoint& pt3dValue)
+{
     m_pt3dValue = pt3dValue;
     m_iType = TYPE_3DPOINT;
 }
 
-void CVariable::set(double dValue) {
+void CVariable::set(double dValue)
+{
     m_dValue = dValue;
     m_iType = TYPE_DOUBLE;
 }
 
-void CVariable::set(bool bValue) {
+void CVariable::set(bool bValue)
+{
     m_iValue = bValue ? 1 : 0;
     m_iType = TYPE_SHORT;
 }
 
-void CVariable::set(short iValue) {
+void CVariable::set(short iValue)
+{
     m_iValue = iValue;
     m_iType = TYPE_SHORT;
 }
 
-void CVariable::set(const char* sValue) {
+void CVariable::set(const char* sValue)
+{
     m_sValue = sValue ? sValue : "";
     m_iType = TYPE_STRING;
 }
@@ -42,7 +48,8 @@ const CString& CVariable::getString() const { return m_sValue; }
 
 short CVariable::getShort() const { return m_iValue; }
 
-bool CVariable::getBool() const {
+bool CVariable::getBool() const
+{
     TESK_ASSERT((m_iValue == 1) || (m_iValue == 0));
     return m_iValue != 0;
 }
@@ -53,7 +60,8 @@ const C3DPoint& CVariable::get3DPoint() const { return m_pt3dValue; }
 
 const C2DPoint& CVariable::get2DPoint() const { return m_pt2dValue; }
 
-CString CVariable::getDescription() const {
+CString CVariable::getDescription() const
+{
     CString sValue;
     const char* szType = "";
     switch (m_iType) {
@@ -77,7 +85,8 @@ CString CVariable::getDescription() const {
         sValue.Format("%g,%g,%g", m_pt3dValue.x(), m_pt3dValue.y(), m_pt3dValue.z());
         szType = "3D Point";
         break;
-    default: TESK_ASSERT(false);
+    default:
+        TESK_ASSERT(false);
     }
     CString sDescription;
     sDescription.Format("%s value is : %s (%s).", m_sName.GetString(), sValue.GetString(), szType);

@@ -8,14 +8,7 @@ namespace Tesk {
 
 class CVariable {
 public:
-    enum Type {
-        TYPE_NONE = 0,
-        TYPE_STRING = 1,
-        TYPE_SHORT = 2,
-        TYPE_DOUBLE = 3,
-        TYPE_2DPOINT = 4,
-        TYPE_3DPOINT = 5
-    };
+    enum Type { TYPE_NONE = 0, TYPE_STRING = 1, TYPE_SHORT = 2, TYPE_DOUBLE = 3, TYPE_2DPOINT = 4, TYPE_3DPOINT = 5 };
 
     // No value yet: type 0.
     explicit CVariable(const char* sName);

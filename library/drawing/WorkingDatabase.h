@@ -40,4 +40,4 @@ private:
     AcDbDatabase* m_pPrevious;
 };
 
-}
+}  // namespace Tesk

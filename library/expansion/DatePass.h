@@ -13,8 +13,8 @@ namespace Tesk {
 // one in the text first; a format has one character or more and ends at the first sEnd.
 // What comes of it is looked at again. The first character of a delimiter is taken
 // literally; what else a delimiter holds reads as a regular expression.
-std::string expandDateKeyword(std::string_view sKeyword, __time64_t time, bool bUTC,
-                              std::string sText, std::string_view sStart, std::string_view sEnd);
+std::string expandDateKeyword(std::string_view sKeyword, __time64_t time, bool bUTC, std::string sText,
+                              std::string_view sStart, std::string_view sEnd);
 
 // The time by a strftime format in which "|" stands for "%", as UTC or local time. Empty
 // when the time cannot be broken down, for a result of more than 127 characters, and for a

@@ -18,7 +18,8 @@ namespace Tesk {
 
 namespace {
 
-std::string userName() {
+std::string userName()
+{
     char szUser[UNLEN + 1] = "";
     DWORD size = sizeof szUser;
     if (::WNetGetUserA(nullptr, szUser, &size) == NO_ERROR)
@@ -29,7 +30,8 @@ std::string userName() {
 }
 
 // Fixed from the system's start on.
-const std::string& computerName() {
+const std::string& computerName()
+{
     static std::string cached;
     char szComputer[MAX_COMPUTERNAME_LENGTH + 1] = "";
     DWORD size = sizeof szComputer;
@@ -40,7 +42,8 @@ const std::string& computerName() {
 
 // By way of local time, as the platform shows the file's time; false when it has no such
 // time.
-bool toTime(const FILETIME& fileTime, __time64_t& time) {
+bool toTime(const FILETIME& fileTime, __time64_t& time)
+{
     FILETIME local;
     SYSTEMTIME parts;
     if (!::FileTimeToLocalFileTime(&fileTime, &local) || !::FileTimeToSystemTime(&local, &parts))
@@ -63,7 +66,8 @@ bool toTime(const FILETIME& fileTime, __time64_t& time) {
 }  // namespace
 
 CKeywordExpansion::CKeywordExpansion(const char* sFileName, int iIndex, int iCount)
-    : m_sFileName(sFileName), m_iCount(iCount), m_iIndex(iIndex) {
+    : m_sFileName(sFileName), m_iCount(iCount), m_iIndex(iIndex)
+{
     TESK_ASSERT(sFileName != NULL);
     if (!m_sFileName.IsEmpty())
         CKeywordExpansion::buildFileMappings();
@@ -73,7 +77,8 @@ CKeywordExpansion::CKeywordExpansion(const char* sFileName, int iIndex, int iCou
 
 CKeywordExpansion::~CKeywordExpansion() = default;
 
-void CKeywordExpansion::buildFileMappings() {
+void CKeywordExpansion::buildFileMappings()
+{
     const PathParts parts(m_sFileName.str());
     const std::string sFolder = parts.parent();
     // The cut is unconditional: a UNC name loses its leading backslashes.
@@ -101,7 +106,8 @@ void CKeywordExpansion::buildFileMappings() {
     addToMap("DIR_PROJECT_DWG_SETTINGS", sProject.IsEmpty() ? sProject : sProject + "Settings");
 }
 
-void CKeywordExpansion::buildLocationMappings() {
+void CKeywordExpansion::buildLocationMappings()
+{
     addToMap("DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM));
     addToMap("DIR_APPLICATION_ROOT", getLocation(LOCATION_DIR_APPLICATION_ROOT));
     addToMap("DIR_DOMAIN_SETTINGS", getLocation(LOCATION_DIR_DOMAIN_SETTINGS));
@@ -111,7 +117,8 @@ void CKeywordExpansion::buildLocationMappings() {
     addToMap("DIR_WINDOWS_COMMONFILES", getLocation(LOCATION_DIR_WINDOWS_COMMONFILES));
 }
 
-void CKeywordExpansion::buildSystemMappings() {
+void CKeywordExpansion::buildSystemMappings()
+{
     addToMap("USER_NAME", userName().c_str());
     addToMap("COMPUTER_NAME", computerName().c_str());
     m_timeCurrent = ::_time64(nullptr);
@@ -119,9 +126,10 @@ void CKeywordExpansion::buildSystemMappings() {
     addToMap("NEWLINE", "\n");
 }
 
-void CKeywordExpansion::readFileTime() {
-    const HANDLE hFile = ::CreateFileA(m_sFileName, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+void CKeywordExpansion::readFileTime()
+{
+    const HANDLE hFile = ::CreateFileA(m_sFileName, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (hFile == INVALID_HANDLE_VALUE)
         return;
     FILETIME created, accessed, written;
@@ -130,7 +138,8 @@ void CKeywordExpansion::readFileTime() {
     ::CloseHandle(hFile);
 }
 
-void CKeywordExpansion::addToMap(const char* sKey, const char* sValue) {
+void CKeywordExpansion::addToMap(const char* sKey, const char* sValue)
+{
     if (!sValue)
         sValue = "";
     TESK_TRACE("CKeywordExpansion::addToMap(\"%s\", \"%s\")\n", sKey, sValue);
@@ -140,19 +149,21 @@ void CKeywordExpansion::addToMap(const char* sKey, const char* sValue) {
     store(std::string("X_") + sKey, std::move(sForward));
 }
 
-void CKeywordExpansion::addIntToMap(const char* sKey, int iValue) {
+void CKeywordExpansion::addIntToMap(const char* sKey, int iValue)
+{
     CString sValue;
     sValue.Format("%i", iValue);
     addToMap(sKey, sValue);
 }
 
-void CKeywordExpansion::store(const std::string& sKey, std::string sValue) {
+void CKeywordExpansion::store(const std::string& sKey, std::string sValue)
+{
     m_iLongestKeyword = std::max(m_iLongestKeyword, sKey.size());
     m_mapKeywords[sKey] = std::move(sValue);
 }
 
-CString CKeywordExpansion::expandString(const char* sInput, const char* sStart,
-                                        const char* sEnd) const {
+CString CKeywordExpansion::expandString(const char* sInput, const char* sStart, const char* sEnd) const
+{
     TESK_TRACE("CKeywordExpansion::expandString(\"%s\", \"%s\", \"%s\")\n", sInput, sStart, sEnd);
     if (!*sEnd)
         sEnd = sStart;
@@ -162,12 +173,10 @@ CString CKeywordExpansion::expandString(const char* sInput, const char* sStart,
     return CString(std::move(sText));
 }
 
-CString CKeywordExpansion::expandString(const char* sInput) const {
-    return expandString(sInput, "%", "");
-}
+CString CKeywordExpansion::expandString(const char* sInput) const { return expandString(sInput, "%", ""); }
 
-std::string CKeywordExpansion::expandDates(std::string sText, const char* sStart,
-                                           const char* sEnd) const {
+std::string CKeywordExpansion::expandDates(std::string sText, const char* sStart, const char* sEnd) const
+{
     if (m_bFileTimeValid)
         sText = expandFileDates(std::move(sText), sStart, sEnd);
     if (m_bCurrentTimeValid)
@@ -175,19 +184,18 @@ std::string CKeywordExpansion::expandDates(std::string sText, const char* sStart
     return sText;
 }
 
-std::string CKeywordExpansion::expandFileDates(std::string sText, const char* sStart,
-                                               const char* sEnd) const {
+std::string CKeywordExpansion::expandFileDates(std::string sText, const char* sStart, const char* sEnd) const
+{
     TESK_ASSERT(m_bFileTimeValid);
     sText = expandDateKeyword("UPDATE_DATE", m_timeFile, false, std::move(sText), sStart, sEnd);
     return expandDateKeyword("UPDATE_DATE_UTC", m_timeFile, true, std::move(sText), sStart, sEnd);
 }
 
-std::string CKeywordExpansion::expandCurrentDates(std::string sText, const char* sStart,
-                                                  const char* sEnd) const {
+std::string CKeywordExpansion::expandCurrentDates(std::string sText, const char* sStart, const char* sEnd) const
+{
     TESK_ASSERT(m_bCurrentTimeValid);
     sText = expandDateKeyword("CURRENT_DATE", m_timeCurrent, false, std::move(sText), sStart, sEnd);
-    return expandDateKeyword("CURRENT_DATE_UTC", m_timeCurrent, true, std::move(sText), sStart,
-                             sEnd);
+    return expandDateKeyword("CURRENT_DATE_UTC", m_timeCurrent, true, std::move(sText), sStart, sEnd);
 }
 
 }  // namespace Tesk

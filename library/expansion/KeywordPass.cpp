@@ -22,16 +22,19 @@ constexpr std::size_t iMostReentry = 1024 * 1024;
 // find too much in a double-byte code page, never too little.
 class CKeywordPass {
 public:
-    CKeywordPass(std::string sText, const KeywordMap& mapKeywords, std::size_t iLongestKeyword,
-                 std::string_view sStart, std::string_view sEnd)
+    CKeywordPass(std::string sText, const KeywordMap& mapKeywords, std::size_t iLongestKeyword, std::string_view sStart,
+                 std::string_view sEnd)
         : m_sText(std::move(sText)),
           m_mapKeywords(mapKeywords),
           m_iLongestKeyword(iLongestKeyword),
           m_sStart(sStart),
           m_sEnd(sEnd),
-          m_iMostText(m_sText.size() + iMostGrowth) {}
+          m_iMostText(m_sText.size() + iMostGrowth)
+    {
+    }
 
-    std::string expand() {
+    std::string expand()
+    {
         if (m_sStart.empty()) {
             for (const auto& [sKeyword, sValue] : m_mapKeywords)
                 m_setPending.insert(sKeyword);
@@ -42,8 +45,7 @@ public:
             m_sCurrent = *m_setPending.begin();
             m_setPending.erase(m_setPending.begin());
             m_bStarted = true;
-            replace(std::string(m_sStart).append(m_sCurrent).append(m_sEnd),
-                    m_mapKeywords.find(m_sCurrent)->second);
+            replace(std::string(m_sStart).append(m_sCurrent).append(m_sEnd), m_mapKeywords.find(m_sCurrent)->second);
         }
         return std::move(m_sText);
     }
@@ -54,13 +56,13 @@ private:
 
     // Lets the keywords wait whose tokens begin from `from` up to `to` and whose turn is
     // still to come.
-    void collect(std::size_t from, std::size_t to) {
+    void collect(std::size_t from, std::size_t to)
+    {
         const std::string_view sText(m_sText);
         const std::string_view sStarts = sText.substr(0, to + m_sStart.size());
         for (std::size_t at = sStarts.find(m_sStart, from); at != std::string_view::npos;
              at = sStarts.find(m_sStart, at + 1)) {
-            const std::string_view sRest =
-                sText.substr(at + m_sStart.size(), m_iLongestKeyword + m_sEnd.size());
+            const std::string_view sRest = sText.substr(at + m_sStart.size(), m_iLongestKeyword + m_sEnd.size());
             for (std::size_t length = sRest.find(m_sEnd); length != std::string_view::npos;
                  length = sRest.find(m_sEnd, length + 1)) {
                 const std::string_view sKeyword = sRest.substr(0, length);
@@ -74,13 +76,13 @@ private:
         }
     }
 
-    void replace(const std::string& sToken, const std::string& sValue) {
+    void replace(const std::string& sToken, const std::string& sValue)
+    {
         if (MultiByte::find(m_lead, m_sText, sToken) == std::string::npos)
             return;
         const bool bOwnToken = MultiByte::find(m_lead, sValue, sToken) != std::string::npos;
         if (bOwnToken || !rewrite(sToken, sValue, false)) {
-            TESK_TRACE("** \"%s\" brings its own token back: replaced once a place.\n",
-                       sToken.c_str());
+            TESK_TRACE("** \"%s\" brings its own token back: replaced once a place.\n", sToken.c_str());
             rewrite(sToken, sValue, true);
         }
         m_sText.swap(m_sOut);
@@ -89,7 +91,8 @@ private:
     }
 
     // A token that was not there before touches a value or the seam of an empty one.
-    void collectAroundPlaces(const std::string& sToken) {
+    void collectAroundPlaces(const std::string& sToken)
+    {
         const std::size_t reach = sToken.size() - m_sCurrent.size() + m_iLongestKeyword;
         std::size_t scanned = 0;
         for (const auto& [begin, end] : m_vecPlaces) {
@@ -104,15 +107,15 @@ private:
     // Writes the text with the token replaced to m_sOut, the values' places to m_vecPlaces.
     // With `bOnce` a token that a value completes is left; without, it is replaced, and
     // false tells that there seems to be no end to it.
-    bool rewrite(const std::string& sToken, const std::string& sValue, bool bOnce) {
+    bool rewrite(const std::string& sToken, const std::string& sValue, bool bOnce)
+    {
         m_sOut.clear();
         m_vecPlaces.clear();
         std::size_t budget = iMostReentry + 16 * m_sText.size();
         std::size_t taken = 0;
         std::size_t hit = MultiByte::find(m_lead, m_sText, sToken);
         while (hit != std::string::npos) {
-            if (m_sOut.size() + (m_sText.size() - taken) + sValue.size() >
-                m_iMostText + sToken.size()) {
+            if (m_sOut.size() + (m_sText.size() - taken) + sValue.size() > m_iMostText + sToken.size()) {
                 TESK_TRACE("** \"%s\" is left: the text has grown too long.\n", sToken.c_str());
                 break;
             }
@@ -133,12 +136,11 @@ private:
     // Replaces what the value just written completes with the text before and behind it,
     // until nothing is left or `budget` is used up (false). All before is searched already,
     // so that looking there again would find nothing.
-    bool reenter(const std::string& sToken, const std::string& sValue, std::size_t& taken,
-                 std::size_t& budget) {
+    bool reenter(const std::string& sToken, const std::string& sValue, std::size_t& taken, std::size_t& budget)
+    {
         for (;;) {
             const std::size_t begin = m_vecPlaces.back().first;
-            const std::size_t from =
-                m_lead.boundaryBefore(m_sOut, begin - std::min(begin, sToken.size() - 1));
+            const std::size_t from = m_lead.boundaryBefore(m_sOut, begin - std::min(begin, sToken.size() - 1));
             std::string sProbe = m_sOut.substr(from);
             sProbe.append(m_sText, taken, sToken.size() - 1);
             const std::size_t hit = MultiByte::find(m_lead, sProbe, sToken);
@@ -177,9 +179,9 @@ private:
 
 }  // namespace
 
-std::string expandKeywords(std::string sText, const KeywordMap& mapKeywords,
-                           std::size_t iLongestKeyword, std::string_view sStart,
-                           std::string_view sEnd) {
+std::string expandKeywords(std::string sText, const KeywordMap& mapKeywords, std::size_t iLongestKeyword,
+                           std::string_view sStart, std::string_view sEnd)
+{
     if (!sStart.empty() && sText.find(sStart) == std::string::npos)
         return sText;
     return CKeywordPass(std::move(sText), mapKeywords, iLongestKeyword, sStart, sEnd).expand();

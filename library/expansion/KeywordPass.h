@@ -24,8 +24,7 @@ using KeywordMap = std::map<std::string, std::string, std::less<>>;
 // not made. The trace says so.
 //
 // `iLongestKeyword` is at least the length of the table's longest keyword.
-std::string expandKeywords(std::string sText, const KeywordMap& mapKeywords,
-                           std::size_t iLongestKeyword, std::string_view sStart,
-                           std::string_view sEnd);
+std::string expandKeywords(std::string sText, const KeywordMap& mapKeywords, std::size_t iLongestKeyword,
+                           std::string_view sStart, std::string_view sEnd);
 
 }  // namespace Tesk

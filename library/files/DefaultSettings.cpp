@@ -31,10 +31,9 @@ size_t countClosing(std::string_view sText)
 
 CString toString(std::string_view sText) { return CString(std::string(sText)); }
 
-}
+}  // namespace
 
-CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines)
-    : m_bKeepLines(bKeepLines)
+CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines) : m_bKeepLines(bKeepLines)
 {
     for (const CString& sFileName : vFileNames)
         readAFile(sFileName);
@@ -46,8 +45,7 @@ void CDefaultSettings::readAFile(const char* sFileName)
     TESK_ASSERT_TEXT(std::strlen(sFileName) != 0, "_tcslen(sFileName) != 0");
     CTextFileContents contents(sFileName, true);
     TESK_ASSERT(m_pCurrentException == NULL);
-    m_pCurrentException =
-        std::make_unique<CDefaultSettingsException>(CDefaultSettingsException::errorUnknown);
+    m_pCurrentException = std::make_unique<CDefaultSettingsException>(CDefaultSettingsException::errorUnknown);
     m_pCurrentException->setFileName(sFileName);
     uint32_t uLine = 0;
     for (std::string_view sLine; contents.nextConverted(sLine);) {
@@ -160,4 +158,4 @@ void CDefaultSettings::traceContents(int iIndent) const
         trace("%s%s\n", sIndent.c_str(), sLine.GetString());
 }
 
-}
+}  // namespace Tesk

@@ -68,4 +68,4 @@ private:
     CString m_sCurrentSection;
 };
 
-}
+}  // namespace Tesk

@@ -26,4 +26,4 @@ bool CDefaultSettingsException::getErrorText(CString& sText) const
     return true;
 }
 
-}
+}  // namespace Tesk

@@ -29,7 +29,7 @@ public:
     void setCode(uint32_t uCode) { m_uCode = uCode; }
     const CString& getFileName() const { return m_sFileName; }
     void setFileName(const char* sFileName) { m_sFileName = sFileName; }
-    uint32_t getLine() const { return m_uLine; }    // from 1; c_noLine when not known
+    uint32_t getLine() const { return m_uLine; }  // from 1; c_noLine when not known
     void setLine(uint32_t uLine) { m_uLine = uLine; }
 
     // "Error (<<file>> @ line n) : Tokenising error." and the like. A code
@@ -42,4 +42,4 @@ private:
     uint32_t m_uLine = c_noLine;
 };
 
-}
+}  // namespace Tesk

@@ -34,8 +34,7 @@ public:
     virtual CDefaultSettings* createStandardSettings(const char* sFileName, bool bKeepLines);
     // Every copy for these drawings; empty when there is none. The caller owns the result.
     // The reader's exceptions pass through.
-    virtual CDefaultSettings* createSettings(const char* sFileName,
-                                             const std::vector<CString>& vecDrawings,
+    virtual CDefaultSettings* createSettings(const char* sFileName, const std::vector<CString>& vecDrawings,
                                              bool bKeepLines);
 
     // Not to be reached here: a derived class that needs the first two has its own.

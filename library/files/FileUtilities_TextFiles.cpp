@@ -71,4 +71,4 @@ void writeTextFileLines(const char* sFileName, const std::vector<CString>& vLine
         CFileException::ThrowErrno(errno, sFileName);
 }
 
-}
+}  // namespace Tesk

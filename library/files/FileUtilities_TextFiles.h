@@ -30,4 +30,4 @@ void readAnsiTextFileLines(const char* sFileName, std::vector<CString>& vLines);
 // Raises CFileException; lines written before stay in the file.
 void writeTextFileLines(const char* sFileName, const std::vector<CString>& vLines, bool bAppend);
 
-}
+}  // namespace Tesk

@@ -15,30 +15,31 @@ CLocator::CLocator() { TESK_TRACE("%s()\n", "Tesk::Support::File::CLocator::CLoc
 
 CLocator::~CLocator() { TESK_TRACE("%s()\n", "Tesk::Support::File::CLocator::~CLocator"); }
 
-CString CLocator::findFileIn(const CStringList& vecBases, const CStringList& vecDrawings,
-                             const char* sFileName, const char* sSubfolder) {
+CString CLocator::findFileIn(const CStringList& vecBases, const CStringList& vecDrawings, const char* sFileName,
+                             const char* sSubfolder)
+{
     CStringList vecFiles;
     findFilesIn(vecFiles, vecBases, vecDrawings, sFileName, sSubfolder);
     return lastOf(vecFiles);
 }
 
-CString CLocator::findFile(const CStringList& vecDrawings, const char* sFileName,
-                           const char* sSubfolder) {
+CString CLocator::findFile(const CStringList& vecDrawings, const char* sFileName, const char* sSubfolder)
+{
     CStringList vecFiles;
     findFiles(vecFiles, vecDrawings, sFileName, sSubfolder);
     return lastOf(vecFiles);
 }
 
-CString CLocator::findFileForDrawing(const char* sDrawing, const char* sFileName,
-                                     const char* sSubfolder) {
+CString CLocator::findFileForDrawing(const char* sDrawing, const char* sFileName, const char* sSubfolder)
+{
     CStringList vecFiles;
     findFilesForDrawing(vecFiles, sDrawing, sFileName, sSubfolder);
     return lastOf(vecFiles);
 }
 
-void CLocator::findFilesIn(CStringList& vecFiles, const CStringList& vecBases,
-                           const CStringList& vecDrawings, const char* sFileName,
-                           const char* sSubfolder) {
+void CLocator::findFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
+                           const char* sFileName, const char* sSubfolder)
+{
     const std::string sTail = (getSupportSubfolder(sSubfolder) + sFileName).GetString();
     for (const CString& sBase : vecBases)
         addExistingVariants(vecFiles, (sBase.GetString() + sTail).c_str());
@@ -60,58 +61,62 @@ void CLocator::findFilesIn(CStringList& vecFiles, const CStringList& vecBases,
         addExistingVariants(vecFiles, sCandidate.c_str());
 }
 
-void CLocator::findFiles(CStringList& vecFiles, const CStringList& vecDrawings,
-                         const char* sFileName, const char* sSubfolder) {
+void CLocator::findFiles(CStringList& vecFiles, const CStringList& vecDrawings, const char* sFileName,
+                         const char* sSubfolder)
+{
     findFilesIn(vecFiles, getStandardDirectories(), vecDrawings, sFileName, sSubfolder);
 }
 
-void CLocator::findFilesForDrawing(CStringList& vecFiles, const char* sDrawing,
-                                   const char* sFileName, const char* sSubfolder) {
+void CLocator::findFilesForDrawing(CStringList& vecFiles, const char* sDrawing, const char* sFileName,
+                                   const char* sSubfolder)
+{
     findFiles(vecFiles, CStringList(1, sDrawing), sFileName, sSubfolder);
 }
 
-void CLocator::findFilesInForDrawing(CStringList& vecFiles, const CStringList& vecBases,
-                                     const char* sDrawing, const char* sFileName,
-                                     const char* sSubfolder) {
+void CLocator::findFilesInForDrawing(CStringList& vecFiles, const CStringList& vecBases, const char* sDrawing,
+                                     const char* sFileName, const char* sSubfolder)
+{
     findFilesIn(vecFiles, vecBases, CStringList(1, sDrawing), sFileName, sSubfolder);
 }
 
-void CLocator::findAllFiles(CStringList& vecFiles, const CStringList& vecDrawings,
-                            const char* sFileName, const char* sSubfolder) {
+void CLocator::findAllFiles(CStringList& vecFiles, const CStringList& vecDrawings, const char* sFileName,
+                            const char* sSubfolder)
+{
     findAllFilesIn(vecFiles, getStandardDirectories(), vecDrawings, sFileName, sSubfolder);
 }
 
-void CLocator::findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases,
-                              const CStringList& vecDrawings, const char* sFileName,
-                              const char* sSubfolder) {
+void CLocator::findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
+                              const char* sFileName, const char* sSubfolder)
+{
     // A caller's own findFilesIn does not change what this form finds.
     CLocator::findFilesIn(vecFiles, vecBases, vecDrawings, sFileName, sSubfolder);
 }
 
-void CLocator::addExistingVariants(CStringList& vecFiles, const char* sPath) {
+void CLocator::addExistingVariants(CStringList& vecFiles, const char* sPath)
+{
     const PathParts parts(sPath);
     const AcDbHostApplicationServices* pHost = ::acdbHostApplicationServices();
     const std::string sRelease = pHost->releaseMajorMinorString();
     const std::string sProduct = pHost->product();
     const std::string sStem = parts.parent() + parts.sBase;
     const std::string sExtension = "." + (parts.sExtension.empty() ? "" : parts.sExtension.substr(1));
-    for (const std::string& sVariant : {std::string(sPath), sStem + sRelease + sExtension,
-                                        sStem + sProduct + "_" + sRelease + sExtension}) {
+    for (const std::string& sVariant :
+         {std::string(sPath), sStem + sRelease + sExtension, sStem + sProduct + "_" + sRelease + sExtension}) {
         if (fileExists(sVariant.c_str()))
             vecFiles.push_back(sVariant.c_str());
     }
 }
 
-CString CLocator::getSupportSubfolder(const char* sName) {
-    return CString(*sName ? sName : "support") + "\\";
-}
+CString CLocator::getSupportSubfolder(const char* sName) { return CString(*sName ? sName : "support") + "\\"; }
 
-CStringList CLocator::getStandardDirectories() {
+CStringList CLocator::getStandardDirectories()
+{
     TESK_TRACE("%s()\n", "Tesk::Support::File::CLocator::getStandardDirectories");
     return {getLocation(LOCATION_DIR_APPLICATION_ROOT), getLocation(LOCATION_DIR_DOMAIN_SETTINGS)};
 }
 
-CStringList CLocator::splitPathList(const char* sPaths) {
+CStringList CLocator::splitPathList(const char* sPaths)
+{
     CStringList vecPaths;
     std::string_view sRest(sPaths);
     while (!sRest.empty()) {
@@ -124,8 +129,6 @@ CStringList CLocator::splitPathList(const char* sPaths) {
     return vecPaths;
 }
 
-CString CLocator::lastOf(const CStringList& vecFiles) {
-    return vecFiles.empty() ? CString() : vecFiles.back();
-}
+CString CLocator::lastOf(const CStringList& vecFiles) { return vecFiles.empty() ? CString() : vecFiles.back(); }
 
 }  // namespace Tesk::Support::File

@@ -20,33 +20,28 @@ public:
     CLocator& operator=(const CLocator&) = delete;
 
     // The most specific copy, or empty.
-    virtual CString findFileIn(const CStringList& vecBases, const CStringList& vecDrawings,
-                               const char* sFileName, const char* sSubfolder);
-    virtual CString findFile(const CStringList& vecDrawings, const char* sFileName,
-                             const char* sSubfolder);
-    virtual CString findFileForDrawing(const char* sDrawing, const char* sFileName,
-                                       const char* sSubfolder);
+    virtual CString findFileIn(const CStringList& vecBases, const CStringList& vecDrawings, const char* sFileName,
+                               const char* sSubfolder);
+    virtual CString findFile(const CStringList& vecDrawings, const char* sFileName, const char* sSubfolder);
+    virtual CString findFileForDrawing(const char* sDrawing, const char* sFileName, const char* sSubfolder);
 
     // Every copy: below each base folder and each project's "Settings" folder in the
     // support sub-folder, then beside the drawings. No drawing path may be empty.
-    virtual void findFilesIn(CStringList& vecFiles, const CStringList& vecBases,
-                             const CStringList& vecDrawings, const char* sFileName,
-                             const char* sSubfolder);
+    virtual void findFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
+                             const char* sFileName, const char* sSubfolder);
     // The same with the standard directories as base folders.
-    virtual void findFiles(CStringList& vecFiles, const CStringList& vecDrawings,
-                           const char* sFileName, const char* sSubfolder);
-    virtual void findFilesForDrawing(CStringList& vecFiles, const char* sDrawing,
-                                     const char* sFileName, const char* sSubfolder);
-    virtual void findFilesInForDrawing(CStringList& vecFiles, const CStringList& vecBases,
-                                       const char* sDrawing, const char* sFileName,
-                                       const char* sSubfolder);
+    virtual void findFiles(CStringList& vecFiles, const CStringList& vecDrawings, const char* sFileName,
+                           const char* sSubfolder);
+    virtual void findFilesForDrawing(CStringList& vecFiles, const char* sDrawing, const char* sFileName,
+                                     const char* sSubfolder);
+    virtual void findFilesInForDrawing(CStringList& vecFiles, const CStringList& vecBases, const char* sDrawing,
+                                       const char* sFileName, const char* sSubfolder);
 
     // The second search form, over the same three kinds of folders.
-    virtual void findAllFiles(CStringList& vecFiles, const CStringList& vecDrawings,
-                              const char* sFileName, const char* sSubfolder);
-    virtual void findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases,
-                                const CStringList& vecDrawings, const char* sFileName,
-                                const char* sSubfolder);
+    virtual void findAllFiles(CStringList& vecFiles, const CStringList& vecDrawings, const char* sFileName,
+                              const char* sSubfolder);
+    virtual void findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
+                                const char* sFileName, const char* sSubfolder);
 
     // Appends, where they exist, the path itself, then with the host's release before the
     // extension, then with the host's product name, "_" and the release.

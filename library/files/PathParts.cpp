@@ -4,7 +4,8 @@
 
 namespace Tesk {
 
-PathParts::PathParts(std::string_view sPath) {
+PathParts::PathParts(std::string_view sPath)
+{
     if (sPath.size() >= 2 && sPath[1] == ':' && !MultiByte::CLeadBytes().contains(sPath[0])) {
         sDrive = sPath.substr(0, 2);
         sPath.remove_prefix(2);
@@ -20,13 +21,15 @@ PathParts::PathParts(std::string_view sPath) {
         sExtension = sPath.substr(dot);
 }
 
-std::string withBackslash(std::string sPath) {
+std::string withBackslash(std::string sPath)
+{
     if (!sPath.empty() && !MultiByte::endsWith(sPath, '\\'))
         sPath += '\\';
     return sPath;
 }
 
-std::string withoutBackslash(std::string sPath) {
+std::string withoutBackslash(std::string sPath)
+{
     if (MultiByte::endsWith(sPath, '\\'))
         sPath.pop_back();
     return sPath;

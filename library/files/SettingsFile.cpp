@@ -15,7 +15,8 @@ CBlockGroup g_currentTitleBlock;
 
 }  // namespace
 
-CSettingsFile::CSettingsFile(const char* sPath) {
+CSettingsFile::CSettingsFile(const char* sPath)
+{
     try {
         read(sPath);
     } catch (CFileException* e) {
@@ -23,7 +24,8 @@ CSettingsFile::CSettingsFile(const char* sPath) {
     }
 }
 
-void CSettingsFile::read(const char* sPath) {
+void CSettingsFile::read(const char* sPath)
+{
     *this = CSettingsFile();
     std::vector<CString> vecLines;
     readAnsiTextFileLines(sPath, vecLines);
@@ -38,7 +40,8 @@ const CBorderEntry& getCurrentBorder() { return g_currentBorder; }
 
 const CBlockGroup& getCurrentTitleBlock() { return g_currentTitleBlock; }
 
-void setCurrentTitleBlock(const CBlockGroup& group, const CBorderEntry& border) {
+void setCurrentTitleBlock(const CBlockGroup& group, const CBorderEntry& border)
+{
     g_currentTitleBlock = group;
     g_currentBorder = border;
 }

@@ -12,16 +12,13 @@ namespace Tesk {
 
 namespace {
 
-bool isCommentString(std::string_view sLine) {
-    return sLine.starts_with('#') || sLine.starts_with("//");
-}
+bool isCommentString(std::string_view sLine) { return sLine.starts_with('#') || sLine.starts_with("//"); }
 
-[[maybe_unused]] std::string_view TrimString(std::string_view sText) {
-    return MultiByte::trim(sText);
-}
+[[maybe_unused]] std::string_view TrimString(std::string_view sText) { return MultiByte::trim(sText); }
 
 // Key, in upper case, and value of a trimmed line, divided at its first space or tab.
-std::pair<std::string, std::string> splitLine(std::string_view sLine) {
+std::pair<std::string, std::string> splitLine(std::string_view sLine)
+{
     const std::size_t blank = sLine.find_first_of(" \t");
     std::string sValue;
     if (blank != std::string_view::npos)
@@ -30,7 +27,8 @@ std::pair<std::string, std::string> splitLine(std::string_view sLine) {
 }
 
 // Neither quotation mark is ever the second byte of a character.
-std::string withoutQuotes(std::string_view sText) {
+std::string withoutQuotes(std::string_view sText)
+{
     const std::size_t first = sText.find_first_not_of("\"'");
     if (first == std::string_view::npos)
         return {};
@@ -40,7 +38,8 @@ std::string withoutQuotes(std::string_view sText) {
 // Up to six fields between quotation marks with white space between them, by the rules of
 // sscanf for ` "%[^"]" "%[^"]" ...`: a field has one character at least, and the last one
 // need not be closed. Scanned by hand, since a field may be as long as its line.
-std::vector<std::string> scanQuoted(std::string_view sText) {
+std::vector<std::string> scanQuoted(std::string_view sText)
+{
     std::vector<std::string> vecFields;
     std::size_t at = 0;
     while (vecFields.size() < 6) {
@@ -62,9 +61,12 @@ std::vector<std::string> scanQuoted(std::string_view sText) {
 }  // namespace
 
 CSettingsFileReader::CSettingsFileReader(CSettingsFile& settings, std::string sFolder)
-    : m_settings(settings), m_sFolder(std::move(sFolder)) {}
+    : m_settings(settings), m_sFolder(std::move(sFolder))
+{
+}
 
-void CSettingsFileReader::readLine(std::string_view sLine) {
+void CSettingsFileReader::readLine(std::string_view sLine)
+{
     sLine = MultiByte::trim(sLine);
     if (sLine.empty() || isCommentString(sLine) || sLine == "{")
         return;
@@ -79,20 +81,15 @@ void CSettingsFileReader::readLine(std::string_view sLine) {
     }
 }
 
-CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyword) {
+CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyword)
+{
     static const std::pair<const char*, State> aKeywords[] = {
-        {"PROJECTPATH", STATE_PROJECTPATH},
-        {"PROJECTLABEL", STATE_PROJECTLABEL},
-        {"JOBNUMBER", STATE_JOBNUMBER},
-        {"ISSUEDIRECTORY", STATE_ISSUEDIRECTORY},
-        {"JOBTITLE", STATE_JOBTITLE},
-        {"OFFICEDETAILS", STATE_OFFICEDETAILS},
-        {"CLIENTTITLE", STATE_CLIENTTITLE},
-        {"DWGSTATUS", STATE_DWGSTATUS},
-        {"DWGDISCIPLINE", STATE_DWGDISCIPLINE},
-        {"ISSUE", STATE_ISSUE},
-        {"CADSTANDARDS", STATE_CADSTANDARDS},
-        {"TITLEBLOCKS", STATE_TITLEBLOCKS},
+        {"PROJECTPATH", STATE_PROJECTPATH},     {"PROJECTLABEL", STATE_PROJECTLABEL},
+        {"JOBNUMBER", STATE_JOBNUMBER},         {"ISSUEDIRECTORY", STATE_ISSUEDIRECTORY},
+        {"JOBTITLE", STATE_JOBTITLE},           {"OFFICEDETAILS", STATE_OFFICEDETAILS},
+        {"CLIENTTITLE", STATE_CLIENTTITLE},     {"DWGSTATUS", STATE_DWGSTATUS},
+        {"DWGDISCIPLINE", STATE_DWGDISCIPLINE}, {"ISSUE", STATE_ISSUE},
+        {"CADSTANDARDS", STATE_CADSTANDARDS},   {"TITLEBLOCKS", STATE_TITLEBLOCKS},
         {"MOCKBORDERS", STATE_MOCKBORDERS},
     };
     for (const auto& [szName, state] : aKeywords) {
@@ -102,7 +99,8 @@ CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyw
     return STATE_SKIP;
 }
 
-void CSettingsFileReader::closeBlock() {
+void CSettingsFileReader::closeBlock()
+{
     if (m_state == STATE_TITLEBLOCKS)
         m_settings.m_vecTitleBlocks.push_back(std::move(m_group));
     else if (m_state == STATE_MOCKBORDERS)
@@ -110,34 +108,59 @@ void CSettingsFileReader::closeBlock() {
     m_state = STATE_TOP;
 }
 
-void CSettingsFileReader::readBlockLine(const std::string& sLine) {
+void CSettingsFileReader::readBlockLine(const std::string& sLine)
+{
     const auto [sKey, sValue] = splitLine(sLine);
     switch (m_state) {
-    case STATE_PROJECTPATH: readProjectPath(sLine); break;
-    case STATE_PROJECTLABEL: m_settings.m_sProjectLabel = sLine; break;
-    case STATE_JOBNUMBER: m_settings.m_sJobNumber = sLine; break;
-    case STATE_ISSUEDIRECTORY: m_settings.m_sIssueDirectory = sLine; break;
-    case STATE_JOBTITLE: m_settings.m_vecJobTitle.push_back(sLine); break;
-    case STATE_OFFICEDETAILS: m_settings.m_vecOfficeDetails.push_back(sLine); break;
-    case STATE_CLIENTTITLE: m_settings.m_vecClientTitle.push_back(sLine); break;
-    case STATE_DWGSTATUS: m_settings.m_vecDrawingStatus.push_back(sLine); break;
-    case STATE_DWGDISCIPLINE: m_settings.m_vecDrawingDiscipline.push_back(sLine); break;
-    case STATE_ISSUE: readIssue(sKey, sValue); break;
-    case STATE_CADSTANDARDS: readCadStandard(sKey, sValue); break;
+    case STATE_PROJECTPATH:
+        readProjectPath(sLine);
+        break;
+    case STATE_PROJECTLABEL:
+        m_settings.m_sProjectLabel = sLine;
+        break;
+    case STATE_JOBNUMBER:
+        m_settings.m_sJobNumber = sLine;
+        break;
+    case STATE_ISSUEDIRECTORY:
+        m_settings.m_sIssueDirectory = sLine;
+        break;
+    case STATE_JOBTITLE:
+        m_settings.m_vecJobTitle.push_back(sLine);
+        break;
+    case STATE_OFFICEDETAILS:
+        m_settings.m_vecOfficeDetails.push_back(sLine);
+        break;
+    case STATE_CLIENTTITLE:
+        m_settings.m_vecClientTitle.push_back(sLine);
+        break;
+    case STATE_DWGSTATUS:
+        m_settings.m_vecDrawingStatus.push_back(sLine);
+        break;
+    case STATE_DWGDISCIPLINE:
+        m_settings.m_vecDrawingDiscipline.push_back(sLine);
+        break;
+    case STATE_ISSUE:
+        readIssue(sKey, sValue);
+        break;
+    case STATE_CADSTANDARDS:
+        readCadStandard(sKey, sValue);
+        break;
     case STATE_TITLEBLOCKS:
-    case STATE_MOCKBORDERS: readGroupLine(sKey, sValue); break;
+    case STATE_MOCKBORDERS:
+        readGroupLine(sKey, sValue);
+        break;
     default:
         ::MessageBoxA(nullptr, sLine.c_str(), "Not reading any section", MB_OK | MB_ICONERROR);
         TESK_ASSERT(false);
     }
 }
 
-void CSettingsFileReader::readProjectPath(const std::string& sInput) {
+void CSettingsFileReader::readProjectPath(const std::string& sInput)
+{
     TESK_ASSERT(TrimString(sInput) == sInput);
     TESK_ASSERT(!isCommentString(sInput));
     const std::size_t second = MultiByte::CLeadBytes().next(sInput, 0);
-    const bool bAbsolute = sInput[0] == '\\' || sInput[0] == '/' ||
-                           (second < sInput.size() && sInput[second] == ':');
+    const bool bAbsolute = sInput[0] == '\\' || sInput[0] == '/' || (second < sInput.size() && sInput[second] == ':');
     m_settings.m_sProjectPaths += ";";
     if (!bAbsolute)
         m_settings.m_sProjectPaths += m_sFolder;
@@ -145,7 +168,8 @@ void CSettingsFileReader::readProjectPath(const std::string& sInput) {
         m_settings.m_sProjectPaths += sInput;
 }
 
-void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& sValue) {
+void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& sValue)
+{
     TESK_ASSERT_TEXT(!sKey.empty(), "!sKey.IsEmpty()");
     if (sKey.find('+') != std::string::npos) {
         if (m_bAnyIssue)
@@ -168,12 +192,14 @@ void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& 
     m_bAnyIssue = true;
 }
 
-void CSettingsFileReader::readCadStandard(const std::string& sKey, const std::string& sValue) {
+void CSettingsFileReader::readCadStandard(const std::string& sKey, const std::string& sValue)
+{
     TESK_ASSERT_TEXT(!sKey.empty(), "!sKey.IsEmpty()");
     m_settings.m_mapCadStandards[sKey] = sValue;
 }
 
-void CSettingsFileReader::readGroupLine(const std::string& sKey, const std::string& sValue) {
+void CSettingsFileReader::readGroupLine(const std::string& sKey, const std::string& sValue)
+{
     if (sKey == "CATEGORY")
         m_group.m_sCategory = sValue;
     else if (sKey == "DEFAULTLAYER")
@@ -192,7 +218,8 @@ void CSettingsFileReader::readGroupLine(const std::string& sKey, const std::stri
         m_group.m_mapOther[sKey] = withoutQuotes(sValue);
 }
 
-void CSettingsFileReader::readBorder(std::string_view sValue) {
+void CSettingsFileReader::readBorder(std::string_view sValue)
+{
     std::vector<std::string> vecFields = scanQuoted(sValue);
     if (vecFields.size() != 6 && vecFields.size() != 5 && vecFields.size() != 2) {
         TESK_TRACE("** Invalid border entry.\n");

@@ -26,12 +26,14 @@ namespace {
 
 constexpr const char* szProjectSettings = "ProjectSettings.txt";
 
-UniqueHandle openExisting(const char* sPath, DWORD dwFlags) {
-    return UniqueHandle(::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                      nullptr, OPEN_EXISTING, dwFlags, nullptr));
+UniqueHandle openExisting(const char* sPath, DWORD dwFlags)
+{
+    return UniqueHandle(::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                      dwFlags, nullptr));
 }
 
-std::string readSpecialFolder(int iFolder) {
+std::string readSpecialFolder(int iFolder)
+{
     char szPath[MAX_PATH] = "";
     bool bValid = false;
     ITEMIDLIST* pList = nullptr;
@@ -44,7 +46,8 @@ std::string readSpecialFolder(int iFolder) {
 }
 
 // The shell takes its time; the folders stay what they are while the process runs.
-const std::string& specialFolder(int iFolder) {
+const std::string& specialFolder(int iFolder)
+{
     static std::map<int, std::string> cached;
     std::string& sFolder = cached[iFolder];
     if (sFolder.empty())
@@ -54,7 +57,8 @@ const std::string& specialFolder(int iFolder) {
 
 // The module's file, or the program's while the library has no module. The handle is read
 // directly, since an assertion report asks for this path too.
-std::string moduleFile() {
+std::string moduleFile()
+{
     static std::pair<HMODULE, std::string> cached;
     if (G_bLibraryInitialised && cached.first == G_hCurrentModule && !cached.second.empty())
         return cached.second;
@@ -65,7 +69,8 @@ std::string moduleFile() {
 }
 
 // The long form of a path; the path itself when there is none.
-std::string longForm(const std::string& sPath) {
+std::string longForm(const std::string& sPath)
+{
     std::string sLong(MAX_PATH, '\0');
     for (;;) {
         const auto size = static_cast<DWORD>(sLong.size());
@@ -80,14 +85,16 @@ std::string longForm(const std::string& sPath) {
 
 // Looking up the long form reads every folder on the way; the module's own folder keeps
 // its name as long as the module is loaded.
-const std::string& longProgramFolder(const std::string& sProgram) {
+const std::string& longProgramFolder(const std::string& sProgram)
+{
     static std::pair<std::string, std::string> cached;
     if (cached.first != sProgram)
         cached = {sProgram, longForm(sProgram)};
     return cached.second;
 }
 
-std::string applicationRoot() {
+std::string applicationRoot()
+{
     constexpr std::string_view sComponents = "Components\\";
     const std::string sProgram = getLocation(LOCATION_DIR_PROGRAM).GetString();
     const std::string& sLong = longProgramFolder(sProgram);
@@ -97,7 +104,8 @@ std::string applicationRoot() {
     return MultiByte::equalNoCase(sTail, sComponents) ? sProgram + "..\\" : sProgram;
 }
 
-std::string drawingFolder() {
+std::string drawingFolder()
+{
     try {
         return CARXVariable("DWGPREFIX").readString().GetString();
     } catch (CException* e) {
@@ -107,73 +115,98 @@ std::string drawingFolder() {
 }
 
 // Folder (with its backslash) and name; empty when the folder is.
-std::string below(int iFolder, std::string_view sName) {
+std::string below(int iFolder, std::string_view sName)
+{
     std::string sFolder = getLocation(iFolder).GetString();
     if (!sFolder.empty())
         sFolder += sName;
     return sFolder;
 }
 
-std::string diagnosticsLog() {
+std::string diagnosticsLog()
+{
     const std::string sModule = longForm(getLocation(LOCATION_FILE_MODULE).GetString());
     return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + PathParts(sModule).sBase + ".log");
 }
 
-std::string rawLocation(int iWhere) {
+std::string rawLocation(int iWhere)
+{
     switch (iWhere) {
     case LOCATION_DIR_PROGRAM:
         return PathParts(getLocation(LOCATION_FILE_MODULE).GetString()).parent();
-    case LOCATION_DIR_APPLICATION_ROOT: return applicationRoot();
-    case LOCATION_DIR_HELPDOCS: return below(LOCATION_DIR_APPLICATION_ROOT, "HelpDocs");
-    case LOCATION_DIR_DOMAIN_SETTINGS: return getDomainSettingsFolder().GetString();
-    case LOCATION_DIR_TEMP: return getTempFolder().GetString();
-    case LOCATION_DIR_USERAPPDATA: return specialFolder(CSIDL_APPDATA | CSIDL_FLAG_CREATE);
+    case LOCATION_DIR_APPLICATION_ROOT:
+        return applicationRoot();
+    case LOCATION_DIR_HELPDOCS:
+        return below(LOCATION_DIR_APPLICATION_ROOT, "HelpDocs");
+    case LOCATION_DIR_DOMAIN_SETTINGS:
+        return getDomainSettingsFolder().GetString();
+    case LOCATION_DIR_TEMP:
+        return getTempFolder().GetString();
+    case LOCATION_DIR_USERAPPDATA:
+        return specialFolder(CSIDL_APPDATA | CSIDL_FLAG_CREATE);
     case LOCATION_DIR_USERLOCALAPPDATA:
         return specialFolder(CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE);
-    case LOCATION_DIR_USERZAVIKDATA: return below(LOCATION_DIR_USERAPPDATA, "Zavik");
-    case LOCATION_DIR_USERLOCALZAVIKDATA: return below(LOCATION_DIR_USERLOCALAPPDATA, "Zavik");
-    case LOCATION_DIR_USERPLENDADATA: return below(LOCATION_DIR_USERAPPDATA, "Draftrix");
-    case LOCATION_DIR_COMMONZAVIKFILES: return below(LOCATION_DIR_WINDOWS_COMMONFILES, "Zavik");
-    case LOCATION_DIR_WINDOWS: return specialFolder(CSIDL_WINDOWS);
-    case LOCATION_DIR_WINDOWS_SYSTEM: return specialFolder(CSIDL_SYSTEM);
-    case LOCATION_DIR_WINDOWS_COMMONFILES: return specialFolder(CSIDL_PROGRAM_FILES_COMMON);
-    case LOCATION_DIR_PROGRAMFILES: return specialFolder(CSIDL_PROGRAM_FILES);
-    case LOCATION_DIR_DRAWING: return drawingFolder();
+    case LOCATION_DIR_USERZAVIKDATA:
+        return below(LOCATION_DIR_USERAPPDATA, "Zavik");
+    case LOCATION_DIR_USERLOCALZAVIKDATA:
+        return below(LOCATION_DIR_USERLOCALAPPDATA, "Zavik");
+    case LOCATION_DIR_USERPLENDADATA:
+        return below(LOCATION_DIR_USERAPPDATA, "Draftrix");
+    case LOCATION_DIR_COMMONZAVIKFILES:
+        return below(LOCATION_DIR_WINDOWS_COMMONFILES, "Zavik");
+    case LOCATION_DIR_WINDOWS:
+        return specialFolder(CSIDL_WINDOWS);
+    case LOCATION_DIR_WINDOWS_SYSTEM:
+        return specialFolder(CSIDL_SYSTEM);
+    case LOCATION_DIR_WINDOWS_COMMONFILES:
+        return specialFolder(CSIDL_PROGRAM_FILES_COMMON);
+    case LOCATION_DIR_PROGRAMFILES:
+        return specialFolder(CSIDL_PROGRAM_FILES);
+    case LOCATION_DIR_DRAWING:
+        return drawingFolder();
     case LOCATION_DIR_PROJECT_DWG_ROOT:
         return findProjectFolder(getLocation(LOCATION_DIR_DRAWING)).GetString();
-    case LOCATION_DIR_PROJECT_DWG_SETTINGS: return below(LOCATION_DIR_PROJECT_DWG_ROOT, "Settings");
-    case LOCATION_FILE_HELP: return below(LOCATION_DIR_HELPDOCS, "Draftrix.hlp");
-    case LOCATION_FILE_DIAGNOSTICS_LOG: return diagnosticsLog();
-    case LOCATION_FILE_MODULE: return moduleFile();
+    case LOCATION_DIR_PROJECT_DWG_SETTINGS:
+        return below(LOCATION_DIR_PROJECT_DWG_ROOT, "Settings");
+    case LOCATION_FILE_HELP:
+        return below(LOCATION_DIR_HELPDOCS, "Draftrix.hlp");
+    case LOCATION_FILE_DIAGNOSTICS_LOG:
+        return diagnosticsLog();
+    case LOCATION_FILE_MODULE:
+        return moduleFile();
     case LOCATION_FILE_DOMAIN_SETTINGS:
         return below(LOCATION_DIR_DOMAIN_SETTINGS, "DomainSettings.txt");
     case LOCATION_FILE_STANDARD_SETTINGS:
         return below(LOCATION_DIR_APPLICATION_ROOT, "support\\StandardSettings.txt");
     case LOCATION_FILE_PROJECT_SETTINGS:
         return below(LOCATION_DIR_PROJECT_DWG_ROOT, szProjectSettings);
-    default: TESK_ASSERT(false); return {};
+    default:
+        TESK_ASSERT(false);
+        return {};
     }
 }
 
-std::string fullPath(const std::string& sPath) {
+std::string fullPath(const std::string& sPath)
+{
     char szFull[MAX_PATH * 4];
     return ::_fullpath(szFull, sPath.c_str(), sizeof szFull) ? szFull : sPath;
 }
 
 // An administrator's new value, stamped in the machine's branch, reaches every user once.
-void propagateDomainSettings(const char* szKey, const char* szStampsKey, const char* szName) {
+void propagateDomainSettings(const char* szKey, const char* szStampsKey, const char* szName)
+{
     CString sMachine, sMachineStamp, sUserStamp;
     if (!Registry::GetValue(HKEY_LOCAL_MACHINE, szKey, szName, sMachine) ||
         !Registry::GetValue(HKEY_LOCAL_MACHINE, szStampsKey, szName, sMachineStamp))
         return;
-    if (Registry::GetValue(HKEY_CURRENT_USER, szStampsKey, szName, sUserStamp) &&
-        sUserStamp == sMachineStamp)
+    if (Registry::GetValue(HKEY_CURRENT_USER, szStampsKey, szName, sUserStamp) && sUserStamp == sMachineStamp)
         return;
     Registry::SetValue(HKEY_CURRENT_USER, szKey, szName, sMachine);
     Registry::SetValue(HKEY_CURRENT_USER, szStampsKey, szName, sMachineStamp);
 }
 
-bool registeredDomainSettings(CString& sFolder) {
+bool registeredDomainSettings(CString& sFolder)
+{
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const CString sStampsKey = sKey + "\\Stamps";
     propagateDomainSettings(sKey, sStampsKey, "Domain Settings");
@@ -181,7 +214,8 @@ bool registeredDomainSettings(CString& sFolder) {
 }
 
 // False when the variable is not set; one that is set may be empty.
-bool environment(const char* szName, std::string& sValue) {
+bool environment(const char* szName, std::string& sValue)
+{
     const DWORD size = ::GetEnvironmentVariableA(szName, nullptr, 0);
     sValue.resize(size);
     const DWORD length = size ? ::GetEnvironmentVariableA(szName, sValue.data(), size) : 0;
@@ -191,7 +225,8 @@ bool environment(const char* szName, std::string& sValue) {
 
 }  // namespace
 
-CString getLocation(int iWhere) {
+CString getLocation(int iWhere)
+{
     TESK_ASSERT((iWhere != LOCATION_DIRS) && (iWhere != LOCATION_FILES));
     if (iWhere == LOCATION_DIRS || iWhere == LOCATION_FILES)
         return {};
@@ -201,7 +236,8 @@ CString getLocation(int iWhere) {
     return (iWhere < LOCATION_FILES ? withBackslash(sPath) : sPath).c_str();
 }
 
-CString findFolderUpwards(const char* sStart, const char* sFileName) {
+CString findFolderUpwards(const char* sStart, const char* sFileName)
+{
     std::string sFolder = withoutBackslash(sStart);
     while (!fileExists((sFolder + "\\" + sFileName).c_str())) {
         sFolder = withoutBackslash(sFolder);
@@ -213,11 +249,10 @@ CString findFolderUpwards(const char* sStart, const char* sFileName) {
     return withBackslash(sFolder).c_str();
 }
 
-CString findProjectFolder(const char* sStart) {
-    return findFolderUpwards(sStart, szProjectSettings);
-}
+CString findProjectFolder(const char* sStart) { return findFolderUpwards(sStart, szProjectSettings); }
 
-CString getDomainSettingsFolder() {
+CString getDomainSettingsFolder()
+{
     std::vector<CString> vecCandidates;
     CString sRegistered;
     if (registeredDomainSettings(sRegistered))
@@ -231,15 +266,16 @@ CString getDomainSettingsFolder() {
     int iIndex = 0;
     for (const CString& sCandidate : vecCandidates) {
         const bool bFound = folderExists(sCandidate);
-        TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex++,
-                   sCandidate.GetString(), bFound ? 1 : 0);
+        TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex++, sCandidate.GetString(),
+                   bFound ? 1 : 0);
         if (bFound)
             return sCandidate;
     }
     return vecCandidates.back();
 }
 
-CString getTempFolder() {
+CString getTempFolder()
+{
     const std::string sSystem = getLocation(LOCATION_DIR_WINDOWS_SYSTEM).GetString();
     std::string sTemp, sTmp;
     const bool bTemp = environment("TEMP", sTemp);
@@ -257,16 +293,14 @@ CString getTempFolder() {
     return {};
 }
 
-bool fileExists(const char* sPath) {
-    return static_cast<bool>(openExisting(sPath, FILE_ATTRIBUTE_NORMAL));
-}
+bool fileExists(const char* sPath) { return static_cast<bool>(openExisting(sPath, FILE_ATTRIBUTE_NORMAL)); }
 
-bool folderExists(const char* sPath) {
+bool folderExists(const char* sPath)
+{
     if (MultiByte::isNtFamily()) {
         // Backup semantics open folders, but files as well: those are told by their attributes.
         const DWORD dwAttributes = ::GetFileAttributesA(sPath);
-        return dwAttributes != INVALID_FILE_ATTRIBUTES &&
-               (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+        return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
                openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS);
     }
     char szCurrent[MAX_PATH];

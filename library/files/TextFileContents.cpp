@@ -40,7 +40,7 @@ bool isAscii(std::string_view sText)
     return std::all_of(sText.begin(), sText.end(), [](char c) { return (c & 0x80) == 0; });
 }
 
-}
+}  // namespace
 
 CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding)
 {
@@ -84,15 +84,9 @@ void CTextFileContents::decode()
     std::erase(m_sWide, wchar_t(0xFFFF));
 }
 
-bool CTextFileContents::nextNarrow(std::string_view& sLine)
-{
-    return splitLine<char>(m_sBytes, m_position, sLine);
-}
+bool CTextFileContents::nextNarrow(std::string_view& sLine) { return splitLine<char>(m_sBytes, m_position, sLine); }
 
-bool CTextFileContents::nextWide(std::wstring_view& sLine)
-{
-    return splitLine<wchar_t>(m_sWide, m_position, sLine);
-}
+bool CTextFileContents::nextWide(std::wstring_view& sLine) { return splitLine<wchar_t>(m_sWide, m_position, sLine); }
 
 bool CTextFileContents::nextConverted(std::string_view& sLine)
 {
@@ -112,4 +106,4 @@ bool CTextFileContents::nextConverted(std::string_view& sLine)
     return true;
 }
 
-}
+}  // namespace Tesk

@@ -37,4 +37,4 @@ private:
     bool m_bUnicode = false;
 };
 
-}
+}  // namespace Tesk

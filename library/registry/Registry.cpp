@@ -23,8 +23,8 @@ bool readBytes(HKEY hkRegistryKey, const char* szName, DWORD& dwType, std::strin
     do {
         sBytes.resize(dwSize + 1);
         dwSize = static_cast<DWORD>(sBytes.size());
-        lResult = ::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType,
-                                     reinterpret_cast<BYTE*>(sBytes.data()), &dwSize);
+        lResult = ::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, reinterpret_cast<BYTE*>(sBytes.data()),
+                                     &dwSize);
     } while (lResult == ERROR_MORE_DATA);
     if (lResult != ERROR_SUCCESS)
         return false;
@@ -43,7 +43,7 @@ bool writeBytes(HKEY hkRegistryKey, const char* szName, DWORD dwType, const void
                             static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
-}
+}  // namespace
 
 bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite)
 {
@@ -54,8 +54,8 @@ bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite
             return false;
         SECURITY_ATTRIBUTES attributes = {sizeof attributes, &descriptor, FALSE};
         char szClass[] = "";
-        if (::RegCreateKeyExA(hkRoot, szSubKey, 0, szClass, REG_OPTION_NON_VOLATILE, KEY_WRITE,
-                              &attributes, &hkOpened, nullptr) != ERROR_SUCCESS)
+        if (::RegCreateKeyExA(hkRoot, szSubKey, 0, szClass, REG_OPTION_NON_VOLATILE, KEY_WRITE, &attributes, &hkOpened,
+                              nullptr) != ERROR_SUCCESS)
             return false;
     } else if (::RegOpenKeyExA(hkRoot, szSubKey, 0, KEY_READ, &hkOpened) != ERROR_SUCCESS) {
         return false;
@@ -69,8 +69,8 @@ bool ReadValue(HKEY hkRegistryKey, const char* szName, DWORD& dwValue)
     DWORD dwRead = 0;  // a shorter value fills the low bytes
     DWORD dwType = REG_NONE;
     DWORD dwSize = sizeof dwRead;
-    if (::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, reinterpret_cast<BYTE*>(&dwRead),
-                           &dwSize) != ERROR_SUCCESS ||
+    if (::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, reinterpret_cast<BYTE*>(&dwRead), &dwSize) !=
+            ERROR_SUCCESS ||
         dwType != REG_DWORD)
         return false;
     dwValue = dwRead;
@@ -147,4 +147,4 @@ CString GetRemoteConfigurableKey(const char* szApplication)
     return CString("Software\\Zavik\\") + sApplication + "\\Remote Configurable";
 }
 
-}
+}  // namespace Tesk::Registry

@@ -52,14 +52,8 @@ CString GetRemoteConfigurableKey(const char* szApplication = nullptr);
 // An open key that closes itself; a failure to close is asserted.
 class CKey {
 public:
-    CKey(HKEY hkRoot, const char* szSubKey, bool bWrite)
-    {
-        OpenKey(hkRoot, szSubKey, m_hkRegistryKey, bWrite);
-    }
-    CKey(CKey&& other) noexcept : m_hkRegistryKey(other.m_hkRegistryKey)
-    {
-        other.m_hkRegistryKey = nullptr;
-    }
+    CKey(HKEY hkRoot, const char* szSubKey, bool bWrite) { OpenKey(hkRoot, szSubKey, m_hkRegistryKey, bWrite); }
+    CKey(CKey&& other) noexcept : m_hkRegistryKey(other.m_hkRegistryKey) { other.m_hkRegistryKey = nullptr; }
     CKey& operator=(CKey&&) = delete;
     ~CKey()
     {
@@ -105,4 +99,4 @@ inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, cons
     return SetValue(hkRoot, szSubKey, szName, static_cast<const char*>(sValue));
 }
 
-}
+}  // namespace Tesk::Registry

@@ -17,8 +17,8 @@ unsigned encode(UINT uCodePage, wchar_t cWide)
     char bytes[4] = {};
     wchar_t back[2] = {};
     const int iCount = ::WideCharToMultiByte(uCodePage, 0, &cWide, 1, bytes, sizeof bytes, nullptr, nullptr);
-    if (iCount < 1 || iCount > 2 ||
-        ::MultiByteToWideChar(uCodePage, 0, bytes, iCount, back, 2) != 1 || back[0] != cWide)
+    if (iCount < 1 || iCount > 2 || ::MultiByteToWideChar(uCodePage, 0, bytes, iCount, back, 2) != 1 ||
+        back[0] != cWide)
         return 0;
     const auto first = static_cast<unsigned char>(bytes[0]);
     return iCount == 1 ? first : first << 8 | static_cast<unsigned char>(bytes[1]);
@@ -40,7 +40,7 @@ const std::wstring& lowerCaseTable()
     return sTable;
 }
 
-}
+}  // namespace
 
 const CCaseFold& CCaseFold::forThread()
 {
@@ -118,4 +118,4 @@ int CCaseFold::compare(std::string_view sLeft, std::string_view sRight) const
     return left < sLeft.size() ? 1 : right < sRight.size() ? -1 : 0;
 }
 
-}
+}  // namespace Tesk

@@ -64,4 +64,4 @@ private:
     const CCaseFold* m_pFold;
 };
 
-}
+}  // namespace Tesk

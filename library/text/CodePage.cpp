@@ -45,4 +45,4 @@ std::string toNarrow(std::wstring_view sText)
     return sNarrow;
 }
 
-}
+}  // namespace Tesk

@@ -16,4 +16,4 @@ UINT getThreadCodePage();
 std::wstring toWide(std::string_view sText);
 std::string toNarrow(std::wstring_view sText);
 
-}
+}  // namespace Tesk

@@ -8,7 +8,8 @@
 
 namespace Tesk::MultiByte {
 
-bool isNtFamily() {
+bool isNtFamily()
+{
     static const bool bNt = [] {
         OSVERSIONINFOA info{};
         info.dwOSVersionInfoSize = sizeof info;
@@ -19,7 +20,8 @@ bool isNtFamily() {
 
 unsigned codePage() { return isNtFamily() ? CP_THREAD_ACP : CP_ACP; }
 
-CLeadBytes::CLeadBytes(unsigned uCodePage) : m_bAny(false), m_aLead{} {
+CLeadBytes::CLeadBytes(unsigned uCodePage) : m_bAny(false), m_aLead{}
+{
     CPINFO info{};
     if (!::GetCPInfo(uCodePage, &info) || info.MaxCharSize < 2)
         return;
@@ -31,25 +33,28 @@ CLeadBytes::CLeadBytes(unsigned uCodePage) : m_bAny(false), m_aLead{} {
     }
 }
 
-std::size_t CLeadBytes::next(std::string_view sText, std::size_t at) const {
+std::size_t CLeadBytes::next(std::string_view sText, std::size_t at) const
+{
     const std::size_t after = at + (contains(sText[at]) ? 2 : 1);
     return after < sText.size() ? after : sText.size();
 }
 
-std::size_t CLeadBytes::boundaryBefore(std::string_view sText, std::size_t at) const {
+std::size_t CLeadBytes::boundaryBefore(std::string_view sText, std::size_t at) const
+{
     // Behind a byte that leads no character there is a boundary, whatever came before.
     while (at > 0 && contains(sText[at - 1]))
         --at;
     return at;
 }
 
-bool CLeadBytes::isOpen(std::string_view sText) const {
+bool CLeadBytes::isOpen(std::string_view sText) const
+{
     // A run of lead bytes at the end pairs up; an odd one is left over.
     return ((sText.size() - boundaryBefore(sText, sText.size())) & 1) != 0;
 }
 
-std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat,
-                 std::size_t from) {
+std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat, std::size_t from)
+{
     if (sWhat.empty())
         return std::string_view::npos;
     std::size_t hit = sText.find(sWhat, from);
@@ -67,11 +72,13 @@ std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_vie
     return hit;
 }
 
-std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from) {
+std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from)
+{
     return find(CLeadBytes(), sText, sWhat, from);
 }
 
-std::size_t findLastOf(std::string_view sText, std::string_view sAny) {
+std::size_t findLastOf(std::string_view sText, std::string_view sAny)
+{
     const CLeadBytes lead;
     if (!lead.any())
         return sText.find_last_of(sAny);
@@ -83,29 +90,32 @@ std::size_t findLastOf(std::string_view sText, std::string_view sAny) {
     return last;
 }
 
-bool endsWith(std::string_view sText, char c) {
+bool endsWith(std::string_view sText, char c)
+{
     if (sText.empty() || sText.back() != c)
         return false;
     const char any[] = {c};
     return findLastOf(sText, std::string_view(any, 1)) == sText.size() - 1;
 }
 
-bool equalNoCase(std::string_view sOne, std::string_view sOther) {
+bool equalNoCase(std::string_view sOne, std::string_view sOther)
+{
     return sOne == sOther || CCaseFold::forThread().compare(sOne, sOther) == 0;
 }
 
-std::string upper(std::string_view sText) {
+std::string upper(std::string_view sText)
+{
     std::string sUpper(sText);
     if (sText.empty())
         return sUpper;
     const int length = static_cast<int>(sText.size());
-    if (::LCMapStringA(::GetThreadLocale(), LCMAP_UPPERCASE, sText.data(), length, sUpper.data(),
-                       length) == 0)
+    if (::LCMapStringA(::GetThreadLocale(), LCMAP_UPPERCASE, sText.data(), length, sUpper.data(), length) == 0)
         return std::string(sText);
     return sUpper;
 }
 
-std::string_view trim(std::string_view sText) {
+std::string_view trim(std::string_view sText)
+{
     // No second byte of a character lies among these, so bytes will do.
     const char* const szSpace = " \t\r\n\v\f";
     const std::size_t first = sText.find_first_not_of(szSpace);
@@ -114,8 +124,8 @@ std::string_view trim(std::string_view sText) {
     return sText.substr(first, sText.find_last_not_of(szSpace) - first + 1);
 }
 
-void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement,
-                bool bAll) {
+void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement, bool bAll)
+{
     const CLeadBytes lead;
     std::size_t at = find(lead, sText, sFind);
     while (at != std::string::npos) {

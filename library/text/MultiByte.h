@@ -38,8 +38,7 @@ private:
 // First occurrence of `sWhat` that begins at a character, from `from` (the beginning of a
 // character) on; npos when there is none or `sWhat` is empty.
 std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from = 0);
-std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat,
-                 std::size_t from = 0);
+std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat, std::size_t from = 0);
 
 // Last character that is one of the (single-byte) characters in `sAny`; npos when none is.
 std::size_t findLastOf(std::string_view sText, std::string_view sAny);
@@ -59,7 +58,6 @@ std::string_view trim(std::string_view sText);
 // Replaces the first occurrence of `sFind`, or, with `bAll`, searches again from the
 // beginning of the new text until none is left. An empty `sFind` replaces nothing. The
 // caller sees to it that `sReplacement` does not bring `sFind` back.
-void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement,
-                bool bAll);
+void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement, bool bAll);
 
 }  // namespace Tesk::MultiByte

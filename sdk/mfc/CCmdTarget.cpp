@@ -10,18 +10,15 @@ const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
     return &map;
 }
 
-const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
-{
-    return GetThisMessageMap();
-}
+const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return GetThisMessageMap(); }
 
 const AFX_MSGMAP_ENTRY* CCmdTarget::findEntry(UINT message, int code, UINT id) const
 {
     const bool byId = message == WM_COMMAND || message == WM_NOTIFY;
     for (const AFX_MSGMAP* map = GetMessageMap(); map; map = map->base) {
         for (const AFX_MSGMAP_ENTRY* entry = map->entries; entry->message; ++entry) {
-            if (entry->message == message && entry->code == code
-                && (!byId || (entry->firstId <= id && id <= entry->lastId)))
+            if (entry->message == message && entry->code == code &&
+                (!byId || (entry->firstId <= id && id <= entry->lastId)))
                 return entry;
         }
     }

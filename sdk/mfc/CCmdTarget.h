@@ -39,8 +39,8 @@ public:
     BOOL DoUpdate(CCmdTarget* pTarget, BOOL disableIfNoHandler);
 
     UINT m_nID = 0;
-    UINT m_nIndex = 0;              // position in m_pMenu
-    CMenu* m_pMenu = nullptr;       // a menu's item, or
-    CWnd* m_pOther = nullptr;       // a dialog's control
+    UINT m_nIndex = 0;         // position in m_pMenu
+    CMenu* m_pMenu = nullptr;  // a menu's item, or
+    CWnd* m_pOther = nullptr;  // a dialog's control
     BOOL m_bEnableChanged = FALSE;
 };

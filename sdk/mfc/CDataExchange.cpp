@@ -2,10 +2,7 @@
 
 #include "mfc/CWnd.h"
 
-HWND CDataExchange::PrepareCtrl(int nIDC) const
-{
-    return ::GetDlgItem(m_pDlgWnd->m_hWnd, nIDC);
-}
+HWND CDataExchange::PrepareCtrl(int nIDC) const { return ::GetDlgItem(m_pDlgWnd->m_hWnd, nIDC); }
 
 void DDX_Check(CDataExchange* pDX, int nIDC, int& value)
 {

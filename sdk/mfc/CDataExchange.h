@@ -9,9 +9,9 @@ class CWnd;
 class CDataExchange {
 public:
     CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate) : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
-    HWND PrepareCtrl(int nIDC) const;       // the control, or null when the dialog has none of that number
+    HWND PrepareCtrl(int nIDC) const;  // the control, or null when the dialog has none of that number
 
-    BOOL m_bSaveAndValidate;        // TRUE: controls to members
+    BOOL m_bSaveAndValidate;  // TRUE: controls to members
     CWnd* m_pDlgWnd;
 };
 

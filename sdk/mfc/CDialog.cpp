@@ -12,7 +12,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-CDialog* pendingDialog = nullptr;      // waits for its window's first message
+CDialog* pendingDialog = nullptr;  // waits for its window's first message
 
 const DLGTEMPLATE* findTemplate(UINT id)
 {
@@ -63,7 +63,7 @@ bool isInput(UINT message)
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST);
 }
 
-} // namespace
+}  // namespace
 
 INT_PTR CDialog::DoModal()
 {
@@ -115,7 +115,7 @@ INT_PTR CDialog::runModalLoop(HWND owner)
                 return m_result;
         }
         if (::GetMessageA(&message, nullptr, 0, 0) <= 0) {
-            ::PostQuitMessage(static_cast<int>(message.wParam));     // for the loop outside
+            ::PostQuitMessage(static_cast<int>(message.wParam));  // for the loop outside
             return m_result;
         }
         if (!AfxPreTranslate(message, m_hWnd)) {
@@ -132,7 +132,7 @@ void CDialog::EndDialog(int nResult)
 {
     m_result = nResult;
     m_running = false;
-    PostMessage(WM_NULL);       // wakes the loop
+    PostMessage(WM_NULL);  // wakes the loop
 }
 
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)
@@ -152,10 +152,7 @@ void CDialog::OnOK()
         EndDialog(IDOK);
 }
 
-void CDialog::OnCancel()
-{
-    EndDialog(IDCANCEL);
-}
+void CDialog::OnCancel() { EndDialog(IDCANCEL); }
 
 INT_PTR CALLBACK CDialog::dialogProc(HWND window, UINT message, WPARAM, LPARAM)
 {

@@ -9,7 +9,10 @@ public:
     // Template nIDTemplate of AfxGetResourceHandle().
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr) : m_templateId(nIDTemplate), m_parent(pParentWnd) {}
     // A template in memory, which must outlive the call of DoModal.
-    explicit CDialog(const DLGTEMPLATE* pTemplate, CWnd* pParentWnd = nullptr) : m_template(pTemplate), m_parent(pParentWnd) {}
+    explicit CDialog(const DLGTEMPLATE* pTemplate, CWnd* pParentWnd = nullptr)
+        : m_template(pTemplate), m_parent(pParentWnd)
+    {
+    }
 
     // Shows the dialog over its parent (by default the thread's active window),
     // which is disabled meanwhile; centred there when the template is at 0, 0.
@@ -23,8 +26,8 @@ public:
 protected:
     // TRUE lets the system set the focus. Shows the data.
     virtual BOOL OnInitDialog();
-    virtual void OnOK();            // saves the data and ends with IDOK
-    virtual void OnCancel();        // ends with IDCANCEL
+    virtual void OnOK();      // saves the data and ends with IDOK
+    virtual void OnCancel();  // ends with IDCANCEL
 
     DECLARE_MESSAGE_MAP()
 

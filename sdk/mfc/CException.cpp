@@ -28,10 +28,7 @@ BOOL CException::copyMessage(const CString& message, char* buffer, UINT capacity
 
 CFileException::CFileException(int errorNumber, const char* path) : m_nErrno(errorNumber), m_strFileName(path) {}
 
-void CFileException::ThrowErrno(int errorNumber, const char* path)
-{
-    throw new CFileException(errorNumber, path);
-}
+void CFileException::ThrowErrno(int errorNumber, const char* path) { throw new CFileException(errorNumber, path); }
 
 BOOL CFileException::GetErrorMessage(char* buffer, UINT capacity) const
 {

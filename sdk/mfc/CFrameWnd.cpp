@@ -9,12 +9,9 @@ END_MESSAGE_MAP()
 
 namespace {
 
-bool isKey(const MSG& message)
-{
-    return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-}
+bool isKey(const MSG& message) { return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST; }
 
-} // namespace
+}  // namespace
 
 void CFrameWnd::RecalcLayout(BOOL)
 {
@@ -41,7 +38,7 @@ void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT, BOOL bSysMenu)
 {
     if (bSysMenu || !pMenu)
         return;
-    constexpr UINT firstSystemCommand = 0xF000;      // these and the window list are nobody's to handle
+    constexpr UINT firstSystemCommand = 0xF000;  // these and the window list are nobody's to handle
     for (int position = 0; position < pMenu->GetMenuItemCount(); ++position) {
         const UINT id = pMenu->GetMenuItemID(position);
         if (id == 0 || id == static_cast<UINT>(-1))
@@ -57,10 +54,10 @@ void CFrameWnd::OnInitMenuPopup(CMenu* pMenu, UINT, BOOL bSysMenu)
 BOOL CMDIFrameWnd::CreateClient(HMENU windowMenu, UINT firstChildId)
 {
     CLIENTCREATESTRUCT structure = {windowMenu, firstChildId};
-    m_hWndMDIClient = ::CreateWindowExA(WS_EX_CLIENTEDGE, "MDICLIENT", "",
-                                        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL,
-                                        0, 0, 0, 0, m_hWnd, reinterpret_cast<HMENU>(static_cast<UINT_PTR>(AFX_IDW_PANE_FIRST)),
-                                        AfxGetInstanceHandle(), &structure);
+    m_hWndMDIClient = ::CreateWindowExA(
+        WS_EX_CLIENTEDGE, "MDICLIENT", "",
+        WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_CLIPSIBLINGS | WS_VSCROLL | WS_HSCROLL, 0, 0, 0, 0, m_hWnd,
+        reinterpret_cast<HMENU>(static_cast<UINT_PTR>(AFX_IDW_PANE_FIRST)), AfxGetInstanceHandle(), &structure);
     return m_hWndMDIClient != nullptr;
 }
 
@@ -83,8 +80,8 @@ BOOL CMDIFrameWnd::PreTranslateMessage(MSG* pMsg)
 BOOL CMDIFrameWnd::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
     CMDIChildWnd* const active = m_hWndMDIClient ? MDIGetActive() : nullptr;
-    return (active && active->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo))
-           || CFrameWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    return (active && active->OnCmdMsg(nID, nCode, pExtra, pHandlerInfo)) ||
+           CFrameWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
 }
 
 LRESULT CMDIFrameWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
@@ -92,17 +89,15 @@ LRESULT CMDIFrameWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return ::DefFrameProcA(m_hWnd, m_hWndMDIClient, message, wParam, lParam);
 }
 
-CMDIChildWnd::~CMDIChildWnd()
-{
-    CMDIChildWnd::DestroyWindow();
-}
+CMDIChildWnd::~CMDIChildWnd() { CMDIChildWnd::DestroyWindow(); }
 
 BOOL CMDIChildWnd::Create(const char* className, const char* title, CMDIFrameWnd* pFrame, DWORD dwStyle)
 {
     if (m_hWnd)
         return FALSE;
-    MDICREATESTRUCTA structure = {className, title, AfxGetInstanceHandle(), CW_USEDEFAULT, CW_USEDEFAULT,
-                                  CW_USEDEFAULT, CW_USEDEFAULT, dwStyle, 0};
+    MDICREATESTRUCTA structure = {className,     title,         AfxGetInstanceHandle(),
+                                  CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT,
+                                  CW_USEDEFAULT, dwStyle,       0};
     const WindowMap::Creation creation(*this);
     return ::SendMessageA(pFrame->m_hWndMDIClient, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&structure)) != 0;
 }

@@ -10,8 +10,8 @@ public:
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
-    HACCEL m_hAccelTable = nullptr;     // not owned
-    BOOL m_bAutoMenuEnable = TRUE;      // grey menu items that nobody handles
+    HACCEL m_hAccelTable = nullptr;  // not owned
+    BOOL m_bAutoMenuEnable = TRUE;   // grey menu items that nobody handles
 
 protected:
     void OnSize(UINT nType, int cx, int cy);
@@ -36,7 +36,10 @@ public:
 
     // Objects of this image alone.
     CMDIChildWnd* MDIGetActive(BOOL* pbMaximized = nullptr) const;
-    void MDIActivate(CWnd* pChild) { ::SendMessageA(m_hWndMDIClient, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(pChild->m_hWnd), 0); }
+    void MDIActivate(CWnd* pChild)
+    {
+        ::SendMessageA(m_hWndMDIClient, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(pChild->m_hWnd), 0);
+    }
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
     // The active child is asked first.

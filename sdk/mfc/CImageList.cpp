@@ -8,22 +8,10 @@ BOOL CImageList::Create(int cx, int cy, UINT nFlags, int nInitial, int nGrow)
     return m_hImageList ? TRUE : FALSE;
 }
 
-BOOL CImageList::DeleteImageList()
-{
-    return m_hImageList ? m_hImageList.reset() : FALSE;
-}
+BOOL CImageList::DeleteImageList() { return m_hImageList ? m_hImageList.reset() : FALSE; }
 
-int CImageList::Add(HICON icon)
-{
-    return ::ImageList_ReplaceIcon(m_hImageList.get(), -1, icon);
-}
+int CImageList::Add(HICON icon) { return ::ImageList_ReplaceIcon(m_hImageList.get(), -1, icon); }
 
-BOOL CImageList::Remove(int index)
-{
-    return ::ImageList_Remove(m_hImageList.get(), index);
-}
+BOOL CImageList::Remove(int index) { return ::ImageList_Remove(m_hImageList.get(), index); }
 
-int CImageList::GetImageCount() const
-{
-    return ::ImageList_GetImageCount(m_hImageList.get());
-}
+int CImageList::GetImageCount() const { return ::ImageList_GetImageCount(m_hImageList.get()); }

@@ -9,8 +9,8 @@ public:
 
     // FALSE when this one has a list already or none could be made.
     BOOL Create(int cx, int cy, UINT nFlags, int nInitial, int nGrow);
-    BOOL DeleteImageList();         // FALSE when there is none
-    int Add(HICON icon);            // the icon's index, or -1; the icon stays the caller's
-    BOOL Remove(int index);         // -1 removes all
+    BOOL DeleteImageList();  // FALSE when there is none
+    int Add(HICON icon);     // the icon's index, or -1; the icon stays the caller's
+    BOOL Remove(int index);  // -1 removes all
     int GetImageCount() const;
 };

@@ -9,7 +9,7 @@ struct MenuView : CMenu {
     explicit MenuView(HMENU menu) { m_hMenu = menu; }
 };
 
-} // namespace
+}  // namespace
 
 CMenu* CMenu::FromHandle(HMENU menu)
 {
@@ -17,10 +17,7 @@ CMenu* CMenu::FromHandle(HMENU menu)
     return menu ? views.of(menu) : nullptr;
 }
 
-CMenu* toolkit::menuOf(WPARAM handle)
-{
-    return CMenu::FromHandle(reinterpret_cast<HMENU>(handle));
-}
+CMenu* toolkit::menuOf(WPARAM handle) { return CMenu::FromHandle(reinterpret_cast<HMENU>(handle)); }
 
 BOOL CMenu::Attach(HMENU menu)
 {

@@ -7,7 +7,7 @@ class CWnd;
 class CMenu {
 public:
     CMenu() = default;
-    ~CMenu() = default;     // an owned menu is destroyed with its submenus
+    ~CMenu() = default;  // an owned menu is destroyed with its submenus
 
     HMENU m_hMenu = nullptr;
 
@@ -16,15 +16,21 @@ public:
 
     BOOL CreateMenu() { return Attach(::CreateMenu()); }
     BOOL CreatePopupMenu() { return Attach(::CreatePopupMenu()); }
-    BOOL Attach(HMENU menu);    // FALSE for null or when this one has a menu already
-    HMENU Detach();             // gives it away, as to the menu that it was appended to
-    BOOL DestroyMenu();         // FALSE when there is no owned menu
+    BOOL Attach(HMENU menu);  // FALSE for null or when this one has a menu already
+    HMENU Detach();           // gives it away, as to the menu that it was appended to
+    BOOL DestroyMenu();       // FALSE when there is no owned menu
 
-    BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem = 0, const char* text = nullptr) { return ::AppendMenuA(m_hMenu, nFlags, nIDNewItem, text); }
+    BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem = 0, const char* text = nullptr)
+    {
+        return ::AppendMenuA(m_hMenu, nFlags, nIDNewItem, text);
+    }
     int GetMenuItemCount() const { return ::GetMenuItemCount(m_hMenu); }
-    UINT GetMenuItemID(int position) const { return ::GetMenuItemID(m_hMenu, position); }    // UINT(-1): a submenu
+    UINT GetMenuItemID(int position) const { return ::GetMenuItemID(m_hMenu, position); }  // UINT(-1): a submenu
     CMenu* GetSubMenu(int position) const { return FromHandle(::GetSubMenu(m_hMenu, position)); }
-    BOOL GetMenuItemInfo(UINT item, MENUITEMINFOA* info, BOOL byPosition = FALSE) const { return ::GetMenuItemInfoA(m_hMenu, item, byPosition, info); }
+    BOOL GetMenuItemInfo(UINT item, MENUITEMINFOA* info, BOOL byPosition = FALSE) const
+    {
+        return ::GetMenuItemInfoA(m_hMenu, item, byPosition, info);
+    }
     UINT GetMenuState(UINT item, UINT nFlags) const { return ::GetMenuState(m_hMenu, item, nFlags); }
     // The previous state, or UINT(-1) when there is no such item.
     UINT EnableMenuItem(UINT item, UINT nFlags) { return static_cast<UINT>(::EnableMenuItem(m_hMenu, item, nFlags)); }

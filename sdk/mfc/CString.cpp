@@ -8,10 +8,7 @@
 
 namespace {
 
-std::size_t clip(int count, std::size_t limit)
-{
-    return std::min(static_cast<std::size_t>(std::max(count, 0)), limit);
-}
+std::size_t clip(int count, std::size_t limit) { return std::min(static_cast<std::size_t>(std::max(count, 0)), limit); }
 
 // Length in bytes of the character at `at`; half a character at the end counts as one byte.
 std::size_t characterLength(const std::string& text, std::size_t at)
@@ -32,7 +29,8 @@ std::string mapCase(const std::string& text, DWORD flag)
     const LCID locale = ::GetThreadLocale();
     const int needed = ::LCMapStringA(locale, flag, text.data(), length, nullptr, 0);
     std::string mapped(clip(needed, text.size() * 2), '\0');
-    const int written = ::LCMapStringA(locale, flag, text.data(), length, mapped.data(), static_cast<int>(mapped.size()));
+    const int written =
+        ::LCMapStringA(locale, flag, text.data(), length, mapped.data(), static_cast<int>(mapped.size()));
     if (written <= 0)
         return text;
     mapped.resize(static_cast<std::size_t>(written));
@@ -60,7 +58,7 @@ int replaceAll(std::string& text, const std::string& from, const std::string& to
     return count;
 }
 
-} // namespace
+}  // namespace
 
 bool AfxIsLeadByte(char byte)
 {
@@ -94,7 +92,7 @@ void CString::FormatV(const char* format, va_list arguments)
     va_copy(measured, arguments);
     const int length = std::vsnprintf(nullptr, 0, format, measured);
     va_end(measured);
-    std::string out(clip(length, static_cast<std::size_t>(-1)), '\0');     // may print its own old text
+    std::string out(clip(length, static_cast<std::size_t>(-1)), '\0');  // may print its own old text
     if (length > 0)
         std::vsnprintf(out.data(), out.size() + 1, format, arguments);
     m_text = std::move(out);
@@ -108,15 +106,9 @@ void CString::Format(const char* format, ...)
     va_end(arguments);
 }
 
-CString CString::Left(int count) const
-{
-    return m_text.substr(0, clip(count, m_text.size()));
-}
+CString CString::Left(int count) const { return m_text.substr(0, clip(count, m_text.size())); }
 
-CString CString::Mid(int first) const
-{
-    return m_text.substr(clip(first, m_text.size()));
-}
+CString CString::Mid(int first) const { return m_text.substr(clip(first, m_text.size())); }
 
 CString CString::Mid(int first, int count) const
 {
@@ -173,20 +165,11 @@ CString& CString::TrimRight(const char* characters)
     return *this;
 }
 
-int CString::Replace(const char* from, const char* to)
-{
-    return replaceAll(m_text, from ? from : "", to ? to : "");
-}
+int CString::Replace(const char* from, const char* to) { return replaceAll(m_text, from ? from : "", to ? to : ""); }
 
-int CString::Replace(char from, char to)
-{
-    return replaceAll(m_text, std::string(1, from), std::string(1, to));
-}
+int CString::Replace(char from, char to) { return replaceAll(m_text, std::string(1, from), std::string(1, to)); }
 
-int CString::Compare(const char* other) const
-{
-    return std::strcmp(m_text.c_str(), other ? other : "");
-}
+int CString::Compare(const char* other) const { return std::strcmp(m_text.c_str(), other ? other : ""); }
 
 int CString::CompareNoCase(const char* other) const
 {

@@ -10,7 +10,7 @@
 class CString {
 public:
     CString() = default;
-    CString(const char* text) : m_text(text ? text : "") {}     // null reads as empty
+    CString(const char* text) : m_text(text ? text : "") {}  // null reads as empty
     CString(const char* text, int length);
     CString(std::string text) : m_text(std::move(text)) {}
     explicit CString(char character, int repeat = 1);
@@ -31,9 +31,21 @@ public:
     void Format(const char* format, ...) __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 3)));
     void FormatV(const char* format, va_list arguments) __attribute__((format(__MINGW_PRINTF_FORMAT, 2, 0)));
 
-    CString& operator+=(const CString& text) { m_text += text.m_text; return *this; }
-    CString& operator+=(const char* text) { m_text += text ? text : ""; return *this; }
-    CString& operator+=(char character) { m_text += character; return *this; }
+    CString& operator+=(const CString& text)
+    {
+        m_text += text.m_text;
+        return *this;
+    }
+    CString& operator+=(const char* text)
+    {
+        m_text += text ? text : "";
+        return *this;
+    }
+    CString& operator+=(char character)
+    {
+        m_text += character;
+        return *this;
+    }
 
     // Out-of-range counts are clipped to the string.
     CString Left(int count) const;
@@ -64,17 +76,32 @@ public:
 
     friend bool operator==(const CString& a, const CString& b) { return a.m_text == b.m_text; }
     friend bool operator==(const CString& a, const char* b) { return a.Compare(b) == 0; }
-    friend std::strong_ordering operator<=>(const CString& a, const CString& b) { return a.m_text.compare(b.m_text) <=> 0; }
+    friend std::strong_ordering operator<=>(const CString& a, const CString& b)
+    {
+        return a.m_text.compare(b.m_text) <=> 0;
+    }
     friend std::strong_ordering operator<=>(const CString& a, const char* b) { return a.Compare(b) <=> 0; }
 
 private:
     std::string m_text;
 };
 
-inline CString operator+(CString a, const CString& b) { a += b; return a; }
-inline CString operator+(CString a, const char* b) { a += b; return a; }
+inline CString operator+(CString a, const CString& b)
+{
+    a += b;
+    return a;
+}
+inline CString operator+(CString a, const char* b)
+{
+    a += b;
+    return a;
+}
 inline CString operator+(const char* a, const CString& b) { return CString(a) + b; }
-inline CString operator+(CString a, char b) { a += b; return a; }
+inline CString operator+(CString a, char b)
+{
+    a += b;
+    return a;
+}
 inline CString operator+(char a, const CString& b) { return CString(a) + b; }
 
 // True when the byte starts a double-byte character in the thread's ANSI code page.

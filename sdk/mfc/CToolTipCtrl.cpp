@@ -15,7 +15,7 @@ TOOLINFOA toolOf(CWnd* window)
     return tool;
 }
 
-} // namespace
+}  // namespace
 
 BOOL CToolTipCtrl::Create(CWnd* pParentWnd, DWORD dwStyle)
 {

@@ -12,8 +12,11 @@ public:
     BOOL AddTool(CWnd* pWnd, const char* text);
     void UpdateTipText(const char* text, CWnd* pWnd, UINT nIDTool = 0);
     int GetToolCount() const { return static_cast<int>(SendMessage(TTM_GETTOOLCOUNT)); }
-    CString GetText(CWnd* pWnd) const;              // at most 1023 characters
+    CString GetText(CWnd* pWnd) const;  // at most 1023 characters
     void RelayEvent(MSG* pMsg) { SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(pMsg)); }
     int SetMaxTipWidth(int width) { return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, width)); }
-    BOOL SetTitle(UINT icon, const char* title) { return static_cast<BOOL>(SendMessage(TTM_SETTITLEA, icon, reinterpret_cast<LPARAM>(title))); }    // at most 99 bytes show
+    BOOL SetTitle(UINT icon, const char* title)
+    {
+        return static_cast<BOOL>(SendMessage(TTM_SETTITLEA, icon, reinterpret_cast<LPARAM>(title)));
+    }  // at most 99 bytes show
 };

@@ -8,7 +8,7 @@ namespace {
 
 struct WindowView : CWnd {
     explicit WindowView(HWND window) { m_hWnd = window; }
-    ~WindowView() override { m_hWnd = nullptr; }     // the window is not ours to destroy
+    ~WindowView() override { m_hWnd = nullptr; }  // the window is not ours to destroy
 };
 
 bool isPushButton(HWND control)
@@ -16,12 +16,9 @@ bool isPushButton(HWND control)
     return (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
 }
 
-} // namespace
+}  // namespace
 
-CWnd* toolkit::windowOf(WPARAM handle)
-{
-    return CWnd::FromHandle(reinterpret_cast<HWND>(handle));
-}
+CWnd* toolkit::windowOf(WPARAM handle) { return CWnd::FromHandle(reinterpret_cast<HWND>(handle)); }
 
 CWnd::~CWnd()
 {
@@ -32,20 +29,11 @@ CWnd::~CWnd()
         WindowMap::detach(*this);
 }
 
-BOOL CWnd::DestroyWindow()
-{
-    return m_hWnd && ::DestroyWindow(m_hWnd);
-}
+BOOL CWnd::DestroyWindow() { return m_hWnd && ::DestroyWindow(m_hWnd); }
 
-BOOL CWnd::PreTranslateMessage(MSG*)
-{
-    return FALSE;
-}
+BOOL CWnd::PreTranslateMessage(MSG*) { return FALSE; }
 
-CWnd* CWnd::FromHandlePermanent(HWND window)
-{
-    return WindowMap::find(window);
-}
+CWnd* CWnd::FromHandlePermanent(HWND window) { return WindowMap::find(window); }
 
 CWnd* CWnd::FromHandle(HWND window)
 {
@@ -61,8 +49,8 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, const char* className, const char* windowNa
     if (m_hWnd)
         return FALSE;
     WNDCLASSA description{};
-    const bool own = ::GetClassInfoA(AfxGetInstanceHandle(), className, &description)
-                     && WindowMap::isOwnProcedure(description.lpfnWndProc);
+    const bool own = ::GetClassInfoA(AfxGetInstanceHandle(), className, &description) &&
+                     WindowMap::isOwnProcedure(description.lpfnWndProc);
     HWND window = nullptr;
     {
         std::unique_ptr<WindowMap::Creation> creation;
@@ -162,16 +150,16 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
     const HWND control = reinterpret_cast<HWND>(lParam);
     if (!control)
         return OnCmdMsg(LOWORD(wParam), CN_COMMAND, nullptr, nullptr);
-    return reflect(control, WM_COMMAND, wParam, lParam) != 0
-           || OnCmdMsg(LOWORD(wParam), HIWORD(wParam), nullptr, nullptr);
+    return reflect(control, WM_COMMAND, wParam, lParam) != 0 ||
+           OnCmdMsg(LOWORD(wParam), HIWORD(wParam), nullptr, nullptr);
 }
 
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     const NMHDR& header = *reinterpret_cast<NMHDR*>(lParam);
     *pResult = reflect(header.hwndFrom, WM_NOTIFY, wParam, lParam);
-    return *pResult != 0
-           || dispatchEntry(WM_NOTIFY, static_cast<int>(header.code), wParam, lParam, static_cast<UINT>(header.idFrom), *pResult);
+    return *pResult != 0 || dispatchEntry(WM_NOTIFY, static_cast<int>(header.code), wParam, lParam,
+                                          static_cast<UINT>(header.idFrom), *pResult);
 }
 
 BOOL CWnd::changeStyle(int index, DWORD dwRemove, DWORD dwAdd, UINT nFlags)

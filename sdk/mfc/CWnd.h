@@ -10,9 +10,9 @@
 
 class CDataExchange;
 
-constexpr UINT WM_SIZEPARENT = 0x0361;          // lParam: AFX_SIZEPARENTPARAMS*
+constexpr UINT WM_SIZEPARENT = 0x0361;  // lParam: AFX_SIZEPARENTPARAMS*
 constexpr UINT WM_KICKIDLE = 0x036A;
-constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;     // the window that gets what the bars leave
+constexpr UINT AFX_IDW_PANE_FIRST = 0xE900;  // the window that gets what the bars leave
 
 // The record of a layout pass: a child takes its band away from rect and
 // places its windows through hDWP; without hDWP the pass only measures.
@@ -36,7 +36,7 @@ public:
     enum { reposDefault = 0, reposQuery = 1 };
 
     CWnd() = default;
-    ~CWnd() override;       // destroys a window that still lives
+    ~CWnd() override;  // destroys a window that still lives
 
     HWND m_hWnd = nullptr;
 
@@ -44,24 +44,33 @@ public:
     // TRUE when the message is dealt with and must not be dispatched.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
-    static CWnd* FromHandlePermanent(HWND window);      // this image's object, or null
+    static CWnd* FromHandlePermanent(HWND window);  // this image's object, or null
     // Its object, or a view that carries the handle and lives as long as the window. Null for null.
     static CWnd* FromHandle(HWND window);
 
-    BOOL CreateEx(DWORD dwExStyle, const char* className, const char* windowName, DWORD dwStyle,
-                  const RECT& rect, CWnd* pParentWnd, UINT nID, void* param = nullptr);
-    BOOL Create(const char* className, const char* windowName, DWORD dwStyle,
-                const RECT& rect, CWnd* pParentWnd, UINT nID, void* param = nullptr);
-    BOOL SubclassWindow(HWND window);       // FALSE when it has an object here already
-    HWND UnsubclassWindow();                // the window goes on without us
+    BOOL CreateEx(DWORD dwExStyle, const char* className, const char* windowName, DWORD dwStyle, const RECT& rect,
+                  CWnd* pParentWnd, UINT nID, void* param = nullptr);
+    BOOL Create(const char* className, const char* windowName, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd,
+                UINT nID, void* param = nullptr);
+    BOOL SubclassWindow(HWND window);  // FALSE when it has an object here already
+    HWND UnsubclassWindow();           // the window goes on without us
 
     // The plain Win32 calls on m_hWnd.
-    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const { return ::SendMessageA(m_hWnd, message, wParam, lParam); }
-    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const { return ::PostMessageA(m_hWnd, message, wParam, lParam); }
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return ::SendMessageA(m_hWnd, message, wParam, lParam);
+    }
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return ::PostMessageA(m_hWnd, message, wParam, lParam);
+    }
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_STYLE)); }
     DWORD GetExStyle() const { return static_cast<DWORD>(::GetWindowLongA(m_hWnd, GWL_EXSTYLE)); }
     // FALSE when nothing changed. Non-zero flags are handed to SetWindowPos so that the frame is redrawn.
-    BOOL ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0) { return changeStyle(GWL_EXSTYLE, dwRemove, dwAdd, nFlags); }
+    BOOL ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0)
+    {
+        return changeStyle(GWL_EXSTYLE, dwRemove, dwAdd, nFlags);
+    }
     BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
     void MoveWindow(const RECT& rect, BOOL bRepaint = TRUE);
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
@@ -83,7 +92,10 @@ public:
     void SetWindowText(const char* text) { ::SetWindowTextA(m_hWnd, text); }
     CString GetWindowText() const;
     void SetFont(HFONT font, BOOL bRedraw = TRUE) { SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), bRedraw); }
-    int MessageBox(const char* text, const char* caption = nullptr, UINT nType = MB_OK) { return ::MessageBoxA(m_hWnd, text, caption, nType); }
+    int MessageBox(const char* text, const char* caption = nullptr, UINT nType = MB_OK)
+    {
+        return ::MessageBoxA(m_hWnd, text, caption, nType);
+    }
 
     // Runs the update handlers of `target` for every child with an identifier.
     // With bDisableIfNoHndler, push buttons without a command handler are disabled.
@@ -111,7 +123,7 @@ protected:
     // Commands of menus, accelerators and controls: TRUE when handled.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    virtual void PostNcDestroy() {}     // the last call: the place for `delete this`
+    virtual void PostNcDestroy() {}  // the last call: the place for `delete this`
     virtual void DoDataExchange(CDataExchange*) {}
 
     // Hands the message being handled to DefWindowProc with its original parameters.
@@ -131,7 +143,8 @@ private:
 
 // Registers (once) a window class of this image whose windows CreateEx can
 // create and attach from their first message on; freed with the image.
-const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr, HBRUSH background = nullptr, HICON icon = nullptr);
+const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr, HBRUSH background = nullptr,
+                                HICON icon = nullptr);
 
 int AfxMessageBox(const char* text, UINT nType = MB_OK);
 

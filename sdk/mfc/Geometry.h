@@ -16,8 +16,7 @@ public:
     CPoint(LONG left, LONG top) : POINT{left, top} {}
     CPoint(const POINT& point) : POINT(point) {}
     // From the signed words of a mouse message's parameter.
-    explicit CPoint(LPARAM packed)
-        : POINT{static_cast<short>(LOWORD(packed)), static_cast<short>(HIWORD(packed))} {}
+    explicit CPoint(LPARAM packed) : POINT{static_cast<short>(LOWORD(packed)), static_cast<short>(HIWORD(packed))} {}
     CPoint operator+(const SIZE& s) const { return {x + s.cx, y + s.cy}; }
     CPoint operator-(const SIZE& s) const { return {x - s.cx, y - s.cy}; }
     bool operator==(const CPoint& o) const { return x == o.x && y == o.y; }
@@ -28,8 +27,7 @@ public:
     CRect() : RECT{0, 0, 0, 0} {}
     CRect(LONG l, LONG t, LONG r, LONG b) : RECT{l, t, r, b} {}
     CRect(const RECT& rect) : RECT(rect) {}
-    CRect(const POINT& corner, const SIZE& size)
-        : RECT{corner.x, corner.y, corner.x + size.cx, corner.y + size.cy} {}
+    CRect(const POINT& corner, const SIZE& size) : RECT{corner.x, corner.y, corner.x + size.cx, corner.y + size.cy} {}
 
     LONG Width() const { return right - left; }
     LONG Height() const { return bottom - top; }

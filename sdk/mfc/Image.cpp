@@ -21,7 +21,7 @@ struct WindowClass {
     }
 };
 
-} // namespace
+}  // namespace
 
 HINSTANCE AfxGetInstanceHandle()
 {
@@ -31,15 +31,9 @@ HINSTANCE AfxGetInstanceHandle()
     return static_cast<HINSTANCE>(information.AllocationBase);
 }
 
-HINSTANCE AfxGetResourceHandle()
-{
-    return resourceHandle ? resourceHandle : AfxGetInstanceHandle();
-}
+HINSTANCE AfxGetResourceHandle() { return resourceHandle ? resourceHandle : AfxGetInstanceHandle(); }
 
-void AfxSetResourceHandle(HINSTANCE instance)
-{
-    resourceHandle = instance;
-}
+void AfxSetResourceHandle(HINSTANCE instance) { resourceHandle = instance; }
 
 const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor, HBRUSH background, HICON icon)
 {
@@ -64,7 +58,4 @@ const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor, HBRUSH backgrou
     return added.name;
 }
 
-int AfxMessageBox(const char* text, UINT nType)
-{
-    return ::MessageBoxA(::GetActiveWindow(), text, nullptr, nType);
-}
+int AfxMessageBox(const char* text, UINT nType) { return ::MessageBoxA(::GetActiveWindow(), text, nullptr, nType); }

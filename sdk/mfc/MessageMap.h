@@ -18,7 +18,7 @@ class CCmdUI;
 class CMenu;
 class CWnd;
 
-constexpr UINT WM_REFLECT_BASE = 0xBC00;    // + WM_NOTIFY or WM_COMMAND: offered to its sender first
+constexpr UINT WM_REFLECT_BASE = 0xBC00;  // + WM_NOTIFY or WM_COMMAND: offered to its sender first
 constexpr int CN_COMMAND = 0;
 constexpr int CN_UPDATE_COMMAND_UI = -1;
 
@@ -51,26 +51,54 @@ auto invoke(CCmdTarget& target, Arguments... arguments)
 CWnd* windowOf(WPARAM handle);
 CMenu* menuOf(WPARAM handle);
 
-template <auto Method> void onMessage(CCmdTarget& t, Call& c) { c.result = invoke<Method>(t, c.wParam, c.lParam); }
-template <auto Method> void onPlain(CCmdTarget& t, Call&) { invoke<Method>(t); }
-template <auto Method> void onMouse(CCmdTarget& t, Call& c) { invoke<Method>(t, static_cast<UINT>(c.wParam), CPoint(c.lParam)); }
-template <auto Method> void onContextMenu(CCmdTarget& t, Call& c) { invoke<Method>(t, windowOf(c.wParam), CPoint(c.lParam)); }
-template <auto Method> void onInitMenuPopup(CCmdTarget& t, Call& c)
+template <auto Method>
+void onMessage(CCmdTarget& t, Call& c)
+{
+    c.result = invoke<Method>(t, c.wParam, c.lParam);
+}
+template <auto Method>
+void onPlain(CCmdTarget& t, Call&)
+{
+    invoke<Method>(t);
+}
+template <auto Method>
+void onMouse(CCmdTarget& t, Call& c)
+{
+    invoke<Method>(t, static_cast<UINT>(c.wParam), CPoint(c.lParam));
+}
+template <auto Method>
+void onContextMenu(CCmdTarget& t, Call& c)
+{
+    invoke<Method>(t, windowOf(c.wParam), CPoint(c.lParam));
+}
+template <auto Method>
+void onInitMenuPopup(CCmdTarget& t, Call& c)
 {
     invoke<Method>(t, menuOf(c.wParam), static_cast<UINT>(LOWORD(c.lParam)), static_cast<BOOL>(HIWORD(c.lParam)));
 }
-template <auto Method> void onSize(CCmdTarget& t, Call& c)
+template <auto Method>
+void onSize(CCmdTarget& t, Call& c)
 {
-    invoke<Method>(t, static_cast<UINT>(c.wParam), static_cast<int>(LOWORD(c.lParam)), static_cast<int>(HIWORD(c.lParam)));
+    invoke<Method>(t, static_cast<UINT>(c.wParam), static_cast<int>(LOWORD(c.lParam)),
+                   static_cast<int>(HIWORD(c.lParam)));
 }
-template <auto Method> void onRange(CCmdTarget& t, Call& c) { invoke<Method>(t, c.id); }
-template <auto Method> void onUpdate(CCmdTarget& t, Call& c) { invoke<Method>(t, c.ui); }
-template <auto Method> void onNotify(CCmdTarget& t, Call& c)
+template <auto Method>
+void onRange(CCmdTarget& t, Call& c)
+{
+    invoke<Method>(t, c.id);
+}
+template <auto Method>
+void onUpdate(CCmdTarget& t, Call& c)
+{
+    invoke<Method>(t, c.ui);
+}
+template <auto Method>
+void onNotify(CCmdTarget& t, Call& c)
 {
     invoke<Method>(t, reinterpret_cast<NMHDR*>(c.lParam), &c.result);
 }
 
-} // namespace toolkit
+}  // namespace toolkit
 
 // message 0 closes a list. code: a notification's or command's code; ids count for commands alone.
 struct AFX_MSGMAP_ENTRY {
@@ -85,23 +113,26 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP_ENTRY* entries;
 };
 
-#define DECLARE_MESSAGE_MAP()                        \
-protected:                                           \
-    static const AFX_MSGMAP* GetThisMessageMap();    \
+#define DECLARE_MESSAGE_MAP() \
+protected: \
+    static const AFX_MSGMAP* GetThisMessageMap(); \
     const AFX_MSGMAP* GetMessageMap() const override;
 
-#define BEGIN_MESSAGE_MAP(Class, Base)                                                  \
+#define BEGIN_MESSAGE_MAP(Class, Base) \
     const AFX_MSGMAP* Class::GetMessageMap() const { return Class::GetThisMessageMap(); } \
-    const AFX_MSGMAP* Class::GetThisMessageMap()                                        \
-    {                                                                                   \
-        using ThisClass [[maybe_unused]] = Class;                                       \
-        const AFX_MSGMAP* const base = Base::GetThisMessageMap();                       \
+    const AFX_MSGMAP* Class::GetThisMessageMap() \
+    { \
+        using ThisClass [[maybe_unused]] = Class; \
+        const AFX_MSGMAP* const base = Base::GetThisMessageMap(); \
         static const AFX_MSGMAP_ENTRY entries[] = {
-
-#define END_MESSAGE_MAP()                            \
-            {0, 0, 0, 0, nullptr}};                  \
-        static const AFX_MSGMAP map = {base, entries}; \
-        return &map;                                 \
+#define END_MESSAGE_MAP() \
+    { \
+        0, 0, 0, 0, nullptr \
+    } \
+    } \
+    ; \
+    static const AFX_MSGMAP map = {base, entries}; \
+    return &map; \
     }
 
 // LRESULT handler(WPARAM, LPARAM)
@@ -111,9 +142,11 @@ protected:                                           \
 #define ON_COMMAND_RANGE(first, last, handler) {WM_COMMAND, CN_COMMAND, first, last, &toolkit::onRange<handler>},
 // void handler(CCmdUI*)
 #define ON_UPDATE_COMMAND_UI(id, handler) {WM_COMMAND, CN_UPDATE_COMMAND_UI, id, id, &toolkit::onUpdate<handler>},
-#define ON_UPDATE_COMMAND_UI_RANGE(first, last, handler) {WM_COMMAND, CN_UPDATE_COMMAND_UI, first, last, &toolkit::onUpdate<handler>},
+#define ON_UPDATE_COMMAND_UI_RANGE(first, last, handler) \
+    {WM_COMMAND, CN_UPDATE_COMMAND_UI, first, last, &toolkit::onUpdate<handler>},
 // void handler(NMHDR*, LRESULT*): in the parent, and in the control itself
-#define ON_NOTIFY_REFLECT(notification, handler) {WM_REFLECT_BASE + WM_NOTIFY, static_cast<int>(notification), 0, 0, &toolkit::onNotify<handler>},
+#define ON_NOTIFY_REFLECT(notification, handler) \
+    {WM_REFLECT_BASE + WM_NOTIFY, static_cast<int>(notification), 0, 0, &toolkit::onNotify<handler>},
 
 #define ON_WM_MOUSEMOVE() {WM_MOUSEMOVE, 0, 0, 0, &toolkit::onMouse<&ThisClass::OnMouseMove>},
 #define ON_WM_CONTEXTMENU() {WM_CONTEXTMENU, 0, 0, 0, &toolkit::onContextMenu<&ThisClass::OnContextMenu>},

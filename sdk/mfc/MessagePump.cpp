@@ -6,9 +6,9 @@ bool AfxPreTranslate(MSG& message, HWND stop)
 {
     for (HWND window = message.hwnd; window; window = ::GetParent(window)) {
         CWnd* const object = CWnd::FromHandlePermanent(window);
-        const bool taken = object
-            ? toolkit::guarded(FALSE, [&] { return object->PreTranslateMessage(&message); }) != FALSE
-            : ::SendMessageA(window, AfxPreTranslateMessageId(), 0, reinterpret_cast<LPARAM>(&message)) != 0;
+        const bool taken =
+            object ? toolkit::guarded(FALSE, [&] { return object->PreTranslateMessage(&message); }) != FALSE
+                   : ::SendMessageA(window, AfxPreTranslateMessageId(), 0, reinterpret_cast<LPARAM>(&message)) != 0;
         if (taken)
             return true;
         if (window == stop)
@@ -32,7 +32,7 @@ bool MessagePump::pumpMessage()
 {
     if (::GetMessageA(&m_message, nullptr, 0, 0) <= 0)
         return false;
-    MSG message = m_message;        // a handler may run the pump again
+    MSG message = m_message;  // a handler may run the pump again
     if (!preTranslate(message)) {
         ::TranslateMessage(&message);
         ::DispatchMessageA(&message);
@@ -40,7 +40,4 @@ bool MessagePump::pumpMessage()
     return true;
 }
 
-bool MessagePump::onIdle(long)
-{
-    return false;
-}
+bool MessagePump::onIdle(long) { return false; }

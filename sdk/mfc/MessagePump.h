@@ -18,7 +18,7 @@ public:
     bool pumpMessage();
 
 protected:
-    virtual bool onIdle(long count);    // true: there is more to do
+    virtual bool onIdle(long count);  // true: there is more to do
     virtual bool preTranslate(MSG& message) { return AfxPreTranslate(message); }
 
 private:

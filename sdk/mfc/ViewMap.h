@@ -32,4 +32,4 @@ private:
     std::unordered_map<Handle, std::unique_ptr<View>> m_views;
 };
 
-} // namespace toolkit
+}  // namespace toolkit

@@ -22,11 +22,11 @@ AfxExceptionHook exceptionHook = nullptr;
 LRESULT failureResult(const MSG& message)
 {
     if (message.message == WM_PAINT)
-        ::ValidateRect(message.hwnd, nullptr);      // or it would come again for ever
+        ::ValidateRect(message.hwnd, nullptr);  // or it would come again for ever
     return message.message == WM_CREATE ? -1 : 0;
 }
 
-} // namespace
+}  // namespace
 
 CWnd* WindowMap::creating = nullptr;
 
@@ -70,19 +70,23 @@ LRESULT CALLBACK WindowMap::procedure(HWND window, UINT message, WPARAM wParam, 
     if (!object)
         return forgotten(window, message, wParam, lParam);
     if (message == AfxPreTranslateMessageId())
-        return toolkit::guarded<LRESULT>(FALSE, [&] { return object->PreTranslateMessage(reinterpret_cast<MSG*>(lParam)); });
+        return toolkit::guarded<LRESULT>(FALSE,
+                                         [&] { return object->PreTranslateMessage(reinterpret_cast<MSG*>(lParam)); });
 
     const MSG current = {window, message, wParam, lParam, 0, {0, 0}};
     const MSG* const outer = object->m_current;
     object->m_current = &current;
     const LRESULT result = dispatch(*object, current);
-    if (find(window) != object)     // the handler let go of the window, perhaps with its object
+    if (find(window) != object)  // the handler let go of the window, perhaps with its object
         return result;
     object->m_current = outer;
     if (message == WM_NCDESTROY) {
         detach(*object);
         entries().erase(window);
-        toolkit::guarded(0, [&] { object->PostNcDestroy(); return 0; });
+        toolkit::guarded(0, [&] {
+            object->PostNcDestroy();
+            return 0;
+        });
     }
     return result;
 }
@@ -114,10 +118,7 @@ UINT AfxPreTranslateMessageId()
     return id;
 }
 
-void AfxSetExceptionHook(AfxExceptionHook hook)
-{
-    exceptionHook = hook;
-}
+void AfxSetExceptionHook(AfxExceptionHook hook) { exceptionHook = hook; }
 
 void toolkit::reportException(CException* exception) noexcept
 {

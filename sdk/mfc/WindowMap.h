@@ -40,7 +40,7 @@ void reportException(const char* what) noexcept;
 template <class Result, class Body>
 Result guarded(Result failed, Body&& body) noexcept;
 
-} // namespace toolkit
+}  // namespace toolkit
 
 #include "mfc/CException.h"
 

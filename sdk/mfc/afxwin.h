@@ -1,6 +1,5 @@
 #pragma once
 // Windows, menus, dialogs, frames and the message pump.
-#include "mfc/afx.h"
 #include "mfc/CCmdTarget.h"
 #include "mfc/CDataExchange.h"
 #include "mfc/CDialog.h"
@@ -8,4 +7,5 @@
 #include "mfc/CMenu.h"
 #include "mfc/CWnd.h"
 #include "mfc/MessagePump.h"
+#include "mfc/afx.h"
 #include "mfc/handles.h"

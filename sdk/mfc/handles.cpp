@@ -1,6 +1,3 @@
 #include "mfc/handles.h"
 
-long liveHandles()
-{
-    return toolkit::handleBalance;
-}
+long liveHandles() { return toolkit::handleBalance; }

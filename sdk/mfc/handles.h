@@ -69,11 +69,14 @@ inline BOOL closeWindow(HWND h) { return ::DestroyWindow(h); }
 inline BOOL closeModule(HMODULE h) { return ::FreeLibrary(h); }
 inline BOOL closeImageList(HIMAGELIST h) { return ::ImageList_Destroy(h); }
 template <class Object>
-BOOL closeGdi(Object h) { return ::DeleteObject(h); }
+BOOL closeGdi(Object h)
+{
+    return ::DeleteObject(h);
+}
 
-} // namespace toolkit
+}  // namespace toolkit
 
-using UniqueHandle = toolkit::Unique<HANDLE, toolkit::closeHandle>;     // files, events, processes
+using UniqueHandle = toolkit::Unique<HANDLE, toolkit::closeHandle>;  // files, events, processes
 using UniqueFind = toolkit::Unique<HANDLE, toolkit::closeFind>;
 using UniqueIcon = toolkit::Unique<HICON, toolkit::closeIcon>;
 using UniqueMenu = toolkit::Unique<HMENU, toolkit::closeMenu>;

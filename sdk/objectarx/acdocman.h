@@ -40,10 +40,14 @@ public:
     virtual void documentDestroyed(const char* /*fileName*/) {}
     virtual void documentCreateCanceled(AcApDocument*) {}
     virtual void documentLockModeWillChange(AcApDocument*, AcAp::DocLockMode /*current*/, AcAp::DocLockMode /*coming*/,
-                                            AcAp::DocLockMode /*currentMax*/, const char* /*globalCommand*/) {}
+                                            AcAp::DocLockMode /*currentMax*/, const char* /*globalCommand*/)
+    {
+    }
     virtual void documentLockModeChangeVetoed(AcApDocument*, const char* /*globalCommand*/) {}
     virtual void documentLockModeChanged(AcApDocument*, AcAp::DocLockMode /*previous*/, AcAp::DocLockMode /*current*/,
-                                         AcAp::DocLockMode /*currentMax*/, const char* /*globalCommand*/) {}
+                                         AcAp::DocLockMode /*currentMax*/, const char* /*globalCommand*/)
+    {
+    }
     virtual void documentBecameCurrent(AcApDocument*) {}
     virtual void documentToBeActivated(AcApDocument*) {}
     virtual void documentToBeDeactivated(AcApDocument*) {}
@@ -75,9 +79,8 @@ public:
     virtual Acad::ErrorStatus disableDocumentActivation() = 0;
 
     // Queues input for the document's command line; it runs when the host is idle.
-    virtual Acad::ErrorStatus sendStringToExecute(AcApDocument* pDocument, const char* sCommand,
-                                                  bool bActivate = true, bool bWrapUpInactiveDoc = false,
-                                                  bool bEchoString = true) = 0;
+    virtual Acad::ErrorStatus sendStringToExecute(AcApDocument* pDocument, const char* sCommand, bool bActivate = true,
+                                                  bool bWrapUpInactiveDoc = false, bool bEchoString = true) = 0;
 
     // Opens a drawing as a document of its own and activates it.
     virtual Acad::ErrorStatus appContextOpenDocument(const char* sPath) = 0;

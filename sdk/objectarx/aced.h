@@ -51,8 +51,7 @@ public:
     virtual Acad::ErrorStatus addCommand(const char* sGroupName, const char* sGlobalName, const char* sLocalName,
                                          Adesk::Int32 iFlags, AcRxFunctionPtr functionAddr,
                                          AcEdUIContext* pUIContext = nullptr, int iFCode = -1,
-                                         HINSTANCE hResourceHandle = nullptr,
-                                         AcEdCommand** pCmdPtrRet = nullptr) = 0;
+                                         HINSTANCE hResourceHandle = nullptr, AcEdCommand** pCmdPtrRet = nullptr) = 0;
     // eKeyNotFound for an unknown group.
     virtual Acad::ErrorStatus removeGroup(const char* sGroupName) = 0;
 };

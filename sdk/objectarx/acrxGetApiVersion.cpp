@@ -3,7 +3,4 @@
 // Linked into every module; the module's .def file exports it.
 extern "C" unsigned acrxGetApiVersion();
 
-unsigned acrxGetApiVersion()
-{
-    return ACRX_API_VERSION;
-}
+unsigned acrxGetApiVersion() { return ACRX_API_VERSION; }

@@ -2,8 +2,8 @@
 
 // Command-line output and the host's memory.
 
-#include "objectarx/adesk.h"
 #include "objectarx/acadstrc.h"
+#include "objectarx/adesk.h"
 
 #include <cstddef>
 

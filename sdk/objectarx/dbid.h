@@ -3,9 +3,9 @@
 // Identity of database objects: the id within a session, the handle within the
 // drawing file.
 
-#include "objectarx/adesk.h"
 #include "objectarx/acadstrc.h"
 #include "objectarx/acutads.h"
+#include "objectarx/adesk.h"
 
 #include <cstring>
 

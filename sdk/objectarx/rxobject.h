@@ -35,17 +35,11 @@ public:
     }
 };
 
-inline bool AcRxObject::isKindOf(const AcRxClass* pClass) const
-{
-    return isA()->isDerivedFrom(pClass);
-}
+inline bool AcRxObject::isKindOf(const AcRxClass* pClass) const { return isA()->isDerivedFrom(pClass); }
 
 // Gives an API class its class object (defined by the host) and a checked cast
 // that answers null for an object of another class.
-#define ACRX_DECLARE_MEMBERS(CLASS)                                                   \
-    static ADESK_API AcRxClass* desc();                                               \
-    AcRxClass* isA() const override { return desc(); }                                \
-    static CLASS* cast(AcRxObject* p)                                                 \
-    {                                                                                 \
-        return p != nullptr && p->isKindOf(desc()) ? static_cast<CLASS*>(p) : nullptr; \
-    }
+#define ACRX_DECLARE_MEMBERS(CLASS) \
+    static ADESK_API AcRxClass* desc(); \
+    AcRxClass* isA() const override { return desc(); } \
+    static CLASS* cast(AcRxObject* p) { return p != nullptr && p->isKindOf(desc()) ? static_cast<CLASS*>(p) : nullptr; }

@@ -37,5 +37,4 @@ public:
 ADESK_API Acad::ErrorStatus acdbGetSummaryInfo(AcDbDatabase* pDatabase, AcDbDatabaseSummaryInfo*& pInfo);
 // Stores the object into the database; the object stays the caller's. Without a
 // database it goes to the working database.
-ADESK_API Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* pInfo,
-                                               AcDbDatabase* pDatabase = nullptr);
+ADESK_API Acad::ErrorStatus acdbPutSummaryInfo(const AcDbDatabaseSummaryInfo* pInfo, AcDbDatabase* pDatabase = nullptr);

@@ -109,12 +109,14 @@ inline std::string drawing(const std::string& sVersion, const std::string& sHead
 }
 
 // A border with two attributes, inserted once.
-inline const char kBorderBlock[] = "|0=BLOCK|8=0|2=Border|70=2|10=1.0|20=0.0|0=ATTDEF|5=30|8=0|10=3.0|20=4.0|40=2.5|1=none"
-                                   "|3=Number?|2=NUMBER|70=8|0=ATTDEF|5=31|8=0|10=3.0|20=1.0|40=2.5|1=fixed|3=|2=FIX|70=2"
-                                   "|0=ENDBLK|8=0";
-inline const char kBorderInsert[] = "|0=INSERT|5=40|8=0|66=1|2=BORDER|10=0.0|20=0.0|0=ATTRIB|5=41|8=0|10=2.0|20=3.5|40=2.5"
-                                    "|1=A-1|2=NUMBER|70=5|72=2|11=6.0|21=7.0|51=45.0|71=2|73=12|210=0.0|220=0.0|230=-1.0"
-                                    "|0=ATTRIB|5=42|8=0|10=2.0|20=1.0|40=2.5|1=First|2=TITLE|70=0|0=SEQEND|8=0";
+inline const char kBorderBlock[] =
+    "|0=BLOCK|8=0|2=Border|70=2|10=1.0|20=0.0|0=ATTDEF|5=30|8=0|10=3.0|20=4.0|40=2.5|1=none"
+    "|3=Number?|2=NUMBER|70=8|0=ATTDEF|5=31|8=0|10=3.0|20=1.0|40=2.5|1=fixed|3=|2=FIX|70=2"
+    "|0=ENDBLK|8=0";
+inline const char kBorderInsert[] =
+    "|0=INSERT|5=40|8=0|66=1|2=BORDER|10=0.0|20=0.0|0=ATTRIB|5=41|8=0|10=2.0|20=3.5|40=2.5"
+    "|1=A-1|2=NUMBER|70=5|72=2|11=6.0|21=7.0|51=45.0|71=2|73=12|210=0.0|220=0.0|230=-1.0"
+    "|0=ATTRIB|5=42|8=0|10=2.0|20=1.0|40=2.5|1=First|2=TITLE|70=0|0=SEQEND|8=0";
 
 class RecordingReactor : public AcDbDatabaseReactor {
 public:

@@ -65,7 +65,7 @@ void checkRoundTrips(const std::string& sFolder, const std::string& sEnding)
     }
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("the samples are written back byte for byte")
 {
@@ -193,8 +193,16 @@ TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding
         const char *version, *codePage, *raw, *text, *edited;
     } rows[] = {
         {"AC1009", "ANSI_1252", "Gr\xFC\xDF", "Gr\xFC\xDF", "\xC4\xE9"},
-        {"AC1015", "ANSI_1252", "\\U+00FCber", "\xFC" "ber", "\xE4"},
-        {"AC1015", "dos850", "\x81" "ber", "\xFC" "ber", "\x84"},
+        {"AC1015", "ANSI_1252", "\\U+00FCber",
+         "\xFC"
+         "ber",
+         "\xE4"},
+        {"AC1015", "dos850",
+         "\x81"
+         "ber",
+         "\xFC"
+         "ber",
+         "\x84"},
         {"AC1024", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC3\x84\xC3\xA9"},
         {"AC1024", "ANSI_1252", "\xCE\xA9", "\\U+03A9", "\xCE\xA9"},
         {"AC1015", "ANSI_1251", "\xC6", "\\U+0416", "\xC6"},

@@ -12,7 +12,8 @@ namespace {
 std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sVersion = "AC1018",
                                  const std::string& sHeader = "")
 {
-    const std::string sBytes = drawing(sVersion, "|9=$HANDSEED|5=99|9=$LTSCALE|40=1.0" + sHeader, kBorderBlock, kBorderInsert);
+    const std::string sBytes =
+        drawing(sVersion, "|9=$HANDSEED|5=99|9=$LTSCALE|40=1.0" + sHeader, kBorderBlock, kBorderInsert);
     return Database::open(folder.write("border.dwg", sBytes));
 }
 
@@ -27,7 +28,7 @@ std::string summaryText(Database& database)
     return sText;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("edits are heard after DBMOD is set, and undo takes them back")
 {
@@ -43,9 +44,12 @@ TEST_CASE("edits are heard after DBMOD is set, and undo takes them back")
         const char *heard, *undone;
     } rows[] = {
         {"line", [](Database& d) { return d.addLine(0, 0, 1, 1); }, "appended1", "unAppended0"},
-        {"erase", [](Database& d) { return d.eraseLast(); }, "erased1 erased1 erased1", "unErased0 unErased0 unErased0"},
-        {"insert", [](Database& d) { return d.insertBlock("border", 5, 5); }, "appended1 appended1", "unAppended0 unAppended0"},
-        {"attribute", [](Database& d) { return d.setAttribute("number", "B-2"); }, "opened1 modified1", "opened0 modified0"},
+        {"erase", [](Database& d) { return d.eraseLast(); }, "erased1 erased1 erased1",
+         "unErased0 unErased0 unErased0"},
+        {"insert", [](Database& d) { return d.insertBlock("border", 5, 5); }, "appended1 appended1",
+         "unAppended0 unAppended0"},
+        {"attribute", [](Database& d) { return d.setAttribute("number", "B-2"); }, "opened1 modified1",
+         "opened0 modified0"},
         {"variable", [](Database& d) { return d.setHeaderVariable("LTSCALE", {"2.0"}); }, "will:LTSCALE4 did:LTSCALE4",
          "will:LTSCALE0 did:LTSCALE0"},
         {"summary", [](Database& d) { return d.setSummaryField("Title", "T"); }, "will:TITLE4 did:TITLE4",

@@ -32,7 +32,10 @@ std::string blockWalk(Database& database)
     for (; !pIterator->done(); pIterator->step()) {
         AcDbBlockTableRecord* pRecord = nullptr;
         REQUIRE(pIterator->getRecord(pRecord, AcDb::kForRead) == Acad::eOk);
-        sWalk += pRecord->isLayout() ? 'L' : pRecord->isFromExternalReference() ? 'X' : pRecord->isAnonymous() ? 'A' : 'b';
+        sWalk += pRecord->isLayout()                  ? 'L'
+                 : pRecord->isFromExternalReference() ? 'X'
+                 : pRecord->isAnonymous()             ? 'A'
+                                                      : 'b';
         pRecord->close();
     }
     delete pIterator;
@@ -40,7 +43,7 @@ std::string blockWalk(Database& database)
     return sWalk;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("blocks, references and attributes are found in every version")
 {
@@ -143,7 +146,8 @@ TEST_CASE("references come in drawing order over model space, paper space and bl
     const TempFolder folder;
     const std::string sBlocks = "|0=BLOCK|8=0|2=Nest|70=0|0=INSERT|5=50|8=0|2=Part|0=ENDBLK|8=0"
                                 "|0=BLOCK|8=0|2=Part|70=0|0=ENDBLK|8=0|0=BLOCK|8=0|2=*U1|70=1|0=ENDBLK|8=0";
-    const std::string sEntities = "|0=INSERT|5=51|67=1|8=0|2=Part|0=INSERT|5=53|8=0|2=PART|0=LINE|8=0|0=INSERT|5=52|8=0|2=Part";
+    const std::string sEntities =
+        "|0=INSERT|5=51|67=1|8=0|2=Part|0=INSERT|5=53|8=0|2=PART|0=LINE|8=0|0=INSERT|5=52|8=0|2=Part";
     std::unique_ptr<Database> database = opened(folder, drawing("AC1009", "", sBlocks, sEntities));
     CHECK(blockWalk(*database) == "bbALL");
     const auto handles = [&] {

@@ -30,7 +30,7 @@ Xref xrefOf(Database& database, const char* sName)
     return xref;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("an xref's status and database follow what its path leads to")
 {

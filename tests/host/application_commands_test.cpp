@@ -8,24 +8,18 @@ namespace {
 
 int calls = 0;
 
-void count()
-{
-    ++calls;
-}
+void count() { ++calls; }
 
-void countTen()
-{
-    calls += 10;
-}
+void countTen() { calls += 10; }
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(HostFixture, "a command is found by local name, and by global name after an underscore")
 {
     calls = 0;
     REQUIRE(acedRegCmds->addCommand("ONE", "GlobalName", "LocalName", ACRX_CMD_MODAL, count) == Acad::eOk);
-    for (const char* sTyped : {"LocalName", "LOCALNAME", ".localname", "_GlobalName", "_.globalname", "._GLOBALNAME",
-                               "'_GlobalName"}) {
+    for (const char* sTyped :
+         {"LocalName", "LOCALNAME", ".localname", "_GlobalName", "_.globalname", "._GLOBALNAME", "'_GlobalName"}) {
         CAPTURE(sTyped);
         const int before = calls;
         CHECK(run(sTyped));
@@ -38,7 +32,7 @@ TEST_CASE_FIXTURE(HostFixture, "a command is found by local name, and by global 
     CHECK(acedRegCmds->addCommand("one", "Other", "LOCALNAME", ACRX_CMD_MODAL, count) == Acad::eDuplicateKey);
     calls = 0;
     CHECK(acedRegCmds->addCommand("TWO", "GlobalName", "LocalName", ACRX_CMD_MODAL, countTen) == Acad::eOk);
-    CHECK(run("LocalName")); // the group that came last
+    CHECK(run("LocalName"));  // the group that came last
     CHECK(calls == 10);
     CHECK(acedRegCmds->removeGroup("two") == Acad::eOk);
     CHECK(acedRegCmds->removeGroup("TWO") == Acad::eKeyNotFound);
@@ -67,7 +61,7 @@ TEST_CASE_FIXTURE(HostFixture, "arguments keep blanks in quotes")
     REQUIRE(run("_.saveas \"" + sPath + "\""));
     CHECK(acDocManager->curDocument()->fileName() == sPath);
     REQUIRE(run("CLOSE"));
-    REQUIRE(run("open " + sPath)); // a path alone needs no quotes
+    REQUIRE(run("open " + sPath));  // a path alone needs no quotes
     CHECK(acDocManager->curDocument()->fileName() == sPath);
     refused("LINE 0 0 1", "Too few arguments");
     refused("LINE 0 0 1 x", "\"x\" is not a number");
@@ -137,7 +131,8 @@ TEST_CASE_FIXTURE(HostFixture, "a typed line runs when the host is idle, also wi
     application.pumpUntilIdle();
     CHECK(documents().count() == 2);
     // What is typed over the drawing arrives in the line.
-    const HWND view = reinterpret_cast<HWND>(::SendMessageA(application.frame().m_hWndMDIClient, WM_MDIGETACTIVE, 0, 0));
+    const HWND view =
+        reinterpret_cast<HWND>(::SendMessageA(application.frame().m_hWndMDIClient, WM_MDIGETACTIVE, 0, 0));
     ::PostMessageA(view, WM_CHAR, 'l', 1);
     application.pumpUntilIdle();
     CHECK(::GetWindowTextLengthA(input) == 1);

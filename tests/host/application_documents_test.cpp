@@ -98,14 +98,14 @@ public:
     EditorRecorder editorRecorder;
 };
 
-std::string context; // the document in which the test's command last ran
+std::string context;  // the document in which the test's command last ran
 
 void noteContext()
 {
     context = nameOf(acDocManager->curDocument()) + " in " + nameOf(acDocManager->mdiActiveDocument());
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(RecordedHost, "documents come, change and go in the documented order")
 {
@@ -120,7 +120,7 @@ TEST_CASE_FIXTURE(RecordedHost, "documents come, change and go in the documented
     CHECK(take() == Events{"createStarted a.dwg", "created a.dwg", "dwgFileOpened a.dwg",
                            "toBeDeactivated Drawing1.dwg", "toBeActivated a.dwg", "becameCurrent a.dwg",
                            "activated a.dwg"});
-    CHECK(run("OPEN " + sPath)); // open already: nothing changes
+    CHECK(run("OPEN " + sPath));  // open already: nothing changes
     CHECK(take() == Events{});
 
     REQUIRE(run("SWITCH 0"));
@@ -246,7 +246,7 @@ TEST_CASE_FIXTURE(HostFixture, "queued input waits for idle and runs in its own 
     {
         acDocManager->sendStringToExecute(pFirst, "_.CLOSE\nNoteContext\n", false);
         context.clear();
-        application.execute(std::vector<std::string>{}); // scripted, so that nobody is asked
+        application.execute(std::vector<std::string>{});  // scripted, so that nobody is asked
         CHECK(documents().count() == 1);
         CHECK(context == "");
         CHECK(acDocManager->sendStringToExecute(pFirst, "NoteContext\n") == Acad::eNoDocument);

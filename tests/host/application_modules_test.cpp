@@ -24,7 +24,7 @@ AcRx::AppRetCode entryPoint(AcRx::AppMsgCode message, void* pkt)
         acedRegCmds->addCommand("MODULE", "ModuleCommand", "ModuleCommand", ACRX_CMD_MODAL, nothing);
         return answer;
     }
-    CHECK_FALSE(acrxDynamicLinker->unlockApplication(pkt)); // too late
+    CHECK_FALSE(acrxDynamicLinker->unlockApplication(pkt));  // too late
     return AcRx::kRetOK;
 }
 
@@ -40,7 +40,7 @@ public:
 
 using Messages = std::vector<AcRx::AppMsgCode>;
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(ModuleHost, "a module hears of its life, and its commands end with it")
 {

@@ -18,7 +18,7 @@ TEST_CASE_FIXTURE(HostFixture, "opening, editing and closing leaves no heap bloc
     };
     const long before = cycles(20);
     const long handles = liveHandles();
-    CHECK(cycles(40) <= before + 4); // not one a cycle
+    CHECK(cycles(40) <= before + 4);  // not one a cycle
     CHECK(liveHandles() == handles);
 }
 

@@ -35,7 +35,10 @@ resbuf shortValue(short value)
 
 class HeaderRecorder : public AcDbDatabaseReactor {
 public:
-    void headerSysVarWillChange(const AcDbDatabase*, const char* sName) override { events += std::string("will ") + sName; }
+    void headerSysVarWillChange(const AcDbDatabase*, const char* sName) override
+    {
+        events += std::string("will ") + sName;
+    }
     void headerSysVarChanged(const AcDbDatabase*, const char* sName, Adesk::Boolean done) override
     {
         events += std::string(done ? ", did " : ", failed ") + sName;
@@ -43,7 +46,7 @@ public:
     std::string events;
 };
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(HostFixture, "each result type can be read and, where it may, set")
 {

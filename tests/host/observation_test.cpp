@@ -17,8 +17,9 @@ class PlainStrip : public CWnd {
 public:
     explicit PlainStrip(CWnd& frame) : m_frame(frame.m_hWnd)
     {
-        const HWND window = ::CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 10, 20,
-                                              600, 27, m_frame, reinterpret_cast<HMENU>(UINT_PTR{42}), nullptr, nullptr);
+        const HWND window =
+            ::CreateWindowExA(0, WC_TABCONTROLA, "", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 10, 20, 600, 27, m_frame,
+                              reinterpret_cast<HMENU>(UINT_PTR{42}), nullptr, nullptr);
         SubclassWindow(window);
         ::BringWindowToTop(window);
         m_tip = ::CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_BALLOON | TTS_ALWAYSTIP, 0, 0,
@@ -116,7 +117,7 @@ void askTwice()
         answered = 100 + ::MessageBoxA(acedGetAcadFrame()->m_hWnd, "Done", "Second", MB_OK);
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(VisibleHost, "STRIP tells of a strip and of none")
 {
@@ -145,7 +146,7 @@ TEST_CASE_FIXTURE(VisibleHost, "STRIP tells of a strip and of none")
 TEST_CASE_FIXTURE(VisibleHost, "CLICK and HOVER act on the tab with the mouse")
 {
     PlainStrip strip(application.frame());
-    for (int i = 0; i < 30; ++i) // more than there is room for
+    for (int i = 0; i < 30; ++i)  // more than there is room for
         strip.addTab(("a longish tab " + std::to_string(i)).c_str(), nullptr);
     CHECK(run("CLICK 2"));
     CHECK(::SendMessageA(strip.m_hWnd, TCM_GETCURSEL, 0, 0) == 2);
@@ -180,7 +181,8 @@ TEST_CASE_FIXTURE(VisibleHost, "MENU lists the items, escapes, or chooses one")
 TEST_CASE_FIXTURE(VisibleHost, "script lines reach the dialog that an earlier line opened")
 {
     REQUIRE(acedRegCmds->addCommand("TEST", "AskTwice", "AskTwice", ACRX_CMD_MODAL, askTwice) == Acad::eOk);
-    const host::Result result = application.execute(Lines{"AskTwice", "DIALOG", "PRESS 6", "WAIT 20", "DIALOG", "PRESS 1", "STRIP"});
+    const host::Result result =
+        application.execute(Lines{"AskTwice", "DIALOG", "PRESS 6", "WAIT 20", "DIALOG", "PRESS 1", "STRIP"});
     CHECK(result.succeeded);
     CHECK(answered == 100 + IDOK);
     contains(result.output, "dialog: \"First\"\n");

@@ -41,7 +41,7 @@ __attribute__((noinline)) size_t framesAtDepth(int iDepth)
     return count;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(CLibraryFixture, "a failed assertion shows its box, is written, and execution goes on")
 {
@@ -85,9 +85,9 @@ TEST_CASE_FIXTURE(CLibraryFixture, "an assertion met while a box is up is writte
     startAt(2);
     int iAfter = 0;
     CHECK(actInsideBox([&] {
-        TESK_ASSERT_TEXT(false, "inner");
-        ++iAfter;
-    }) == 1);
+              TESK_ASSERT_TEXT(false, "inner");
+              ++iAfter;
+          }) == 1);
     CHECK(iAfter == 1);
     const std::string sLog = log();
     CHECK(sLog.find("(inner).") < sLog.find("(outer)."));

@@ -3,10 +3,10 @@
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
 
+#include <windows.h>
 #include <boost/regex.hpp>
 #include <doctest/doctest.h>
 #include <time.h>
-#include <windows.h>
 
 using Tesk::expandDateKeyword;
 using Tesk::formatTime;
@@ -16,12 +16,14 @@ namespace {
 // 2005-03-07 13:05:09 UTC
 constexpr __time64_t moment = 1110200709;
 
-std::string expand(std::string sText, std::string_view sStart = "%", std::string_view sEnd = "%") {
+std::string expand(std::string sText, std::string_view sStart = "%", std::string_view sEnd = "%")
+{
     return expandDateKeyword("DATE", moment, true, std::move(sText), sStart, sEnd);
 }
 
 // The expression as it is meant, on texts short enough for it.
-std::string reference(std::string sText, const std::string& sStart, const std::string& sEnd) {
+std::string reference(std::string sText, const std::string& sStart, const std::string& sEnd)
+{
     const boost::regex expression("(^.*)\\" + sStart + "DATE::(.+?)\\" + sEnd + "(.*$)");
     boost::smatch match;
     while (boost::regex_match(sText, match, expression) && match.size() == 4)
@@ -31,7 +33,8 @@ std::string reference(std::string sText, const std::string& sStart, const std::s
 
 }  // namespace
 
-TEST_CASE("a time by its format") {
+TEST_CASE("a time by its format")
+{
     CHECK(formatTime(moment, "|Y-|m-|d |H:|M:|S", true) == "2005-03-07 13:05:09");
     CHECK(formatTime(moment, "%Y||", true) == "2005%");
     CHECK(formatTime(moment, "|#d.|#m.", true) == "7.3.");
@@ -47,7 +50,8 @@ TEST_CASE("a time by its format") {
     CHECK(formatTime(moment, "|d |H", false) == szHour);
 }
 
-TEST_CASE("a directive that the C runtime does not know gives an empty text") {
+TEST_CASE("a directive that the C runtime does not know gives an empty text")
+{
     // Whatever byte follows the "%", the process goes on.
     int iKnown = 0;
     for (int c = 1; c < 256; ++c) {
@@ -61,10 +65,11 @@ TEST_CASE("a directive that the C runtime does not know gives an empty text") {
     CHECK(formatTime(moment, "|e", true) == "");
 }
 
-TEST_CASE("date tokens expand from the last to the first, each with its own format") {
+TEST_CASE("date tokens expand from the last to the first, each with its own format")
+{
     CHECK(expand("%DATE::|H:|M% on %DATE::|Y%") == "13:05 on 2005");
     CHECK(expand("%DATE% %DATE:|Y% %DATE::%, %DATE::|Y") == "%DATE% %DATE:|Y% DATE::|Y");
-    CHECK(expand("%DATE::%%") == "");                 // the format is "%": no directive
+    CHECK(expand("%DATE::%%") == "");  // the format is "%": no directive
     CHECK(expand("line\n%DATE::|Y%\nline") == "line\n2005\nline");
     CHECK(expand("%DATE::a\nb%") == "a\nb");
     CHECK(expand("%DATE::||DATE::||||Y%%") == "Y%");  // by way of "%DATE::%%Y%"
@@ -73,11 +78,12 @@ TEST_CASE("date tokens expand from the last to the first, each with its own form
     CHECK(expand("a <DATE::|Y> b", "<", ">") == reference("a <DATE::|Y> b", "<", ">"));
 }
 
-TEST_CASE("by hand and by regular expression generated texts come out the same") {
+TEST_CASE("by hand and by regular expression generated texts come out the same")
+{
     CTestRandom random;
     CAPTURE(random.seed());
-    const std::pair<const char*, const char*> aDelimiters[] = {
-        {"%", "%"}, {"[", "]"}, {"|", "|"}, {"$", "."}, {":", ":"}, {"^", "*"}, {"\\", "+"}};
+    const std::pair<const char*, const char*> aDelimiters[] = {{"%", "%"}, {"[", "]"}, {"|", "|"}, {"$", "."},
+                                                               {":", ":"}, {"^", "*"}, {"\\", "+"}};
     int iExpanded = 0;
     for (int i = 0; i < 8000; ++i) {
         const auto [sStart, sEnd] = aDelimiters[random.once(2) ? 0 : random.below(std::size(aDelimiters))];
@@ -85,9 +91,14 @@ TEST_CASE("by hand and by regular expression generated texts come out the same")
         std::string sText;
         for (std::size_t pieces = random.below(10); pieces > 0; --pieces) {
             switch (random.below(4)) {
-            case 0: sText += sToken + random.text("|Y |m | || x DATE:: \n", 3) + sEnd; break;
-            case 1: sText += sToken; break;
-            default: sText += random.text("% | || |Y a : :: [ ] DATE $ . ^ * \\ + \n", 4);
+            case 0:
+                sText += sToken + random.text("|Y |m | || x DATE:: \n", 3) + sEnd;
+                break;
+            case 1:
+                sText += sToken;
+                break;
+            default:
+                sText += random.text("% | || |Y a : :: [ ] DATE $ . ^ * \\ + \n", 4);
             }
         }
         const std::string sResult = expand(sText, sStart, sEnd);
@@ -98,7 +109,8 @@ TEST_CASE("by hand and by regular expression generated texts come out the same")
     CHECK(iExpanded > 2000);
 }
 
-TEST_CASE("a long text neither ends the search nor the process") {
+TEST_CASE("a long text neither ends the search nor the process")
+{
     std::string sText;
     while (sText.size() < 1024 * 1024)
         sText += "%DATE::|Y% %DATE::";
@@ -108,7 +120,8 @@ TEST_CASE("a long text neither ends the search nor the process") {
     CHECK(!expand("<DATE::|Y>" + std::string(1024 * 1024, 'x'), "<", ">").empty());
 }
 
-TEST_CASE("in a double-byte code page the second byte of a character is no vertical bar") {
+TEST_CASE("in a double-byte code page the second byte of a character is no vertical bar")
+{
     const CThreadLocale locale(CThreadLocale::japanese);
     REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x83) != FALSE);
     CHECK(formatTime(moment, "\x83|Y |Y", true) == "\x83|Y 2005");

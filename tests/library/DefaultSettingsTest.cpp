@@ -3,9 +3,9 @@
 #include "library/diagnostics/Prerelease.h"
 #include "tests/library/Raised.h"
 #include "tests/library/TestFolder.h"
-#include "tests/library/Utf16.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
+#include "tests/library/Utf16.h"
 
 #include <doctest/doctest.h>
 
@@ -37,7 +37,7 @@ struct Case {
     Lines m_contents;
 };
 
-} // namespace
+}  // namespace
 
 TEST_CASE("what the lines of a settings file mean")
 {
@@ -164,8 +164,9 @@ TEST_CASE("a key line without = names file and line, blank lines and comments co
     const CTestFolder folder;
     const CString sFile = folder.write("a.ini", "; c\n\n[S]\nk=v\nTabs\nx=y");
     const CString sNext = folder.write("b.ini", "z=1");
-    CHECK(messageOf([&] { CDefaultSettings({sFile, sNext}, false); }) ==
-          ("Error (<<" + sFile + ">> @ line 5) : Tokenising error.").str());
+    CHECK(messageOf([&] {
+              CDefaultSettings({sFile, sNext}, false);
+          }) == ("Error (<<" + sFile + ">> @ line 5) : Tokenising error.").str());
 
     CDefaultSettings settings({}, false);
     messageOf([&] { settings.readAFile(sFile); });
@@ -178,8 +179,8 @@ TEST_CASE("a key line without = names file and line, blank lines and comments co
 
 TEST_CASE("the text of every code")
 {
-    const char* const messages[] = {"Error opening file", "Error writing file", "Tokenising error",
-                                    "Invalid section", "Invalid key", "Remove is disallowed", "Unknown error"};
+    const char* const messages[] = {"Error opening file", "Error writing file",   "Tokenising error", "Invalid section",
+                                    "Invalid key",        "Remove is disallowed", "Unknown error"};
     CString sText;
     for (uint32_t i = 0; i < std::size(messages); ++i) {
         CHECK(CDefaultSettingsException(i).getErrorText(sText));

@@ -7,10 +7,7 @@
 
 namespace {
 
-bool matches(const std::string& sText, const char* sPattern)
-{
-    return std::regex_match(sText, std::regex(sPattern));
-}
+bool matches(const std::string& sText, const char* sPattern) { return std::regex_match(sText, std::regex(sPattern)); }
 
 size_t count(const std::string& sText, const std::string& sWhat)
 {
@@ -35,18 +32,18 @@ DWORD WINAPI writeLines(void*)
     return 0;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
 {
     const struct {
-        int m_iDebug;   // -1: no value
+        int m_iDebug;  // -1: no value
         int m_iAssert;
         int m_iLevel;
         bool m_bOldLogKept;
     } cases[] = {
-        {-1, -1, 0, true}, {0, 0, 0, true},   {1, -1, 2, false}, {1, 0, 2, false},
-        {-1, 1, 1, true},  {0, 1, 1, true},   {1, 1, 1, false},
+        {-1, -1, 0, true}, {0, 0, 0, true}, {1, -1, 2, false}, {1, 0, 2, false},
+        {-1, 1, 1, true},  {0, 1, 1, true}, {1, 1, 1, false},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_iDebug);

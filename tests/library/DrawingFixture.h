@@ -7,8 +7,8 @@
 #include "tests/library/TestFolder.h"
 #include "tests/support/DrawingText.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+#include <doctest/doctest.h>
 
 #include <memory>
 #include <string>

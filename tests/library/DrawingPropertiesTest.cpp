@@ -13,17 +13,24 @@ namespace {
 DrawingText described()
 {
     return DrawingText()
-        .variable("TITLE", "Plan").variable("SUBJECT", "Ground floor").variable("AUTHOR", "K. M\xFCller")
-        .variable("COMMENTS", "two").variable("KEYWORDS", "a, b").variable("LASTSAVEDBY", "km")
-        .variable("REVISIONNUMBER", "4").variable("HYPERLINKBASE", "http://base/")
-        .custom("b", "1").custom("A", "2").custom("a", "3");
+        .variable("TITLE", "Plan")
+        .variable("SUBJECT", "Ground floor")
+        .variable("AUTHOR", "K. M\xFCller")
+        .variable("COMMENTS", "two")
+        .variable("KEYWORDS", "a, b")
+        .variable("LASTSAVEDBY", "km")
+        .variable("REVISIONNUMBER", "4")
+        .variable("HYPERLINKBASE", "http://base/")
+        .custom("b", "1")
+        .custom("A", "2")
+        .custom("a", "3");
 }
 
 std::string fields(CARXDrawingProperties& properties)
 {
-    return (properties.getTitle() + "/" + properties.getSubject() + "/" + properties.getAuthor() + "/"
-            + properties.getComments() + "/" + properties.getKeywords() + "/" + properties.getLastSavedBy() + "/"
-            + properties.getRevisionNumber() + "/" + properties.getHyperLink())
+    return (properties.getTitle() + "/" + properties.getSubject() + "/" + properties.getAuthor() + "/" +
+            properties.getComments() + "/" + properties.getKeywords() + "/" + properties.getLastSavedBy() + "/" +
+            properties.getRevisionNumber() + "/" + properties.getHyperLink())
         .str();
 }
 
@@ -45,7 +52,7 @@ std::string customOf(host::Database& database)
     return sAll;
 }
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(DrawingFixture, "summary properties are read, and again after they changed")
 {

@@ -6,8 +6,8 @@
 #include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+#include <doctest/doctest.h>
 
 #include <time.h>
 
@@ -16,10 +16,13 @@ namespace {
 class CExpansion : public Tesk::CKeywordExpansion {
 public:
     explicit CExpansion(const std::string& sFileName, int iIndex = 1, int iCount = 1)
-        : CKeywordExpansion(sFileName.c_str(), iIndex, iCount) {}
+        : CKeywordExpansion(sFileName.c_str(), iIndex, iCount)
+    {
+    }
 
     // The value of a keyword; "(none)" when it is not in the table.
-    std::string value(const char* szKeyword) const {
+    std::string value(const char* szKeyword) const
+    {
         const auto found = m_mapKeywords.find(szKeyword);
         return found == m_mapKeywords.end() ? "(none)" : found->second;
     }
@@ -28,7 +31,8 @@ public:
 
 }  // namespace
 
-TEST_CASE("the keywords of a file name") {
+TEST_CASE("the keywords of a file name")
+{
     const CExpansion file("C:\\Jobs\\1234\\A-100.rev2.dwg", 2, 7);
     CHECK(file.expandString("%FILENAME% (%DRAWING_INDEX%/%DRAWING_COUNT%)") == "A-100.rev2 (2/7)");
     CHECK(file.value("PATH") == "C:\\Jobs\\1234\\A-100.rev2.dwg");
@@ -59,7 +63,8 @@ TEST_CASE("the keywords of a file name") {
     CHECK(CExpansion("C:\\\x95\\\\A.dwg").value("X_FOLDER") == "C:/\x95\\/");
 }
 
-TEST_CASE("without a file name there are the folders, the names and the current time") {
+TEST_CASE("without a file name there are the folders, the names and the current time")
+{
     const CExpansion none("");
     CHECK(none.value("PATH") == "(none)");
     CHECK(none.value("DIR_PROJECT_DWG_ROOT") == "(none)");
@@ -72,7 +77,8 @@ TEST_CASE("without a file name there are the folders, the names and the current 
     CHECK(none.expandString("%CURRENT_DATE::|Y% %CURRENT_DATE_UTC::|Y%").GetLength() == 9);
 }
 
-TEST_CASE("a drawing's project and the time of its file") {
+TEST_CASE("a drawing's project and the time of its file")
+{
     const CTestFolder tree;
     tree.write("1234\\ProjectSettings.txt");
     const std::string sDrawing = tree.write("1234\\Dwg\\A.dwg");

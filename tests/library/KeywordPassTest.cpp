@@ -3,8 +3,8 @@
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+#include <doctest/doctest.h>
 
 #include <algorithm>
 
@@ -13,7 +13,8 @@ using Tesk::KeywordMap;
 namespace {
 
 std::string expand(std::string sText, const KeywordMap& mapKeywords, std::string_view sStart = "%",
-                   std::string_view sEnd = "%") {
+                   std::string_view sEnd = "%")
+{
     std::size_t longest = 0;
     for (const auto& entry : mapKeywords)
         longest = std::max(longest, entry.first.size());
@@ -24,7 +25,8 @@ std::string expand(std::string sText, const KeywordMap& mapKeywords, std::string
 // beginning, character by character.
 namespace reference {
 
-std::size_t find(const std::string& sText, const std::string& sToken, std::size_t from = 0) {
+std::size_t find(const std::string& sText, const std::string& sToken, std::size_t from = 0)
+{
     std::size_t at = 0;
     while (at + sToken.size() <= sText.size()) {
         if (at >= from && sText.compare(at, sToken.size(), sToken) == 0)
@@ -34,7 +36,8 @@ std::size_t find(const std::string& sText, const std::string& sToken, std::size_
     return std::string::npos;
 }
 
-std::string replaceOnce(std::string sText, const std::string& sToken, const std::string& sValue) {
+std::string replaceOnce(std::string sText, const std::string& sToken, const std::string& sValue)
+{
     std::size_t at = find(sText, sToken);
     while (at != std::string::npos) {
         sText.replace(at, sToken.size(), sValue);
@@ -43,8 +46,8 @@ std::string replaceOnce(std::string sText, const std::string& sToken, const std:
     return sText;
 }
 
-std::string replaceAll(const std::string& sText, const std::string& sToken,
-                       const std::string& sValue) {
+std::string replaceAll(const std::string& sText, const std::string& sToken, const std::string& sValue)
+{
     if (sToken.empty())
         return sText;
     std::string sResult = sText;
@@ -58,8 +61,8 @@ std::string replaceAll(const std::string& sText, const std::string& sToken,
     return sResult;
 }
 
-std::string expand(std::string sText, const KeywordMap& mapKeywords, const std::string& sStart,
-                   const std::string& sEnd) {
+std::string expand(std::string sText, const KeywordMap& mapKeywords, const std::string& sStart, const std::string& sEnd)
+{
     for (const auto& [sKeyword, sValue] : mapKeywords)
         sText = replaceAll(sText, sStart + sKeyword + sEnd, sValue);
     return sText;
@@ -68,12 +71,12 @@ std::string expand(std::string sText, const KeywordMap& mapKeywords, const std::
 }  // namespace reference
 
 // Small alphabets, so that tokens overlap, nest and come about by replacement all the time.
-void compareWithReference(std::string_view sAlphabet, std::string_view sKeywordAlphabet,
-                          int iRounds) {
+void compareWithReference(std::string_view sAlphabet, std::string_view sKeywordAlphabet, int iRounds)
+{
     CTestRandom random;
     CAPTURE(random.seed());
-    const std::pair<const char*, const char*> aDelimiters[] = {
-        {"%", "%"}, {"[", "]"}, {"%", "]"}, {"%%", "%%"}, {"[", "[%"}, {"", "%"}, {"%", ""}, {"", ""}};
+    const std::pair<const char*, const char*> aDelimiters[] = {{"%", "%"},  {"[", "]"}, {"%", "]"}, {"%%", "%%"},
+                                                               {"[", "[%"}, {"", "%"},  {"%", ""},  {"", ""}};
     int iExpanded = 0;
     for (int i = 0; i < iRounds; ++i) {
         KeywordMap mapKeywords;
@@ -100,19 +103,21 @@ void compareWithReference(std::string_view sAlphabet, std::string_view sKeywordA
 
 }  // namespace
 
-TEST_CASE("tokens are replaced in the order of their keywords") {
+TEST_CASE("tokens are replaced in the order of their keywords")
+{
     const KeywordMap mapKeywords{{"A", "%B%"}, {"B", "b"}, {"C", "%A%"}, {"LONG", "longer than its token"}};
     CHECK(expand("", mapKeywords) == "");
-    CHECK(expand("%A%", mapKeywords) == "b");        // B's turn is later
-    CHECK(expand("%C%", mapKeywords) == "%A%");      // A's turn is over
+    CHECK(expand("%A%", mapKeywords) == "b");    // B's turn is later
+    CHECK(expand("%C%", mapKeywords) == "%A%");  // A's turn is over
     CHECK(expand("%a% %D% 100%", mapKeywords) == "%a% %D% 100%");
-    CHECK(expand("%A%B%", mapKeywords) == "bB%");    // A shares its "%" with B and comes first
+    CHECK(expand("%A%B%", mapKeywords) == "bB%");  // A shares its "%" with B and comes first
     CHECK(expand("%LONG%%LONG%", mapKeywords) == "longer than its tokenlonger than its token");
     CHECK(expand("[B] %B%", mapKeywords, "[", "]") == "b %B%");
     CHECK(expand("[B[", mapKeywords, "[", "[") == "b");
 }
 
-TEST_CASE("tokens that replacement completes are found") {
+TEST_CASE("tokens that replacement completes are found")
+{
     CHECK(expand("%%A%B%", {{"A", "x"}, {"xB", "new"}}) == "new");
     CHECK(expand("%A%%", {{"A", "%A"}}) == "%A");
     CHECK(expand("%X%E%Y%", {{"E", ""}, {"XY", "seam"}}) == "seam");
@@ -120,7 +125,8 @@ TEST_CASE("tokens that replacement completes are found") {
     CHECK(expand("[X[E]Y]", {{"E", ""}, {"XY", "seam"}}, "[", "]") == "seam");
 }
 
-TEST_CASE("a value that brings its own token back is put in once a place") {
+TEST_CASE("a value that brings its own token back is put in once a place")
+{
     CHECK(expand("%A%, %A%", {{"A", "<%A%>"}}) == "<%A%>, <%A%>");
     CHECK(expand("%A%", {{"A", "%A%%A%"}, {"B", "b"}}) == "%A%%A%");
     CHECK(expand("%A%", {{"A", "%B%"}, {"B", "%A%"}}) == "%A%");
@@ -128,7 +134,8 @@ TEST_CASE("a value that brings its own token back is put in once a place") {
     CHECK(expand("%%A%", {{"A", "A%%A"}}) == "%A%%A");
 }
 
-TEST_CASE("growth is bounded") {
+TEST_CASE("growth is bounded")
+{
     KeywordMap mapKeywords;
     for (char c = 'A'; c < 'Z'; ++c)
         mapKeywords[std::string(1, c)] = std::string("%") + char(c + 1) + "%%" + char(c + 1) + "%";
@@ -138,7 +145,8 @@ TEST_CASE("growth is bounded") {
     CHECK(sResult.size() <= 16 * 1024 * 1024 + 3);
 }
 
-TEST_CASE("a long text takes its time once") {
+TEST_CASE("a long text takes its time once")
+{
     std::string sText;
     while (sText.size() < 1024 * 1024)
         sText += "%A%%%B";
@@ -148,11 +156,13 @@ TEST_CASE("a long text takes its time once") {
     expand(std::string(1024 * 1024, '['), {{"A", ""}}, "[", "]");
 }
 
-TEST_CASE("generated templates expand as by the plain walk of the table") {
+TEST_CASE("generated templates expand as by the plain walk of the table")
+{
     compareWithReference("% % % A B x [ ]", "A B x %", 6000);
 }
 
-TEST_CASE("generated templates expand as by the plain walk in a double-byte code page") {
+TEST_CASE("generated templates expand as by the plain walk in a double-byte code page")
+{
     const CThreadLocale locale(CThreadLocale::japanese);
     REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x83) != FALSE);
     // 0x5B and 0x5D as second bytes look like brackets; half characters come as well.

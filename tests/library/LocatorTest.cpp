@@ -12,8 +12,8 @@
 #include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+#include <doctest/doctest.h>
 
 #include <algorithm>
 #include <memory>
@@ -27,7 +27,8 @@ namespace {
 // An installation in a tree of its own: a copy of this program stands for the module.
 class CInstallation {
 public:
-    explicit CInstallation(const std::string& sFolder) : m_hPrevious(G_hCurrentModule) {
+    explicit CInstallation(const std::string& sFolder) : m_hPrevious(G_hCurrentModule)
+    {
         char szProgram[MAX_PATH];
         ::GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
         m_tree.folder(sFolder);
@@ -37,7 +38,8 @@ public:
         REQUIRE(m_hModule);
         G_hCurrentModule = m_hModule;
     }
-    ~CInstallation() {
+    ~CInstallation()
+    {
         G_hCurrentModule = m_hPrevious;
         ::FreeLibrary(m_hModule);
     }
@@ -55,12 +57,14 @@ private:
 // The machine's registry, redirected below the redirected one of the user.
 class CMachineHive {
 public:
-    CMachineHive() {
-        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, "Machine", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                                  &m_hKey, nullptr) == ERROR_SUCCESS);
+    CMachineHive()
+    {
+        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, "Machine", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_hKey,
+                                  nullptr) == ERROR_SUCCESS);
         REQUIRE(::RegOverridePredefKey(HKEY_LOCAL_MACHINE, m_hKey) == ERROR_SUCCESS);
     }
-    ~CMachineHive() {
+    ~CMachineHive()
+    {
         ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
         ::RegCloseKey(m_hKey);
     }
@@ -75,7 +79,8 @@ std::string location(int iWhere) { return getLocation(iWhere).str(); }
 
 }  // namespace
 
-TEST_CASE("paths come apart by characters") {
+TEST_CASE("paths come apart by characters")
+{
     const PathParts parts("C:\\Jobs\\1234\\A-100.rev2.dwg");
     CHECK(parts.parent() == "C:\\Jobs\\1234\\");
     CHECK(parts.sBase == "A-100.rev2");
@@ -95,7 +100,8 @@ TEST_CASE("paths come apart by characters") {
     CHECK(withoutBackslash("\x95\\") == "\x95\\");
 }
 
-TEST_CASE("files and folders are told apart") {
+TEST_CASE("files and folders are told apart")
+{
     const CTestFolder tree;
     const std::string sFile = tree.write("A\\file.txt");
     CHECK(fileExists(sFile.c_str()));
@@ -112,7 +118,8 @@ TEST_CASE("files and folders are told apart") {
     CHECK(folderExists(std::string(szCurrent, 3).c_str()));
 }
 
-TEST_CASE("the search upwards takes the nearest folder and ends at the root") {
+TEST_CASE("the search upwards takes the nearest folder and ends at the root")
+{
     const CTestFolder tree;
     tree.write("Jobs\\ProjectSettings.txt");
     tree.write("Jobs\\1234\\ProjectSettings.txt");
@@ -125,13 +132,15 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root") {
     CHECK(find("Other\\") == "");
     CHECK(findProjectFolder("").str() == "");
     CHECK(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234").str() == "");
-    CHECK(findProjectFolder("\\\\?\\" "C:\\none").str() == "");
+    CHECK(findProjectFolder("\\\\?\\"
+                            "C:\\none")
+              .str() == "");
     CHECK(findProjectFolder("relative\\folder").str() == "");
 
     const std::string sRoot = tree.path("").substr(0, 3);
     const std::string sName = "at the root " + std::to_string(::GetCurrentProcessId());
-    const HANDLE hFile = ::CreateFileA((sRoot + sName).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
-                                       CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    const HANDLE hFile = ::CreateFileA((sRoot + sName).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                                       FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     REQUIRE(hFile != INVALID_HANDLE_VALUE);
     ::CloseHandle(hFile);
     CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == "");
@@ -142,7 +151,8 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root") {
     ::DeleteFileA((sRoot + sName).c_str());
 }
 
-TEST_CASE("the installation's own folders") {
+TEST_CASE("the installation's own folders")
+{
     const CTestHive hive;
     {
         const CInstallation plain("App\\Bin\\");
@@ -153,19 +163,17 @@ TEST_CASE("the installation's own folders") {
         CHECK(location(LOCATION_FILE_HELP) == sRoot + "HelpDocs\\Draftrix.hlp");
         CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == plain.tree().path("DomainSettings\\"));  // not there
         plain.tree().folder("App\\DomainSettings\\");
-        CHECK(location(LOCATION_FILE_DOMAIN_SETTINGS) ==
-              plain.tree().path("App\\DomainSettings\\DomainSettings.txt"));
+        CHECK(location(LOCATION_FILE_DOMAIN_SETTINGS) == plain.tree().path("App\\DomainSettings\\DomainSettings.txt"));
     }
     const CInstallation components("App\\COMPONENTS\\");
     CHECK(location(LOCATION_DIR_PROGRAM) == components.tree().path("App\\COMPONENTS\\"));
     CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == components.tree().path("App\\"));
-    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) ==
-          components.tree().path("App\\support\\StandardSettings.txt"));
-    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) ==
-          location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\Module.log");
+    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) == components.tree().path("App\\support\\StandardSettings.txt"));
+    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) == location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\Module.log");
 }
 
-TEST_CASE("the registered domain settings folder comes first, and an administrator's change reaches the user once") {
+TEST_CASE("the registered domain settings folder comes first, and an administrator's change reaches the user once")
+{
     const CTestHive hive;
     const CMachineHive machine;
     const CInstallation installation("App\\");
@@ -191,7 +199,8 @@ TEST_CASE("the registered domain settings folder comes first, and an administrat
     CHECK(registered() == tree.path("Admin"));
 }
 
-TEST_CASE("the temporary folder is the first of the candidates that exists") {
+TEST_CASE("the temporary folder is the first of the candidates that exists")
+{
     const CTestFolder tree;
     tree.folder("One\\");
     tree.folder("Two\\");
@@ -212,7 +221,8 @@ TEST_CASE("the temporary folder is the first of the candidates that exists") {
     CHECK(folderExists(getTempFolder()));
 }
 
-TEST_CASE("every location is a full path of its kind, and what is no location is empty") {
+TEST_CASE("every location is a full path of its kind, and what is no location is empty")
+{
     for (int iWhere : {-1, 0, 19, 26, 1000})
         CHECK(location(iWhere) == "");
     for (int iWhere = LOCATION_DIR_PROGRAM; iWhere <= LOCATION_DIR_PROGRAMFILES; ++iWhere) {
@@ -225,7 +235,8 @@ TEST_CASE("every location is a full path of its kind, and what is no location is
     CHECK(location(LOCATION_DIR_USERPLENDADATA) == location(LOCATION_DIR_USERAPPDATA) + "Draftrix\\");
 }
 
-TEST_CASE("the current drawing's project") {
+TEST_CASE("the current drawing's project")
+{
     CHECK(location(LOCATION_DIR_DRAWING) == "");  // no host, no drawing
     const CTestFolder tree;
     tree.write("1234\\ProjectSettings.txt");
@@ -243,7 +254,8 @@ TEST_CASE("the current drawing's project") {
     CHECK(location(LOCATION_FILE_PROJECT_SETTINGS) == "");
 }
 
-TEST_CASE("copies of a settings file run from the most general to the most specific") {
+TEST_CASE("copies of a settings file run from the most general to the most specific")
+{
     const CTestHive hive;
     const CInstallation installation("App\\");
     const CTestFolder& tree = installation.tree();
@@ -254,8 +266,8 @@ TEST_CASE("copies of a settings file run from the most general to the most speci
     CStringList vecExpected;
     for (const char* szFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
                                  "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
-        for (const std::string& sName : {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini",
-                                         "Tabs" + sProduct + "_" + sRelease + ".ini"})
+        for (const std::string& sName :
+             {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini", "Tabs" + sProduct + "_" + sRelease + ".ini"})
             vecExpected.push_back(tree.write(szFolder + sName, "where = " + sName));
     }
     tree.write("Job1\\ProjectSettings.txt");
@@ -292,7 +304,8 @@ namespace {
 class CManager : public CDefaultSettingsManager {
 public:
     CManager(const char* sFile, CLocator* pLocator) : CDefaultSettingsManager(sFile, pLocator) {}
-    bool reset(const std::vector<CString>& vecFiles, bool) override {
+    bool reset(const std::vector<CString>& vecFiles, bool) override
+    {
         m_vecFiles = vecFiles;
         return true;
     }
@@ -312,7 +325,8 @@ private:
 
 }  // namespace
 
-TEST_CASE("settings made for a drawing: the nearest copy wins, key by key") {
+TEST_CASE("settings made for a drawing: the nearest copy wins, key by key")
+{
     const CTestHive hive;
     const CInstallation installation("App\\");
     const CTestFolder& tree = installation.tree();
@@ -330,12 +344,15 @@ TEST_CASE("settings made for a drawing: the nearest copy wins, key by key") {
 
     int iAlive = 0;
     CCountedLocator* const pLocator = new CCountedLocator(iAlive);
-    { const CManager borrower("", pLocator); }
+    {
+        const CManager borrower("", pLocator);
+    }
     CHECK(iAlive == 1);
     delete pLocator;
 }
 
-TEST_CASE("a reset for the current document takes that document's name") {
+TEST_CASE("a reset for the current document takes that document's name")
+{
     host::Application application({.visible = false});
     CManager manager("before", nullptr);
     CHECK(!manager.resetForCurrentDocument(false));  // no document

@@ -60,7 +60,7 @@ private:
     CString m_sFile;
 };
 
-} // namespace
+}  // namespace
 
 TEST_CASE_FIXTURE(CLibraryFixture, "the version block's texts come with start-up and go with shutdown")
 {
@@ -110,7 +110,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description
     CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
     Tesk::terminateLibrary();
 
-    { // a name without a version is no label
+    {  // a name without a version is no label
         const CDescription description("ProductName=Halvoran Desk");
         start();
         CHECK(Tesk::getApplicationVersionLabel().IsEmpty());

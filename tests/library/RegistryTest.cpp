@@ -37,7 +37,7 @@ bool get(const char* szName, T& value)
     return Registry::GetValue(HKEY_CURRENT_USER, c_key, szName, value);
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("numbers and flags are read only from REG_DWORD")
 {
@@ -118,12 +118,8 @@ TEST_CASE("string lists end at the first empty string but one that comes first, 
         std::wstring m_sText;
         std::vector<CString> m_vValues;
     } cases[] = {
-        {L"a\0b\0\0"s, {"a", "b"}},
-        {L"a\0b\0"s, {"a", "b"}},
-        {L"a\0\0b\0\0"s, {"a"}},
-        {L"\0\0"s, {""}},
-        {L"\0a\0\0"s, {"", "a"}},
-        {L"", {}},
+        {L"a\0b\0\0"s, {"a", "b"}}, {L"a\0b\0"s, {"a", "b"}}, {L"a\0\0b\0\0"s, {"a"}},
+        {L"\0\0"s, {""}},           {L"\0a\0\0"s, {"", "a"}}, {L"", {}},
     };
     for (const auto& each : cases) {
         writeRawWide("v", REG_MULTI_SZ, each.m_sText);

@@ -5,8 +5,8 @@
 #include "tests/library/TestFolder.h"
 #include "tests/library/TestRandom.h"
 
-#include <doctest/doctest.h>
 #include <windows.h>
+#include <doctest/doctest.h>
 
 #include <initializer_list>
 
@@ -16,7 +16,8 @@ using Tesk::CSettingsFile;
 
 namespace {
 
-CSettingsFile parse(std::initializer_list<const char*> lines) {
+CSettingsFile parse(std::initializer_list<const char*> lines)
+{
     CSettingsFile settings;
     Tesk::CSettingsFileReader reader(settings, "C:\\Jobs\\1234\\");
     for (const char* szLine : lines)
@@ -24,7 +25,8 @@ CSettingsFile parse(std::initializer_list<const char*> lines) {
     return settings;
 }
 
-CBlockGroup parseGroup(std::initializer_list<const char*> lines) {
+CBlockGroup parseGroup(std::initializer_list<const char*> lines)
+{
     CSettingsFile settings;
     Tesk::CSettingsFileReader reader(settings, "");
     reader.readLine("TITLEBLOCKS");
@@ -37,7 +39,8 @@ CBlockGroup parseGroup(std::initializer_list<const char*> lines) {
 }
 
 // A BORDER line's fields, joined by "/"; empty when it is refused.
-std::string border(const char* szFields) {
+std::string border(const char* szFields)
+{
     const CBlockGroup group = parseGroup({(std::string("BORDER ") + szFields).c_str()});
     if (group.m_vecBorders.empty())
         return "";
@@ -50,16 +53,49 @@ std::string border(const char* szFields) {
 
 }  // namespace
 
-TEST_CASE("single lines, lists and their defaults") {
+TEST_CASE("single lines, lists and their defaults")
+{
     const CSettingsFile none = parse({});
     CHECK(none.m_sIssueDirectory == "<PROJECTSETTINGS>\\outgoing\\<DATE:%Y-%m-%d>");
 
-    const CSettingsFile settings = parse(
-        {"projectlabel\tignored", "{", "  First ", "# comment", "// comment", "", " Second Label ", "}",
-         "JobNumber", "{", "1234", "}", "ISSUEDIRECTORY", "{", "<X>\\out", "}",
-         "JOBTITLE", "{", "One", "Two", "}", "OFFICEDETAILS", "{", "Office", "}",
-         "CLIENTTITLE", "{", "Client", "}", "DWGSTATUS", "{", "For", "Info", "}",
-         "DWGDISCIPLINE", "{", "Arch", "}"});
+    const CSettingsFile settings = parse({"projectlabel\tignored",
+                                          "{",
+                                          "  First ",
+                                          "# comment",
+                                          "// comment",
+                                          "",
+                                          " Second Label ",
+                                          "}",
+                                          "JobNumber",
+                                          "{",
+                                          "1234",
+                                          "}",
+                                          "ISSUEDIRECTORY",
+                                          "{",
+                                          "<X>\\out",
+                                          "}",
+                                          "JOBTITLE",
+                                          "{",
+                                          "One",
+                                          "Two",
+                                          "}",
+                                          "OFFICEDETAILS",
+                                          "{",
+                                          "Office",
+                                          "}",
+                                          "CLIENTTITLE",
+                                          "{",
+                                          "Client",
+                                          "}",
+                                          "DWGSTATUS",
+                                          "{",
+                                          "For",
+                                          "Info",
+                                          "}",
+                                          "DWGDISCIPLINE",
+                                          "{",
+                                          "Arch",
+                                          "}"});
     CHECK(settings.m_sProjectLabel == "Second Label");
     CHECK(settings.m_sJobNumber == "1234");
     CHECK(settings.m_sIssueDirectory == "<X>\\out");
@@ -70,25 +106,27 @@ TEST_CASE("single lines, lists and their defaults") {
     CHECK(settings.m_vecDrawingDiscipline == std::vector<CString>{"Arch"});
 }
 
-TEST_CASE("project paths are absolute") {
+TEST_CASE("project paths are absolute")
+{
     const CSettingsFile settings =
         parse({"PROJECTPATH", "{", ".", "Drawings", "D:\\Shared", "\\\\server\\x", "/unix", "}"});
     CHECK(settings.m_sProjectPaths == ";C:\\Jobs\\1234\\;C:\\Jobs\\1234\\Drawings;D:\\Shared;"
                                       "\\\\server\\x;/unix");
 }
 
-TEST_CASE("an unknown block is skipped up to its first closing brace") {
-    const CSettingsFile settings =
-        parse({"WHATEVER", "{", "PROJECTLABEL", "{", "no", "}", "PROJECTLABEL", "{", "yes", "}",
-               "}", "{", "JOBNUMBER", "{", "7", "}"});
+TEST_CASE("an unknown block is skipped up to its first closing brace")
+{
+    const CSettingsFile settings = parse({"WHATEVER", "{", "PROJECTLABEL", "{", "no", "}", "PROJECTLABEL", "{", "yes",
+                                          "}", "}", "{", "JOBNUMBER", "{", "7", "}"});
     CHECK(settings.m_sProjectLabel == "yes");
     CHECK(settings.m_sJobNumber == "7");
 }
 
-TEST_CASE("issues continue by + and &") {
+TEST_CASE("issues continue by + and &")
+{
     const CSettingsFile settings =
-        parse({"ISSUE", "{", "+ too early", "a First issue", "+ second line", "b\tOther", "&A  tail",
-               "+ third", "& more", "b again", "}", "CADSTANDARDS", "{", "Layer Z 01", "unit", "}"});
+        parse({"ISSUE", "{", "+ too early", "a First issue", "+ second line", "b\tOther", "&A  tail", "+ third",
+               "& more", "b again", "}", "CADSTANDARDS", "{", "Layer Z 01", "unit", "}"});
     CHECK(settings.m_mapIssues.size() == 2);
     CHECK(settings.m_mapIssues.at("A") == "First issue\r\nsecond linetail\r\nthirdmore");
     CHECK(settings.m_mapIssues.at("B") == "again");
@@ -96,10 +134,10 @@ TEST_CASE("issues continue by + and &") {
     CHECK(settings.m_mapCadStandards.at("UNIT") == "");
 }
 
-TEST_CASE("block groups") {
-    const CSettingsFile settings =
-        parse({"TITLEBLOCKS", "{", "Category Sheets", "}", "MOCKBORDERS", "{", "BORDER \"d\" \"b\"", "}",
-               "TITLEBLOCKS", "{", "CATEGORY never closed"});
+TEST_CASE("block groups")
+{
+    const CSettingsFile settings = parse({"TITLEBLOCKS", "{", "Category Sheets", "}", "MOCKBORDERS", "{",
+                                          "BORDER \"d\" \"b\"", "}", "TITLEBLOCKS", "{", "CATEGORY never closed"});
     REQUIRE(settings.m_vecTitleBlocks.size() == 1);
     REQUIRE(settings.m_vecMockBorders.size() == 1);
     CHECK(settings.m_vecTitleBlocks[0].m_sCategory == "Sheets");
@@ -107,9 +145,9 @@ TEST_CASE("block groups") {
     CHECK(settings.m_vecMockBorders[0].m_sCategory == "");
     CHECK(settings.m_vecMockBorders[0].m_vecBorders.size() == 1);
 
-    const CBlockGroup group = parseGroup(
-        {"DEFAULTLAYER 0", "DEFAULTSPACE Model", "INSERTABLE yes", "ISSUEFORMAT A B", "LOCATIONPATH x\\y",
-         "title \"'TITLE_1'\"", "Sub \"it's\"", "EMPTY", "Quotes \"\"\"", "title2 plain"});
+    const CBlockGroup group =
+        parseGroup({"DEFAULTLAYER 0", "DEFAULTSPACE Model", "INSERTABLE yes", "ISSUEFORMAT A B", "LOCATIONPATH x\\y",
+                    "title \"'TITLE_1'\"", "Sub \"it's\"", "EMPTY", "Quotes \"\"\"", "title2 plain"});
     CHECK(group.m_sDefaultLayer == "0");
     CHECK(group.m_bDefaultSpaceIsModel);
     CHECK(group.m_bInsertable);
@@ -122,7 +160,8 @@ TEST_CASE("block groups") {
     CHECK(!parseGroup({"INSERTABLE 1"}).m_bInsertable);
 }
 
-TEST_CASE("border lines hold six, five or two fields") {
+TEST_CASE("border lines hold six, five or two fields")
+{
     CHECK(border("\"A1\" \"A1.dwg\" \"3\" \"4\" \"5\" \"6\"") == "A1/A1/3/4/5/6");
     CHECK(border("\"A1\"\"A1.x.y\"\t\"3.0\"\"4\"\"5\"") == "A1/A1/3.0/4/5/");
     CHECK(border("\"A 1\" \" b\"") == "A 1/ b////");
@@ -133,13 +172,14 @@ TEST_CASE("border lines hold six, five or two fields") {
     CHECK(border("") == "");
     CHECK(border("\"A\" \"B\" \"\" \"4\" \"5\" \"6\"") == "A/B////");  // an empty field ends the scan
     CHECK(border("\"A\" \"B\" x") == "A/B////");
-    CHECK(border("\"A\" \"B") == "A/B////");                          // the last one may be open
+    CHECK(border("\"A\" \"B") == "A/B////");  // the last one may be open
     CHECK(border("\"A\" \"1\" \"2\" \"3\" \"4\" \"5\" \"6\"") == "A/1/2/3/4/5");
     const std::string sLong(1024 * 1024, 'x');
     CHECK(border(("\"A\" \"" + sLong + "\"").c_str()) == "A/" + sLong + "////");
 }
 
-TEST_CASE("border lines scan as by sscanf") {
+TEST_CASE("border lines scan as by sscanf")
+{
     CTestRandom random;
     CAPTURE(random.seed());
     for (int i = 0; i < 5000; ++i) {
@@ -147,7 +187,8 @@ TEST_CASE("border lines scan as by sscanf") {
         std::string sLine = random.once(2) ? sValue : random.text("\"a\" \"b.c\" \"\" \t", 8);
         sLine.erase(sLine.find_last_not_of("\t") + 1);  // as the line is trimmed
         char aFields[6][128] = {};
-        int iCount = sscanf(sLine.c_str(), " \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\"",
+        int iCount = sscanf(sLine.c_str(),
+                            " \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\" \"%127[^\"]\"",
                             aFields[0], aFields[1], aFields[2], aFields[3], aFields[4], aFields[5]);
         std::string sExpected;
         if (iCount == 6 || iCount == 5 || iCount == 2) {
@@ -160,7 +201,8 @@ TEST_CASE("border lines scan as by sscanf") {
     }
 }
 
-TEST_CASE("a file that cannot be read leaves the defaults; reading it says why") {
+TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
+{
     const CTestFolder tree;
     const CSettingsFile missing(tree.path("none\\ProjectSettings.txt").c_str());
     CHECK(!missing.m_bValid);
@@ -179,7 +221,8 @@ TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
     CHECK(settings.m_sProjectLabel == "");
 }
 
-TEST_CASE("whatever a file holds, reading it ends, and its record fits its lines") {
+TEST_CASE("whatever a file holds, reading it ends, and its record fits its lines")
+{
 #ifdef _GLIBCXX_ASSERTIONS
     constexpr DWORD duration = 10000;
 #else

@@ -2,8 +2,8 @@
 // own, which is removed at the end with what other runs left.
 #pragma once
 
-#include <doctest/doctest.h>
 #include <windows.h>
+#include <doctest/doctest.h>
 
 #include <string>
 

@@ -21,21 +21,24 @@ public:
     bool once(std::size_t in) { return below(in) == 0; }
 
     // Up to `most` of the pieces that `sAlphabet` separates by blanks.
-    std::string text(std::string_view sAlphabet, std::size_t most) {
+    std::string text(std::string_view sAlphabet, std::size_t most)
+    {
         std::string sText;
         for (std::size_t count = below(most + 1); count > 0; --count)
             sText += piece(sAlphabet);
         return sText;
     }
 
-    std::string_view piece(std::string_view sAlphabet) {
+    std::string_view piece(std::string_view sAlphabet)
+    {
         const std::size_t at = sAlphabet.rfind(' ', below(sAlphabet.size()));
         const std::size_t begin = at == std::string_view::npos ? 0 : at + 1;
         return sAlphabet.substr(begin, sAlphabet.find(' ', begin) - begin);
     }
 
 private:
-    static unsigned chooseSeed() {
+    static unsigned chooseSeed()
+    {
         const char* const szSeed = std::getenv("TEST_SEED");
         return szSeed ? static_cast<unsigned>(std::strtoul(szSeed, nullptr, 10)) : ::GetTickCount();
     }

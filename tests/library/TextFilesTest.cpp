@@ -2,9 +2,9 @@
 
 #include "tests/library/Raised.h"
 #include "tests/library/TestFolder.h"
-#include "tests/library/Utf16.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
+#include "tests/library/Utf16.h"
 
 #include <doctest/doctest.h>
 
@@ -52,7 +52,7 @@ Lines runtimeLines(const CString& sFile)
     return lines;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("lines of narrow files")
 {
@@ -68,11 +68,16 @@ TEST_CASE("lines of narrow files")
         {"a\r\nb\rc\r\r\nd\r", {"a", "b\rc\r", "d\r"}},
         {"a\r\n\r\n", {"a", ""}},
         {"x\0y\nz"s, {"x\0y"s, "z"}},
-        {"a\nb\x1A" "c\nd", {"a", "b"}},
+        {"a\nb\x1A"
+         "c\nd",
+         {"a", "b"}},
         {"a\r\x1A\n", {"a\r"}},
         {"\x1A", {}},
         {"\xFE\xFF\0a\0\n\0b"s, {"\xFE\xFF\0a\0"s, "\0b"s}},
-        {"\xEF\xBB\xBF" "a", {"\xEF\xBB\xBF" "a"}},
+        {"\xEF\xBB\xBF"
+         "a",
+         {"\xEF\xBB\xBF"
+          "a"}},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
@@ -92,10 +97,14 @@ TEST_CASE("lines of UTF-16 files")
         WideLines m_lines;
     } cases[] = {
         {"\xFF\xFE", {}},
-        {"\xFF\xFE" "a", {}},
+        {"\xFF\xFE"
+         "a",
+         {}},
         {utf16(L"a\r\n\nb\rc") + "x", {L"a", L"", L"b\rc"}},
         {utf16(L"\x0416\x3042\xFFFFz"), {L"\x0416\x3042z"}},
-        {utf16(L"a\x1A" L"b"), {L"a"}},
+        {utf16(L"a\x1A"
+               L"b"),
+         {L"a"}},
         {utf16(L"\x0A0D\x0D0A\n"s + L'\0'), {L"\x0A0D\x0D0A", L"\0"s}},
         {utf16(L"\xFEFFz"), {L"\xFEFFz"}},
     };

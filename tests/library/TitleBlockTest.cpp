@@ -25,7 +25,7 @@ DrawingText threeBorders()
     return DrawingText().border("PROJ", {{"NR", "p1"}}).border("DOM", {{"NR", "d1"}}).border("STD", {{"NR", "s1"}});
 }
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(DrawingFixture, "project, domain and standard settings are asked in this order")
 {
@@ -52,7 +52,8 @@ TEST_CASE_FIXTURE(DrawingFixture, "project, domain and standard settings are ask
 
 TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists wins, inserted or not")
 {
-    settings(sProject, "Job", "BORDER \"none\" \"ABSENT\"\r\nBORDER \"A0\" \"EMPTY\"\r\nBORDER \"A1\" \"USED\"\r\nNO NR");
+    settings(sProject, "Job",
+             "BORDER \"none\" \"ABSENT\"\r\nBORDER \"A0\" \"EMPTY\"\r\nBORDER \"A1\" \"USED\"\r\nNO NR");
     const auto database = open(DrawingText().block("EMPTY", {"NR"}).border("USED", {{"NR", "7"}}));
     const CWorkingDatabase working(database.get());
     CARXTitleBlock title(database.get(), database->path().c_str());
@@ -73,10 +74,9 @@ TEST_CASE_FIXTURE(DrawingFixture, "the first insert supplies the attributes, the
     const auto database = open(DrawingText()
                                    .border("B", {{"NR", "first"}, {"REV", "a"}, {"REV", "b"}, {"NOTE", "C:\\x\\y"}})
                                    .insert("B", {{"NR", "second"}, {"DATE", "today"}}));
-    CHECK(expand(*database, "%HALVORAN::NO%,%HALVORAN::REV%,%HALVORAN::DATE%,%HALVORAN::EMPTY%;")
-          == "first,b,,;");
-    CHECK(expand(*database, "%HALVORAN::NOTE% %X_HALVORAN::NOTE% %HALVORAN::NR% %HALVORAN::no%")
-          == "C:\\x\\y C:/x/y %HALVORAN::NR% %HALVORAN::no%");
+    CHECK(expand(*database, "%HALVORAN::NO%,%HALVORAN::REV%,%HALVORAN::DATE%,%HALVORAN::EMPTY%;") == "first,b,,;");
+    CHECK(expand(*database, "%HALVORAN::NOTE% %X_HALVORAN::NOTE% %HALVORAN::NR% %HALVORAN::no%") ==
+          "C:\\x\\y C:/x/y %HALVORAN::NR% %HALVORAN::no%");
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "an attribute is written, saved and read again")
@@ -88,15 +88,18 @@ TEST_CASE_FIXTURE(DrawingFixture, "an attribute is written, saved and read again
         CARXTitleBlock title(database.get(), database->path().c_str());
         CHECK(title.hasAttribute("OTHER"));
         CHECK_FALSE(title.hasAttribute("other"));
-        CHECK(title.setAttributeValue("NR", "Gr\xFC\xDF" "e"));
+        CHECK(title.setAttributeValue("NR", "Gr\xFC\xDF"
+                                            "e"));
         CHECK_FALSE(title.setAttributeValue("ABSENT", "y"));
-        CHECK(title.get("NO") == "Gr\xFC\xDF" "e");
+        CHECK(title.get("NO") == "Gr\xFC\xDF"
+                                 "e");
         CHECK(title.getAttributeValue("ABSENT") == "");
         CHECK(title.get("ABSENT") == "");
     }
     database->save(path("copy.dwg"));
     database = host::Database::open(path("copy.dwg"));
-    CHECK(expand(*database, "%HALVORAN::NO%") == "Gr\xFC\xDF" "e");
+    CHECK(expand(*database, "%HALVORAN::NO%") == "Gr\xFC\xDF"
+                                                 "e");
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of drawings that other programs wrote")
@@ -106,8 +109,9 @@ TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of drawings that ot
         MESSAGE("NOT TESTED: the folder of shared drawings (ZAVIK_SHARED) is not here");
         return;
     }
-    settings(sProject, "Job", "BORDER \"1\" \"Bloko\"\r\nBORDER \"2\" \"flag\"\r\n"
-                              "LABEL ETIKEDO\r\nNAME NAME\r\nX XPOS\r\nY YPOS");
+    settings(sProject, "Job",
+             "BORDER \"1\" \"Bloko\"\r\nBORDER \"2\" \"flag\"\r\n"
+             "LABEL ETIKEDO\r\nNAME NAME\r\nX XPOS\r\nY YPOS");
     const char sTemplate[] = "%FILENAME%: %HALVORAN::LABEL%|%HALVORAN::NAME%|%HALVORAN::X%|%HALVORAN::Y%";
     const struct {
         const char *name, *text, *tag, *savedBy;

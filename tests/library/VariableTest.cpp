@@ -10,7 +10,8 @@ namespace {
 
 // The text of the exception that the call raises, with its code; empty without one.
 template <class Call>
-std::string raisedBy(const Call& call) {
+std::string raisedBy(const Call& call)
+{
     try {
         call();
     } catch (CARXVariableException* e) {
@@ -25,7 +26,8 @@ std::string raisedBy(const Call& call) {
 
 }  // namespace
 
-TEST_CASE("a value describes itself by its type") {
+TEST_CASE("a value describes itself by its type")
+{
     CVariable variable("NAME");
     CHECK(variable.getType() == CVariable::TYPE_NONE);
     CHECK(variable.getString() == "");
@@ -47,7 +49,8 @@ TEST_CASE("a value describes itself by its type") {
     CHECK(variable.getDouble() == 2.5);  // another type's value stays
 }
 
-TEST_CASE("system variables of the five types go to the host and come back") {
+TEST_CASE("system variables of the five types go to the host and come back")
+{
     host::Application application({.visible = false});
     REQUIRE(application.execute("NEW").succeeded);
 
@@ -76,7 +79,8 @@ TEST_CASE("system variables of the five types go to the host and come back") {
     CHECK(base.getDescription() == "INSBASE value is : 1,2,3 (3D Point).");
 }
 
-TEST_CASE("what cannot be read or written is raised, by name") {
+TEST_CASE("what cannot be read or written is raised, by name")
+{
     host::Application application({.visible = false});
     REQUIRE(application.execute("NEW").succeeded);
 
@@ -85,12 +89,10 @@ TEST_CASE("what cannot be read or written is raised, by name") {
     CHECK(missing.getType() == CVariable::TYPE_NONE);
     CHECK(raisedBy([] { CARXVariable("").read(); }) == "1 Error : Unable to read AutoCAD variable.");
     CHECK(raisedBy([] { CARXVariable("TREEMAX").read(); }) != "");  // a long integer
-    CHECK(raisedBy([] { CARXVariable("NONE").write(); }) ==
-          "2 Error : Unable to write AutoCAD variable (NONE).");
+    CHECK(raisedBy([] { CARXVariable("NONE").write(); }) == "2 Error : Unable to write AutoCAD variable (NONE).");
 
     CARXVariable modified("DBMOD");
-    CHECK(raisedBy([&] { modified.set(short{4}); }) ==
-          "2 Error : Unable to write AutoCAD variable (DBMOD).");
+    CHECK(raisedBy([&] { modified.set(short{4}); }) == "2 Error : Unable to write AutoCAD variable (DBMOD).");
     CHECK(modified.getShort() == 4);  // the value assigned stays
     modified.read();
     CHECK(modified.getShort() == 0);

@@ -19,7 +19,7 @@ std::string between(const std::string& text, const std::string& from, const std:
     return end == std::string::npos ? "" : text.substr(begin + from.size(), end - begin - from.size());
 }
 
-}
+}  // namespace
 
 Answers* Answers::s_pCurrent = nullptr;
 

@@ -76,15 +76,9 @@ ModuleFixture::~ModuleFixture()
     CMDITabSettings::clearDefaultSettings();
 }
 
-std::string ModuleFixture::load()
-{
-    return app.linker().attach("ZavikMDITabs", &acrxEntryPoint);
-}
+std::string ModuleFixture::load() { return app.linker().attach("ZavikMDITabs", &acrxEntryPoint); }
 
-std::string ModuleFixture::unload()
-{
-    return app.linker().unload("ZavikMDITabs");
-}
+std::string ModuleFixture::unload() { return app.linker().unload("ZavikMDITabs"); }
 
 AcApDocument* ModuleFixture::open(const std::string& name)
 {
@@ -168,7 +162,7 @@ BOOL CALLBACK readBalloon(HWND window, LPARAM parameter)
     return TRUE;
 }
 
-}
+}  // namespace
 
 std::string ModuleFixture::balloon() const
 {

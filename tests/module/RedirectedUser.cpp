@@ -6,10 +6,7 @@ namespace {
 
 constexpr const char* kModuleKey = "Software\\Zavik\\ZavikMDITabs";
 
-std::string testKey()
-{
-    return "ZavikMDITabs tests\\" + std::to_string(::GetCurrentProcessId());
-}
+std::string testKey() { return "ZavikMDITabs tests\\" + std::to_string(::GetCurrentProcessId()); }
 
 void deleteTree(HKEY root, const std::string& path)
 {
@@ -50,7 +47,7 @@ void setWritable(HKEY root, bool writable)
     ::RegCloseKey(key);
 }
 
-}
+}  // namespace
 
 RedirectedUser::RedirectedUser()
 {
@@ -86,7 +83,4 @@ long long RedirectedUser::get(const char* name) const
     return result == ERROR_SUCCESS && type == REG_DWORD ? static_cast<long long>(value) : -1;
 }
 
-void RedirectedUser::protect() const
-{
-    setWritable(m_key, false);
-}
+void RedirectedUser::protect() const { setWritable(m_key, false); }

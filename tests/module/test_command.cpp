@@ -41,11 +41,17 @@ const Row kRows[] = {
     {"off and style", 1, {IDC_POSITION_TOP, IDC_USE_TABS}, true, true, false, ""},
     {"on", 0, {IDC_USE_TABS}, true, true, true, ""},
     {"on and style", 0, {IDC_USE_TABS, IDC_DEBUG, IDC_POSITION_TOP}, true, true, true, kNothingToDestroy},
-    {"style while off", 0, {IDC_USE_TABS, IDC_DEBUG, IDC_POSITION_TOP, IDC_USE_TABS}, true, true, false, kNothingToDestroy},
+    {"style while off",
+     0,
+     {IDC_USE_TABS, IDC_DEBUG, IDC_POSITION_TOP, IDC_USE_TABS},
+     true,
+     true,
+     false,
+     kNothingToDestroy},
     {"texts while off", 0, {IDC_USE_TABS, IDC_SHOW_ICONS, IDC_USE_TABS}, false, false, false, ""},
 };
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(ModuleFixture, "the strip after the command, row by row")
 {
@@ -111,8 +117,8 @@ TEST_CASE_FIXTURE(ModuleFixture, "destroying a strip that is not there is report
 
 TEST_CASE_FIXTURE(ModuleFixture, "the dialog shows the options, greys them with the check box, and stores them all")
 {
-    const std::vector<int> options = {IDC_POSITION_TOP, IDC_POSITION_BOTTOM, IDC_POSITION_GROUP, IDC_SHOW_EXTENSIONS,
-                                      IDC_SHOW_TOOLTIPS, IDC_SHOW_ICONS, IDC_DISCREET, IDC_DEBUG};
+    const std::vector<int> options = {IDC_POSITION_TOP,  IDC_POSITION_BOTTOM, IDC_POSITION_GROUP, IDC_SHOW_EXTENSIONS,
+                                      IDC_SHOW_TOOLTIPS, IDC_SHOW_ICONS,      IDC_DISCREET,       IDC_DEBUG};
     load();
     open("a.dwg");
     std::vector<bool> defaults;
@@ -124,7 +130,8 @@ TEST_CASE_FIXTURE(ModuleFixture, "the dialog shows the options, greys them with 
                 Answers::press(dialog, id);
         };
         const auto countEnabled = [&] {
-            return static_cast<int>(std::ranges::count_if(options, [&](int id) { return Answers::isEnabled(dialog, id); }));
+            return static_cast<int>(
+                std::ranges::count_if(options, [&](int id) { return Answers::isEnabled(dialog, id); }));
         };
         if (cancel) {
             for (const int id : {IDC_USE_TABS, IDC_DISCREET, IDC_SHOW_TOOLTIPS, IDC_SHOW_EXTENSIONS, IDC_SHOW_ICONS,

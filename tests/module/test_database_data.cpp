@@ -49,12 +49,20 @@ constexpr int kLoaded = DrawingText::Xref | DrawingText::Resolved;
 // Everything that is read, and some of it twice.
 DrawingText everything()
 {
-    return DrawingText().variable("TITLE", "Plan").custom("a", "1").custom("b", "2")
-        .block("DOOR").insert("DOOR").xref("Grid", "grid.dwg").insert("Grid").xref("Plot", "grid.dwg").insert("Plot")
+    return DrawingText()
+        .variable("TITLE", "Plan")
+        .custom("a", "1")
+        .custom("b", "2")
+        .block("DOOR")
+        .insert("DOOR")
+        .xref("Grid", "grid.dwg")
+        .insert("Grid")
+        .xref("Plot", "grid.dwg")
+        .insert("Plot")
         .border("SHEET", {{"NR", "1"}, {"REV", "b"}});
 }
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(DrawingHost, "attached and loaded references are listed in the block table's order")
 {
@@ -62,14 +70,22 @@ TEST_CASE_FIXTURE(DrawingHost, "attached and loaded references are listed in the
     folder.writeDrawing("Alpha.dwg");
     const auto path = [this](const char* name) { return folder.path() + name; };
     AcDbDatabase* pDatabase = open("host.dwg", DrawingText()
-        .block("PLAIN").insert("PLAIN")
-        .xref("Zeta", "zeta.dwg").insert("Zeta")
-        .xref("Alpha", path("Alpha.dwg")).insert("Alpha")
-        .xref("Again", ".\\zeta.dwg").insert("Again").insert("Again")
-        .xref("Unused", "Alpha.dwg")
-        .xref("Missing", "missing.dwg").insert("Missing")
-        .xref("*X7", "Alpha.dwg", kLoaded | DrawingText::Anonymous).insert("*X7")
-        .xref("*Paper_Space", "Alpha.dwg").insert("*Paper_Space"));
+                                                   .block("PLAIN")
+                                                   .insert("PLAIN")
+                                                   .xref("Zeta", "zeta.dwg")
+                                                   .insert("Zeta")
+                                                   .xref("Alpha", path("Alpha.dwg"))
+                                                   .insert("Alpha")
+                                                   .xref("Again", ".\\zeta.dwg")
+                                                   .insert("Again")
+                                                   .insert("Again")
+                                                   .xref("Unused", "Alpha.dwg")
+                                                   .xref("Missing", "missing.dwg")
+                                                   .insert("Missing")
+                                                   .xref("*X7", "Alpha.dwg", kLoaded | DrawingText::Anonymous)
+                                                   .insert("*X7")
+                                                   .xref("*Paper_Space", "Alpha.dwg")
+                                                   .insert("*Paper_Space"));
     CHECK(xrefs(pDatabase) == std::vector{path("zeta.dwg"), path("Alpha.dwg"), path("zeta.dwg")});
 
     // Without the block table the rest is built all the same.
@@ -112,18 +128,17 @@ TEST_CASE_FIXTURE(DrawingHost, "what fails in the host is reported with the call
         return answers.assertions();
     };
     // Each report comes with a stack, which takes its time.
-    CHECK(assertionsWhile("AcDbDatabaseSummaryInfo::getTitle", 1)
-          == "ARXDrawingProperties: pInfo->getTitle(szTitle) == Acad::eOk\n"
-             "ARXDrawingProperties: m_mapCustomEntries.size() == m_iNumberOfCustomEntries\n");
+    CHECK(assertionsWhile("AcDbDatabaseSummaryInfo::getTitle", 1) ==
+          "ARXDrawingProperties: pInfo->getTitle(szTitle) == Acad::eOk\n"
+          "ARXDrawingProperties: m_mapCustomEntries.size() == m_iNumberOfCustomEntries\n");
     CHECK(assertionsWhile("AcDbObject::close", 1).starts_with("DatabaseData: pBTR->close() == Acad::eOk\n"));
-    CHECK(assertionsWhile("acdbHandEnt", 1).find("ARXTitleBlock: ads_handent(hBlockReference, eBlockReference) == RTNORM\n")
-          != std::string::npos);
+    CHECK(assertionsWhile("acdbHandEnt", 1)
+              .find("ARXTitleBlock: ads_handent(hBlockReference, eBlockReference) == RTNORM\n") != std::string::npos);
 
     // Keywords need the drawing to be the working one.
     const Answers answers;
     Tesk::setDiagnosticsLevel(1);
-    const Tesk::CARXKeywordExpansion expansion(open("b.dwg", DrawingText()), (folder.path() + "b.dwg").c_str(),
-                                                1, 1);
+    const Tesk::CARXKeywordExpansion expansion(open("b.dwg", DrawingText()), (folder.path() + "b.dwg").c_str(), 1, 1);
     Tesk::setDiagnosticsLevel(0);
     REQUIRE(answers.assertions() == "");
     Tesk::setDiagnosticsLevel(1);
@@ -148,8 +163,10 @@ void (*const c_faults[])() = {
 struct Held {
     explicit Held(AcDbDatabase* pDatabase)
         : working(acdbHostApplicationServices()->workingDatabase()),
-          objects(host::Database::of(pDatabase)->openObjects()), strings(host::liveAllocations()),
-          misuses(host::Database::misuses()), heap(host::observation::ResourceCount::heapBlocks())
+          objects(host::Database::of(pDatabase)->openObjects()),
+          strings(host::liveAllocations()),
+          misuses(host::Database::misuses()),
+          heap(host::observation::ResourceCount::heapBlocks())
     {
     }
     bool operator==(const Held&) const = default;
@@ -161,7 +178,7 @@ struct Held {
     long heap;
 };
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(DrawingHost, "each call of the host fails in turn, and nothing of it stays")
 {

@@ -26,7 +26,8 @@ struct EditorFixture : ModuleFixture {
     static host::Database& drawing(AcApDocument* pDocument) { return *host::Database::of(pDocument->database()); }
 
     // How many drawings the action makes the module read.
-    template <class Action> static int readsOf(Action action)
+    template <class Action>
+    static int readsOf(Action action)
     {
         host::Faults::failNth("acdbGetSummaryInfo", INT_MAX);
         action();
@@ -35,7 +36,7 @@ struct EditorFixture : ModuleFixture {
     }
 };
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(EditorFixture, "a drawing is read when it is opened, and not again until it is saved")
 {
@@ -76,11 +77,11 @@ TEST_CASE_FIXTURE(EditorFixture, "only drawings of documents are kept, and only 
     const auto stranger = host::Database::createNew();
     char name[] = "stranger.dwg";
     CHECK(readsOf([&] {
-        pReactor->dwgFileOpened(stranger.get(), name);
-        pReactor->dxfInComplete(stranger.get());
-        pReactor->saveComplete(stranger.get(), name);
-        pReactor->databaseToBeDestroyed(stranger.get());
-    }) == 0);
+              pReactor->dwgFileOpened(stranger.get(), name);
+              pReactor->dxfInComplete(stranger.get());
+              pReactor->saveComplete(stranger.get(), name);
+              pReactor->databaseToBeDestroyed(stranger.get());
+          }) == 0);
     CHECK(readsOf([&] { CHECK(title(pDocument) == "A"); }) == 0);
 
     pReactor->databaseToBeDestroyed(pDocument->database());

@@ -14,8 +14,9 @@ namespace {
 struct MenuFixture : ModuleFixture {
     MenuFixture()
     {
-        folder.write("MDITabs.ini", "PopupSaveText = Save it\nPopupCloseText = Close it\nPopupOptionsText = Options of it\n"
-                                    "PopupXrefsText = Xrefs\nXrefsReadOnlyText = \" (RO)\"\n");
+        folder.write("MDITabs.ini",
+                     "PopupSaveText = Save it\nPopupCloseText = Close it\nPopupOptionsText = Options of it\n"
+                     "PopupXrefsText = Xrefs\nXrefsReadOnlyText = \" (RO)\"\n");
         load();
     }
     // What MENU prints after its own echo.
@@ -28,7 +29,7 @@ struct MenuFixture : ModuleFixture {
 
 constexpr const char* kClose = "item 22393: \"Close it\" enabled=1\nitem -\nitem 22391: \"Options of it\" enabled=1\n";
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(MenuFixture, "the menu offers what the drawing allows, and works on that drawing")
 {

@@ -56,7 +56,7 @@ struct StripFixture : ModuleFixture {
     CRect free;  // the MDI client's place without a strip
 };
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(StripFixture, "the band lies at the edge of the drawings, to the pixel")
 {

@@ -190,7 +190,8 @@ TEST_CASE_FIXTURE(ModuleFixture, "broken preconditions are reported and the work
     {
         CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
         pReactor->documentToBeDestroyed(pDocument);
-        CHECK_THROWS_WITH_AS(pReactor->removeDatabaseModifiedFlag(pDocument), "invalid map/set<T> iterator", std::out_of_range);
+        CHECK_THROWS_WITH_AS(pReactor->removeDatabaseModifiedFlag(pDocument), "invalid map/set<T> iterator",
+                             std::out_of_range);
         pReactor->documentToBeDestroyed(pDocument);
         CHECK(answers.assertions() == "DocManagerReactor: iter != m_mapDatabaseReactors.end()\n");
         pReactor->documentCreated(pDocument);

@@ -27,7 +27,7 @@ struct TextsFixture : ModuleFixture {
     }
 };
 
-}
+}  // namespace
 
 TEST_CASE_FIXTURE(TextsFixture, "quotes go from the ends of the two markers alone")
 {
@@ -108,8 +108,8 @@ TEST_CASE_FIXTURE(TextsFixture, "reset loads for another drawing, or when told t
 
     texts("PopupSaveText = third\nno equals sign\n");
     const std::string said = traced([&] { CHECK_FALSE(settings.reset(Files{drawing("b.dwg").c_str()}, false)); });
-    CHECK(said.find("Reset error (Error (<<" + drawing("MDITabs.ini") + ">> @ line 2) : Tokenising error.) for project file set ...") !=
-          std::string::npos);
+    CHECK(said.find("Reset error (Error (<<" + drawing("MDITabs.ini") +
+                    ">> @ line 2) : Tokenising error.) for project file set ...") != std::string::npos);
     CHECK(settings.getValue("PopupSaveText") == "second");
 
     texts("PopupSaveText = fourth\n");

@@ -9,7 +9,8 @@ class TestFrame : public CMDIFrameWnd {
 public:
     TestFrame()
     {
-        CreateEx(0, AfxRegisterWndClass(0), "frame", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, RECT{0, 0, 0, 0}, nullptr, 0);
+        CreateEx(0, AfxRegisterWndClass(0), "frame", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, RECT{0, 0, 0, 0}, nullptr,
+                 0);
         RECT rect = {0, 0, 400, 300};
         ::AdjustWindowRectEx(&rect, GetStyle(), FALSE, GetExStyle());
         SetWindowPos(nullptr, 0, 0, rect.right - rect.left, rect.bottom - rect.top, SWP_NOZORDER);

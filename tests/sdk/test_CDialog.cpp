@@ -77,15 +77,23 @@ protected:
         DDX_Check(exchange, 1003, m_use);
         DDX_Check(exchange, 1004, m_detail);
         DDX_Radio(exchange, 1000, m_place);
-        DDX_Check(exchange, 4711, m_detail);     // no such control
+        DDX_Check(exchange, 4711, m_detail);  // no such control
     }
     void OnUpdate(CCmdUI* state)
     {
         UpdateData(TRUE);
         state->Enable(m_use);
     }
-    LRESULT OnScript(WPARAM, LPARAM) { m_script(*this); return 0; }
-    LRESULT OnKick(WPARAM, LPARAM) { ++m_kicks; return 0; }
+    LRESULT OnScript(WPARAM, LPARAM)
+    {
+        m_script(*this);
+        return 0;
+    }
+    LRESULT OnKick(WPARAM, LPARAM)
+    {
+        ++m_kicks;
+        return 0;
+    }
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -101,23 +109,20 @@ END_MESSAGE_MAP()
 const Template& optionsTemplate()
 {
     static const Template made = Template()
-        .control(button, 1003, "Use", BS_AUTOCHECKBOX | WS_TABSTOP)
-        .control(button, 1004, "Detail", BS_AUTOCHECKBOX | WS_TABSTOP)
-        .control(edit, 1010, "", WS_TABSTOP)
-        .control(button, 1002, "Place", BS_GROUPBOX | WS_GROUP)
-        .control(button, 1000, "Top", BS_AUTORADIOBUTTON | WS_GROUP)
-        .control(button, 1001, "Bottom", BS_AUTORADIOBUTTON)
-        .control(button, IDOK, "OK", BS_DEFPUSHBUTTON | WS_GROUP)
-        .control(button, IDCANCEL, "Cancel", BS_PUSHBUTTON);
+                                     .control(button, 1003, "Use", BS_AUTOCHECKBOX | WS_TABSTOP)
+                                     .control(button, 1004, "Detail", BS_AUTOCHECKBOX | WS_TABSTOP)
+                                     .control(edit, 1010, "", WS_TABSTOP)
+                                     .control(button, 1002, "Place", BS_GROUPBOX | WS_GROUP)
+                                     .control(button, 1000, "Top", BS_AUTORADIOBUTTON | WS_GROUP)
+                                     .control(button, 1001, "Bottom", BS_AUTORADIOBUTTON)
+                                     .control(button, IDOK, "OK", BS_DEFPUSHBUTTON | WS_GROUP)
+                                     .control(button, IDCANCEL, "Cancel", BS_PUSHBUTTON);
     return made;
 }
 
-void pressKey(Options& dialog, WPARAM key)
-{
-    ::PostMessageA(::GetDlgItem(dialog.m_hWnd, 1003), WM_KEYDOWN, key, 1);
-}
+void pressKey(Options& dialog, WPARAM key) { ::PostMessageA(::GetDlgItem(dialog.m_hWnd, 1003), WM_KEYDOWN, key, 1); }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("a dialog shows its members, and saves them on OK alone")
 {
@@ -133,7 +138,13 @@ TEST_CASE("a dialog shows its members, and saves them on OK alone")
     };
     SUBCASE("OK, without a parent: over the thread's own window")
     {
-        Options dialog(optionsTemplate(), [&](Options& d) { change(d); d.click(IDOK); }, nullptr);
+        Options dialog(
+            optionsTemplate(),
+            [&](Options& d) {
+                change(d);
+                d.click(IDOK);
+            },
+            nullptr);
         dialog.m_place = 1;
         CHECK(dialog.DoModal() == IDOK);
         CHECK(dialog.m_place == 0);
@@ -142,21 +153,39 @@ TEST_CASE("a dialog shows its members, and saves them on OK alone")
     }
     SUBCASE("Escape")
     {
-        Options dialog(optionsTemplate(), [&](Options& d) { change(d); pressKey(d, VK_ESCAPE); }, &frame);
-        dialog.m_updates = false;       // their handlers exchange, too
+        Options dialog(
+            optionsTemplate(),
+            [&](Options& d) {
+                change(d);
+                pressKey(d, VK_ESCAPE);
+            },
+            &frame);
+        dialog.m_updates = false;  // their handlers exchange, too
         CHECK(dialog.DoModal() == IDCANCEL);
         CHECK(shown == "1000");
         CHECK(dialog.m_place == -1);
     }
     SUBCASE("Return presses the default button")
     {
-        Options dialog(optionsTemplate(), [&](Options& d) { change(d); pressKey(d, VK_RETURN); }, &frame);
+        Options dialog(
+            optionsTemplate(),
+            [&](Options& d) {
+                change(d);
+                pressKey(d, VK_RETURN);
+            },
+            &frame);
         CHECK(dialog.DoModal() == IDOK);
         CHECK(dialog.m_place == 0);
     }
     SUBCASE("the caption's close box")
     {
-        Options dialog(optionsTemplate(), [&](Options& d) { change(d); d.PostMessage(WM_CLOSE); }, &frame);
+        Options dialog(
+            optionsTemplate(),
+            [&](Options& d) {
+                change(d);
+                d.PostMessage(WM_CLOSE);
+            },
+            &frame);
         CHECK(dialog.DoModal() == IDCANCEL);
     }
     CHECK(ownerDisabled);
@@ -170,16 +199,19 @@ TEST_CASE("a dialog's controls follow the box that governs them")
     std::vector<bool> detail;
     std::vector<bool> place;
     int step = 0;
-    Options dialog(optionsTemplate(), [&](Options& d) {
-        detail.push_back(d.isEnabled(1004));
-        place.push_back(d.isEnabled(1000));
-        CHECK(d.isEnabled(1003));
-        CHECK(d.isEnabled(1001));       // has no update handler here
-        if (++step == 3)
-            return d.click(IDOK);
-        d.click(1003);
-        d.PostMessage(runScript);
-    }, &frame);
+    Options dialog(
+        optionsTemplate(),
+        [&](Options& d) {
+            detail.push_back(d.isEnabled(1004));
+            place.push_back(d.isEnabled(1000));
+            CHECK(d.isEnabled(1003));
+            CHECK(d.isEnabled(1001));  // has no update handler here
+            if (++step == 3)
+                return d.click(IDOK);
+            d.click(1003);
+            d.PostMessage(runScript);
+        },
+        &frame);
     dialog.m_detail = TRUE;
     CHECK(dialog.DoModal() == IDOK);
     CHECK(detail == std::vector<bool>{true, false, true});
@@ -199,11 +231,14 @@ TEST_CASE("a dialog without messages is kicked, and greys before it waits")
         open->click(IDCANCEL);
         return 1;
     });
-    Options dialog(optionsTemplate(), [&](Options& d) {
-        open = &d;
-        ::SendMessageA(::GetDlgItem(d.m_hWnd, 1003), BM_SETCHECK, BST_UNCHECKED, 0);
-        ::SetTimer(clock.handle(), 1, 200, nullptr);
-    }, &frame);
+    Options dialog(
+        optionsTemplate(),
+        [&](Options& d) {
+            open = &d;
+            ::SendMessageA(::GetDlgItem(d.m_hWnd, 1003), BM_SETCHECK, BST_UNCHECKED, 0);
+            ::SetTimer(clock.handle(), 1, 200, nullptr);
+        },
+        &frame);
     CHECK(dialog.DoModal() == IDCANCEL);
     CHECK(greyed);
     CHECK(dialog.m_kicks > 0);
@@ -215,10 +250,11 @@ TEST_CASE("a dialog that cannot show or is quit leaves its owner working")
     CDialog missing(9999, &frame);
     CHECK(missing.DoModal() == -1);
 
-    Options quit(optionsTemplate(), [](Options&) { ::PostQuitMessage(3); }, &frame);
+    Options quit(
+        optionsTemplate(), [](Options&) { ::PostQuitMessage(3); }, &frame);
     CHECK(quit.DoModal() == -1);
     CHECK(quit.m_hWnd == nullptr);
-    CHECK(MessagePump().run() == 3);      // handed on to the loop outside
+    CHECK(MessagePump().run() == 3);  // handed on to the loop outside
     CHECK(frame.IsWindowEnabled());
     CHECK(CWnd::FromHandlePermanent(frame.m_hWnd) == &frame);
 }

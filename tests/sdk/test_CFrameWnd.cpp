@@ -37,10 +37,7 @@ BEGIN_MESSAGE_MAP(CommandChild, CMDIChildWnd)
     ON_COMMAND_RANGE(childs, childs + 5, &CommandChild::OnRange)
 END_MESSAGE_MAP()
 
-bool isGrey(const CMenu& menu, UINT position)
-{
-    return (menu.GetMenuState(position, MF_BYPOSITION) & MF_GRAYED) != 0;
-}
+bool isGrey(const CMenu& menu, UINT position) { return (menu.GetMenuState(position, MF_BYPOSITION) & MF_GRAYED) != 0; }
 
 CRect rectIn(const CWnd& parent, HWND window)
 {
@@ -50,7 +47,7 @@ CRect rectIn(const CWnd& parent, HWND window)
     return rect;
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("a layout pass lets bands of another image take their part and gives the rest to the client")
 {
@@ -71,7 +68,7 @@ TEST_CASE("a layout pass lets bands of another image take their part and gives t
         mine.bottom = mine.top + height;
         AfxRepositionWindow(layout, band->handle(), mine);
         if (layout->hDWP)
-            frame.RecalcLayout();       // from within the pass: ignored
+            frame.RecalcLayout();  // from within the pass: ignored
         return 0;
     });
     band = &bar;
@@ -85,19 +82,19 @@ TEST_CASE("a layout pass lets bands of another image take their part and gives t
     moves = 0;
     frame.RecalcLayout();
     CHECK(passes == 2);
-    CHECK(moves == 0);      // nothing moved, so nothing is positioned
+    CHECK(moves == 0);  // nothing moved, so nothing is positioned
 
     height = 0;
     CRect left;
     frame.RepositionBars(0, 0xFFFF, AFX_IDW_PANE_FIRST, CWnd::reposQuery, left);
     CHECK(left == CRect(0, 0, 400, 300));
-    CHECK(rectIn(frame, frame.m_hWndMDIClient).Height() == 273);       // measured only
+    CHECK(rectIn(frame, frame.m_hWndMDIClient).Height() == 273);  // measured only
 
     height = 50;
     CRect outer;
     frame.GetWindowRect(outer);
     outer.right -= 100;
-    frame.MoveWindow(outer);        // a new size lays out by itself
+    frame.MoveWindow(outer);  // a new size lays out by itself
     CHECK(rectIn(frame, frame.m_hWndMDIClient) == CRect(0, 0, 300, 250));
 }
 
@@ -126,7 +123,7 @@ TEST_CASE("a menu about to show has the items greyed that nobody handles")
     CHECK_FALSE(isGrey(menu, 0));
     CHECK(isGrey(menu, 1));
     CHECK(isGrey(menu, 2));
-    CHECK_FALSE(isGrey(menu, 3));      // the active child handles it
+    CHECK_FALSE(isGrey(menu, 3));  // the active child handles it
     CHECK_FALSE(isGrey(menu, 4));
     CHECK_FALSE(isGrey(menu, 6));
     CHECK(menu.EnableMenuItem(unknown, MF_BYCOMMAND | MF_ENABLED) != static_cast<UINT>(-1));

@@ -21,7 +21,7 @@ private:
 constexpr LCID japanese = 0x0411;
 constexpr LCID english = 0x0409;
 
-} // namespace
+}  // namespace
 
 TEST_CASE("CString formats, cuts and joins, also from and into itself")
 {
@@ -42,7 +42,7 @@ TEST_CASE("CString formats, cuts and joins, also from and into itself")
     text.ReleaseBuffer();
     CHECK(text.GetLength() == 3);
     CHECK(CString("Ab").CompareNoCase("aB") == 0);
-    CHECK(CString("a") < CString("\xE4"));      // bytes compare unsigned
+    CHECK(CString("a") < CString("\xE4"));  // bytes compare unsigned
 }
 
 TEST_CASE("CString takes no trail byte for a character of its own (code page 932)")
@@ -61,7 +61,7 @@ TEST_CASE("CString takes no trail byte for a character of its own (code page 932
     CHECK(CString("\x83\x41").CompareNoCase("\x83\x61") != 0);
     CHECK(CString("x\x83\x5C\\").TrimRight("\\") == "x\x83\x5C");
     CHECK(CString("x|\x81\x7C").Replace("|", "") == 1);
-    CHECK(CString("cut\x83").Find('\x83') == 3);     // half a character at the end stands for itself
+    CHECK(CString("cut\x83").Find('\x83') == 3);  // half a character at the end stands for itself
 }
 
 TEST_CASE("CString compares without case by the thread's code page")
@@ -82,7 +82,7 @@ TEST_CASE("a file exception names file and reason within the caller's buffer")
         CHECK(exception->GetErrorMessage(message, sizeof message));
         CHECK(CString(message) == CString("C:\\\x83\x5C.txt: ") + std::strerror(ENOENT));
         CHECK(exception->GetErrorMessage(message, 5));
-        CHECK(CString(message) == "C:\\");        // no half character
+        CHECK(CString(message) == "C:\\");  // no half character
         CHECK_FALSE(exception->GetErrorMessage(message, 0));
         exception->Delete();
     }

@@ -16,7 +16,10 @@ class CountedException : public CException {
 public:
     CountedException() { ++liveExceptions; }
     ~CountedException() override { --liveExceptions; }
-    BOOL GetErrorMessage(char* buffer, UINT capacity) const override { return copyMessage("counted", buffer, capacity); }
+    BOOL GetErrorMessage(char* buffer, UINT capacity) const override
+    {
+        return copyMessage("counted", buffer, capacity);
+    }
 };
 
 class Handling : public CWnd {
@@ -36,8 +39,16 @@ protected:
     }
     void OnMouseMove(UINT, CPoint point) { m_mouse = point; }
     void OnContextMenu(CWnd* window, CPoint) { m_contextWindow = window->m_hWnd; }
-    void OnSize(UINT type, int cx, int cy) { ++m_sizes; CWnd::OnSize(type, cx, cy); }
-    void PostNcDestroy() override { if (m_gone) *m_gone = true; }
+    void OnSize(UINT type, int cx, int cy)
+    {
+        ++m_sizes;
+        CWnd::OnSize(type, cx, cy);
+    }
+    void PostNcDestroy() override
+    {
+        if (m_gone)
+            *m_gone = true;
+    }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(Handling, CWnd)
@@ -95,7 +106,7 @@ LRESULT notify(const CWnd& parent, HWND sender, UINT code)
     return parent.SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("a parent's notifications reach their sender, in this image or another")
 {
@@ -202,7 +213,8 @@ TEST_CASE("an exception ends in the window procedure, is reported and freed")
 TEST_CASE("handlers get their message's parameters; subclassing ends with the window or on demand")
 {
     TestFrame frame;
-    const HWND raw = ::CreateWindowExA(0, "EDIT", "text", WS_CHILD, 0, 0, 30, 30, frame.m_hWnd, nullptr, nullptr, nullptr);
+    const HWND raw =
+        ::CreateWindowExA(0, "EDIT", "text", WS_CHILD, 0, 0, 30, 30, frame.m_hWnd, nullptr, nullptr, nullptr);
     const LONG_PTR procedure = ::GetWindowLongPtrA(raw, GWLP_WNDPROC);
     bool gone = false;
     Handling window;
@@ -245,9 +257,10 @@ TEST_CASE("handlers get their message's parameters; subclassing ends with the wi
     SUBCASE("somebody else lies over us when we let go")
     {
         REQUIRE(window.SubclassWindow(raw));
-        underneath = reinterpret_cast<WNDPROC>(::SetWindowLongPtrA(raw, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&overProcedure)));
+        underneath = reinterpret_cast<WNDPROC>(
+            ::SetWindowLongPtrA(raw, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&overProcedure)));
         window.UnsubclassWindow();
-        CHECK(CWnd::FromHandle(raw)->GetWindowText() == "text");      // still the edit control's
+        CHECK(CWnd::FromHandle(raw)->GetWindowText() == "text");  // still the edit control's
         ::DestroyWindow(raw);
         CHECK_FALSE(gone);
     }

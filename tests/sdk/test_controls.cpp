@@ -14,7 +14,7 @@ UniqueIcon anIcon()
     return UniqueIcon(::CreateIcon(nullptr, 16, 16, 1, 1, mask, bits));
 }
 
-} // namespace
+}  // namespace
 
 TEST_CASE("an image list is one owned handle and copies the icons that it is given")
 {

@@ -100,7 +100,8 @@ private:
     static void deleteOption(const char* name)
     {
         HKEY key = nullptr;
-        if (::RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\Zavik\\ZavikMDITabs", 0, KEY_SET_VALUE, &key) == ERROR_SUCCESS) {
+        if (::RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\Zavik\\ZavikMDITabs", 0, KEY_SET_VALUE, &key) ==
+            ERROR_SUCCESS) {
             ::RegDeleteValueA(key, name);
             ::RegCloseKey(key);
         }
@@ -153,13 +154,20 @@ private:
     std::string edit()
     {
         switch (below(7)) {
-        case 0: return "LINE 0 0 " + std::to_string(below(100)) + " 5";
-        case 1: return "ERASE L";
-        case 2: return "UNDO";
-        case 3: return "ATTEDIT NR " + std::to_string(below(1000));
-        case 4: return "INSERT DOOR 1 2";
-        case 5: return "PROPS title T" + std::to_string(below(1000));
-        default: return below(2) == 0 ? "XATTACH \"" + tree.path("grid.dwg") + "\"" : "XDETACH grid";
+        case 0:
+            return "LINE 0 0 " + std::to_string(below(100)) + " 5";
+        case 1:
+            return "ERASE L";
+        case 2:
+            return "UNDO";
+        case 3:
+            return "ATTEDIT NR " + std::to_string(below(1000));
+        case 4:
+            return "INSERT DOOR 1 2";
+        case 5:
+            return "PROPS title T" + std::to_string(below(1000));
+        default:
+            return below(2) == 0 ? "XATTACH \"" + tree.path("grid.dwg") + "\"" : "XDETACH grid";
         }
     }
 
@@ -176,7 +184,8 @@ private:
         for (WPARAM tab = 0; tab < app.documents().count(); ++tab) {
             RECT rect = {};
             ::SendMessageA(strip(), TCM_GETITEMRECT, tab, reinterpret_cast<LPARAM>(&rect));
-            ::SendMessageA(strip(), WM_MOUSEMOVE, 0, MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2));
+            ::SendMessageA(strip(), WM_MOUSEMOVE, 0,
+                           MAKELPARAM((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2));
         }
         return "WAIT 1";
     }
@@ -269,7 +278,7 @@ unsigned seedToUse()
     return chosen != 0 ? chosen : ::GetTickCount();
 }
 
-}
+}  // namespace
 
 TEST_CASE("strip and documents agree at random, and nothing is held at the end")
 {

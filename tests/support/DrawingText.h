@@ -58,9 +58,9 @@ public:
 
     std::string str() const
     {
-        return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018") + tag("9", "$DWGCODEPAGE")
-                           + tag("3", "ANSI_1252") + m_sHeader)
-            + section("BLOCKS", m_sBlocks) + section("ENTITIES", m_sEntities) + tag("0", "EOF");
+        return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018") + tag("9", "$DWGCODEPAGE") +
+                                     tag("3", "ANSI_1252") + m_sHeader) +
+               section("BLOCKS", m_sBlocks) + section("ENTITIES", m_sEntities) + tag("0", "EOF");
     }
 
 private:
@@ -85,8 +85,8 @@ private:
     }
     DrawingText& addBlock(const std::string& sName, int flags, const std::string& sPath, const std::string& sContents)
     {
-        m_sBlocks += entity("BLOCK") + tag("2", sName) + tag("70", std::to_string(flags)) + point()
-            + tag("3", sName) + tag("1", sPath) + sContents + entity("ENDBLK");
+        m_sBlocks += entity("BLOCK") + tag("2", sName) + tag("70", std::to_string(flags)) + point() + tag("3", sName) +
+                     tag("1", sPath) + sContents + entity("ENDBLK");
         return *this;
     }
 
