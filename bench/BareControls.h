@@ -1,6 +1,7 @@
+#pragma once
+
 // What the strip's figures are set against: a tab control and a menu without anything
 // of ours about them.
-#pragma once
 
 #include "mfc/afxcmn.h"
 #include "mfc/handles.h"

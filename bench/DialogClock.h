@@ -1,6 +1,7 @@
+#pragma once
+
 // Presses buttons of the next dialog of this thread, in turn, and notes when the last
 // one was pressed and when the dialog's window was gone.
-#pragma once
 
 #include "bench/Measure.h"
 

@@ -1,6 +1,7 @@
+#pragma once
+
 // Two sides of a comparison, measured in turns within one run, so that whatever else
 // the machine does strikes both; the median of the rounds counts.
-#pragma once
 
 #include <windows.h>
 
@@ -49,7 +50,7 @@ inline double median(std::vector<double> values)
 // Each side gives the microseconds of one round, so that it may prepare and clear up
 // untimed. One round of each goes first and does not count.
 template <class Ours, class Bare>
-void compare(const char* szName, int iRounds, const Ours& ours, const Bare& bare)
+void compare(const char* sName, int iRounds, const Ours& ours, const Bare& bare)
 {
     std::vector<double> ourTimes, bareTimes;
     ours();
@@ -59,6 +60,6 @@ void compare(const char* szName, int iRounds, const Ours& ours, const Bare& bare
         bareTimes.push_back(bare());
     }
     const double ourTime = median(ourTimes), bareTime = median(bareTimes);
-    std::printf("%s: ratio %.2f (%.2f us / %.2f us)\n", szName, ourTime / bareTime, ourTime, bareTime);
+    std::printf("%s: ratio %.2f (%.2f us / %.2f us)\n", sName, ourTime / bareTime, ourTime, bareTime);
     std::fflush(stdout);
 }

@@ -1,5 +1,6 @@
-// The time a call takes: the best of some rounds.
 #pragma once
+
+// The time a call takes: the best of some rounds.
 
 #include <windows.h>
 
@@ -24,7 +25,7 @@ double microseconds(int iCalls, const Call& call, int iRounds = 7)
 }
 
 // One line: what was measured, against what, and how many times as long that takes.
-inline void report(const char* szWhat, double ours, const char* szAgainst, double theirs)
+inline void report(const char* sWhat, double ours, const char* sAgainst, double theirs)
 {
-    std::printf("%-28s %12.4f us   %-28s %12.4f us   ratio %.2f\n", szWhat, ours, szAgainst, theirs, theirs / ours);
+    std::printf("%-28s %12.4f us   %-28s %12.4f us   ratio %.2f\n", sWhat, ours, sAgainst, theirs, theirs / ours);
 }

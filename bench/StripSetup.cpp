@@ -30,10 +30,10 @@ LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam)
 
 StripSetup::StripSetup()
 {
-    for (const char* szOption : {"TabLocation", "UseToolTips", "UseIcons", "Use"})
-        m_user.set(szOption, 1);
-    for (const char* szOption : {"IsDiscreet", "UseExtensions"})
-        m_user.set(szOption, 0);
+    for (const char* sOption : {"TabLocation", "UseToolTips", "UseIcons", "Use"})
+        m_user.set(sOption, 1);
+    for (const char* sOption : {"IsDiscreet", "UseExtensions"})
+        m_user.set(sOption, 0);
     resize(1000);
 }
 

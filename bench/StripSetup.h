@@ -1,7 +1,8 @@
+#pragma once
+
 // The host with the module loaded and drawings open, for the strip's figures. The
 // user's registry is a key made for the run, with all options stored, as they are once
 // the dialog was used.
-#pragma once
 
 #include "bench/Measure.h"
 #include "host/application/Application.h"

@@ -201,7 +201,7 @@ class EmptyOptions {
 public:
     EmptyOptions()
     {
-        ::RegCreateKeyExA(HKEY_CURRENT_USER, c_sKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &m_hkKey,
+        ::RegCreateKeyExA(HKEY_CURRENT_USER, kSKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &m_hkKey,
                           nullptr);
         ::RegOverridePredefKey(HKEY_CURRENT_USER, m_hkKey);
     }
@@ -209,13 +209,13 @@ public:
     {
         ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
         ::RegCloseKey(m_hkKey);
-        ::RegDeleteKeyA(HKEY_CURRENT_USER, c_sKey);
+        ::RegDeleteKeyA(HKEY_CURRENT_USER, kSKey);
     }
     EmptyOptions(const EmptyOptions&) = delete;
     EmptyOptions& operator=(const EmptyOptions&) = delete;
 
 private:
-    static constexpr char c_sKey[] = "Software\\ZavikMDITabs benchmark";
+    static constexpr char kSKey[] = "Software\\ZavikMDITabs benchmark";
 
     HKEY m_hkKey = nullptr;
 };

@@ -44,9 +44,9 @@ void benchSettings()
     const double profile = microseconds(
         1,
         [&] {
-            char szValue[256];
+            char sValue[256];
             for (const std::string& sKey : vecKeys)
-                sum += ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", szValue, sizeof szValue, sPath.c_str());
+                sum += ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", sValue, sizeof sValue, sPath.c_str());
         },
         1);
     report("read 10,000 keys' bytes", bytes, "load them", load);
@@ -71,8 +71,8 @@ public:
             for (std::size_t at; (at = sText.find(sToken)) != std::string::npos;)
                 sText.replace(at, sToken.size(), sValue);
         }
-        for (const char* szKeyword : {"UPDATE_DATE", "UPDATE_DATE_UTC", "CURRENT_DATE", "CURRENT_DATE_UTC"}) {
-            const boost::regex expression(std::string("(^.*)\\%") + szKeyword + "::(.+?)\\%(.*$)");
+        for (const char* sKeyword : {"UPDATE_DATE", "UPDATE_DATE_UTC", "CURRENT_DATE", "CURRENT_DATE_UTC"}) {
+            const boost::regex expression(std::string("(^.*)\\%") + sKeyword + "::(.+?)\\%(.*$)");
             boost::smatch match;
             if (boost::regex_match(sText, match, expression))
                 sText = match[1].str() + match[3].str();
@@ -102,7 +102,7 @@ void benchExpansion()
     std::printf("(%u)\n", static_cast<unsigned>(sum % 10));
 }
 
-__attribute__((noinline)) void emptyCall(const char* szText) { asm volatile("" : : "r"(szText)); }
+__attribute__((noinline)) void emptyCall(const char* sText) { asm volatile("" : : "r"(sText)); }
 
 __attribute__((noinline)) const char* expensive()
 {

@@ -30,12 +30,12 @@ void readDbmod(AcDbDatabase* pDatabase)
     pServices->setWorkingDatabase(pPrevious);
 }
 
-void benchNotification(const char* szName)
+void benchNotification(const char* sName)
 {
     AcDbDatabase* pDatabase = acDocManager->mdiActiveDocument()->database();
     CDatabaseReactor reactor;
     compare(
-        szName, 41, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
+        sName, 41, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
         [&] { return timed(5000, [&] { readDbmod(pDatabase); }); });
 }
 
@@ -103,7 +103,7 @@ void benchLayout(StripSetup& setup)
     compare("frame resized and painted, strip / none", 9, with(resizing), without(resizing));
 }
 
-void benchMenu(const char* szName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs)
+void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs)
 {
     int iTab = iFirstTab;
     const BareMenu bare(iXrefs);
@@ -119,7 +119,7 @@ void benchMenu(const char* szName, StripSetup& setup, int iFirstTab, int iStep, 
         const CPoint point = setup.showTab(iTab);
         return setup.untilMenu([&] { bare.show(point); });
     };
-    compare(szName, 25, rightClick, bareMenu);
+    compare(sName, 25, rightClick, bareMenu);
 }
 
 void benchOptions(StripSetup& setup)
@@ -152,7 +152,7 @@ void benchOptions(StripSetup& setup)
 int main(int iCount, char** aArguments)
 {
     const std::string sOnly = iCount > 1 ? aArguments[1] : "";
-    const auto wanted = [&](const char* szName) { return sOnly.empty() || sOnly == szName; };
+    const auto wanted = [&](const char* sName) { return sOnly.empty() || sOnly == sName; };
     StripSetup setup;
     setup.load();
     if (wanted("adding")) {

@@ -1,5 +1,6 @@
-// Registers commands with the host.
 #pragma once
+
+// Registers commands with the host.
 
 #include "objectarx/aced.h"
 

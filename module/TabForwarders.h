@@ -1,6 +1,7 @@
+#pragma once
+
 // How the reactors reach the tab strip: four calls on the module's one tab window,
 // which must exist.
-#pragma once
 
 class AcApDocument;
 

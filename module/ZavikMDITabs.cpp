@@ -20,7 +20,7 @@ std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
 namespace {
 
-constexpr const char* APPLICATION_NAME = "ZavikMDITabs";
+constexpr const char* kApplicationName = "ZavikMDITabs";
 
 // The options as they stand in the registry; what cannot be read has its default.
 struct Options {
@@ -156,7 +156,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt)
 void initApplication()
 {
     AfxSetExceptionHook(&traceWindowException);
-    Tesk::initialiseLibrary(APPLICATION_NAME, AfxGetInstanceHandle(), false);
+    Tesk::initialiseLibrary(kApplicationName, AfxGetInstanceHandle(), false);
     CMDITabSettings::assertNoDefaultSettings();
     reapplyDiagnosticsLevel();
     // Whatever becomes of the strip, its options can be reached.
@@ -166,7 +166,7 @@ void initApplication()
             attachReactors();
         }
     });
-    Tesk::registerCommand(APPLICATION_NAME, APPLICATION_NAME, &runOptionsCommand, ACRX_CMD_MODAL);
+    Tesk::registerCommand(kApplicationName, kApplicationName, &runOptionsCommand, ACRX_CMD_MODAL);
 }
 
 void unloadApplication()
@@ -178,7 +178,7 @@ void unloadApplication()
     CMDITabSettings::clearDefaultSettings();
     // So that the module can be loaded again in the same session.
     if (AcEdCommandStack* pStack = acedRegCmds)
-        pStack->removeGroup(APPLICATION_NAME);
+        pStack->removeGroup(kApplicationName);
     Tesk::terminateLibrary();
     AfxSetExceptionHook(nullptr);
 }

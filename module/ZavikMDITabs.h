@@ -1,6 +1,7 @@
+#pragma once
+
 // The module's spine: entry point, start-up and stop, the one tab window and the
 // one command. The host's user-interface thread runs all of it.
-#pragma once
 
 #include "objectarx/rxdefs.h"
 #include "tabs/ARXMDITabs.h"

@@ -1,5 +1,6 @@
-/* Identifiers of the module's resources; read by the resource compiler too. */
 #pragma once
+
+/* Identifiers of the module's resources; read by the resource compiler too. */
 
 #define IDD_OPTIONS 1000
 

@@ -1,5 +1,6 @@
-// What the strip needs to know of one open drawing, read in one go.
 #pragma once
+
+// What the strip needs to know of one open drawing, read in one go.
 
 #include "library/drawing/ARXDrawingProperties.h"
 #include "library/expansion/ARXKeywordExpansion.h"

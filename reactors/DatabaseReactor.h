@@ -1,6 +1,7 @@
+#pragma once
+
 // The listener on one drawing: notices that its modified state may have changed.
 // CDocManagerReactor owns one for every open document.
-#pragma once
 
 #include "objectarx/dbmain.h"
 

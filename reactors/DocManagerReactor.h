@@ -1,6 +1,7 @@
+#pragma once
+
 // The listener on the host's document manager: turns its events into calls on the
 // tab list, and keeps the last known modified state of every open document.
-#pragma once
 
 #include "objectarx/acdocman.h"
 #include "reactors/DatabaseReactor.h"

@@ -1,6 +1,7 @@
+#pragma once
+
 // The listener on the editor's events: keeps the data of every open drawing, and
 // reads it anew when the drawing is opened, imported or saved.
-#pragma once
 
 #include "objectarx/aced.h"
 #include "reactors/DatabaseData.h"

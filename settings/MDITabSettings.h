@@ -1,6 +1,7 @@
+#pragma once
+
 // The strip's configuration: six options in the user's registry, and nine texts
 // that come from the "MDITabs.ini" files of each drawing.
-#pragma once
 
 #include "mfc/afx.h"
 #include "settings/TabsDefaultSettings.h"

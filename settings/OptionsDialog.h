@@ -1,6 +1,7 @@
+#pragma once
+
 // The dialog of the strip's options. It carries values alone: whoever shows it fills
 // the members before, and stores them after OK.
-#pragma once
 
 #include "mfc/afxwin.h"
 

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr const char* SETTINGS_FILE = "MDITabs.ini";
-constexpr const char* UNNAMED_SECTION = "";
+constexpr const char* kSettingsFile = "MDITabs.ini";
+constexpr const char* kUnnamedSection = "";
 
 CString withoutQuotes(CString sText) { return sText.Trim("\"'"); }
 
@@ -18,12 +18,12 @@ CString withoutQuotes(CString sText) { return sText.Trim("\"'"); }
 
 CTabsDefaultSettings::CTabsDefaultSettings(const char* sFilename) : CDefaultSettingsManager(sFilename, nullptr)
 {
-    m_pSettings.reset(createSettings(SETTINGS_FILE, m_vecFiles, false));
+    m_pSettings.reset(createSettings(kSettingsFile, m_vecFiles, false));
 }
 
 CTabsDefaultSettings::CTabsDefaultSettings() : CDefaultSettingsManager("", nullptr)
 {
-    m_pSettings.reset(createStandardSettings(SETTINGS_FILE, false));
+    m_pSettings.reset(createStandardSettings(kSettingsFile, false));
 }
 
 std::unique_ptr<CTabsDefaultSettings> CTabsDefaultSettings::createStandard()
@@ -50,7 +50,7 @@ bool CTabsDefaultSettings::reset(const std::vector<CString>& sNewFiles, bool bFo
 
     TESK_TRACE("\trequired.\n");
     try {
-        std::unique_ptr<Tesk::CDefaultSettings> pNew(createSettings(SETTINGS_FILE, sNewFiles, false));
+        std::unique_ptr<Tesk::CDefaultSettings> pNew(createSettings(kSettingsFile, sNewFiles, false));
         m_vecFiles = sNewFiles;
         m_pSettings = std::move(pNew);
         return true;
@@ -71,7 +71,7 @@ CString CTabsDefaultSettings::getSupportSubfolderName() { return CString(); }
 
 CString CTabsDefaultSettings::getValue(const char* sKey)
 {
-    return m_pSettings->isDefined(UNNAMED_SECTION, sKey) ? m_pSettings->getValue(UNNAMED_SECTION, sKey) : CString();
+    return m_pSettings->isDefined(kUnnamedSection, sKey) ? m_pSettings->getValue(kUnnamedSection, sKey) : CString();
 }
 
 CString CTabsDefaultSettings::getModifiedText() { return withoutQuotes(getValue("ModifiedText")); }

@@ -1,6 +1,7 @@
+#pragma once
+
 // The texts of the tab strip for one drawing, from the layered copies of
 // "MDITabs.ini" that apply to it.
-#pragma once
 
 #include "library/files/DefaultSettings.h"
 #include "library/files/DefaultSettingsManager.h"

@@ -1,6 +1,7 @@
+#pragma once
+
 // The strip as the rest of the module sees it: one tab for every open drawing. The
 // control's items are the only list of documents; an item's data is its document.
-#pragma once
 
 #include "mfc/afx.h"
 #include "tabs/MDITabsEx.h"

@@ -6,12 +6,12 @@
 
 namespace {
 
-constexpr UINT CONTROL_ID = 42;
-constexpr UINT LOGO_ID = 43;
-constexpr int ICON_SIZE = 16;
-constexpr int BAND_HEIGHT = 20 + 6;
+constexpr UINT kControlId = 42;
+constexpr UINT kLogoId = 43;
+constexpr int kIconSize = 16;
+constexpr int kBandHeight = 20 + 6;
 // The control reaches this far under the drawings, so that no border shows between.
-constexpr int OVERLAP = 2;
+constexpr int kOverlap = 2;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ void CMDITabs::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
 
     CTabCtrl::Create(WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_FOCUSNEVER | TCS_FORCEICONLEFT |
                          (m_bTop ? 0U : static_cast<DWORD>(TCS_BOTTOM)),
-                     CRect(), pMainFrame, CONTROL_ID);
+                     CRect(), pMainFrame, kControlId);
     ModifyStyleEx(0, WS_EX_CLIENTEDGE);
     SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
     ::SetWindowPos(m_hWnd, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -36,13 +36,13 @@ void CMDITabs::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
     m_bImages = (dwStyle & MDITABS_IMAGES) != 0;
     if (m_bImages)
         createImages();
-    m_wndLogo.Create(pMainFrame, LOGO_ID);
+    m_wndLogo.Create(pMainFrame, kLogoId);
 }
 
 void CMDITabs::createImages()
 {
     if (m_images.GetSafeHandle() == nullptr)
-        m_images.Create(ICON_SIZE, ICON_SIZE, ILC_COLOR32 | ILC_MASK, 1, 1);
+        m_images.Create(kIconSize, kIconSize, ILC_COLOR32 | ILC_MASK, 1, 1);
     else
         m_images.Remove(-1);
     SetImageList(&m_images);
@@ -65,7 +65,7 @@ LRESULT CMDITabs::OnSizeParent(WPARAM, LPARAM lParam)
     }
 
     auto* pLayout = reinterpret_cast<AFX_SIZEPARENTPARAMS*>(lParam);
-    const int iHeight = BAND_HEIGHT + (m_bImages ? 1 : 0);
+    const int iHeight = kBandHeight + (m_bImages ? 1 : 0);
     CRect band(pLayout->rect);
     if (m_bTop)
         pLayout->rect.top = band.bottom = band.top + iHeight;
@@ -74,7 +74,7 @@ LRESULT CMDITabs::OnSizeParent(WPARAM, LPARAM lParam)
 
     if (pLayout->hDWP != nullptr) {
         const LONG lSplit = std::max(band.left, band.right - m_wndLogo.getWidth());
-        const CRect tabs(band.left, band.top - (m_bTop ? 0 : OVERLAP), lSplit, band.bottom + (m_bTop ? OVERLAP : 0));
+        const CRect tabs(band.left, band.top - (m_bTop ? 0 : kOverlap), lSplit, band.bottom + (m_bTop ? kOverlap : 0));
         const CRect logo(lSplit, band.top, band.right, band.bottom);
         AfxRepositionWindow(pLayout, m_hWnd, tabs);
         AfxRepositionWindow(pLayout, m_wndLogo.m_hWnd, logo);

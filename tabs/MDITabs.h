@@ -1,6 +1,7 @@
+#pragma once
+
 // The generic strip: a tab control that takes a band of an MDI frame's client area
 // above or below the drawings, and hides itself below a number of tabs.
-#pragma once
 
 #include "library/controls/AdvertisingControl.h"
 #include "mfc/afxcmn.h"

@@ -9,7 +9,7 @@
 namespace {
 
 // Wide enough that only line feeds break a text.
-constexpr int MAX_TIP_WIDTH = 32767;
+constexpr int kMaxTipWidth = 32767;
 
 }  // namespace
 
@@ -35,7 +35,7 @@ void CMDITabsEx::createToolTip(CMDIFrameWnd* pMainFrame)
 {
     m_pToolTip = std::make_unique<CToolTipCtrl>();
     TESK_VERIFY(m_pToolTip->Create(pMainFrame, TTS_BALLOON));
-    m_pToolTip->SetMaxTipWidth(MAX_TIP_WIDTH);
+    m_pToolTip->SetMaxTipWidth(kMaxTipWidth);
     m_pToolTip->SetTitle(TTI_INFO, CMDITabSettings::getTooltipTitle(""));
     m_pToolTip->SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
     TESK_VERIFY(m_pToolTip->AddTool(this, _T("XXXX default line 1\nXXXX default line 2")));

@@ -1,5 +1,6 @@
-// The strip with one balloon tooltip for all tabs and the drawing icon.
 #pragma once
+
+// The strip with one balloon tooltip for all tabs and the drawing icon.
 
 #include "tabs/MDITabs.h"
 

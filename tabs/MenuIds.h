@@ -1,5 +1,6 @@
-// Identifiers of the tab menu's items. Nobody else handles them.
 #pragma once
+
+// Identifiers of the tab menu's items. Nobody else handles them.
 
 #include <windows.h>
 

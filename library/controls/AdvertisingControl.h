@@ -1,6 +1,7 @@
+#pragma once
+
 // The logo at the strip's right end: a fixed width, the company's name in the
 // colours of the system.
-#pragma once
 
 #include "mfc/afxwin.h"
 

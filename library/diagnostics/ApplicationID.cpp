@@ -25,7 +25,7 @@ void CApplicationID::readDescription(const char* sFileName)
     CTextFileContents contents(sFileName, true);
     std::string_view sLine;
     while (contents.nextConverted(sLine)) {
-        const size_t equals = sLine.find('=');
+        const std::size_t equals = sLine.find('=');
         if (equals == sLine.npos)
             continue;
         CString sKey{std::string(sLine.substr(0, equals))};

@@ -1,8 +1,9 @@
+#pragma once
+
 // What is installed: product name and version, read from the description file
 // (".avf") beside the module and of the module's name. Lines are key=value,
 // keys "ProductName" and "ProductVersion" in any letter case; other lines do
 // not matter. A missing or unreadable file is no error: nothing is valid then.
-#pragma once
 
 #include "mfc/afx.h"
 

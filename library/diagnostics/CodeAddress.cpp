@@ -28,13 +28,13 @@ public:
     // away is another function's: not every function is exported.
     CString findName(DWORD dwOffset) const
     {
-        constexpr DWORD c_farthest = 0x200;
+        constexpr DWORD kFarthest = 0x200;
         if (!m_pExports)
             return {};
         const auto* pFunctions = at<DWORD>(m_pExports->AddressOfFunctions, m_pExports->NumberOfFunctions);
         const auto* pNames = at<DWORD>(m_pExports->AddressOfNames, m_pExports->NumberOfNames);
         const auto* pOrdinals = at<WORD>(m_pExports->AddressOfNameOrdinals, m_pExports->NumberOfNames);
-        DWORD dwDistance = c_farthest;
+        DWORD dwDistance = kFarthest;
         const char* sName = nullptr;
         for (DWORD i = 0; pFunctions && pNames && pOrdinals && i < m_pExports->NumberOfNames; ++i) {
             if (pOrdinals[i] >= m_pExports->NumberOfFunctions)

@@ -1,6 +1,7 @@
+#pragma once
+
 // Names code addresses for reports a person waits for: what is in memory is
 // looked at, and no debugging information is loaded.
-#pragma once
 
 #include "mfc/CString.h"
 

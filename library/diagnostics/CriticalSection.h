@@ -1,5 +1,6 @@
-// A lock that one thread may take more than once, and the scope that holds it.
 #pragma once
+
+// A lock that one thread may take more than once, and the scope that holds it.
 
 #include <windows.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 // The diagnostics log file: a description of the machine, then one line a
 // report. The log may fail to be written, but never raises.
-#pragma once
 
 #include "library/diagnostics/CriticalSection.h"
 #include "mfc/afx.h"

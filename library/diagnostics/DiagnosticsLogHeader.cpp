@@ -7,12 +7,12 @@ namespace Tesk {
 
 namespace {
 
-constexpr char c_windowsNT[] = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
-constexpr char c_windows[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion";
-constexpr char c_shellFolders[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
-constexpr char c_control[] = "SYSTEM\\CurrentControlSet\\Control\\Windows";
-constexpr char c_system[] = "HARDWARE\\DESCRIPTION\\System";
-constexpr char c_processor[] = "HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
+constexpr char kWindowsNT[] = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion";
+constexpr char kWindows[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion";
+constexpr char kShellFolders[] = "SOFTWARE\\Microsoft\\Windows\\CurrentVersion\\Explorer\\Shell Folders";
+constexpr char kControl[] = "SYSTEM\\CurrentControlSet\\Control\\Windows";
+constexpr char kSystem[] = "HARDWARE\\DESCRIPTION\\System";
+constexpr char kProcessor[] = "HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
 
 class CHeader {
 public:
@@ -25,21 +25,21 @@ public:
         add(sLine);
     }
 
-    void addValue(const char* sTitle, const char* szSubKey, const char* szName)
+    void addValue(const char* sTitle, const char* sSubKey, const char* sName)
     {
         CString sValue;
-        if (Registry::GetValue(HKEY_LOCAL_MACHINE, szSubKey, szName, sValue))
-            addTitled(sTitle, szName, sValue);
+        if (Registry::GetValue(HKEY_LOCAL_MACHINE, sSubKey, sName, sValue))
+            addTitled(sTitle, sName, sValue);
     }
 
-    void addElements(const char* sTitle, const char* szSubKey, const char* szName)
+    void addElements(const char* sTitle, const char* sSubKey, const char* sName)
     {
         std::vector<CString> vValues;
-        if (!Registry::GetValue(HKEY_LOCAL_MACHINE, szSubKey, szName, vValues))
+        if (!Registry::GetValue(HKEY_LOCAL_MACHINE, sSubKey, sName, vValues))
             return;
-        for (size_t i = 0; i < vValues.size(); ++i) {
+        for (std::size_t i = 0; i < vValues.size(); ++i) {
             CString sLine;
-            sLine.Format("%s::%s (%d)=%s", sTitle, szName, static_cast<int>(i), vValues[i].GetString());
+            sLine.Format("%s::%s (%d)=%s", sTitle, sName, static_cast<int>(i), vValues[i].GetString());
             add(sLine);
         }
     }
@@ -49,9 +49,9 @@ public:
         DWORD dwSpeed = 0;
         CString sVendor;
         CString sIdentifier;
-        if (!Registry::GetValue(HKEY_LOCAL_MACHINE, c_processor, "~MHz", dwSpeed) ||
-            !Registry::GetValue(HKEY_LOCAL_MACHINE, c_processor, "VendorIdentifier", sVendor) ||
-            !Registry::GetValue(HKEY_LOCAL_MACHINE, c_processor, "Identifier", sIdentifier))
+        if (!Registry::GetValue(HKEY_LOCAL_MACHINE, kProcessor, "~MHz", dwSpeed) ||
+            !Registry::GetValue(HKEY_LOCAL_MACHINE, kProcessor, "VendorIdentifier", sVendor) ||
+            !Registry::GetValue(HKEY_LOCAL_MACHINE, kProcessor, "Identifier", sIdentifier))
             return;
         CString sLine;
         sLine.Format("Hardware::id= %d MHz, %s, %s", static_cast<int>(dwSpeed), sVendor.GetString(),
@@ -76,16 +76,16 @@ std::vector<CString> describeMachine()
     CHeader header;
     header.add(CDiagnosticsLog::now("Diagnostics started: %c"));
     header.add("::HostName=" + computerName());
-    for (const char* szName : {"ProductName", "CurrentVersion", "CSDVersion", "CurrentBuildNumber"})
-        header.addValue("OS", c_windowsNT, szName);
-    header.addValue("Folders", c_shellFolders, "Common AppData");
-    header.addValue("Folders", c_shellFolders, "Common Desktop");
-    header.addValue("Folders", c_windowsNT, "SystemRoot");
-    header.addValue("Folders", c_control, "SystemDirectory");
-    header.addValue("Folders", c_windows, "ProgramFilesDir");
-    header.addValue("Folders", c_windows, "CommonFilesDir");
-    header.addValue("Hardware", c_system, "SystemBiosDate");
-    header.addElements("Hardware", c_system, "SystemBiosVersion");
+    for (const char* sName : {"ProductName", "CurrentVersion", "CSDVersion", "CurrentBuildNumber"})
+        header.addValue("OS", kWindowsNT, sName);
+    header.addValue("Folders", kShellFolders, "Common AppData");
+    header.addValue("Folders", kShellFolders, "Common Desktop");
+    header.addValue("Folders", kWindowsNT, "SystemRoot");
+    header.addValue("Folders", kControl, "SystemDirectory");
+    header.addValue("Folders", kWindows, "ProgramFilesDir");
+    header.addValue("Folders", kWindows, "CommonFilesDir");
+    header.addValue("Hardware", kSystem, "SystemBiosDate");
+    header.addElements("Hardware", kSystem, "SystemBiosVersion");
     header.addProcessor();
     header.addTitled("PathLocation", "LOCATION_FILE_MODULE", getLocation(LOCATION_FILE_MODULE));
     header.addTitled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM));

@@ -1,6 +1,7 @@
+#pragma once
+
 // The base of the library's exceptions, which are thrown as heap objects and deleted by
 // the catcher.
-#pragma once
 
 #include "mfc/afx.h"
 

@@ -1,5 +1,6 @@
-// The message of a caught heap exception.
 #pragma once
+
+// The message of a caught heap exception.
 
 #include "mfc/afx.h"
 

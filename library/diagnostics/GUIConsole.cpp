@@ -22,13 +22,13 @@ void disarmClosing()
 // A new console replaces the process's standard streams; they are not ours.
 bool openConsoleKeepingStreams()
 {
-    constexpr DWORD c_streams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
+    constexpr DWORD kStreams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
     HANDLE before[3];
     for (int i = 0; i < 3; ++i)
-        before[i] = ::GetStdHandle(c_streams[i]);
+        before[i] = ::GetStdHandle(kStreams[i]);
     const bool bOpened = ::AllocConsole() != FALSE;
     for (int i = 0; i < 3; ++i)
-        ::SetStdHandle(c_streams[i], before[i]);
+        ::SetStdHandle(kStreams[i], before[i]);
     return bOpened;
 }
 

@@ -1,6 +1,7 @@
+#pragma once
+
 // The console stream of the diagnostics: the process's standard error where it
 // has one, else a console window opened at the first line.
-#pragma once
 
 #include "library/diagnostics/CriticalSection.h"
 #include "mfc/handles.h"

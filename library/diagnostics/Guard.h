@@ -1,6 +1,7 @@
+#pragma once
+
 // The place where exceptions end: what the host or the system calls of ours runs
 // inside a guard, so that nothing is thrown into code that is not ours.
-#pragma once
 
 namespace Tesk {
 

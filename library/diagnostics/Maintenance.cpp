@@ -24,9 +24,9 @@ void chooseDiagnosticsLevel()
     const CString sKey = "Software\\" + CVersionBlock::getCompanyName() + "\\" + CVersionBlock::getProductName();
     HKEY hkRegistryKey = nullptr;
     const bool bOpen = Registry::OpenKey(HKEY_CURRENT_USER, sKey, hkRegistryKey, false);
-    const auto isOn = [&](const char* szName) {
+    const auto isOn = [&](const char* sName) {
         bool bOn = false;
-        return bOpen && Registry::ReadValue(hkRegistryKey, szName, bOn) && bOn;
+        return bOpen && Registry::ReadValue(hkRegistryKey, sName, bOn) && bOn;
     };
     if (CVersionBlock::isPrerelease() || isOn("DebugStartup")) {
         CDiagnosticsLog::get().startAfresh();

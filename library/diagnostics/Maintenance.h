@@ -1,5 +1,6 @@
-// Start-up and shutdown of the support library, and its globals.
 #pragma once
+
+// Start-up and shutdown of the support library, and its globals.
 
 #include "mfc/afx.h"
 

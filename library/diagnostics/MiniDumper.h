@@ -1,7 +1,8 @@
+#pragma once
+
 // Writes a crash dump beside the diagnostics log when the process is about to
 // die of an unhandled exception. Off unless initialiseLibrary is asked for it:
 // the filter it sets belongs to the whole process.
-#pragma once
 
 #include "mfc/CString.h"
 

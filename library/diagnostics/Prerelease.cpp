@@ -27,7 +27,7 @@ int g_iLevel = 0;
 // or what a report looks up, may bring that thread back here.
 CCriticalSection g_reportSection;
 int g_iReportDepth = 0;
-constexpr int c_deepestReport = 8;
+constexpr int kDeepestReport = 8;
 
 class CReportDepth {
 public:
@@ -51,14 +51,14 @@ void sendToDebugger(const CString& sLine)
 // The longest piece that the command line takes, cut between characters.
 int pieceLength(const CString& sText, int iStart)
 {
-    constexpr int c_most = 132;
+    constexpr int kMost = 132;
     const int iRest = sText.GetLength() - iStart;
-    if (iRest <= c_most)
+    if (iRest <= kMost)
         return iRest;
     int iLength = 0;
-    while (iLength < c_most) {
+    while (iLength < kMost) {
         const int iStep = AfxIsLeadByte(sText[iStart + iLength]) ? 2 : 1;
-        if (iLength + iStep > c_most)
+        if (iLength + iStep > kMost)
             break;
         iLength += iStep;
     }
@@ -97,7 +97,7 @@ struct CReport {
 bool showReport(const char* sSource, int iLine, const char* sExpression, CReport& report)
 {
     const CReportDepth depth;
-    if (g_iReportDepth > c_deepestReport)
+    if (g_iReportDepth > kDeepestReport)
         return false;
     report.m_sStack = CStackWalker().describe();
     const CString sModule = PathParts(getLocation(LOCATION_FILE_MODULE).str()).fileName();

@@ -1,8 +1,9 @@
+#pragma once
+
 // Diagnostics switches, the trace channel and assertions.
 //
 // Everything here is off until setDiagnosticsLevel says otherwise; a disabled
 // trace or assertion costs a load and a branch and evaluates no argument.
-#pragma once
 
 #include <stdio.h>
 

@@ -46,10 +46,7 @@ USHORT captureFrames(const void** pFrames, USHORT uMost)
 
 }  // namespace
 
-CStackWalker::CStackWalker() : m_vFrames(c_maxFrames)
-{
-    m_vFrames.resize(captureFrames(m_vFrames.data(), c_maxFrames));
-}
+CStackWalker::CStackWalker() : m_vFrames(kMaxFrames) { m_vFrames.resize(captureFrames(m_vFrames.data(), kMaxFrames)); }
 
 CString CStackWalker::describe() const
 {

@@ -1,6 +1,7 @@
+#pragma once
+
 // Who called whom, as text: one line a frame, the innermost first, with module
 // and offset, and the exported function where one is known.
-#pragma once
 
 #include "mfc/afx.h"
 
@@ -10,9 +11,9 @@ namespace Tesk {
 
 class CStackWalker {
 public:
-    static constexpr int c_maxFrames = 50;
+    static constexpr int kMaxFrames = 50;
 
-    // Takes the return addresses of the calling thread, at most c_maxFrames.
+    // Takes the return addresses of the calling thread, at most kMaxFrames.
     CStackWalker();
 
     const std::vector<const void*>& getFrames() const { return m_vFrames; }

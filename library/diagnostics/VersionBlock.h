@@ -1,5 +1,6 @@
-// The texts and flags of the module's own version resource.
 #pragma once
+
+// The texts and flags of the module's own version resource.
 
 #include "mfc/afx.h"
 

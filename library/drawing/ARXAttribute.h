@@ -1,5 +1,6 @@
-// What an attribute of a block reference looked like when it was read.
 #pragma once
+
+// What an attribute of a block reference looked like when it was read.
 
 #include "library/drawing/Points.h"
 #include "mfc/afx.h"

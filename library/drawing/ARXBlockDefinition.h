@@ -1,5 +1,6 @@
-// The definition of a named block in a drawing's block table.
 #pragma once
+
+// The definition of a named block in a drawing's block table.
 
 #include "mfc/afx.h"
 #include "objectarx/dbid.h"

@@ -23,11 +23,11 @@ CSummaryInfo getSummaryInfo(AcDbDatabase* pDatabase)
 
 using Getter = Acad::ErrorStatus (AcDbDatabaseSummaryInfo::*)(char*&) const;
 
-void readField(const AcDbDatabaseSummaryInfo* pInfo, Getter getter, CString& sField, const char* sCall)
+void readField(const AcDbDatabaseSummaryInfo* pInfo, Getter getter, CString& sValue, const char* sCall)
 {
-    CDatabaseString szField;
-    TESK_VERIFY_TEXT((pInfo->*getter)(szField.out()) == Acad::eOk, sCall);
-    sField = szField.text();
+    CDatabaseString sField;
+    TESK_VERIFY_TEXT((pInfo->*getter)(sField.out()) == Acad::eOk, sCall);
+    sValue = sField.text();
 }
 
 }  // namespace
@@ -63,12 +63,12 @@ void CARXDrawingProperties::readCustomEntries(const AcDbDatabaseSummaryInfo* pIn
 {
     m_iNumberOfCustomEntries = pInfo->numCustomInfo();
     for (int i = 0; i < m_iNumberOfCustomEntries; ++i) {
-        CDatabaseString szKey;
-        CDatabaseString szValue;
-        const bool bRead = pInfo->getCustomSummaryInfo(i, szKey.out(), szValue.out()) == Acad::eOk;
+        CDatabaseString sKey;
+        CDatabaseString sValue;
+        const bool bRead = pInfo->getCustomSummaryInfo(i, sKey.out(), sValue.out()) == Acad::eOk;
         TESK_ASSERT_TEXT(bRead, "pInfo->getCustomSummaryInfo(i, szKey, szValue) == Acad::eOk");
         if (bRead)
-            m_mapCustomEntries.insert_or_assign(szKey.text(), szValue.text());
+            m_mapCustomEntries.insert_or_assign(sKey.text(), sValue.text());
     }
     TESK_ASSERT_TEXT(m_mapCustomEntries.size() == static_cast<std::size_t>(m_iNumberOfCustomEntries),
                      "m_mapCustomEntries.size() == m_iNumberOfCustomEntries");

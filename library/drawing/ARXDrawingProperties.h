@@ -1,5 +1,6 @@
-// A drawing's summary information, read from and written to its database.
 #pragma once
+
+// A drawing's summary information, read from and written to its database.
 
 #include "library/drawing/DrawingProperties.h"
 

@@ -1,5 +1,6 @@
-// The title block of an open drawing, found and read through its database.
 #pragma once
+
+// The title block of an open drawing, found and read through its database.
 
 #include "library/drawing/ARXAttribute.h"
 #include "library/drawing/TitleBlock.h"

@@ -1,6 +1,7 @@
+#pragma once
+
 // A value bound to the CAD system variable of the same name: every assignment is written
 // at once, and read() fetches the variable's present value.
-#pragma once
 
 #include "library/diagnostics/ExceptionBase.h"
 #include "library/drawing/Variable.h"

@@ -1,5 +1,6 @@
-// A copy of a drawing's summary information: eight fields, and custom properties.
 #pragma once
+
+// A copy of a drawing's summary information: eight fields, and custom properties.
 
 #include "mfc/afx.h"
 

@@ -1,5 +1,6 @@
-// Owners of what the host's API hands out: open objects, and strings.
 #pragma once
+
+// Owners of what the host's API hands out: open objects, and strings.
 
 #include "library/diagnostics/Guard.h"
 #include "objectarx/dbmain.h"

@@ -1,5 +1,6 @@
-// Points as plain values, and their forms in the host's point arrays.
 #pragma once
+
+// Points as plain values, and their forms in the host's point arrays.
 
 #include "objectarx/adsdef.h"
 

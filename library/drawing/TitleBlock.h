@@ -1,6 +1,7 @@
+#pragma once
+
 // Which border block carries a drawing's job data, and that data under the names that
 // the settings files give it. How to look into the drawing is the derived class's part.
-#pragma once
 
 #include "library/files/SettingsFile.h"
 #include "mfc/afx.h"

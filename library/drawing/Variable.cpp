@@ -63,33 +63,33 @@ const C2DPoint& CVariable::get2DPoint() const { return m_pt2dValue; }
 CString CVariable::getDescription() const
 {
     CString sValue;
-    const char* szType = "";
+    const char* sType = "";
     switch (m_iType) {
     case TYPE_STRING:
         sValue = m_sValue;
-        szType = "String";
+        sType = "String";
         break;
     case TYPE_SHORT:
         sValue.Format("%i", m_iValue);
-        szType = "Short";
+        sType = "Short";
         break;
     case TYPE_DOUBLE:
         sValue.Format("%g", m_dValue);
-        szType = "Double";
+        sType = "Double";
         break;
     case TYPE_2DPOINT:
         sValue.Format("%g,%g", m_pt2dValue.x(), m_pt2dValue.y());
-        szType = "2D Point";
+        sType = "2D Point";
         break;
     case TYPE_3DPOINT:
         sValue.Format("%g,%g,%g", m_pt3dValue.x(), m_pt3dValue.y(), m_pt3dValue.z());
-        szType = "3D Point";
+        sType = "3D Point";
         break;
     default:
         TESK_ASSERT(false);
     }
     CString sDescription;
-    sDescription.Format("%s value is : %s (%s).", m_sName.GetString(), sValue.GetString(), szType);
+    sDescription.Format("%s value is : %s (%s).", m_sName.GetString(), sValue.GetString(), sType);
     return sDescription;
 }
 

@@ -1,5 +1,6 @@
-// A named value of one of five types that can describe itself in text.
 #pragma once
+
+// A named value of one of five types that can describe itself in text.
 
 #include "library/drawing/Points.h"
 #include "mfc/afx.h"

@@ -1,5 +1,6 @@
-// The switch of the host's working database, for the duration of a scope.
 #pragma once
+
+// The switch of the host's working database, for the duration of a scope.
 
 #include "library/diagnostics/Guard.h"
 #include "objectarx/dbapserv.h"

@@ -1,6 +1,7 @@
+#pragma once
+
 // Keyword expansion for an open drawing: adds the values of its title block, as
 // HALVORAN:: and the mapping key, and its project's label, as HALVORAN_PROJECT_LABEL.
-#pragma once
 
 #include "library/expansion/KeywordExpansion.h"
 

@@ -97,8 +97,8 @@ std::string formatTime(__time64_t time, std::string_view sFormat, bool bUTC)
     const tm* const pTime = bUTC ? ::_gmtime64(&time) : ::_localtime64(&time);
     if (!pTime || !isKnownFormat(sDirectives))
         return {};
-    char szTime[128];
-    return std::string(szTime, ::strftime(szTime, sizeof szTime, sDirectives.c_str(), pTime));
+    char sTime[128];
+    return std::string(sTime, ::strftime(sTime, sizeof sTime, sDirectives.c_str(), pTime));
 }
 
 }  // namespace Tesk

@@ -1,6 +1,7 @@
+#pragma once
+
 // The date pass of a template's expansion: tokens that carry their own format, such as
 // %CURRENT_DATE::|d.|m.|Y%.
-#pragma once
 
 #include <stdlib.h>
 

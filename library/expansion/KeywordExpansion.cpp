@@ -20,23 +20,23 @@ namespace {
 
 std::string userName()
 {
-    char szUser[UNLEN + 1] = "";
-    DWORD size = sizeof szUser;
-    if (::WNetGetUserA(nullptr, szUser, &size) == NO_ERROR)
-        return szUser;
+    char sUser[UNLEN + 1] = "";
+    DWORD size = sizeof sUser;
+    if (::WNetGetUserA(nullptr, sUser, &size) == NO_ERROR)
+        return sUser;
     // No network provider: the name is the one that the user logged on with.
-    size = sizeof szUser;
-    return ::GetUserNameA(szUser, &size) ? szUser : "";
+    size = sizeof sUser;
+    return ::GetUserNameA(sUser, &size) ? sUser : "";
 }
 
 // Fixed from the system's start on.
 const std::string& computerName()
 {
     static std::string cached;
-    char szComputer[MAX_COMPUTERNAME_LENGTH + 1] = "";
-    DWORD size = sizeof szComputer;
-    if (cached.empty() && ::GetComputerNameA(szComputer, &size))
-        cached = szComputer;
+    char sComputer[MAX_COMPUTERNAME_LENGTH + 1] = "";
+    DWORD size = sizeof sComputer;
+    if (cached.empty() && ::GetComputerNameA(sComputer, &size))
+        cached = sComputer;
     return cached;
 }
 

@@ -1,7 +1,8 @@
+#pragma once
+
 // Turns templates such as "%FILENAME% (%DRAWING_INDEX%/%DRAWING_COUNT%)" into text for one
 // drawing. The table of keywords is filled once, at construction; a later save or rename is
 // seen by a new object alone.
-#pragma once
 
 #include "library/expansion/KeywordPass.h"
 #include "mfc/afx.h"

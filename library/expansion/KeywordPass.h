@@ -1,6 +1,7 @@
+#pragma once
+
 // The keyword pass of a template's expansion: tokens are replaced in the order of their
 // keywords, at a cost that grows with the text and the tokens in it, not with the table.
-#pragma once
 
 #include <cstddef>
 #include <functional>

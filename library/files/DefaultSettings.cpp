@@ -14,18 +14,18 @@ using MultiByte::trim;
 namespace {
 
 constexpr char cSectionOpen = '[';
-constexpr char cSectionClose = ']';
-constexpr char cComment = ';';
-constexpr char cEquals = '=';
+constexpr char kSectionClose = ']';
+constexpr char kComment = ';';
+constexpr char kEquals = '=';
 
 // How many "]" the text ends in. It is read from its start, as "]" may be the
 // second byte of a double-byte character.
-size_t countClosing(std::string_view sText)
+std::size_t countClosing(std::string_view sText)
 {
     const MultiByte::CLeadBytes lead;
-    size_t count = 0;
-    for (size_t i = 0; i < sText.size(); i = lead.next(sText, i))
-        count = sText[i] == cSectionClose ? count + 1 : 0;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < sText.size(); i = lead.next(sText, i))
+        count = sText[i] == kSectionClose ? count + 1 : 0;
     return count;
 }
 
@@ -57,7 +57,7 @@ void CDefaultSettings::readAFile(const char* sFileName)
 
 void CDefaultSettings::readLine(std::string_view sLine)
 {
-    if (sLine.empty() || sLine[0] == cComment)
+    if (sLine.empty() || sLine[0] == kComment)
         return;
     if (sLine[0] == cSectionOpen)
         readSectionLine(sLine);
@@ -69,17 +69,17 @@ void CDefaultSettings::readLine(std::string_view sLine)
 void CDefaultSettings::readSectionLine(std::string_view sLine)
 {
     TESK_ASSERT(sLine[0] == cSectionOpen);
-    const size_t closing = countClosing(sLine);
+    const std::size_t closing = countClosing(sLine);
     if (closing == 0)
         return;
     sLine.remove_suffix(closing);
-    const size_t first = sLine.find_first_not_of(cSectionOpen);
+    const std::size_t first = sLine.find_first_not_of(cSectionOpen);
     m_sCurrentSection = toString(first == sLine.npos ? std::string_view() : sLine.substr(first));
 }
 
 void CDefaultSettings::readKeyLine(std::string_view sLine)
 {
-    const size_t equals = sLine.find(cEquals);
+    const std::size_t equals = sLine.find(kEquals);
     if (equals == sLine.npos) {
         m_pCurrentException->setCode(CDefaultSettingsException::errorTokenising);
         throw m_pCurrentException.release();
@@ -153,7 +153,7 @@ void CDefaultSettings::traceContents(int iIndent) const
 {
     if (!isTraceEnabled())
         return;
-    const std::string sIndent(iIndent > 0 ? static_cast<size_t>(iIndent) : 0, '\t');
+    const std::string sIndent(iIndent > 0 ? static_cast<std::size_t>(iIndent) : 0, '\t');
     for (const CString& sLine : getContents())
         trace("%s%s\n", sIndent.c_str(), sLine.GetString());
 }

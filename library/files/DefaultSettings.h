@@ -1,10 +1,11 @@
+#pragma once
+
 // Settings read from text files: bracketed sections of key=value lines, kept as
 // one table in which neither section names nor keys heed letter case.
 //
 // A line starting with ";" is a comment; there is no other comment, no quoting
 // and no escaping. Keys before any section header, or after "[]", belong to the
 // section of the empty name.
-#pragma once
 
 #include "library/files/DefaultSettingsException.h"
 #include "library/text/CaseFold.h"

@@ -6,19 +6,19 @@ namespace Tesk {
 
 bool CDefaultSettingsException::getErrorText(CString& sText) const
 {
-    static const char* const c_messages[] = {
+    static const char* const kMessages[] = {
         "Error opening file", "Error writing file",   "Tokenising error", "Invalid section",
         "Invalid key",        "Remove is disallowed", "Unknown error",
     };
     if (m_sFileName.IsEmpty())
         sText = "Error : ";
-    else if (m_uLine == c_noLine)
+    else if (m_uLine == kNoLine)
         sText.Format("Error (<<%s>>) : ", m_sFileName.GetString());
     else
         sText.Format("Error (<<%s>> @ line %d) : ", m_sFileName.GetString(), static_cast<int>(m_uLine));
-    if (m_uCode >= std::size(c_messages))
+    if (m_uCode >= std::size(kMessages))
         return false;
-    sText += c_messages[m_uCode];
+    sText += kMessages[m_uCode];
     if (getExtraText().IsEmpty())
         sText += ".";
     else

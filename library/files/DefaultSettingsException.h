@@ -1,5 +1,6 @@
-// What can go wrong with a settings file, where known with file and line.
 #pragma once
+
+// What can go wrong with a settings file, where known with file and line.
 
 #include "library/diagnostics/ExceptionBase.h"
 
@@ -18,7 +19,7 @@ public:
         errorRemoveDisallowed = 5,
         errorUnknown = 6
     };
-    static constexpr uint32_t c_noLine = 0xFFFFFFFF;
+    static constexpr uint32_t kNoLine = 0xFFFFFFFF;
 
     explicit CDefaultSettingsException(uint32_t uCode, const char* sExtraText = "")
         : CExceptionBase(sExtraText), m_uCode(uCode)
@@ -29,7 +30,7 @@ public:
     void setCode(uint32_t uCode) { m_uCode = uCode; }
     const CString& getFileName() const { return m_sFileName; }
     void setFileName(const char* sFileName) { m_sFileName = sFileName; }
-    uint32_t getLine() const { return m_uLine; }  // from 1; c_noLine when not known
+    uint32_t getLine() const { return m_uLine; }  // from 1; kNoLine when not known
     void setLine(uint32_t uLine) { m_uLine = uLine; }
 
     // "Error (<<file>> @ line n) : Tokenising error." and the like. A code
@@ -39,7 +40,7 @@ public:
 private:
     uint32_t m_uCode;
     CString m_sFileName;
-    uint32_t m_uLine = c_noLine;
+    uint32_t m_uLine = kNoLine;
 };
 
 }  // namespace Tesk

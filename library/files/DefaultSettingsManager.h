@@ -1,6 +1,7 @@
+#pragma once
+
 // The base of what takes its defaults from layered settings files: it finds every copy of
 // a file that applies to some drawings and reads them, the most specific one last.
-#pragma once
 
 #include "library/files/DefaultSettings.h"
 #include "library/files/Locator.h"

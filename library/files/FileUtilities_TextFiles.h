@@ -1,9 +1,10 @@
+#pragma once
+
 // Text files to lists of lines and back.
 //
 // A line has no terminator; a last line without a line feed counts unless it is
 // empty. The readers append and never clear the list. Text mode as the C
 // runtime has it: CR LF is one line end, a lone CR stays, Ctrl-Z ends the text.
-#pragma once
 
 #include "mfc/afx.h"
 

@@ -1,6 +1,7 @@
+#pragma once
+
 // Finds the existing copies of a settings file, from the most general to the most
 // specific: application root, domain settings, projects' "Settings", drawings' folders.
-#pragma once
 
 #include "mfc/afx.h"
 

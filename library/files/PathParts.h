@@ -1,5 +1,6 @@
-// A path taken apart, by characters of the thread's ANSI code page.
 #pragma once
+
+// A path taken apart, by characters of the thread's ANSI code page.
 
 #include <string>
 #include <string_view>

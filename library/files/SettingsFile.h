@@ -1,6 +1,7 @@
+#pragma once
+
 // "ProjectSettings.txt" at a project's root: keyword lines, each followed by a block in
 // braces. The domain and standard settings files have the same form.
-#pragma once
 
 #include "mfc/afx.h"
 

@@ -92,8 +92,8 @@ CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyw
         {"CADSTANDARDS", STATE_CADSTANDARDS},   {"TITLEBLOCKS", STATE_TITLEBLOCKS},
         {"MOCKBORDERS", STATE_MOCKBORDERS},
     };
-    for (const auto& [szName, state] : aKeywords) {
-        if (sKeyword == szName)
+    for (const auto& [sName, state] : aKeywords) {
+        if (sKeyword == sName)
             return state;
     }
     return STATE_SKIP;

@@ -1,5 +1,6 @@
-// The state machine that turns the lines of a project settings file into its record.
 #pragma once
+
+// The state machine that turns the lines of a project settings file into its record.
 
 #include "library/files/SettingsFile.h"
 

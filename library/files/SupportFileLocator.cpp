@@ -24,7 +24,7 @@ namespace Tesk {
 
 namespace {
 
-constexpr const char* szProjectSettings = "ProjectSettings.txt";
+constexpr const char* sProjectSettings = "ProjectSettings.txt";
 
 UniqueHandle openExisting(const char* sPath, DWORD dwFlags)
 {
@@ -34,15 +34,15 @@ UniqueHandle openExisting(const char* sPath, DWORD dwFlags)
 
 std::string readSpecialFolder(int iFolder)
 {
-    char szPath[MAX_PATH] = "";
+    char sPath[MAX_PATH] = "";
     bool bValid = false;
     ITEMIDLIST* pList = nullptr;
     if (SUCCEEDED(::SHGetSpecialFolderLocation(nullptr, iFolder, &pList)) && pList) {
-        bValid = ::SHGetPathFromIDListA(pList, szPath) != FALSE;
+        bValid = ::SHGetPathFromIDListA(pList, sPath) != FALSE;
         ::CoTaskMemFree(pList);
     }
     TESK_ASSERT_TEXT(bValid, "bValid && _T(\"Unable to obtain shell special folder\")");
-    return bValid ? szPath : "";
+    return bValid ? sPath : "";
 }
 
 // The shell takes its time; the folders stay what they are while the process runs.
@@ -62,9 +62,9 @@ std::string moduleFile()
     static std::pair<HMODULE, std::string> cached;
     if (G_bLibraryInitialised && cached.first == G_hCurrentModule && !cached.second.empty())
         return cached.second;
-    char szPath[MAX_PATH * 4] = "";
-    const DWORD length = ::GetModuleFileNameA(G_hCurrentModule, szPath, sizeof szPath);
-    cached = {G_hCurrentModule, length < sizeof szPath ? szPath : ""};
+    char sPath[MAX_PATH * 4] = "";
+    const DWORD length = ::GetModuleFileNameA(G_hCurrentModule, sPath, sizeof sPath);
+    cached = {G_hCurrentModule, length < sizeof sPath ? sPath : ""};
     return cached.second;
 }
 
@@ -179,7 +179,7 @@ std::string rawLocation(int iWhere)
     case LOCATION_FILE_STANDARD_SETTINGS:
         return below(LOCATION_DIR_APPLICATION_ROOT, "support\\StandardSettings.txt");
     case LOCATION_FILE_PROJECT_SETTINGS:
-        return below(LOCATION_DIR_PROJECT_DWG_ROOT, szProjectSettings);
+        return below(LOCATION_DIR_PROJECT_DWG_ROOT, sProjectSettings);
     default:
         TESK_ASSERT(false);
         return {};
@@ -188,21 +188,21 @@ std::string rawLocation(int iWhere)
 
 std::string fullPath(const std::string& sPath)
 {
-    char szFull[MAX_PATH * 4];
-    return ::_fullpath(szFull, sPath.c_str(), sizeof szFull) ? szFull : sPath;
+    char sFull[MAX_PATH * 4];
+    return ::_fullpath(sFull, sPath.c_str(), sizeof sFull) ? sFull : sPath;
 }
 
 // An administrator's new value, stamped in the machine's branch, reaches every user once.
-void propagateDomainSettings(const char* szKey, const char* szStampsKey, const char* szName)
+void propagateDomainSettings(const char* sKey, const char* sStampsKey, const char* sName)
 {
     CString sMachine, sMachineStamp, sUserStamp;
-    if (!Registry::GetValue(HKEY_LOCAL_MACHINE, szKey, szName, sMachine) ||
-        !Registry::GetValue(HKEY_LOCAL_MACHINE, szStampsKey, szName, sMachineStamp))
+    if (!Registry::GetValue(HKEY_LOCAL_MACHINE, sKey, sName, sMachine) ||
+        !Registry::GetValue(HKEY_LOCAL_MACHINE, sStampsKey, sName, sMachineStamp))
         return;
-    if (Registry::GetValue(HKEY_CURRENT_USER, szStampsKey, szName, sUserStamp) && sUserStamp == sMachineStamp)
+    if (Registry::GetValue(HKEY_CURRENT_USER, sStampsKey, sName, sUserStamp) && sUserStamp == sMachineStamp)
         return;
-    Registry::SetValue(HKEY_CURRENT_USER, szKey, szName, sMachine);
-    Registry::SetValue(HKEY_CURRENT_USER, szStampsKey, szName, sMachineStamp);
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, sMachine);
+    Registry::SetValue(HKEY_CURRENT_USER, sStampsKey, sName, sMachineStamp);
 }
 
 bool registeredDomainSettings(CString& sFolder)
@@ -214,11 +214,11 @@ bool registeredDomainSettings(CString& sFolder)
 }
 
 // False when the variable is not set; one that is set may be empty.
-bool environment(const char* szName, std::string& sValue)
+bool environment(const char* sName, std::string& sValue)
 {
-    const DWORD size = ::GetEnvironmentVariableA(szName, nullptr, 0);
+    const DWORD size = ::GetEnvironmentVariableA(sName, nullptr, 0);
     sValue.resize(size);
-    const DWORD length = size ? ::GetEnvironmentVariableA(szName, sValue.data(), size) : 0;
+    const DWORD length = size ? ::GetEnvironmentVariableA(sName, sValue.data(), size) : 0;
     sValue.resize(length < size ? length : 0);
     return size != 0;
 }
@@ -249,7 +249,7 @@ CString findFolderUpwards(const char* sStart, const char* sFileName)
     return withBackslash(sFolder).c_str();
 }
 
-CString findProjectFolder(const char* sStart) { return findFolderUpwards(sStart, szProjectSettings); }
+CString findProjectFolder(const char* sStart) { return findFolderUpwards(sStart, sProjectSettings); }
 
 CString getDomainSettingsFolder()
 {
@@ -303,11 +303,11 @@ bool folderExists(const char* sPath)
         return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
                openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS);
     }
-    char szCurrent[MAX_PATH];
-    const DWORD length = ::GetCurrentDirectoryA(sizeof szCurrent, szCurrent);
-    if (length == 0 || length >= sizeof szCurrent || !::SetCurrentDirectoryA(sPath))
+    char sCurrent[MAX_PATH];
+    const DWORD length = ::GetCurrentDirectoryA(sizeof sCurrent, sCurrent);
+    if (length == 0 || length >= sizeof sCurrent || !::SetCurrentDirectoryA(sPath))
         return false;
-    TESK_VERIFY(::SetCurrentDirectoryA(szCurrent));
+    TESK_VERIFY(::SetCurrentDirectoryA(sCurrent));
     return true;
 }
 

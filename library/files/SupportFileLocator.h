@@ -1,5 +1,6 @@
-// Where the well-known folders and files are, and the search for a project's folder.
 #pragma once
+
+// Where the well-known folders and files are, and the search for a project's folder.
 
 #include "mfc/afx.h"
 

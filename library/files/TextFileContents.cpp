@@ -13,17 +13,17 @@ namespace Tesk {
 
 namespace {
 
-constexpr size_t c_firstBlock = 16 * 1024;  // settings files are small; each further block doubles
-constexpr char c_ctrlZ = 0x1A;
+constexpr std::size_t kFirstBlock = 16 * 1024;  // settings files are small; each further block doubles
+constexpr char kCtrlZ = 0x1A;
 
 // The text up to the next line end, which is consumed. A last line counts only
 // when it is not empty.
 template <class Char>
-bool splitLine(std::basic_string_view<Char> sText, size_t& position, std::basic_string_view<Char>& sLine)
+bool splitLine(std::basic_string_view<Char> sText, std::size_t& position, std::basic_string_view<Char>& sLine)
 {
     if (position >= sText.size())
         return false;
-    const size_t end = sText.find(Char('\n'), position);
+    const std::size_t end = sText.find(Char('\n'), position);
     if (end == sText.npos) {
         sLine = sText.substr(position);
         position = sText.size();
@@ -49,7 +49,7 @@ CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding
     if (m_bUnicode)
         decode();
     else
-        m_sBytes.resize(std::min(m_sBytes.find(c_ctrlZ), m_sBytes.size()));
+        m_sBytes.resize(std::min(m_sBytes.find(kCtrlZ), m_sBytes.size()));
 }
 
 void CTextFileContents::load(const char* sFileName)
@@ -58,10 +58,10 @@ void CTextFileContents::load(const char* sFileName)
     if (!pInput)
         CFileException::ThrowErrno(errno, sFileName);
     std::setvbuf(pInput, nullptr, _IONBF, 0);  // the blocks are large enough
-    size_t filled = 0;
+    std::size_t filled = 0;
     for (;;) {
-        m_sBytes.resize(filled + std::max(c_firstBlock, filled));
-        const size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput);
+        m_sBytes.resize(filled + std::max(kFirstBlock, filled));
+        const std::size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput);
         filled += got;
         if (filled < m_sBytes.size())
             break;
@@ -80,7 +80,7 @@ void CTextFileContents::decode()
     m_sWide.resize(m_sBytes.size() / 2 - 1);
     std::memcpy(m_sWide.data(), m_sBytes.data() + 2, m_sWide.size() * 2);
     m_sBytes = std::string();
-    m_sWide.resize(std::min(m_sWide.find(wchar_t(c_ctrlZ)), m_sWide.size()));
+    m_sWide.resize(std::min(m_sWide.find(wchar_t(kCtrlZ)), m_sWide.size()));
     std::erase(m_sWide, wchar_t(0xFFFF));
 }
 

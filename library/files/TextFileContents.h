@@ -1,9 +1,10 @@
+#pragma once
+
 // A text file in memory, handed out line by line as the C runtime's text mode
 // would give it: CR LF is one line end, a lone CR belongs to the line, a Ctrl-Z
 // ends the text. A UTF-16 little-endian file is known by its byte-order mark.
 //
 // Reads by large blocks; what a line points into is gone with the next call.
-#pragma once
 
 #include <string>
 #include <string_view>
@@ -33,7 +34,7 @@ private:
     std::string m_sBytes;
     std::wstring m_sWide;
     std::string m_sConverted;
-    size_t m_position = 0;
+    std::size_t m_position = 0;
     bool m_bUnicode = false;
 };
 

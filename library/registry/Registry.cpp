@@ -14,17 +14,17 @@ namespace {
 
 // The bytes of a value of any type. Asks again while the value grows between
 // the question for its size and the reading.
-bool readBytes(HKEY hkRegistryKey, const char* szName, DWORD& dwType, std::string& sBytes)
+bool readBytes(HKEY hkRegistryKey, const char* sName, DWORD& dwType, std::string& sBytes)
 {
     DWORD dwSize = 0;
-    LONG lResult = ::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, nullptr, &dwSize);
+    LONG lResult = ::RegQueryValueExA(hkRegistryKey, sName, nullptr, &dwType, nullptr, &dwSize);
     if (lResult != ERROR_SUCCESS)
         return false;
     do {
         sBytes.resize(dwSize + 1);
         dwSize = static_cast<DWORD>(sBytes.size());
-        lResult = ::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, reinterpret_cast<BYTE*>(sBytes.data()),
-                                     &dwSize);
+        lResult =
+            ::RegQueryValueExA(hkRegistryKey, sName, nullptr, &dwType, reinterpret_cast<BYTE*>(sBytes.data()), &dwSize);
     } while (lResult == ERROR_MORE_DATA);
     if (lResult != ERROR_SUCCESS)
         return false;
@@ -37,15 +37,15 @@ void checkUnnamed([[maybe_unused]] const char* sValue, [[maybe_unused]] DWORD dw
     TESK_ASSERT(CString(sValue).IsEmpty() ? (dwType == REG_SZ) : true);
 }
 
-bool writeBytes(HKEY hkRegistryKey, const char* szName, DWORD dwType, const void* pBytes, size_t size)
+bool writeBytes(HKEY hkRegistryKey, const char* sName, DWORD dwType, const void* pBytes, std::size_t size)
 {
-    return ::RegSetValueExA(hkRegistryKey, szName, 0, dwType, static_cast<const BYTE*>(pBytes),
+    return ::RegSetValueExA(hkRegistryKey, sName, 0, dwType, static_cast<const BYTE*>(pBytes),
                             static_cast<DWORD>(size)) == ERROR_SUCCESS;
 }
 
 }  // namespace
 
-bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite)
+bool OpenKey(HKEY hkRoot, const char* sSubKey, HKEY& hkRegistryKey, bool bWrite)
 {
     HKEY hkOpened = nullptr;
     if (bWrite) {
@@ -53,23 +53,23 @@ bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite
         if (!::InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION))
             return false;
         SECURITY_ATTRIBUTES attributes = {sizeof attributes, &descriptor, FALSE};
-        char szClass[] = "";
-        if (::RegCreateKeyExA(hkRoot, szSubKey, 0, szClass, REG_OPTION_NON_VOLATILE, KEY_WRITE, &attributes, &hkOpened,
+        char sClass[] = "";
+        if (::RegCreateKeyExA(hkRoot, sSubKey, 0, sClass, REG_OPTION_NON_VOLATILE, KEY_WRITE, &attributes, &hkOpened,
                               nullptr) != ERROR_SUCCESS)
             return false;
-    } else if (::RegOpenKeyExA(hkRoot, szSubKey, 0, KEY_READ, &hkOpened) != ERROR_SUCCESS) {
+    } else if (::RegOpenKeyExA(hkRoot, sSubKey, 0, KEY_READ, &hkOpened) != ERROR_SUCCESS) {
         return false;
     }
     hkRegistryKey = hkOpened;
     return true;
 }
 
-bool ReadValue(HKEY hkRegistryKey, const char* szName, DWORD& dwValue)
+bool ReadValue(HKEY hkRegistryKey, const char* sName, DWORD& dwValue)
 {
     DWORD dwRead = 0;  // a shorter value fills the low bytes
     DWORD dwType = REG_NONE;
     DWORD dwSize = sizeof dwRead;
-    if (::RegQueryValueExA(hkRegistryKey, szName, nullptr, &dwType, reinterpret_cast<BYTE*>(&dwRead), &dwSize) !=
+    if (::RegQueryValueExA(hkRegistryKey, sName, nullptr, &dwType, reinterpret_cast<BYTE*>(&dwRead), &dwSize) !=
             ERROR_SUCCESS ||
         dwType != REG_DWORD)
         return false;
@@ -77,33 +77,33 @@ bool ReadValue(HKEY hkRegistryKey, const char* szName, DWORD& dwValue)
     return true;
 }
 
-bool ReadValue(HKEY hkRegistryKey, const char* szName, bool& bValue)
+bool ReadValue(HKEY hkRegistryKey, const char* sName, bool& bValue)
 {
     DWORD dwValue = 0;
-    if (!ReadValue(hkRegistryKey, szName, dwValue))
+    if (!ReadValue(hkRegistryKey, sName, dwValue))
         return false;
     bValue = dwValue == 1;
     return true;
 }
 
-bool ReadValue(HKEY hkRegistryKey, const char* szName, CString& sValue)
+bool ReadValue(HKEY hkRegistryKey, const char* sName, CString& sValue)
 {
     DWORD dwType = REG_NONE;
     std::string sBytes;
-    if (!readBytes(hkRegistryKey, szName, dwType, sBytes) || (dwType != REG_SZ && dwType != REG_EXPAND_SZ))
+    if (!readBytes(hkRegistryKey, sName, dwType, sBytes) || (dwType != REG_SZ && dwType != REG_EXPAND_SZ))
         return false;
     sValue = sBytes.c_str();  // ends at the first zero byte, or where the data ends
     return true;
 }
 
-bool ReadValue(HKEY hkRegistryKey, const char* szName, std::vector<CString>& vValues)
+bool ReadValue(HKEY hkRegistryKey, const char* sName, std::vector<CString>& vValues)
 {
     DWORD dwType = REG_NONE;
     std::string sBytes;
-    if (!readBytes(hkRegistryKey, szName, dwType, sBytes) || dwType != REG_MULTI_SZ)
+    if (!readBytes(hkRegistryKey, sName, dwType, sBytes) || dwType != REG_MULTI_SZ)
         return false;
-    size_t start = 0;
-    for (size_t zero; (zero = sBytes.find('\0', start)) != std::string::npos; start = zero + 1) {
+    std::size_t start = 0;
+    for (std::size_t zero; (zero = sBytes.find('\0', start)) != std::string::npos; start = zero + 1) {
         vValues.push_back(CString(sBytes.c_str() + start));
         if (zero + 1 < sBytes.size() && sBytes[zero + 1] == '\0')
             break;
@@ -111,35 +111,35 @@ bool ReadValue(HKEY hkRegistryKey, const char* szName, std::vector<CString>& vVa
     return true;
 }
 
-bool WriteValue(HKEY hkRegistryKey, const char* szName, DWORD dwValue, DWORD dwType)
+bool WriteValue(HKEY hkRegistryKey, const char* sName, DWORD dwValue, DWORD dwType)
 {
-    checkUnnamed(szName, dwType);
-    return writeBytes(hkRegistryKey, szName, dwType, &dwValue, sizeof dwValue);
+    checkUnnamed(sName, dwType);
+    return writeBytes(hkRegistryKey, sName, dwType, &dwValue, sizeof dwValue);
 }
 
-bool WriteValue(HKEY hkRegistryKey, const char* szName, bool bValue, DWORD dwType)
+bool WriteValue(HKEY hkRegistryKey, const char* sName, bool bValue, DWORD dwType)
 {
-    return WriteValue(hkRegistryKey, szName, static_cast<DWORD>(bValue ? 1 : 0), dwType);
+    return WriteValue(hkRegistryKey, sName, static_cast<DWORD>(bValue ? 1 : 0), dwType);
 }
 
-bool WriteValue(HKEY hkRegistryKey, const char* szName, const char* szValue, DWORD dwType)
+bool WriteValue(HKEY hkRegistryKey, const char* sName, const char* sValue, DWORD dwType)
 {
-    return writeBytes(hkRegistryKey, szName, dwType, szValue, std::strlen(szValue) + 1);
+    return writeBytes(hkRegistryKey, sName, dwType, sValue, std::strlen(sValue) + 1);
 }
 
-bool IconFromExtension(const char* szExtension, HICON& hIcon, bool bSmall)
+bool IconFromExtension(const char* sExtension, HICON& hIcon, bool bSmall)
 {
     SHFILEINFOA info = {};
     const UINT uFlags = SHGFI_ICON | SHGFI_USEFILEATTRIBUTES | (bSmall ? SHGFI_SMALLICON : SHGFI_LARGEICON);
-    if (!::SHGetFileInfoA(szExtension, FILE_ATTRIBUTE_NORMAL, &info, sizeof info, uFlags))
+    if (!::SHGetFileInfoA(sExtension, FILE_ATTRIBUTE_NORMAL, &info, sizeof info, uFlags))
         return false;
     hIcon = info.hIcon;
     return true;
 }
 
-CString GetRemoteConfigurableKey(const char* szApplication)
+CString GetRemoteConfigurableKey(const char* sGiven)
 {
-    CString sApplication(szApplication ? szApplication : "");
+    CString sApplication(sGiven ? sGiven : "");
     if (sApplication.IsEmpty() && G_pApplicationID)
         sApplication = G_pApplicationID->getName();
     if (sApplication.IsEmpty())

@@ -1,8 +1,9 @@
+#pragma once
+
 // Typed registry reads and writes, strict about the stored type.
 //
 // No call raises; each says whether it succeeded, and a failed read leaves its
 // output as it was. Value names, sub-keys and strings are narrow.
-#pragma once
 
 #include "library/diagnostics/Prerelease.h"
 #include "mfc/afx.h"
@@ -17,42 +18,42 @@ namespace Tesk::Registry {
 
 // For reading, the key must exist; for writing, it is created with its parents.
 // The caller closes the key (CKey does).
-bool OpenKey(HKEY hkRoot, const char* szSubKey, HKEY& hkRegistryKey, bool bWrite);
+bool OpenKey(HKEY hkRoot, const char* sSubKey, HKEY& hkRegistryKey, bool bWrite);
 
 // REG_DWORD of at most four bytes.
-bool ReadValue(HKEY hkRegistryKey, const char* szName, DWORD& dwValue);
+bool ReadValue(HKEY hkRegistryKey, const char* sName, DWORD& dwValue);
 
 // REG_DWORD; true only for exactly 1.
-bool ReadValue(HKEY hkRegistryKey, const char* szName, bool& bValue);
+bool ReadValue(HKEY hkRegistryKey, const char* sName, bool& bValue);
 
 // REG_SZ or REG_EXPAND_SZ; environment references stay as they are.
-bool ReadValue(HKEY hkRegistryKey, const char* szName, CString& sValue);
+bool ReadValue(HKEY hkRegistryKey, const char* sName, CString& sValue);
 
 // REG_MULTI_SZ; appends. The list ends at an empty string that is not the
 // first; a piece that no zero byte ends does not count.
-bool ReadValue(HKEY hkRegistryKey, const char* szName, std::vector<CString>& vValues);
+bool ReadValue(HKEY hkRegistryKey, const char* sName, std::vector<CString>& vValues);
 
 // A value without a name may only be a string (asserted; the write goes ahead).
-bool WriteValue(HKEY hkRegistryKey, const char* szName, DWORD dwValue, DWORD dwType);
-bool WriteValue(HKEY hkRegistryKey, const char* szName, bool bValue, DWORD dwType);
-bool WriteValue(HKEY hkRegistryKey, const char* szName, const char* szValue, DWORD dwType);
+bool WriteValue(HKEY hkRegistryKey, const char* sName, DWORD dwValue, DWORD dwType);
+bool WriteValue(HKEY hkRegistryKey, const char* sName, bool bValue, DWORD dwType);
+bool WriteValue(HKEY hkRegistryKey, const char* sName, const char* sValue, DWORD dwType);
 
 // ---- the shell and the application's own key
 
 // The icon that the shell shows for ".ext"; no file of that name need exist.
 // The caller owns the icon.
-bool IconFromExtension(const char* szExtension, HICON& hIcon, bool bSmall);
+bool IconFromExtension(const char* sExtension, HICON& hIcon, bool bSmall);
 
 // "Software\Zavik\<application>\Remote Configurable"; null or empty stands for
 // the installation's name, else the name given to initialiseLibrary.
-CString GetRemoteConfigurableKey(const char* szApplication = nullptr);
+CString GetRemoteConfigurableKey(const char* sApplication = nullptr);
 
 // ---- on a root key and a path: open, read or write one value, close
 
 // An open key that closes itself; a failure to close is asserted.
 class CKey {
 public:
-    CKey(HKEY hkRoot, const char* szSubKey, bool bWrite) { OpenKey(hkRoot, szSubKey, m_hkRegistryKey, bWrite); }
+    CKey(HKEY hkRoot, const char* sSubKey, bool bWrite) { OpenKey(hkRoot, sSubKey, m_hkRegistryKey, bWrite); }
     CKey(CKey&& other) noexcept : m_hkRegistryKey(other.m_hkRegistryKey) { other.m_hkRegistryKey = nullptr; }
     CKey& operator=(CKey&&) = delete;
     ~CKey()
@@ -70,33 +71,33 @@ private:
 
 // T is DWORD, bool, CString or std::vector<CString>.
 template <class T>
-inline bool GetValue(HKEY hkRoot, const char* szSubKey, const char* szName, T& value)
+inline bool GetValue(HKEY hkRoot, const char* sSubKey, const char* sName, T& value)
 {
-    const CKey key(hkRoot, szSubKey, false);
-    return key && ReadValue(key.get(), szName, value);
+    const CKey key(hkRoot, sSubKey, false);
+    return key && ReadValue(key.get(), sName, value);
 }
 
-inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, DWORD dwValue)
+inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, DWORD dwValue)
 {
-    const CKey key(hkRoot, szSubKey, true);
-    return key && WriteValue(key.get(), szName, dwValue, REG_DWORD);
+    const CKey key(hkRoot, sSubKey, true);
+    return key && WriteValue(key.get(), sName, dwValue, REG_DWORD);
 }
 
-inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, bool bValue)
+inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, bool bValue)
 {
-    const CKey key(hkRoot, szSubKey, true);
-    return key && WriteValue(key.get(), szName, bValue, REG_DWORD);
+    const CKey key(hkRoot, sSubKey, true);
+    return key && WriteValue(key.get(), sName, bValue, REG_DWORD);
 }
 
-inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, const char* szValue)
+inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, const char* sValue)
 {
-    const CKey key(hkRoot, szSubKey, true);
-    return key && WriteValue(key.get(), szName, szValue, REG_SZ);
+    const CKey key(hkRoot, sSubKey, true);
+    return key && WriteValue(key.get(), sName, sValue, REG_SZ);
 }
 
-inline bool SetValue(HKEY hkRoot, const char* szSubKey, const char* szName, const CString& sValue)
+inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, const CString& sValue)
 {
-    return SetValue(hkRoot, szSubKey, szName, static_cast<const char*>(sValue));
+    return SetValue(hkRoot, sSubKey, sName, static_cast<const char*>(sValue));
 }
 
 }  // namespace Tesk::Registry

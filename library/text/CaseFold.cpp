@@ -29,7 +29,7 @@ const std::wstring& lowerCaseTable()
 {
     static const std::wstring sTable = [] {
         std::wstring sAll(0x10000, 0);
-        for (size_t i = 0; i < sAll.size(); ++i)
+        for (std::size_t i = 0; i < sAll.size(); ++i)
             sAll[i] = static_cast<wchar_t>(i);
         std::wstring sLower = sAll;
         const LCID lcid = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
@@ -60,7 +60,7 @@ CCaseFold::CCaseFold(UINT uCodePage) : m_uCodePage(uCodePage), m_lead(uCodePage)
     for (unsigned i = 0; i < 256; ++i)
         m_single[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
     const std::wstring& sLower = lowerCaseTable();
-    for (size_t i = 0x80; i < sLower.size(); ++i)
+    for (std::size_t i = 0x80; i < sLower.size(); ++i)
         if (sLower[i] != static_cast<wchar_t>(i))
             addPair(static_cast<wchar_t>(i), sLower[i]);
 }
@@ -85,7 +85,7 @@ void CCaseFold::addPair(wchar_t cUpper, wchar_t cLower)
     pRow[uUpper & 0xFF] = static_cast<uint16_t>(uLower);
 }
 
-unsigned CCaseFold::next(std::string_view sText, size_t& position) const
+unsigned CCaseFold::next(std::string_view sText, std::size_t& position) const
 {
     const char lead = sText[position++];
     const auto first = static_cast<unsigned char>(lead);
@@ -97,10 +97,10 @@ unsigned CCaseFold::next(std::string_view sText, size_t& position) const
 
 int CCaseFold::compare(std::string_view sLeft, std::string_view sRight) const
 {
-    size_t left = 0;
-    size_t right = 0;
+    std::size_t left = 0;
+    std::size_t right = 0;
     if (!m_lead.any()) {
-        const size_t common = std::min(sLeft.size(), sRight.size());
+        const std::size_t common = std::min(sLeft.size(), sRight.size());
         for (; left < common; ++left) {
             const unsigned char a = m_single[static_cast<unsigned char>(sLeft[left])];
             const unsigned char b = m_single[static_cast<unsigned char>(sRight[left])];

@@ -1,8 +1,9 @@
+#pragma once
+
 // Narrow text compared without case, as _mbsicmp compares it but by the thread's
 // ANSI code page and not the runtime's: character by character, letters by their
 // lower case, in the order of the character codes, two bytes counting as one
 // code after a lead byte. A strict ordering, fit for maps.
-#pragma once
 
 #include "library/text/MultiByte.h"
 #include "mfc/CString.h"
@@ -29,7 +30,7 @@ public:
 
 private:
     void addPair(wchar_t cUpper, wchar_t cLower);
-    unsigned next(std::string_view sText, size_t& position) const;
+    unsigned next(std::string_view sText, std::size_t& position) const;
 
     UINT m_uCodePage;
     MultiByte::CLeadBytes m_lead;

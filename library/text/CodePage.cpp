@@ -26,7 +26,7 @@ std::wstring toWide(std::string_view sText)
     const int iBytes = static_cast<int>(sText.size());
     sWide.resize(sText.size());  // never more characters than bytes
     const int iCount = ::MultiByteToWideChar(MultiByte::codePage(), 0, sText.data(), iBytes, sWide.data(), iBytes);
-    sWide.resize(iCount > 0 ? static_cast<size_t>(iCount) : 0);
+    sWide.resize(iCount > 0 ? static_cast<std::size_t>(iCount) : 0);
     return sWide;
 }
 
@@ -40,7 +40,7 @@ std::string toNarrow(std::wstring_view sText)
     const int iSize = ::WideCharToMultiByte(uCodePage, 0, sText.data(), iUnits, nullptr, 0, nullptr, nullptr);
     if (iSize <= 0)
         return sNarrow;
-    sNarrow.resize(static_cast<size_t>(iSize));
+    sNarrow.resize(static_cast<std::size_t>(iSize));
     ::WideCharToMultiByte(uCodePage, 0, sText.data(), iUnits, sNarrow.data(), iSize, nullptr, nullptr);
     return sNarrow;
 }

@@ -1,6 +1,7 @@
+#pragma once
+
 // Conversions between narrow and wide text. Narrow is the current thread's ANSI
 // code page; what a code page cannot hold becomes its default character.
-#pragma once
 
 #include <windows.h>
 

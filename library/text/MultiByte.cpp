@@ -117,11 +117,11 @@ std::string upper(std::string_view sText)
 std::string_view trim(std::string_view sText)
 {
     // No second byte of a character lies among these, so bytes will do.
-    const char* const szSpace = " \t\r\n\v\f";
-    const std::size_t first = sText.find_first_not_of(szSpace);
+    const char* const sSpace = " \t\r\n\v\f";
+    const std::size_t first = sText.find_first_not_of(sSpace);
     if (first == std::string_view::npos)
         return {};
-    return sText.substr(first, sText.find_last_not_of(szSpace) - first + 1);
+    return sText.substr(first, sText.find_last_not_of(sSpace) - first + 1);
 }
 
 void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement, bool bAll)

@@ -1,6 +1,7 @@
+#pragma once
+
 // Narrow text in the thread's ANSI code page, also when that is a double-byte one:
 // there the second byte of a character may look like "\", "=" or "]".
-#pragma once
 
 #include <cstddef>
 #include <string>

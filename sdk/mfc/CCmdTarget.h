@@ -1,4 +1,5 @@
 #pragma once
+
 // What a command can be routed to, and the state of a command's menu item or
 // control while its owner is asked about it.
 #include "mfc/MessageMap.h"

@@ -1,4 +1,5 @@
 #pragma once
+
 // The direction of a dialog's data exchange and the exchanges themselves.
 #include "mfc/CString.h"
 

@@ -1,4 +1,5 @@
 #pragma once
+
 // A modal dialog from a template. It runs in a message loop of the toolkit, so
 // that PreTranslateMessage and WM_KICKIDLE work as for any other window.
 #include "mfc/CDataExchange.h"

@@ -1,4 +1,5 @@
 #pragma once
+
 // Exceptions are thrown as heap objects: `throw new X`. The catcher takes a
 // pointer, owns it and frees it with Delete().
 #include "mfc/CString.h"

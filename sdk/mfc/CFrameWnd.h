@@ -1,4 +1,5 @@
 #pragma once
+
 // The frames: layout of the children, menu updating, MDI.
 #include "mfc/CMenu.h"
 #include "mfc/CWnd.h"

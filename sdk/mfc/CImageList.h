@@ -1,4 +1,5 @@
 #pragma once
+
 // An owned image list.
 #include "mfc/handles.h"
 

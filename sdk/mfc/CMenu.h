@@ -1,4 +1,5 @@
 #pragma once
+
 // A menu: owning when created or attached here, a view when it comes from FromHandle.
 #include "mfc/handles.h"
 

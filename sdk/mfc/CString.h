@@ -1,4 +1,5 @@
 #pragma once
+
 // A narrow string in the thread's ANSI code page. Positions and lengths are
 // bytes; searching, trimming and case changes never split a double-byte
 // character (a trail byte such as 0x5C is not taken for a backslash).

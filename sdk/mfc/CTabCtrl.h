@@ -1,4 +1,5 @@
 #pragma once
+
 // The tab control of the common controls.
 #include "mfc/CImageList.h"
 #include "mfc/CWnd.h"

@@ -1,4 +1,5 @@
 #pragma once
+
 // The tooltip of the common controls. A tool is a whole window; texts are
 // copied by the control.
 #include "mfc/CWnd.h"

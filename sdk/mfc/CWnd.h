@@ -1,4 +1,5 @@
 #pragma once
+
 // A window and its message map. Each image (program or library) that links the
 // toolkit keeps its own map of windows to objects; what reaches a window of
 // another image goes through messages:

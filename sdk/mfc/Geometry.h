@@ -1,4 +1,5 @@
 #pragma once
+
 // Points, sizes and rectangles: the Win32 structures with arithmetic.
 #include <windows.h>
 

@@ -1,4 +1,5 @@
 #pragma once
+
 // Message maps: a class lists the messages, notifications and commands that it
 // handles; what is not in its list is looked up in its base's.
 //

@@ -1,4 +1,5 @@
 #pragma once
+
 // The message loop of a program, and the offering of messages to
 // PreTranslateMessage that it shares with modal loops.
 #include <windows.h>

@@ -1,4 +1,5 @@
 #pragma once
+
 // Objects that only carry somebody else's handle. A view lives at least as
 // long as its handle; those of dead handles are swept as the map grows.
 #include <algorithm>

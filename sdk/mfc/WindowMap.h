@@ -1,4 +1,5 @@
 #pragma once
+
 // This image's windows: which object stands for which HWND, the one window
 // procedure they share, and the guard that keeps exceptions inside it.
 #include "mfc/CWnd.h"

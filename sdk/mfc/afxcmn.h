@@ -1,4 +1,5 @@
 #pragma once
+
 // The common controls.
 #include "mfc/CImageList.h"
 #include "mfc/CTabCtrl.h"

@@ -1,4 +1,5 @@
 #pragma once
+
 // Windows, menus, dialogs, frames and the message pump.
 #include "mfc/CCmdTarget.h"
 #include "mfc/CDataExchange.h"

@@ -1,4 +1,5 @@
 #pragma once
+
 // Owning, move-only handle types, one line a kind, and a count of what they
 // hold, so that a test can see that owned handles balance.
 #include <atomic>

@@ -1,6 +1,7 @@
+#pragma once
+
 // What the tests of drawings share: folders that go away, DXF text from short
 // notes, and a reactor that writes down what it hears.
-#pragma once
 
 #include "host/drawing/Database.h"
 

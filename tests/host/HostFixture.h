@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 class HostFixture {
 public:

@@ -1,6 +1,7 @@
+#pragma once
+
 // Watches from a thread of its own for assertion boxes, keeps their texts and
 // answers them, as a user would.
-#pragma once
 
 #include <windows.h>
 

@@ -1,5 +1,6 @@
-// What the code under test prints on the CAD command line, call by call.
 #pragma once
+
+// What the code under test prints on the CAD command line, call by call.
 
 #include <string>
 #include <vector>

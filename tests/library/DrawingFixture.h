@@ -1,6 +1,7 @@
+#pragma once
+
 // Drawings in a project, and the office's and the installation's settings beside it, in
 // a folder tree of the test's own; the library takes a file there for its module.
-#pragma once
 
 #include "host/drawing/Database.h"
 #include "library/diagnostics/Maintenance.h"

@@ -1,6 +1,7 @@
+#pragma once
+
 // A place of its own for what the diagnostics touch: registry, temporary folder
 // and level. The library itself is started and stopped by the tests.
-#pragma once
 
 #include "library/diagnostics/DiagnosticsLog.h"
 #include "library/diagnostics/Maintenance.h"
@@ -37,9 +38,9 @@ public:
         Tesk::setDiagnosticsLevel(iLevel);
     }
 
-    static void setStartup(const char* szName, bool bOn)
+    static void setStartup(const char* sName, bool bOn)
     {
-        REQUIRE(Tesk::Registry::SetValue(HKEY_CURRENT_USER, "Software\\Zavik\\Halvoran", szName, bOn));
+        REQUIRE(Tesk::Registry::SetValue(HKEY_CURRENT_USER, "Software\\Zavik\\Halvoran", sName, bOn));
     }
 
     CString moduleName() const

@@ -1,5 +1,6 @@
-// What an action raises, as text; the exception is deleted.
 #pragma once
+
+// What an action raises, as text; the exception is deleted.
 
 #include "library/diagnostics/ExceptionText.h"
 

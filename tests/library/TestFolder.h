@@ -1,5 +1,6 @@
-// A folder of a test's own, gone with the object and all that is in it.
 #pragma once
+
+// A folder of a test's own, gone with the object and all that is in it.
 
 #include "mfc/CString.h"
 
@@ -31,7 +32,7 @@ public:
     // Makes the folders of a name; a name that ends in a backslash is a folder.
     void folder(const std::string& sName) const
     {
-        for (size_t at = sName.find('\\'); at != std::string::npos; at = sName.find('\\', at + 1))
+        for (std::size_t at = sName.find('\\'); at != std::string::npos; at = sName.find('\\', at + 1))
             ::CreateDirectoryA(path(sName.substr(0, at)).c_str(), nullptr);
     }
 

@@ -1,6 +1,7 @@
+#pragma once
+
 // The current user's registry, redirected for a test to an empty place of its
 // own, which is removed at the end with what other runs left.
-#pragma once
 
 #include <windows.h>
 #include <doctest/doctest.h>
@@ -11,8 +12,8 @@ class CTestHive {
 public:
     CTestHive()
     {
-        removeTree(HKEY_CURRENT_USER, c_place);
-        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, c_place, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_hkPlace,
+        removeTree(HKEY_CURRENT_USER, kPlace);
+        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, kPlace, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_hkPlace,
                                   nullptr) == ERROR_SUCCESS);
         REQUIRE(::RegOverridePredefKey(HKEY_CURRENT_USER, m_hkPlace) == ERROR_SUCCESS);
     }
@@ -20,13 +21,13 @@ public:
     {
         ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
         ::RegCloseKey(m_hkPlace);
-        removeTree(HKEY_CURRENT_USER, c_place);
+        removeTree(HKEY_CURRENT_USER, kPlace);
     }
     CTestHive(const CTestHive&) = delete;
     CTestHive& operator=(const CTestHive&) = delete;
 
 private:
-    static constexpr char c_place[] = "Software\\ZavikMDITabs unit tests";
+    static constexpr char kPlace[] = "Software\\ZavikMDITabs unit tests";
 
     static void removeTree(HKEY hkRoot, const std::string& sPath)
     {

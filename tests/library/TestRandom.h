@@ -1,6 +1,7 @@
+#pragma once
+
 // Random numbers for generated tests. The seed is the clock's, printed with a failure;
 // the environment variable TEST_SEED repeats a run.
-#pragma once
 
 #include <windows.h>
 
@@ -39,8 +40,8 @@ public:
 private:
     static unsigned chooseSeed()
     {
-        const char* const szSeed = std::getenv("TEST_SEED");
-        return szSeed ? static_cast<unsigned>(std::strtoul(szSeed, nullptr, 10)) : ::GetTickCount();
+        const char* const sSeed = std::getenv("TEST_SEED");
+        return sSeed ? static_cast<unsigned>(std::strtoul(sSeed, nullptr, 10)) : ::GetTickCount();
     }
 
     unsigned m_seed;

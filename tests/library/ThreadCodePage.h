@@ -1,5 +1,6 @@
-// Another ANSI code page for the thread, for the duration of a test.
 #pragma once
+
+// Another ANSI code page for the thread, for the duration of a test.
 
 #include <windows.h>
 

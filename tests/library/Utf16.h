@@ -1,5 +1,6 @@
-// Wide text as the bytes of a file.
 #pragma once
+
+// Wide text as the bytes of a file.
 
 #include <string>
 

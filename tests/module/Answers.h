@@ -1,6 +1,7 @@
+#pragma once
+
 // Answers the boxes and dialogs that come up on this thread, from within their own
 // message loops, as a person would: by looking at the window and pressing buttons.
-#pragma once
 
 #include <windows.h>
 

@@ -1,6 +1,7 @@
+#pragma once
+
 // The module in the stand-in host, in this process: real windows, a registry of its
 // own for the user, and a folder of its own for drawings.
-#pragma once
 
 #include "RedirectedUser.h"
 #include "host/application/Application.h"

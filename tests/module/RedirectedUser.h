@@ -1,5 +1,6 @@
-// The user's registry is a fresh, empty key until the end of the scope.
 #pragma once
+
+// The user's registry is a fresh, empty key until the end of the scope.
 
 #include <windows.h>
 

@@ -1,7 +1,6 @@
 // The command: the real dialog in all rows of the decision table, and what is stored.
 #include "Answers.h"
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
@@ -9,6 +8,7 @@
 #include "module/resource.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include <doctest/doctest.h>
 
 #include <algorithm>
 

@@ -2,7 +2,6 @@
 // and that a host which fails in the midst of it leaves no trace.
 #include "Answers.h"
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/Memory.h"
 #include "host/observation/ResourceCount.h"
@@ -13,6 +12,7 @@
 #include "reactors/DatabaseData.h"
 #include "reactors/EditorReactor.h"
 #include "tests/support/DrawingText.h"
+#include <doctest/doctest.h>
 
 #include <algorithm>
 #include <stdexcept>
@@ -152,7 +152,7 @@ TEST_CASE_FIXTURE(DrawingHost, "what fails in the host is reported with the call
 namespace {
 
 // What a fault does, in turn: the call fails, or throws one of these.
-void (*const c_faults[])() = {
+void (*const kFaults[])() = {
     nullptr,
     [] { throw new CFileException(2, "fault"); },
     [] { throw std::runtime_error("fault"); },
@@ -198,11 +198,11 @@ TEST_CASE_FIXTURE(DrawingHost, "each call of the host fails in turn, and nothing
     };
     REQUIRE(build());
     // What the runtime keeps from its first exceptions.
-    for (void (*pThrow)() : c_faults)
+    for (void (*pThrow)() : kFaults)
         Tesk::guarded("test", [&] { pThrow != nullptr ? pThrow() : void(); });
     REQUIRE(acdbHostApplicationServices()->workingDatabase() != pDatabase);
 
-    for (void (*pThrow)() : c_faults) {
+    for (void (*pThrow)() : kFaults) {
         CAPTURE(pThrow != nullptr);
         int calls = 0;
         int ended = 0;
@@ -244,7 +244,7 @@ TEST_CASE_FIXTURE(DrawingHost, "a notification in which the host fails ends quie
     const auto number = [&] {
         return pReactor->getDatabaseData(document(pDatabase)).keywordExpansion().expandString("%HALVORAN::NO%").str();
     };
-    for (void (*pThrow)() : c_faults) {
+    for (void (*pThrow)() : kFaults) {
         if (pThrow == nullptr)
             continue;
         // Early in the reading, and in the midst of its last part.
@@ -266,7 +266,7 @@ TEST_CASE_FIXTURE(DrawingHost, "a notification in which the host fails ends quie
     pReactor->databaseToBeDestroyed(open("c.dwg", everything()));
     moveMouse(1);
     const std::string other = balloon();
-    Faults::throwNth("acdbGetSummaryInfo", 1, c_faults[1]);
+    Faults::throwNth("acdbGetSummaryInfo", 1, kFaults[1]);
     moveMouse(2);
     CHECK(Faults::fired());
     Faults::clear();

@@ -1,10 +1,10 @@
 // The data of the open drawings: read when a drawing is opened, imported or saved, kept
 // meanwhile.
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/drawing/Faults.h"
 #include "reactors/EditorReactor.h"
 #include "tests/support/DrawingText.h"
+#include <doctest/doctest.h>
 
 #include <climits>
 

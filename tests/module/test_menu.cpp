@@ -1,11 +1,11 @@
 // The context menu, through the real menu window, and its commands.
 #include "Answers.h"
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
 #include "tabs/MenuIds.h"
+#include <doctest/doctest.h>
 
 using Texts = std::vector<std::string>;
 

@@ -1,9 +1,9 @@
 // What the module holds of closed drawings. Loading and unloading of its file is
 // driven from outside, in tests/e2e.
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/drawing/Memory.h"
 #include "host/observation/ResourceCount.h"
+#include <doctest/doctest.h>
 
 using host::observation::ResourceCount;
 

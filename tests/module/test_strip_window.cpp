@@ -1,11 +1,11 @@
 // The window layer of the strip in the host's frame: its band, its image list, its
 // balloon.
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Maintenance.h"
 #include "mfc/handles.h"
 #include "tabs/MDITabsEx.h"
+#include <doctest/doctest.h>
 
 namespace {
 

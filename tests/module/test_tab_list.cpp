@@ -1,13 +1,13 @@
 // One tab a drawing: texts, order, selection, tooltip, and what the failure paths report.
 #include "Answers.h"
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include <doctest/doctest.h>
 
 #include <stdexcept>
 

@@ -1,10 +1,10 @@
 // The strip's texts: from which files, how they are read, and what damaged files cost.
 #include "Answers.h"
 #include "ModuleFixture.h"
-#include "doctest/doctest.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/DefaultSettingsException.h"
 #include "settings/MDITabSettings.h"
+#include <doctest/doctest.h>
 
 using Texts = std::vector<std::string>;
 using Files = std::vector<CString>;

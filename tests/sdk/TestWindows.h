@@ -1,4 +1,5 @@
 #pragma once
+
 // Windows that the toolkit's tests share.
 #include "mfc/afxwin.h"
 

@@ -1,6 +1,6 @@
 #include "TestWindows.h"
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "mfc/afx.h"
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 #include <cerrno>
 #include <cstring>

@@ -1,7 +1,7 @@
 #include "TestWindows.h"
 
-#include "doctest/doctest.h"
 #include "mfc/afxcmn.h"
+#include <doctest/doctest.h>
 
 #include <stdexcept>
 #include <string>

@@ -1,6 +1,7 @@
+#pragma once
+
 // A small drawing as text, put together by a test: header variables, blocks, inserts
 // with attributes, external references.
-#pragma once
 
 #include <initializer_list>
 #include <string>

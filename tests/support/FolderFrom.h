@@ -1,5 +1,6 @@
-// Folders of drawings that a test run is told about.
 #pragma once
+
+// Folders of drawings that a test run is told about.
 
 #include <windows.h>
 

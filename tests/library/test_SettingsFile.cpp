@@ -20,8 +20,8 @@ CSettingsFile parse(std::initializer_list<const char*> lines)
 {
     CSettingsFile settings;
     Tesk::CSettingsFileReader reader(settings, "C:\\Jobs\\1234\\");
-    for (const char* szLine : lines)
-        reader.readLine(szLine);
+    for (const char* sLine : lines)
+        reader.readLine(sLine);
     return settings;
 }
 
@@ -31,17 +31,17 @@ CBlockGroup parseGroup(std::initializer_list<const char*> lines)
     Tesk::CSettingsFileReader reader(settings, "");
     reader.readLine("TITLEBLOCKS");
     reader.readLine("{");
-    for (const char* szLine : lines)
-        reader.readLine(szLine);
+    for (const char* sLine : lines)
+        reader.readLine(sLine);
     reader.readLine("}");
     REQUIRE(settings.m_vecTitleBlocks.size() == 1);
     return settings.m_vecTitleBlocks[0];
 }
 
 // A BORDER line's fields, joined by "/"; empty when it is refused.
-std::string border(const char* szFields)
+std::string border(const char* sFields)
 {
-    const CBlockGroup group = parseGroup({(std::string("BORDER ") + szFields).c_str()});
+    const CBlockGroup group = parseGroup({(std::string("BORDER ") + sFields).c_str()});
     if (group.m_vecBorders.empty())
         return "";
     const Tesk::CBorderEntry& entry = group.m_vecBorders[0];
@@ -230,7 +230,7 @@ TEST_CASE("whatever a file holds, reading it ends, and its record fits its lines
 #endif
     CTestRandom random;
     CAPTURE(random.seed());
-    const char* const szPieces =
+    const char* const sPieces =
         "PROJECTPATH PROJECTLABEL ISSUE CADSTANDARDS TITLEBLOCKS MOCKBORDERS JOBTITLE BORDER { } "
         "{ } # // \" \" \" ' + & . \\ / : ; \t \x81 \xff \x01 a B DEFAULTSPACE MODEL = %s";
     const DWORD start = ::GetTickCount();
@@ -240,7 +240,7 @@ TEST_CASE("whatever a file holds, reading it ends, and its record fits its lines
         Tesk::CSettingsFileReader reader(settings, "C:\\");
         std::size_t lines = 0, bytes = 0, closed = 0;
         for (std::size_t count = random.below(60); count > 0; --count) {
-            std::string sLine = random.text(szPieces, random.once(4) ? 20 : 1);
+            std::string sLine = random.text(sPieces, random.once(4) ? 20 : 1);
             if (random.once(3))
                 sLine.insert(random.below(sLine.size() + 1), " ");
             if (random.once(500))

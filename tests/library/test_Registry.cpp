@@ -12,29 +12,29 @@ namespace Registry = Tesk::Registry;
 
 namespace {
 
-constexpr char c_key[] = "Software\\Zavik\\Test";
+constexpr char kKey[] = "Software\\Zavik\\Test";
 
-void writeRaw(const char* szName, DWORD dwType, const std::string& sBytes)
+void writeRaw(const char* sName, DWORD dwType, const std::string& sBytes)
 {
-    const Registry::CKey key(HKEY_CURRENT_USER, c_key, true);
-    REQUIRE(::RegSetValueExA(key.get(), szName, 0, dwType, reinterpret_cast<const BYTE*>(sBytes.data()),
+    const Registry::CKey key(HKEY_CURRENT_USER, kKey, true);
+    REQUIRE(::RegSetValueExA(key.get(), sName, 0, dwType, reinterpret_cast<const BYTE*>(sBytes.data()),
                              static_cast<DWORD>(sBytes.size())) == ERROR_SUCCESS);
 }
 
 // The same characters as the registry keeps them: two bytes each. What a
 // narrow write would tidy up stays as it is.
-void writeRawWide(const char* szName, DWORD dwType, const std::wstring& sText, size_t oddBytes = 0)
+void writeRawWide(const char* sName, DWORD dwType, const std::wstring& sText, std::size_t oddBytes = 0)
 {
-    const Registry::CKey key(HKEY_CURRENT_USER, c_key, true);
-    const std::wstring sName(szName, szName + std::char_traits<char>::length(szName));
-    REQUIRE(::RegSetValueExW(key.get(), sName.c_str(), 0, dwType, reinterpret_cast<const BYTE*>(sText.data()),
+    const Registry::CKey key(HKEY_CURRENT_USER, kKey, true);
+    const std::wstring sWide(sName, sName + std::char_traits<char>::length(sName));
+    REQUIRE(::RegSetValueExW(key.get(), sWide.c_str(), 0, dwType, reinterpret_cast<const BYTE*>(sText.data()),
                              static_cast<DWORD>(sText.size() * 2 + oddBytes)) == ERROR_SUCCESS);
 }
 
 template <class T>
-bool get(const char* szName, T& value)
+bool get(const char* sName, T& value)
 {
-    return Registry::GetValue(HKEY_CURRENT_USER, c_key, szName, value);
+    return Registry::GetValue(HKEY_CURRENT_USER, kKey, sName, value);
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ TEST_CASE("strings are read with and without a terminator, unexpanded, and from 
     const struct {
         DWORD m_dwType;
         std::wstring m_sText;
-        size_t m_oddBytes;
+        std::size_t m_oddBytes;
         bool m_bRead;
         const char* m_sValue;
     } cases[] = {
@@ -126,7 +126,7 @@ TEST_CASE("string lists end at the first empty string but one that comes first, 
         std::vector<CString> vValues = {"before"};
         CHECK(get("v", vValues));
         REQUIRE(vValues.size() == each.m_vValues.size() + 1);
-        for (size_t i = 0; i < each.m_vValues.size(); ++i)
+        for (std::size_t i = 0; i < each.m_vValues.size(); ++i)
             CHECK(vValues[i + 1] == each.m_vValues[i]);
     }
     writeRawWide("v", REG_SZ, L"a\0"s);
@@ -141,9 +141,9 @@ TEST_CASE("a missing key or value changes nothing")
     DWORD dwValue = 5;
     CHECK_FALSE(get("v", dwValue));
     HKEY hkKey = HKEY_CLASSES_ROOT;
-    CHECK_FALSE(Registry::OpenKey(HKEY_CURRENT_USER, c_key, hkKey, false));
+    CHECK_FALSE(Registry::OpenKey(HKEY_CURRENT_USER, kKey, hkKey, false));
     CHECK(hkKey == HKEY_CLASSES_ROOT);
-    CHECK(Registry::SetValue(HKEY_CURRENT_USER, c_key, "w", DWORD{1}));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, kKey, "w", DWORD{1}));
     CHECK_FALSE(get("v", dwValue));
     CHECK(dwValue == 5);
 }
@@ -151,17 +151,17 @@ TEST_CASE("a missing key or value changes nothing")
 TEST_CASE("writing makes the key with its parents; values come back with their type")
 {
     const CTestHive hive;
-    const char* const szDeep = "Software\\A\\B\\C";
-    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "n", DWORD{42}));
-    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "b", true));
-    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "s", "text"));
-    CHECK(Registry::SetValue(HKEY_CURRENT_USER, szDeep, "", CString("default")));
-    const Registry::CKey key(HKEY_CURRENT_USER, szDeep, false);
+    const char* const sDeep = "Software\\A\\B\\C";
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "n", DWORD{42}));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "b", true));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "s", "text"));
+    CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "", CString("default")));
+    const Registry::CKey key(HKEY_CURRENT_USER, sDeep, false);
     REQUIRE(key);
-    const auto typeAndSize = [&key](const char* szName) {
+    const auto typeAndSize = [&key](const char* sName) {
         DWORD dwType = 0;
         DWORD dwSize = 0;
-        ::RegQueryValueExA(key.get(), szName, nullptr, &dwType, nullptr, &dwSize);
+        ::RegQueryValueExA(key.get(), sName, nullptr, &dwType, nullptr, &dwSize);
         return dwType * 100 + dwSize;
     };
     CHECK(typeAndSize("n") == REG_DWORD * 100 + 4);

@@ -21,9 +21,9 @@ public:
     }
 
     // The value of a keyword; "(none)" when it is not in the table.
-    std::string value(const char* szKeyword) const
+    std::string value(const char* sKeyword) const
     {
-        const auto found = m_mapKeywords.find(szKeyword);
+        const auto found = m_mapKeywords.find(sKeyword);
         return found == m_mapKeywords.end() ? "(none)" : found->second;
     }
     using CKeywordExpansion::addToMap;

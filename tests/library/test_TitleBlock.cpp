@@ -17,7 +17,7 @@ std::string expand(host::Database& database, const char* sTemplate)
     return CARXKeywordExpansion(&database, database.path().c_str(), 1, 1).expandString(sTemplate).str();
 }
 
-const char c_sTemplate[] = "%HALVORAN::NO%|%HALVORAN_PROJECT_LABEL%";
+const char kSTemplate[] = "%HALVORAN::NO%|%HALVORAN_PROJECT_LABEL%";
 
 // Three borders, each defined by another settings file.
 DrawingText threeBorders()
@@ -33,21 +33,21 @@ TEST_CASE_FIXTURE(DrawingFixture, "project, domain and standard settings are ask
     settings(sDomain, "Domain label", "BORDER \"A1\" \"DOM\"\r\nNo 'NR'");
     settings(sStandard, "Standard label", "BORDER \"A1\" \"STD\"\r\nNO NR");
     const auto database = open(threeBorders());
-    CHECK(expand(*database, c_sTemplate) == "p1|Job 1234");
+    CHECK(expand(*database, kSTemplate) == "p1|Job 1234");
 
     // A project file that defines none of the drawing's borders still names the project.
     settings(sProject, "Job 1234", "BORDER \"A1\" \"OTHER\"\r\nNO NR");
-    CHECK(expand(*database, c_sTemplate) == "d1|Job 1234");
+    CHECK(expand(*database, kSTemplate) == "d1|Job 1234");
 
     ::DeleteFileA(tree().path(sProject).c_str());
-    CHECK(expand(*database, c_sTemplate) == "d1|%HALVORAN_PROJECT_LABEL%");
+    CHECK(expand(*database, kSTemplate) == "d1|%HALVORAN_PROJECT_LABEL%");
 
     ::DeleteFileA(tree().path(sDomain).c_str());
-    CHECK(expand(*database, c_sTemplate) == "s1|%HALVORAN_PROJECT_LABEL%");
+    CHECK(expand(*database, kSTemplate) == "s1|%HALVORAN_PROJECT_LABEL%");
     CHECK(std::string(Tesk::getCurrentBorder().m_sBlockName) == "STD");
 
     ::DeleteFileA(tree().path(sStandard).c_str());
-    CHECK(expand(*database, c_sTemplate) == c_sTemplate);
+    CHECK(expand(*database, kSTemplate) == kSTemplate);
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists wins, inserted or not")
@@ -59,7 +59,7 @@ TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists win
     CARXTitleBlock title(database.get(), database->path().c_str());
     CHECK_FALSE(title.hasInstance());
     CHECK(title.isProject());
-    CHECK(expand(*database, c_sTemplate) == "%HALVORAN::NO%|Job");
+    CHECK(expand(*database, kSTemplate) == "%HALVORAN::NO%|Job");
 
     // The border is inserted after the drawing was opened.
     REQUIRE(database->insertBlock("EMPTY", 0, 0) == Acad::eOk);

@@ -29,11 +29,11 @@ class CInstallation {
 public:
     explicit CInstallation(const std::string& sFolder) : m_hPrevious(G_hCurrentModule)
     {
-        char szProgram[MAX_PATH];
-        ::GetModuleFileNameA(nullptr, szProgram, sizeof szProgram);
+        char sProgram[MAX_PATH];
+        ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
         m_tree.folder(sFolder);
         const std::string sModule = m_tree.path(sFolder + "Module.arx");
-        REQUIRE(::CopyFileA(szProgram, sModule.c_str(), TRUE));
+        REQUIRE(::CopyFileA(sProgram, sModule.c_str(), TRUE));
         m_hModule = ::LoadLibraryExA(sModule.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
         REQUIRE(m_hModule);
         G_hCurrentModule = m_hModule;
@@ -113,9 +113,9 @@ TEST_CASE("files and folders are told apart")
         CHECK(!fileExists(sNone.c_str()));
         CHECK(!folderExists(sNone.c_str()));
     }
-    char szCurrent[MAX_PATH];
-    ::GetCurrentDirectoryA(sizeof szCurrent, szCurrent);
-    CHECK(folderExists(std::string(szCurrent, 3).c_str()));
+    char sCurrent[MAX_PATH];
+    ::GetCurrentDirectoryA(sizeof sCurrent, sCurrent);
+    CHECK(folderExists(std::string(sCurrent, 3).c_str()));
 }
 
 TEST_CASE("the search upwards takes the nearest folder and ends at the root")
@@ -124,7 +124,7 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
     tree.write("Jobs\\ProjectSettings.txt");
     tree.write("Jobs\\1234\\ProjectSettings.txt");
     tree.folder("Jobs\\1234\\Dwg\\Arch\\");
-    const auto find = [&](const char* szBelow) { return findProjectFolder(tree.path(szBelow).c_str()).str(); };
+    const auto find = [&](const char* sBelow) { return findProjectFolder(tree.path(sBelow).c_str()).str(); };
     CHECK(find("Jobs\\1234\\Dwg\\Arch") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234\\Dwg\\Arch\\") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234") == tree.path("Jobs\\1234\\"));
@@ -182,20 +182,20 @@ TEST_CASE("the registered domain settings folder comes first, and an administrat
     tree.folder("Admin\\");
     tree.folder("DomainSettings\\");
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
-    const char* const szName = "Domain Settings";
+    const char* const sName = "Domain Settings";
     const auto registered = [&] { return getDomainSettingsFolder().str(); };
 
-    Registry::SetValue(HKEY_CURRENT_USER, sKey, szName, tree.path("gone").c_str());
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, tree.path("gone").c_str());
     CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == tree.path("DomainSettings\\"));
-    Registry::SetValue(HKEY_CURRENT_USER, sKey, szName, tree.path("User").c_str());
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, tree.path("User").c_str());
     CHECK(registered() == tree.path("User"));
-    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey, szName, tree.path("Admin").c_str());
+    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey, sName, tree.path("Admin").c_str());
     CHECK(registered() == tree.path("User"));  // without a stamp nothing is copied
-    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey + "\\Stamps", szName, "1");
+    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey + "\\Stamps", sName, "1");
     CHECK(registered() == tree.path("Admin"));
-    Registry::SetValue(HKEY_CURRENT_USER, sKey, szName, tree.path("User").c_str());
+    Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, tree.path("User").c_str());
     CHECK(registered() == tree.path("User"));  // the same stamp: the user's choice stays
-    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey + "\\Stamps", szName, "2");
+    Registry::SetValue(HKEY_LOCAL_MACHINE, sKey + "\\Stamps", sName, "2");
     CHECK(registered() == tree.path("Admin"));
 }
 
@@ -264,11 +264,11 @@ TEST_CASE("copies of a settings file run from the most general to the most speci
     CHECK(sRelease == "16.0");
 
     CStringList vecExpected;
-    for (const char* szFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
-                                 "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
+    for (const char* sFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
+                                "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
         for (const std::string& sName :
              {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini", "Tabs" + sProduct + "_" + sRelease + ".ini"})
-            vecExpected.push_back(tree.write(szFolder + sName, "where = " + sName));
+            vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName));
     }
     tree.write("Job1\\ProjectSettings.txt");
     tree.write("Job2\\ProjectSettings.txt");

@@ -45,9 +45,9 @@ TEST_CASE("a time by its format")
     CHECK(formatTime(-1, "|Y", true) == "");
 
     const tm* const pLocal = ::_localtime64(&moment);
-    char szHour[16];
-    ::strftime(szHour, sizeof szHour, "%d %H", pLocal);
-    CHECK(formatTime(moment, "|d |H", false) == szHour);
+    char sHour[16];
+    ::strftime(sHour, sizeof sHour, "%d %H", pLocal);
+    CHECK(formatTime(moment, "|d |H", false) == sHour);
 }
 
 TEST_CASE("a directive that the C runtime does not know gives an empty text")

@@ -10,34 +10,34 @@
 
 namespace {
 
-constexpr UINT c_actMessage = WM_APP + 1;
+constexpr UINT kActMessage = WM_APP + 1;
 std::function<void()> g_act;
 
 LRESULT CALLBACK actingWindow(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (uMessage == c_actMessage)
+    if (uMessage == kActMessage)
         g_act();
     return ::DefWindowProcA(hWnd, uMessage, wParam, lParam);
 }
 
 // Runs the action in the message loop of an assertion box; how many boxes there were.
-size_t actInsideBox(std::function<void()> act)
+std::size_t actInsideBox(std::function<void()> act)
 {
     const HWND hWnd = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     ::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(actingWindow));
     g_act = std::move(act);
-    CBoxCloser closer(hWnd, c_actMessage);
+    CBoxCloser closer(hWnd, kActMessage);
     TESK_ASSERT_TEXT(false, "outer");
-    const size_t boxes = closer.stop().size();
+    const std::size_t boxes = closer.stop().size();
     ::DestroyWindow(hWnd);
     return boxes;
 }
 
-__attribute__((noinline)) size_t framesAtDepth(int iDepth)
+__attribute__((noinline)) std::size_t framesAtDepth(int iDepth)
 {
     if (iDepth == 0)
         return Tesk::CStackWalker().getFrames().size();
-    const volatile size_t count = framesAtDepth(iDepth - 1);  // volatile: no tail call
+    const volatile std::size_t count = framesAtDepth(iDepth - 1);  // volatile: no tail call
     return count;
 }
 
@@ -115,7 +115,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "start and stop assert their preconditions an
     std::string sAll;
     const std::string sLog = log();
     const std::string sBefore = "Assertion in \"" + moduleName().str() + "\" (";
-    for (size_t at = 0; (at = sLog.find(sBefore, at)) != std::string::npos;) {
+    for (std::size_t at = 0; (at = sLog.find(sBefore, at)) != std::string::npos;) {
         at += sBefore.size();
         sAll += sLog.substr(at, sLog.find(").\r\n", at) - at) + "; ";
     }
@@ -128,7 +128,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "start and stop assert their preconditions an
 
 TEST_CASE("the call stack has a frame a call, at most fifty")
 {
-    const size_t here = framesAtDepth(0);
+    const std::size_t here = framesAtDepth(0);
     CHECK(here >= 2);
     CHECK(framesAtDepth(5) == here + 5);
     CHECK(framesAtDepth(200) == 50);

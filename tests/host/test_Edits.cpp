@@ -3,7 +3,7 @@
 #include "host/drawing/Memory.h"
 #include "host/drawing/SummaryInfo.h"
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 using host::Database;
 

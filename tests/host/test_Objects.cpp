@@ -4,7 +4,7 @@
 #include "host/drawing/Memory.h"
 #include "objectarx/dbapserv.h"
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 using host::Database;
 using host::Faults;

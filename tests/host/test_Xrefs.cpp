@@ -1,6 +1,6 @@
 #include "tests/host/DrawingFixture.h"
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 using host::Database;
 

@@ -16,8 +16,8 @@ using Tesk::CDefaultSettingsException;
 
 namespace {
 
-constexpr LCID c_chinese = MAKELCID(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED), SORT_DEFAULT);
-constexpr LCID c_russian = MAKELCID(MAKELANGID(LANG_RUSSIAN, SUBLANG_DEFAULT), SORT_DEFAULT);
+constexpr LCID kChinese = MAKELCID(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED), SORT_DEFAULT);
+constexpr LCID kRussian = MAKELCID(MAKELANGID(LANG_RUSSIAN, SUBLANG_DEFAULT), SORT_DEFAULT);
 
 Lines toLines(const std::vector<CString>& vLines)
 {
@@ -80,7 +80,7 @@ TEST_CASE("letters are folded in the thread's code page, others are not")
               Lines{"\x8A=6", "\xD7=3", "\xC4=2", "\xF7=4"});
     }
     {
-        const CThreadLocale russian(c_russian);
+        const CThreadLocale russian(kRussian);
         CHECK(contentsOf(folder, "[\xC6]\n\xC0=1\n[\xE6]\n\xE0=2\n\xA8=3\n\xB8=4") ==
               Lines{"[\xC6]", "\xA8=4", "\xC0=2"});
     }
@@ -108,7 +108,7 @@ TEST_CASE("double-byte characters whose second byte looks like syntax")
             CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
         }
     }
-    const CThreadLocale chinese(c_chinese);
+    const CThreadLocale chinese(kChinese);
     CHECK(contentsOf(folder, "[\x81\x5D\xB0\x5D]\n\x81\x5C=1\n\x81\x7C=2\n\xA3\xC1=3\n\xA3\xE1=4") ==
           Lines{"[\x81\x5D\xB0\x5D]", "\x81\x5C=1", "\x81\x7C=2", "\xA3\xC1=4"});
 }
@@ -194,7 +194,7 @@ TEST_CASE("the text of every code")
     exception.setFileName("C:\\Data\\a.ini");
     CHECK(exception.getErrorText(sText));
     CHECK(sText == "Error (<<C:\\Data\\a.ini>> @ line 3) : Unknown error (extra).");
-    exception.setLine(CDefaultSettingsException::c_noLine);
+    exception.setLine(CDefaultSettingsException::kNoLine);
     CHECK(exception.getErrorText(sText));
     CHECK(sText == "Error (<<C:\\Data\\a.ini>>) : Unknown error (extra).");
     char sShort[6];
@@ -231,13 +231,13 @@ TEST_CASE("generated and mutated files for a bounded time")
     const DWORD dwSeconds = 2;
 #endif
     const DWORD dwStart = ::GetTickCount();
-    const LCID locales[] = {CThreadLocale::english, CThreadLocale::japanese, c_chinese};
+    const LCID locales[] = {CThreadLocale::english, CThreadLocale::japanese, kChinese};
     int iRuns = 0;
     for (; ::GetTickCount() - dwStart < dwSeconds * 1000; ++iRuns) {
         const CThreadLocale locale(locales[random.below(3)]);
         std::string sBytes = random.once(3) ? "\xFF\xFE" : "";
         sBytes += random.text("[ ] [a] = ; \n \r\n \r \t k K \x81 \x83\x5D \x82\x60 \x82\x81 \xC4=1\n \xFF \x80", 60);
-        for (size_t n = random.below(4); n > 0 && !sBytes.empty(); --n)
+        for (std::size_t n = random.below(4); n > 0 && !sBytes.empty(); --n)
             sBytes[random.below(sBytes.size())] = static_cast<char>(random.below(256));
         CAPTURE(random.seed());
         CAPTURE(sBytes);
@@ -247,7 +247,7 @@ TEST_CASE("generated and mutated files for a bounded time")
         if (!sMessage.empty())
             REQUIRE(sMessage.find("Tokenising error.") != std::string::npos);
         CString sSection;
-        size_t keys = 0;
+        std::size_t keys = 0;
         for (const CString& sLine : settings.getContents()) {
             const bool bNul = sLine.str().find('\0') != std::string::npos;
             if (sLine[0] != '[' && !bNul && sSection.str().find('\0') == std::string::npos)

@@ -9,10 +9,10 @@ namespace {
 
 bool matches(const std::string& sText, const char* sPattern) { return std::regex_match(sText, std::regex(sPattern)); }
 
-size_t count(const std::string& sText, const std::string& sWhat)
+std::size_t count(const std::string& sText, const std::string& sWhat)
 {
-    size_t n = 0;
-    for (size_t at = 0; (at = sText.find(sWhat, at)) != std::string::npos; at += sWhat.size())
+    std::size_t n = 0;
+    for (std::size_t at = 0; (at = sText.find(sWhat, at)) != std::string::npos; at += sWhat.size())
         ++n;
     return n;
 }
@@ -112,7 +112,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
     CHECK(count(sLog, "\r\nFolders::SystemRoot=") == 1);
     CHECK(count(sLog, "\r\nPathLocation::LOCATION_FILE_MODULE=") == 1);
     CHECK(count(sLog, "\r\nPathLocation::LOCATION_DIR_USERZAVIKDATA=") == 1);
-    const size_t end = sLog.find("\r\n:-------------------------\r\n:\r\n");
+    const std::size_t end = sLog.find("\r\n:-------------------------\r\n:\r\n");
     REQUIRE(end != std::string::npos);
     CHECK(matches(sLog.substr(end + 33), "\\[\\d\\d:\\d\\d:\\d\\d\\] Test : first 1\r\n"
                                          "\\[\\d\\d:\\d\\d:\\d\\d\\] Test : second\r\n"));
@@ -133,11 +133,11 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a log that cannot be written disturbs nobody
 TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 characters")
 {
     startAt(2);
-    for (const size_t length : {0u, 50u, 113u, 114u, 115u, 1000u, 5000u}) {
+    for (const std::size_t length : {0u, 50u, 113u, 114u, 115u, 1000u, 5000u}) {
         CAPTURE(length);
         commandLinePieces().clear();
         TESK_TRACE("%s\n\n", std::string(length, 'x').c_str());
-        const size_t whole = 18 + length + 1;  // "[hh:mm:ss] Test : " and the line feed
+        const std::size_t whole = 18 + length + 1;  // "[hh:mm:ss] Test : " and the line feed
         CHECK(joined().size() == whole);
         CHECK(count(joined(), "\n") == 1);
         CHECK(commandLinePieces().size() == (whole + 131) / 132);

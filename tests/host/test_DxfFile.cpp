@@ -1,7 +1,7 @@
 #include "tests/host/DrawingFixture.h"
 #include "tests/support/FolderFrom.h"
 
-#include "doctest/doctest.h"
+#include <doctest/doctest.h>
 
 using host::Database;
 using host::DxfFile;
