@@ -16,6 +16,9 @@ namespace __gnu_cxx {
 void __freeres();
 }  // namespace __gnu_cxx
 
+// Where this image begins, which is its instance; the linker's name for it.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
 std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
 namespace {
@@ -156,7 +159,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt)
 void initApplication()
 {
     AfxSetExceptionHook(&traceWindowException);
-    Tesk::initialiseLibrary(kApplicationName, AfxGetInstanceHandle(), false);
+    Tesk::initialiseLibrary(kApplicationName, reinterpret_cast<HINSTANCE>(&__ImageBase), false);
     CMDITabSettings::assertNoDefaultSettings();
     reapplyDiagnosticsLevel();
     // Whatever becomes of the strip, its options can be reached.

@@ -5,7 +5,7 @@
 #include "mfc/CDataExchange.h"
 #include "mfc/CWnd.h"
 
-class CDialog : public CWnd {
+class CADMFC_API CDialog : public CWnd {
 public:
     // Template nIDTemplate of AfxGetResourceHandle().
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr) : m_templateId(nIDTemplate), m_parent(pParentWnd) {}
