@@ -41,12 +41,12 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a failed assertion shows its box, is written
     const CString sModule = moduleName();
     CHECK(box.title == "Assertion Failure: " + sModule.str());
     CString sStart;
-    sStart.Format("Module : <%s>\nAssertion : <iValue == 4>\nFile : <AssertionTest>\nLine : %d\n\n%s + 0x",
+    sStart.Format("Module : <%s>\nAssertion : <iValue == 4>\nFile : <test_Assertion>\nLine : %d\n\n%s + 0x",
                   sModule.GetString(), iLine, sModule.GetString());
     CAPTURE(box.text);
     CHECK(box.text.starts_with(sStart.str()));
     CString sShort;
-    sShort.Format("] AssertionTest(%d): Assertion in \"%s\" (iValue == 4).\r\n[", iLine, sModule.GetString());
+    sShort.Format("] test_Assertion(%d): Assertion in \"%s\" (iValue == 4).\r\n[", iLine, sModule.GetString());
     CHECK(log().find(sShort.str()) != std::string::npos);
     CHECK(commandLinePieces().empty());  // reports are not echoed
 }
