@@ -42,6 +42,8 @@ CommandLineArguments parse(int count, char** words)
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
     host::reportCrashes();
+    // The time zone is the system's: the C runtime would misread a zone's Unix name.
+    ::_putenv("TZ=");
     const CommandLineArguments arguments = parse(__argc, __argv);
     host::Options options;
     options.standardOutput = true;
