@@ -8,6 +8,7 @@ import pathlib
 import re
 import shutil
 import subprocess
+import time
 import unittest
 
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
@@ -18,6 +19,10 @@ MODULE = r"install\ZavikMDITabs\ZavikMDITabs.arx"
 OPTIONS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\ZavikMDITabs"
 DIAGNOSTICS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\Halvoran"
 READ_ONLY = ["Projects/Station/Drawings/S-201 issued.dwg", "Projects/Riverside/Xrefs/Survey.dwg"]
+
+# The time zone of what tools/wine runs is ours too.
+os.environ["TZ"] = "EST5EDT"
+time.tzset()
 
 # The options dialog's controls.
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
@@ -91,9 +96,8 @@ class Transcript:
 
     @property
     def tips(self):
-        """(title, text) of each HOVER, line feeds in the text as such."""
-        matches = filter(None, map(TIP.match, self.lines))
-        return [(m["title"], m["text"].replace("\\n", "\n")) for m in matches]
+        r"""(title, text) of each HOVER; a line feed in the text stands as \n, as a path's may."""
+        return [(m["title"], m["text"]) for m in filter(None, map(TIP.match, self.lines))]
 
     @property
     def menus(self):

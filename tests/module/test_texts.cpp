@@ -1,9 +1,9 @@
 // The strip's texts: from which files, how they are read, and what damaged files cost.
-#include "Answers.h"
 #include "ModuleFixture.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/DefaultSettingsException.h"
 #include "settings/MDITabSettings.h"
+#include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
 using Texts = std::vector<std::string>;
