@@ -9,7 +9,7 @@ using host::Database;
 
 namespace {
 
-std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sVersion = "AC1018",
+std::unique_ptr<Database> border(const CTestFolder& folder, const std::string& sVersion = "AC1018",
                                  const std::string& sHeader = "")
 {
     const std::string sBytes =
@@ -32,9 +32,9 @@ std::string summaryText(Database& database)
 
 TEST_CASE("edits are heard after DBMOD is set, and undo takes them back")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
-    const std::string sBytes = readBytes(database->path());
+    const std::string sBytes = CTestFolder::read(database->path());
     RecordingReactor reactor;
     REQUIRE(database->addReactor(&reactor) == Acad::eOk);
 
@@ -96,10 +96,10 @@ TEST_CASE("what cannot be edited answers a status and changes nothing")
 
 TEST_CASE("DBMOD is 0 exactly in the saved state")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     database->addLine(0, 0, 1, 1);
-    database->save(folder.file("saved.dwg"));
+    database->save(folder.path("saved.dwg"));
     CHECK(database->dbmod() == 0);
     // Away from the saved state backwards, and there again.
     REQUIRE(database->undo());
@@ -113,22 +113,22 @@ TEST_CASE("DBMOD is 0 exactly in the saved state")
     REQUIRE(database->undo());
     CHECK(database->dbmod() == 1);
     // What is no edit stays beside what is.
-    database->save(folder.file("saved.dwg"));
+    database->save(folder.path("saved.dwg"));
     database->markModified(Database::kView);
     database->addLine(0, 0, 1, 1);
     CHECK(database->dbmod() == 17);
     REQUIRE(database->undo());
     CHECK(database->dbmod() == 16);
 
-    database->dxfIn(folder.file("saved.dwg"));
+    database->dxfIn(folder.path("saved.dwg"));
     CHECK(database->dbmod() == 17);
-    CHECK_THROWS_AS(database->dxfIn(folder.file("none.dwg")), host::FileError);
+    CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), host::FileError);
     CHECK(references(*database, "Border").size() == 1);
 }
 
 TEST_CASE("an object edited through the API is told of once open and once closed")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     const AcDbObjectId insert = references(*database, "Border").at(0);
     AcDbEntity* pEntity = nullptr;
@@ -155,12 +155,12 @@ TEST_CASE("an object edited through the API is told of once open and once closed
 
 TEST_CASE("an insert takes the defaults of its block's attributes")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     for (const char* sVersion : {"AC1009", "AC1018"}) {
         std::unique_ptr<Database> database = border(folder, sVersion);
         REQUIRE(database->insertBlock("BORDER", 10, 20) == Acad::eOk);
-        database->save(folder.file("inserted.dwg"));
-        database = Database::open(folder.file("inserted.dwg"));
+        database->save(folder.path("inserted.dwg"));
+        database = Database::open(folder.path("inserted.dwg"));
         const std::vector<AcDbObjectId> ids = references(*database, "border");
         REQUIRE(ids.size() == 2);
         CHECK(attributes(ids[1]) == "NUMBER=none");
@@ -204,7 +204,7 @@ TEST_CASE("reactors are kept in order, once each, and may go while they are told
 
 TEST_CASE("summary information is kept where the version keeps it")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     const std::string sObjects = dxf("0=SECTION|2=OBJECTS|0=DICTIONARY|5=C|330=0|100=AcDbDictionary|0=ENDSEC|0=EOF");
     for (const std::string sVersion : {"AC1009", "AC1015", "AC1018", "AC1027"}) {
         CAPTURE(sVersion);
@@ -227,12 +227,13 @@ TEST_CASE("summary information is kept where the version keeps it")
         CHECK(acdbPutSummaryInfo(pInfo, database.get()) == Acad::eOk);
         CHECK(acdbPutSummaryInfo(pInfo) == Acad::eNoDatabase);
         CHECK(database->dbmod() != 0);
-        database->save(folder.file("put.dwg"));
+        database->save(folder.path("put.dwg"));
         CHECK(acdbPutSummaryInfo(pInfo, database.get()) == Acad::eOk);
         CHECK(database->dbmod() == 0);
-        CHECK((readBytes(folder.file("put.dwg")).find("DWGPROPS") != std::string::npos) == (sVersion == "AC1015"));
+        CHECK((CTestFolder::read(folder.path("put.dwg")).find("DWGPROPS") != std::string::npos) ==
+              (sVersion == "AC1015"));
 
-        database = Database::open(folder.file("put.dwg"));
+        database = Database::open(folder.path("put.dwg"));
         CHECK(summaryText(*database) == "Title \xFC|||||||http://x|B=v=1|A=v=1|A=v=1|");
         CHECK(pInfo->deleteCustomSummaryInfo(0) == Acad::eOk);
         CHECK(acdbPutSummaryInfo(pInfo, database.get()) == Acad::eOk);

@@ -11,12 +11,12 @@ using host::Faults;
 
 namespace {
 
-std::unique_ptr<Database> opened(const TempFolder& folder, const std::string& sBytes)
+std::unique_ptr<Database> opened(const CTestFolder& folder, const std::string& sBytes)
 {
     return Database::open(folder.write("drawing.dwg", sBytes));
 }
 
-std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sVersion = "AC1015")
+std::unique_ptr<Database> border(const CTestFolder& folder, const std::string& sVersion = "AC1015")
 {
     return opened(folder, drawing(sVersion, "|9=$HANDSEED|5=99", kBorderBlock, kBorderInsert));
 }
@@ -47,7 +47,7 @@ std::string blockWalk(Database& database)
 
 TEST_CASE("blocks, references and attributes are found in every version")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     for (const char* sVersion : {"AC1009", "AC1015", "AC1018", "AC1032"}) {
         CAPTURE(sVersion);
         std::unique_ptr<Database> database = border(folder, sVersion);
@@ -64,7 +64,7 @@ TEST_CASE("blocks, references and attributes are found in every version")
 
 TEST_CASE("an attribute gives its properties")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     acdbHostApplicationServices()->setWorkingDatabase(database.get());
     ads_name name;
@@ -103,7 +103,7 @@ TEST_CASE("an attribute gives its properties")
 
 TEST_CASE("opening and closing are strict")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     const AcDbObjectId id = references(*database, "BORDER").at(0);
     AcDbObject *pFirst = nullptr, *pSecond = nullptr;
@@ -143,7 +143,7 @@ TEST_CASE("opening and closing are strict")
 
 TEST_CASE("references come in drawing order over model space, paper space and blocks")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     const std::string sBlocks = "|0=BLOCK|8=0|2=Nest|70=0|0=INSERT|5=50|8=0|2=Part|0=ENDBLK|8=0"
                                 "|0=BLOCK|8=0|2=Part|70=0|0=ENDBLK|8=0|0=BLOCK|8=0|2=*U1|70=1|0=ENDBLK|8=0";
     const std::string sEntities =
@@ -166,7 +166,7 @@ TEST_CASE("references come in drawing order over model space, paper space and bl
 
 TEST_CASE("the n-th call of a kind fails, and nothing stays open or allocated")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     const AcDbObjectId id = references(*database, "BORDER").at(0);
     const long allocations = host::liveAllocations();
