@@ -2,7 +2,7 @@
 
 #include "host/drawing/FileError.h"
 #include "host/observation/Deflate.h"
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 namespace host::observation {
 

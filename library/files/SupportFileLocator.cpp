@@ -5,8 +5,8 @@
 #include "library/drawing/ARXVariable.h"
 #include "library/files/PathParts.h"
 #include "library/registry/Registry.h"
+#include "library/system/Handles.h"
 #include "library/text/MultiByte.h"
-#include "mfc/handles.h"
 
 #include <windows.h>
 
