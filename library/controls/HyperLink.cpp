@@ -1,7 +1,6 @@
 #include "library/controls/HyperLink.h"
 
 #include "library/text/MultiByte.h"
-#include "mfc/handles.h"
 
 #include <shellapi.h>
 

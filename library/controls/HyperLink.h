@@ -3,6 +3,7 @@
 // A link in a dialog: a static text, underlined, that opens a web or a mail address by
 // the shell when it is clicked, or with the space bar or Enter while it has the focus.
 
+#include "library/system/Handles.h"
 #include "mfc/afxwin.h"
 
 class CHyperLink : public CWnd {

@@ -1,7 +1,7 @@
 #include "library/mail/SimpleMail.h"
 
 #include "library/registry/Registry.h"
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 #include <mapi.h>
 
