@@ -183,25 +183,29 @@ bool Application::dispatch(const std::string& sLine)
 
 bool Application::closeDocument(Document& document)
 {
-    if (document.isModified()) {
-        if (isScripted()) {
-            m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
-        } else {
-            switch (m_frame->askAboutChanges(document)) {
-            case IDCANCEL:
-                return false;
-            case IDYES:
-                m_documents.setCurrent(&document);
-                if (!runLine("_QSAVE", true) || document.isModified())
-                    return false;
-                break;
-            default:
-                break;
-            }
-        }
+    if (document.isModified() && !settleChanges(document)) {
+        m_editor.notify(&AcEditorReactor::docCloseAborted, document.database());
+        return false;
     }
     m_documents.close(document);
     return true;
+}
+
+bool Application::settleChanges(Document& document)
+{
+    if (isScripted()) {
+        m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
+        return true;
+    }
+    switch (m_frame->askAboutChanges(document)) {
+    case IDCANCEL:
+        return false;
+    case IDYES:
+        m_documents.setCurrent(&document);
+        return runLine("_QSAVE", true) && !document.isModified();
+    default:
+        return true;
+    }
 }
 
 bool Application::quit()

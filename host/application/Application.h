@@ -87,6 +87,7 @@ public:
 private:
     bool runNextInput();
     bool dispatch(const std::string& sLine);
+    bool settleChanges(Document& document);
 
     static Application* s_pInstance;
 

@@ -43,6 +43,14 @@ void click(Application& application, const Arguments& a)
     postMouse(tabs.window(), WM_LBUTTONUP, 0, middle);
 }
 
+// MIDDLECLICK n, or MIDDLECLICK n m: pressed on one tab and released on another.
+void middleClick(Application& application, const Arguments& a)
+{
+    const Strip tabs(application.frame().m_hWnd);
+    postMouse(tabs.window(), WM_MBUTTONDOWN, MK_MBUTTON, tabs.middleOf(a.integer(0)));
+    postMouse(tabs.window(), WM_MBUTTONUP, 0, tabs.middleOf(a.integer(a.size() > 1 ? 1 : 0)));
+}
+
 void hover(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
@@ -128,7 +136,7 @@ constexpr Command kCommands[] = {
     {"STRIP", strip, true}, {"CLICK", click},         {"HOVER", hover},
     {"MENU", menu},         {"DIALOG", dialog, true}, {"PRESS", pressControl, true},
     {"KEY", key, true},     {"SHOT", shot, true},     {"WAIT", wait, true},
-    {"BENCH", bench},       {"RESOURCES", resources},
+    {"BENCH", bench},       {"RESOURCES", resources}, {"MIDDLECLICK", middleClick},
 };
 
 }  // namespace
