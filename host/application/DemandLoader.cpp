@@ -3,7 +3,7 @@
 #include "host/application/CommandLine.h"
 #include "host/application/DynamicLinker.h"
 #include "host/application/Paths.h"
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 #include <algorithm>
 
