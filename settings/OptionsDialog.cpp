@@ -1,7 +1,7 @@
 #include "settings/OptionsDialog.h"
 
 #include "library/diagnostics/Maintenance.h"
-#include "module/resource.h"
+#include "settings/resource.h"
 
 namespace {
 

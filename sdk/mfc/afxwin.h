@@ -9,4 +9,3 @@
 #include "mfc/CWnd.h"
 #include "mfc/MessagePump.h"
 #include "mfc/afx.h"
-#include "mfc/handles.h"
