@@ -1,6 +1,7 @@
 // cadhost [/nologo] [/assume NAME]... [/ld MODULE] [/b SCRIPT] [DRAWING...]: a stand-in CAD host.
 // With a script it plays that and ends; its exit code is 0 when all went well.
 
+#include "host/CrashReport.h"
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
 #include "host/drawing/Assumptions.h"
@@ -45,6 +46,7 @@ CommandLineArguments parse(int count, char** words)
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
+    host::reportCrashes();
     const CommandLineArguments arguments = parse(__argc, __argv);
     host::Options options;
     options.standardOutput = true;

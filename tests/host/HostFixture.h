@@ -4,19 +4,17 @@
 
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
-#include "tests/host/DrawingFixture.h"
+#include "tests/support/TestFolder.h"
 
 #include <string>
 
 #include <doctest/doctest.h>
 
 class HostFixture {
-    TempFolder m_folder;  // outlives the host
-
 public:
     HostFixture() : application(host::Options{false, false}) {}
 
-    std::string path(const std::string& sName) const { return m_folder.file(sName); }
+    std::string path(const std::string& sName) const { return m_folder.path(sName); }
     std::string write(const std::string& sName, const std::string& text) const { return m_folder.write(sName, text); }
     // A saved drawing with one line in it.
     std::string drawing(const std::string& sName) const
@@ -39,5 +37,9 @@ public:
     }
     host::DocumentManager& documents() { return application.documents(); }
 
+private:
+    CTestFolder m_folder;
+
+public:
     host::Application application;
 };

@@ -6,7 +6,7 @@ using host::Database;
 
 namespace {
 
-std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sVersion = "AC1018",
+std::unique_ptr<Database> border(const CTestFolder& folder, const std::string& sVersion = "AC1018",
                                  const std::string& sHeader = "")
 {
     const std::string sBytes =
@@ -18,9 +18,9 @@ std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sV
 
 TEST_CASE("edits are heard after DBMOD is set, and undo takes them back")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
-    const std::string sBytes = readBytes(database->path());
+    const std::string sBytes = CTestFolder::read(database->path());
     RecordingReactor reactor;
     REQUIRE(database->addReactor(&reactor) == Acad::eOk);
 
@@ -67,10 +67,10 @@ TEST_CASE("edits are heard after DBMOD is set, and undo takes them back")
 
 TEST_CASE("DBMOD is 0 exactly in the saved state")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     database->addLine(0, 0, 1, 1);
-    database->save(folder.file("saved.dwg"));
+    database->save(folder.path("saved.dwg"));
     CHECK(database->dbmod() == 0);
     // Away from the saved state backwards, and there again.
     REQUIRE(database->undo());
@@ -84,16 +84,16 @@ TEST_CASE("DBMOD is 0 exactly in the saved state")
     REQUIRE(database->undo());
     CHECK(database->dbmod() == 1);
     // What is no edit stays beside what is.
-    database->save(folder.file("saved.dwg"));
+    database->save(folder.path("saved.dwg"));
     database->markModified(Database::kView);
     database->addLine(0, 0, 1, 1);
     CHECK(database->dbmod() == 17);
     REQUIRE(database->undo());
     CHECK(database->dbmod() == 16);
 
-    database->dxfIn(folder.file("saved.dwg"));
+    database->dxfIn(folder.path("saved.dwg"));
     CHECK(database->dbmod() == 17);
-    CHECK_THROWS_AS(database->dxfIn(folder.file("none.dwg")), host::FileError);
+    CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), host::FileError);
     CHECK(references(*database, "Border").size() == 1);
 }
 

@@ -6,12 +6,12 @@ using host::Database;
 
 namespace {
 
-std::unique_ptr<Database> opened(const TempFolder& folder, const std::string& sBytes)
+std::unique_ptr<Database> opened(const CTestFolder& folder, const std::string& sBytes)
 {
     return Database::open(folder.write("drawing.dwg", sBytes));
 }
 
-std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sVersion = "AC1015")
+std::unique_ptr<Database> border(const CTestFolder& folder, const std::string& sVersion = "AC1015")
 {
     return opened(folder, drawing(sVersion, "|9=$HANDSEED|5=99", kBorderBlock, kBorderInsert));
 }
@@ -20,7 +20,7 @@ std::unique_ptr<Database> border(const TempFolder& folder, const std::string& sV
 
 TEST_CASE("opening and closing are strict")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     std::unique_ptr<Database> database = border(folder);
     const AcDbObjectId id = references(*database, "BORDER").at(0);
     AcDbObject *pFirst = nullptr, *pSecond = nullptr;

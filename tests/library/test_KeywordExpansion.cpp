@@ -2,9 +2,9 @@
 
 #include "library/expansion/DatePass.h"
 #include "library/files/SupportFileLocator.h"
-#include "tests/library/TestFolder.h"
-#include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>
