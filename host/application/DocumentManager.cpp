@@ -70,6 +70,8 @@ AcApDocument* DocumentManager::document(const AcDbDatabase* pDatabase) const
 
 AcApDocumentIterator* DocumentManager::newAcApDocumentIterator()
 {
+    if (Faults::hit("AcApDocManager::newAcApDocumentIterator"))
+        return nullptr;
     std::vector<AcApDocument*> documents;
     for (const auto& document : m_documents)
         documents.push_back(document.get());
