@@ -195,12 +195,16 @@ class HostTest(unittest.TestCase):
         """How the host names a file of the test's folder."""
         return f"Z:{self.folder}/{name}".replace("/", "\\")
 
-    def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0):
-        """Plays script lines in a new host process and gives its transcript."""
+    def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0, demand=False):
+        """Plays script lines in a new host process and gives its transcript.
+
+        What the registry names for loading counts only with demand set.
+        """
         if not isinstance(script, str):
             script = "\n".join(script)
         (self.folder / "test.scr").write_text(script.strip() + "\n", ANSI)
-        code, text = wine(BUILD / "cadhost.exe", "/nologo", *arguments, "/b", "test.scr",
+        switches = ["/nologo"] if demand else ["/nologo", "/nodemand"]
+        code, text = wine(BUILD / "cadhost.exe", *switches, *arguments, "/b", "test.scr",
                           timeout=timeout, cwd=self.folder)
         if expect_exit is not None:
             self.assertEqual(code, expect_exit, text)

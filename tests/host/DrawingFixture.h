@@ -126,19 +126,6 @@ inline std::vector<AcDbObjectId> references(host::Database& database, const char
     return result;
 }
 
-inline std::string handleOf(AcDbObjectId id)
-{
-    AcDbObject* pObject = nullptr;
-    if (acdbOpenAcDbObject(pObject, id, AcDb::kForRead) != Acad::eOk)
-        return "";
-    AcDbHandle handle;
-    pObject->getAcDbHandle(handle);
-    pObject->close();
-    char text[17];
-    handle.getIntoAsciiBuffer(text);
-    return text;
-}
-
 inline std::string taken(char* sText)
 {
     const std::string sResult = sText == nullptr ? "(null)" : sText;

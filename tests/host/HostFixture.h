@@ -4,16 +4,18 @@
 
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
+#include "tests/host/DrawingFixture.h"
 #include "tests/support/TestFolder.h"
 
 #include <string>
-#include <vector>
 
 #include <doctest/doctest.h>
 
 class HostFixture {
+    CTestFolder m_folder;  // outlives the host
+
 public:
-    explicit HostFixture(bool visible = false) : application(host::Options{visible, false}) {}
+    HostFixture() : application(host::Options{false, false}) {}
 
     std::string path(const std::string& sName) const { return m_folder.path(sName); }
     std::string write(const std::string& sName, const std::string& text) const { return m_folder.write(sName, text); }
@@ -38,9 +40,5 @@ public:
     }
     host::DocumentManager& documents() { return application.documents(); }
 
-private:
-    CTestFolder m_folder;
-
-public:
     host::Application application;
 };

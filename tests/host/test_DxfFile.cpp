@@ -143,21 +143,6 @@ TEST_CASE("a malformed file is refused with line and reason")
     CHECK_THROWS_AS(Database::open(folder.path(".")), FileError);
 }
 
-TEST_CASE("a binary drawing opens with its file facts and is copied when saved")
-{
-    const CTestFolder folder;
-    const std::string sBytes = std::string("AC1018\0\0\0\x01 binary\n\0 contents", 28);
-    const std::string sPath = folder.write("binary.dwg", sBytes);
-    std::unique_ptr<Database> database = Database::open(sPath);
-    CHECK(database->contentsNotRead());
-    CHECK(database->version() == "AC1018");
-    CHECK(database->path() == sPath);
-    REQUIRE(database->addLine(0, 0, 1, 1) == Acad::eOk);
-    CHECK(database->dbmod() == Database::kObjects);
-    CHECK((resaved(*database, folder) == sBytes));
-    CHECK(database->dbmod() == 0);
-}
-
 TEST_CASE("a failed save keeps the old file and the modified state")
 {
     const CTestFolder folder;

@@ -3,6 +3,8 @@
 #include "host/application/Application.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/files/DefaultSettingsManager.h"
+#include "library/files/DomainSettings.h"
+#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"

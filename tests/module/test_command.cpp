@@ -4,9 +4,9 @@
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
 #include "module/ZavikMDITabs.h"
-#include "module/resource.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include "settings/resource.h"
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 

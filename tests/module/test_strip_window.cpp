@@ -3,7 +3,7 @@
 #include "ModuleFixture.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Maintenance.h"
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 #include "tabs/MDITabsEx.h"
 #include <doctest/doctest.h>
 

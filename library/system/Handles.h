@@ -2,16 +2,15 @@
 
 // Owning, move-only handle types, one line a kind, and a count of what they
 // hold, so that a test can see that owned handles balance.
+
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <atomic>
 #include <utility>
 
-#include <windows.h>
-#include <commctrl.h>
-
-// How many handles the owning types of this image hold at the moment.
-long liveHandles();
-
-namespace toolkit {
+namespace Tesk::Detail {
 
 inline std::atomic<long> handleBalance{0};
 
@@ -75,15 +74,18 @@ BOOL closeGdi(Object h)
     return ::DeleteObject(h);
 }
 
-}  // namespace toolkit
+}  // namespace Tesk::Detail
 
-using UniqueHandle = toolkit::Unique<HANDLE, toolkit::closeHandle>;  // files, events, processes
-using UniqueFind = toolkit::Unique<HANDLE, toolkit::closeFind>;
-using UniqueIcon = toolkit::Unique<HICON, toolkit::closeIcon>;
-using UniqueMenu = toolkit::Unique<HMENU, toolkit::closeMenu>;
-using UniqueWindow = toolkit::Unique<HWND, toolkit::closeWindow>;
-using UniqueModule = toolkit::Unique<HMODULE, toolkit::closeModule>;
-using UniqueImageList = toolkit::Unique<HIMAGELIST, toolkit::closeImageList>;
-using UniqueFont = toolkit::Unique<HFONT, toolkit::closeGdi<HFONT>>;
-using UniqueBitmap = toolkit::Unique<HBITMAP, toolkit::closeGdi<HBITMAP>>;
-using UniqueBrush = toolkit::Unique<HBRUSH, toolkit::closeGdi<HBRUSH>>;
+using UniqueHandle = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeHandle>;  // files, events, processes
+using UniqueFind = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeFind>;
+using UniqueIcon = Tesk::Detail::Unique<HICON, Tesk::Detail::closeIcon>;
+using UniqueMenu = Tesk::Detail::Unique<HMENU, Tesk::Detail::closeMenu>;
+using UniqueWindow = Tesk::Detail::Unique<HWND, Tesk::Detail::closeWindow>;
+using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
+using UniqueImageList = Tesk::Detail::Unique<HIMAGELIST, Tesk::Detail::closeImageList>;
+using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeGdi<HFONT>>;
+using UniqueBitmap = Tesk::Detail::Unique<HBITMAP, Tesk::Detail::closeGdi<HBITMAP>>;
+using UniqueBrush = Tesk::Detail::Unique<HBRUSH, Tesk::Detail::closeGdi<HBRUSH>>;
+
+// How many handles the owning types of this image hold at the moment.
+inline long liveHandles() { return Tesk::Detail::handleBalance; }
