@@ -62,7 +62,7 @@ class StripTest(HostTest):
         self.assertEqual((loaded.texts, loaded.selected), (["Drawing1", "A-101", "S-200 [changed]"], 1))
         self.assertEqual((again.texts, again.selected), (loaded.texts, 1))
         self.assertEqual((used.texts, used.selected), (["Drawing1", "A-101", "S-200"], 0))
-        self.assertEqual((empty.visible, empty.texts), (False, []), "loaded without a drawing")
+        self.assertEqual((empty.rect, empty.texts), ((0, 0, 0, 0), []), "without a drawing it takes no room")
         self.assertEqual((first.visible, first.texts, first.selected), (True, ["S-200"], 0))
 
     def test_the_band_takes_its_place_from_the_drawings(self):
