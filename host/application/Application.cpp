@@ -54,6 +54,10 @@ Application::Application(const Options& options)
     if (options.visible)
         m_commandLine.setView([this](std::string_view text) { m_frame->showHistory(text); });
     pumpUntilIdle();
+    if (options.demandLoading) {
+        m_demandLoader = std::make_unique<DemandLoader>(m_linker, m_commandLine);
+        m_demandLoader->loadAtStart();
+    }
 }
 
 Application::~Application()
@@ -166,7 +170,10 @@ bool Application::dispatch(const std::string& sLine)
         pCommand->run(*this, arguments);
         return true;
     }
-    if (const AcRxFunctionPtr function = m_commandStack.find(sName)) {
+    AcRxFunctionPtr function = m_commandStack.find(sName);
+    if (function == nullptr && m_demandLoader && m_demandLoader->loadFor(CommandStack::plainName(sName)))
+        function = m_commandStack.find(sName);
+    if (function != nullptr) {
         function();
         return true;
     }

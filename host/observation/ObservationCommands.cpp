@@ -69,7 +69,7 @@ void picture(Application& application, const std::string& sPath)
 {
     ::UpdateWindow(application.frame().m_hWnd);
     pumpUntil(kPaintTime, never);
-    writePng(capture(application.frame().m_hWnd), fullPath(sPath));
+    savePicture(application.frame().m_hWnd, fullPath(sPath));
 }
 
 // MENU n, MENU n ID, or MENU n SHOT path: a picture while the menu is open.
@@ -84,7 +84,7 @@ void menu(Application& application, const Arguments& a)
         item, !shoot ? std::function<void()>() : [&] {
             try {
                 ::Sleep(kPaintTime);  // the menu's own loop must not see our messages
-                writePng(capture(application.frame().m_hWnd), fullPath(a.rest(2)));
+                savePicture(application.frame().m_hWnd, fullPath(a.rest(2)));
             } catch (const std::exception& error) {
                 sFailure = error.what();
             }

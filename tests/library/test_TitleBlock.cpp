@@ -2,6 +2,7 @@
 #include "library/drawing/ARXTitleBlock.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
+#include "library/files/CurrentBorder.h"
 #include "tests/library/DrawingFixture.h"
 #include "tests/support/FolderFrom.h"
 
@@ -44,7 +45,7 @@ TEST_CASE_FIXTURE(DrawingFixture, "project, domain and standard settings are ask
 
     ::DeleteFileA(tree().path(sDomain).c_str());
     CHECK(expand(*database, kSTemplate) == "s1|%HALVORAN_PROJECT_LABEL%");
-    CHECK(std::string(Tesk::getCurrentBorder().m_sBlockName) == "STD");
+    CHECK(std::string(Tesk::getCurrentBorder().m_border.m_sBlockName) == "STD");
 
     ::DeleteFileA(tree().path(sStandard).c_str());
     CHECK(expand(*database, kSTemplate) == kSTemplate);

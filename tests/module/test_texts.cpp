@@ -1,9 +1,9 @@
 // The strip's texts: from which files, how they are read, and what damaged files cost.
-#include "Answers.h"
 #include "ModuleFixture.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/DefaultSettingsException.h"
 #include "settings/MDITabSettings.h"
+#include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
 using Texts = std::vector<std::string>;
@@ -120,8 +120,6 @@ TEST_CASE_FIXTURE(TextsFixture, "reset loads for another drawing, or when told t
 
 TEST_CASE_FIXTURE(TextsFixture, "a damaged file costs its own texts, says where once, and is read again when mended")
 {
-    for (const char* name : {"Settings", "Settings\\support"})
-        ::CreateDirectoryA((folder.path() + name).c_str(), nullptr);
     folder.write("ProjectSettings.txt", "");
     const std::string project = "Settings\\support\\MDITabs.ini", name = drawing("a.dwg");
     folder.write(project, "PopupSaveText = project's\nModifiedText = ' of it'\n");
