@@ -25,11 +25,17 @@ CString productLabel()
 
 CString logFile() { return Tesk::getLocation(Tesk::LOCATION_FILE_DIAGNOSTICS_LOG); }
 
-// From the most general to the most specific, as they override each other.
-std::vector<CString> settingsFiles(const CString& sFilename)
+// From the most general to the most specific.
+std::vector<CString> textFiles(const CString& sFilename)
 {
     std::vector<CString> vecFiles;
     Tesk::Support::File::CLocator().findFilesForDrawing(vecFiles, sFilename, "MDITabs.ini", "");
+    return vecFiles;
+}
+
+std::vector<CString> titleBlockFiles(const CString& sFilename)
+{
+    std::vector<CString> vecFiles;
     const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::PathParts(sFilename.GetString()).parent()));
     for (const CString& sFile : {Tesk::getLocation(Tesk::LOCATION_FILE_STANDARD_SETTINGS),
                                  Tesk::getLocation(Tesk::LOCATION_FILE_DOMAIN_SETTINGS),
@@ -37,6 +43,14 @@ std::vector<CString> settingsFiles(const CString& sFilename)
         if (!sFile.IsEmpty() && Tesk::fileExists(sFile))
             vecFiles.push_back(sFile);
     return vecFiles;
+}
+
+CString lines(const std::vector<CString>& vecFiles)
+{
+    CString sLines;
+    for (const CString& sFile : vecFiles)
+        sLines += "    " + sFile + kNewLine;
+    return sLines;
 }
 
 // A mail address alone, or empty.
@@ -63,23 +77,21 @@ CHelpBox::CHelpBox(const char* sFilename)
 CString CHelpBox::describe() const
 {
     const CString sLog = logFile();
-    CString sText = "Product: " + productLabel() + " (" + Tesk::CVersionBlock::getProductName() + ")" + kNewLine +
-                    "Module: " + Tesk::getLocation(Tesk::LOCATION_FILE_MODULE) + kNewLine + "Log: " + sLog +
-                    (Tesk::fileExists(sLog) ? "" : " (not there: debug mode is off)") + kNewLine + kNewLine +
-                    "Drawing: " + m_sFilename + kNewLine + "Its settings files, the later ones overriding:";
-    for (const CString& sFile : settingsFiles(m_sFilename))
-        sText += kNewLine + sFile;
-    return sText;
+    return "Product: " + productLabel() + " (" + Tesk::CVersionBlock::getProductName() + ")" + kNewLine +
+           "Module: " + Tesk::getLocation(Tesk::LOCATION_FILE_MODULE) + kNewLine + "Log: " + sLog +
+           (Tesk::fileExists(sLog) ? "" : " (not there: debug mode is off)") + kNewLine + kNewLine +
+           "Drawing: " + m_sFilename + kNewLine + "Its texts are from, the last one first:" + kNewLine +
+           lines(textFiles(m_sFilename)) + "Its title block is looked up in, the last one first:" + kNewLine +
+           lines(titleBlockFiles(m_sFilename));
 }
 
 BOOL CHelpBox::OnInitDialog()
 {
     CDialog::OnInitDialog();
     GetDlgItem(IDC_HELP_TEXT)->SetWindowText(describe());
-    const CString sHelpAddress = CMDITabSettings::getHelpAddress(m_sFilename);
-    m_link.Attach(this, IDC_HELP_LINK, sHelpAddress);
-    GetDlgItem(IDC_HELP_LINK)->ShowWindow(sHelpAddress.IsEmpty() ? SW_HIDE : SW_SHOW);
-    GetDlgItem(IDC_MAIL_LOG)->ShowWindow(m_sSupportAddress.IsEmpty() ? SW_HIDE : SW_SHOW);
+    m_link.Attach(this, IDC_HELP_LINK, CMDITabSettings::getHelpAddress(m_sFilename));
+    if (m_sSupportAddress.IsEmpty())
+        ::DestroyWindow(::GetDlgItem(m_hWnd, IDC_MAIL_LOG));
     // Not on the text, which would show all of it selected.
     GetDlgItem(IDOK)->SetFocus();
     return FALSE;
