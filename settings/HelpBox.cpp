@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/files/FileSearch.h"
 #include "library/files/Locator.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
