@@ -70,17 +70,19 @@ std::string expandKeywords(std::string sText, const KeywordMap& mapKeywords, std
     const std::size_t most = sText.size() + 1024 * 1024;
     const MultiByte::CLeadBytes lead;
     std::vector<std::size_t> vecPlaces = findKeywords(sText, sStart, lead);
-    std::string sTail;
     for (const auto& [sKeyword, sValue] : mapKeywords) {
-        sTail.assign(sKeyword).append(sEnd);
-        if (sStart.empty() && sTail.empty())
-            continue;
+        if (vecPlaces.empty())
+            break;
+        const std::string_view sKey = sKeyword;
         const auto place = std::find_if(vecPlaces.begin(), vecPlaces.end(), [&](std::size_t at) {
-            return (sTail.empty() || sText[at] == sTail[0]) && sText.compare(at, sTail.size(), sTail) == 0;
+            return (sKey.empty() || sText[at] == sKey[0]) && sText.compare(at, sKey.size(), sKey) == 0 &&
+                   sText.compare(at + sKey.size(), sEnd.size(), sEnd) == 0;
         });
         if (place == vecPlaces.end())
             continue;
-        const std::string sToken = std::string(sStart) + sTail;
+        const std::string sToken = std::string(sStart).append(sKey).append(sEnd);
+        if (sToken.empty())
+            continue;
         if (replaceTokens(sText, *place - sStart.size(), sToken, sValue, lead, most))
             vecPlaces = findKeywords(sText, sStart, lead);
         else
