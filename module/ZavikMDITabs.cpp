@@ -45,14 +45,6 @@ void closeStrip(bool bAll)
 // The runtime is linked into the module, but leaves its reserve behind at each unloading.
 [[gnu::destructor]] void freeRuntimeReserve() { __gnu_cxx::__freeres(); }
 
-// What a handler of one of our windows let out.
-void traceWindowException(const CException& exception)
-{
-    char sText[1024] = "";
-    exception.GetErrorMessage(sText, sizeof sText);
-    TESK_TRACE("a window's handler ended by an exception: %s\n", sText);
-}
-
 }  // namespace
 
 CARXMDITabs* getTabWindow()
@@ -82,7 +74,6 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt)
 
 void initApplication()
 {
-    AfxSetExceptionHook(&traceWindowException);
     Tesk::initialiseLibrary(kApplicationName, reinterpret_cast<HINSTANCE>(&__ImageBase), false);
     CMDITabSettings::assertNoDefaultSettings();
     reapplyDiagnosticsLevel();
@@ -104,7 +95,6 @@ void unloadApplication()
     if (AcEdCommandStack* pStack = acedRegCmds)
         pStack->removeGroup(kApplicationName);
     Tesk::terminateLibrary();
-    AfxSetExceptionHook(nullptr);
 }
 
 void reapplyDiagnosticsLevel() { Tesk::setDiagnosticsLevel(Tesk::getDiagnosticsLevel() == 2 ? 2 : 0); }

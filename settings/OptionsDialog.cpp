@@ -1,23 +1,7 @@
 #include "settings/OptionsDialog.h"
 
-#include "library/diagnostics/Maintenance.h"
+#include "settings/ResourceScope.h"
 #include "settings/resource.h"
-
-namespace {
-
-// Has the toolkit look resources up in the module while it lives.
-class ResourceScope {
-public:
-    explicit ResourceScope(HINSTANCE hModule) : m_hBefore(AfxGetResourceHandle()) { AfxSetResourceHandle(hModule); }
-    ~ResourceScope() { AfxSetResourceHandle(m_hBefore); }
-    ResourceScope(const ResourceScope&) = delete;
-    ResourceScope& operator=(const ResourceScope&) = delete;
-
-private:
-    HINSTANCE m_hBefore;
-};
-
-}  // namespace
 
 BEGIN_MESSAGE_MAP(COptionsDialog, CDialog)
     ON_UPDATE_COMMAND_UI(IDC_POSITION_TOP, &ThisClass::OnUpdateOption)
@@ -34,7 +18,7 @@ COptionsDialog::COptionsDialog(CWnd* pParent) : CDialog(IDD_OPTIONS, pParent) {}
 
 INT_PTR COptionsDialog::DoModal()
 {
-    const ResourceScope resources(Tesk::getCurrentModule());
+    const CResourceScope resources;
     return CDialog::DoModal();
 }
 

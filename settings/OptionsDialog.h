@@ -9,7 +9,7 @@ class COptionsDialog : public CDialog {
 public:
     explicit COptionsDialog(CWnd* pParent = nullptr);
 
-    // The template comes from the module; the host's resources are its own again afterwards.
+    // With the template of the module.
     INT_PTR DoModal() override;
     // Updates the controls' state before each message.
     BOOL PreTranslateMessage(MSG* pMsg) override;

@@ -1,6 +1,7 @@
 #include "library/controls/HyperLink.h"
 
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include <shellapi.h>
 
@@ -57,16 +58,16 @@ END_MESSAGE_MAP()
 
 CString CHyperLink::getTarget(const CString& sAddress)
 {
-    const std::string_view sText = Tesk::MultiByte::trim(sAddress.str());
+    const std::string_view sText = Tesk::MultiByte::trim(Tesk::viewOf(sAddress));
     if (hasBlankOrControl(sText))
         return CString();
     if (startsWith(sText, "http://") || startsWith(sText, "https://"))
-        return CString(std::string(sText));
+        return Tesk::toCString(sText);
     if (startsWith(sText, "www."))
-        return CString("http://" + std::string(sText));
+        return "http://" + Tesk::toCString(sText);
     if (startsWith(sText, "mailto:"))
-        return isMailAddress(sText.substr(7)) ? CString(std::string(sText)) : CString();
-    return isMailAddress(sText) ? CString("mailto:" + std::string(sText)) : CString();
+        return isMailAddress(sText.substr(7)) ? Tesk::toCString(sText) : CString();
+    return isMailAddress(sText) ? "mailto:" + Tesk::toCString(sText) : CString();
 }
 
 bool CHyperLink::Attach(CWnd* pDialog, int nID, const CString& sAddress)

@@ -67,7 +67,7 @@ bool isInput(UINT message)
 
 INT_PTR CDialog::DoModal()
 {
-    const DLGTEMPLATE* const dialogTemplate = m_template ? m_template : findTemplate(m_templateId);
+    const DLGTEMPLATE* const dialogTemplate = findTemplate(m_templateId);
     if (m_hWnd || !dialogTemplate)
         return -1;
     const HWND owner = m_parent ? ::GetAncestor(m_parent->m_hWnd, GA_ROOT) : defaultOwner();

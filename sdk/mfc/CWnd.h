@@ -90,7 +90,6 @@ public:
         const int length = ::GetWindowTextLengthA(m_hWnd);
         text.ReleaseBuffer(::GetWindowTextA(m_hWnd, text.GetBuffer(length + 1), length + 1));
     }
-    void SetFont(HFONT font, BOOL bRedraw = TRUE) { SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), bRedraw); }
     int MessageBox(const char* text, const char* caption = nullptr, UINT nType = MB_OK)
     {
         return ::MessageBoxA(m_hWnd, text, caption, nType);
@@ -148,9 +147,3 @@ CADMFC_API const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nul
 CADMFC_API HINSTANCE AfxGetInstanceHandle();
 CADMFC_API HINSTANCE AfxGetResourceHandle();
 CADMFC_API void AfxSetResourceHandle(HINSTANCE instance);
-
-// What happens to an exception that a handler of this image let out, before it is
-// freed; by default it is written to the debugger. Null restores the default.
-class CException;
-using AfxExceptionHook = void (*)(const CException& exception);
-void AfxSetExceptionHook(AfxExceptionHook hook);

@@ -1,12 +1,10 @@
 // Part of every image that uses the toolkit: where its handlers' exceptions end.
 #include "mfc/CException.h"
-#include "mfc/CWnd.h"
+#include "mfc/MessageMap.h"
 
 #include <exception>
 
 namespace {
-
-AfxExceptionHook exceptionHook = nullptr;
 
 void report(const char* what) noexcept
 {
@@ -19,8 +17,6 @@ void report(CException& exception) noexcept
 {
     try {
         char text[512] = "";
-        if (exceptionHook)
-            return exceptionHook(exception);
         exception.GetErrorMessage(text, sizeof text);
         report(text);
     } catch (...) {
@@ -29,8 +25,6 @@ void report(CException& exception) noexcept
 }
 
 }  // namespace
-
-void AfxSetExceptionHook(AfxExceptionHook hook) { exceptionHook = hook; }
 
 void toolkit::runHandler(Handler handler, CCmdTarget& target, Call& call) noexcept
 {
