@@ -1,4 +1,5 @@
 #include "library/files/Locator.h"
+#include "library/text/StringView.h"
 
 #include "host/application/Application.h"
 #include "library/diagnostics/Maintenance.h"
@@ -56,7 +57,7 @@ private:
     HMODULE m_hModule = nullptr;
 };
 
-std::string location(int iWhere) { return getLocation(iWhere).GetString(); }
+std::string location(int iWhere) { return Tesk::toString(getLocation(iWhere)); }
 
 }  // namespace
 
@@ -105,18 +106,17 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
     tree.write("Jobs\\ProjectSettings.txt");
     tree.write("Jobs\\1234\\ProjectSettings.txt");
     tree.folder("Jobs\\1234\\Dwg\\Arch\\");
-    const auto find = [&](const char* sBelow) { return findProjectFolder(tree.path(sBelow).c_str()).GetString(); };
+    const auto find = [&](const char* sBelow) { return Tesk::toString(findProjectFolder(tree.path(sBelow).c_str())); };
     CHECK(find("Jobs\\1234\\Dwg\\Arch") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234\\Dwg\\Arch\\") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\5678\\missing") == tree.path("Jobs\\"));
     CHECK(find("Other\\") == "");
-    CHECK(findProjectFolder("").GetString() == "");
-    CHECK(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234").GetString() == "");
-    CHECK(findProjectFolder("\\\\?\\"
-                            "C:\\none")
-              .GetString() == "");
-    CHECK(findProjectFolder("relative\\folder").GetString() == "");
+    CHECK(Tesk::toString(findProjectFolder("")) == "");
+    CHECK(Tesk::toString(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234")) == "");
+    CHECK(Tesk::toString(findProjectFolder("\\\\?\\"
+                                           "C:\\none")) == "");
+    CHECK(Tesk::toString(findProjectFolder("relative\\folder")) == "");
 
     const std::string sRoot = tree.path("").substr(0, 3);
     const std::string sName = "at the root " + std::to_string(::GetCurrentProcessId());
@@ -124,11 +124,11 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
                                        FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     REQUIRE(hFile != INVALID_HANDLE_VALUE);
     ::CloseHandle(hFile);
-    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).GetString() == "");
+    CHECK(Tesk::toString(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str())) == "");
     FILE* const pFile = std::fopen((sRoot + sName).c_str(), "w");
     REQUIRE(pFile);
     std::fclose(pFile);
-    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).GetString() == sRoot);
+    CHECK(Tesk::toString(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str())) == sRoot);
     ::DeleteFileA((sRoot + sName).c_str());
 }
 
@@ -164,7 +164,7 @@ TEST_CASE("the registered domain settings folder comes first, and an administrat
     tree.folder("DomainSettings\\");
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const char* const sName = "Domain Settings";
-    const auto registered = [&] { return getDomainSettingsFolder().GetString(); };
+    const auto registered = [&] { return Tesk::toString(getDomainSettingsFolder()); };
 
     Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, tree.path("gone").c_str());
     CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == tree.path("DomainSettings\\"));
@@ -192,11 +192,11 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
     }
     {
         const CEnvironment temp("TEMP", sNone.c_str()), tmp("TMP", sTwo.c_str());
-        CHECK(getTempFolder().GetString() == sTwo);
+        CHECK(Tesk::toString(getTempFolder()) == sTwo);
     }
     {
         const CEnvironment temp("TEMP", nullptr), tmp("TMP", sTwo.c_str());
-        CHECK(getTempFolder().GetString() == sTwo);
+        CHECK(Tesk::toString(getTempFolder()) == sTwo);
     }
     const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
     CHECK(folderExists(getTempFolder()));
