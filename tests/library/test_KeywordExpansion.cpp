@@ -1,4 +1,5 @@
 #include "library/expansion/KeywordExpansion.h"
+#include "library/text/StringView.h"
 
 #include "library/expansion/DatePass.h"
 #include "library/files/SupportFileLocator.h"
@@ -68,8 +69,8 @@ TEST_CASE("without a file name there are the folders, the names and the current 
     const CExpansion none("");
     CHECK(none.value("PATH") == "(none)");
     CHECK(none.value("DIR_PROJECT_DWG_ROOT") == "(none)");
-    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).GetString());
-    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).GetString());
+    CHECK(none.value("DIR_TEMP") == Tesk::toString(Tesk::getLocation(Tesk::LOCATION_DIR_TEMP)));
+    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::toString(Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA)));
     CHECK(none.value("USER_NAME") != "");
     CHECK(none.value("COMPUTER_NAME") != "");
     CHECK(none.expandString("a%NEWLINE%b") == "a\nb");
@@ -78,10 +79,8 @@ TEST_CASE("without a file name there are the folders, the names and the current 
     const std::string sFormat = "|Y-|m-|d |H:|M:|S";
     for (const bool bUTC : {false, true}) {
         const std::string sBefore = Tesk::formatTime(::_time64(nullptr), sFormat, bUTC);
-        const std::string sNow =
-            CExpansion("")
-                .expandString(bUTC ? "%CURRENT_DATE_UTC::|Y-|m-|d |H:|M:|S%" : "%CURRENT_DATE::|Y-|m-|d |H:|M:|S%")
-                .GetString();
+        const std::string sNow = Tesk::toString(CExpansion("").expandString(
+            bUTC ? "%CURRENT_DATE_UTC::|Y-|m-|d |H:|M:|S%" : "%CURRENT_DATE::|Y-|m-|d |H:|M:|S%"));
         CHECK(sBefore <= sNow);
         CHECK(sNow <= Tesk::formatTime(::_time64(nullptr), sFormat, bUTC));
     }

@@ -3,6 +3,7 @@
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/CurrentBorder.h"
+#include "library/text/StringView.h"
 #include "tests/library/DrawingFixture.h"
 #include "tests/support/FolderFrom.h"
 
@@ -15,7 +16,7 @@ namespace {
 std::string expand(host::Database& database, const char* sTemplate)
 {
     const CWorkingDatabase working(&database);
-    return CARXKeywordExpansion(&database, database.path().c_str(), 1, 1).expandString(sTemplate).GetString();
+    return Tesk::toString(CARXKeywordExpansion(&database, database.path().c_str(), 1, 1).expandString(sTemplate));
 }
 
 const char kSTemplate[] = "%HALVORAN::NO%|%HALVORAN_PROJECT_LABEL%";

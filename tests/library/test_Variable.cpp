@@ -1,4 +1,5 @@
 #include "library/drawing/ARXVariable.h"
+#include "library/text/StringView.h"
 
 #include "host/application/Application.h"
 
@@ -19,7 +20,7 @@ std::string raisedBy(const Call& call)
         const bool bText = e->getErrorText(sText);
         const std::string sCode = std::to_string(e->getCode());
         e->Delete();
-        return sCode + (bText ? " " : " no ") + sText.GetString();
+        return sCode + (bText ? " " : " no ") + Tesk::toString(sText);
     }
     return "";
 }

@@ -7,6 +7,7 @@
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXTitleBlock.h"
+#include "library/text/StringView.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseData.h"
 #include "reactors/EditorReactor.h"
@@ -39,7 +40,7 @@ struct DrawingHost : ModuleFixture {
         std::vector<std::string> paths;
         CDatabaseData data(pDatabase);
         for (const CString& path : data.xrefPaths())
-            paths.push_back(path.GetString());
+            paths.push_back(Tesk::toString(path));
         return paths;
     }
 };
@@ -246,10 +247,8 @@ TEST_CASE_FIXTURE(DrawingHost, "a notification in which the host fails ends quie
     char name[] = "a.dwg";
 
     const auto number = [&] {
-        return pReactor->getDatabaseData(document(pDatabase))
-            .keywordExpansion()
-            .expandString("%HALVORAN::NO%")
-            .GetString();
+        return Tesk::toString(
+            pReactor->getDatabaseData(document(pDatabase)).keywordExpansion().expandString("%HALVORAN::NO%"));
     };
     for (void (*pThrow)() : kFaults) {
         if (pThrow == nullptr)

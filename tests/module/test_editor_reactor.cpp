@@ -3,6 +3,7 @@
 #include "ModuleFixture.h"
 #include "host/drawing/Faults.h"
 #include "library/diagnostics/Prerelease.h"
+#include "library/text/StringView.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/EditorReactor.h"
 #include "tests/support/DrawingText.h"
@@ -21,10 +22,13 @@ struct EditorFixture : ModuleFixture {
         return app.documents().active();
     }
     CDatabaseData& data(AcApDocument* pDocument) { return CEditorReactor::getReactor()->getDatabaseData(pDocument); }
-    std::string title(AcApDocument* pDocument) { return data(pDocument).drawingProperties().getTitle().GetString(); }
+    std::string title(AcApDocument* pDocument)
+    {
+        return Tesk::toString(data(pDocument).drawingProperties().getTitle());
+    }
     std::string expand(AcApDocument* pDocument, const char* text)
     {
-        return data(pDocument).keywordExpansion().expandString(text).GetString();
+        return Tesk::toString(data(pDocument).keywordExpansion().expandString(text));
     }
     static host::Database& drawing(AcApDocument* pDocument) { return *host::Database::of(pDocument->database()); }
 
