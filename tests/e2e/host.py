@@ -28,7 +28,7 @@ time.tzset()
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
 
 STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=(?P<rect>[-\d,]+) "
-                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+)$")
+                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+) active=(?P<active>-?\d+)$")
 TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
 TIP = re.compile(r'tip: title="(?P<title>.*)" text="(?P<text>.*)"$')
 ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)(?P<checked> checked=1)?|-)$')
@@ -69,6 +69,7 @@ class Strip:
         self.client = tuple(map(int, match["client"].split(",")))
         self.count = int(match["tabs"])
         self.selected = int(match["selected"])
+        self.active = int(match["active"])
 
     @property
     def texts(self):

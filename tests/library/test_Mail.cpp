@@ -1,8 +1,8 @@
 #include "library/mail/SimpleMail.h"
 #include "library/registry/Registry.h"
 #include "tests/library/Environment.h"
-#include "tests/support/TestHive.h"
 #include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
 
