@@ -17,6 +17,7 @@ struct CContents {
     CString m_sCompanyName;
     CString m_sProductName;
     CString m_sInternalName;
+    CString m_sProductVersion;
     bool m_bPrerelease = false;
 };
 
@@ -72,6 +73,7 @@ bool CVersionBlock::initialise()
     g_contents.m_sCompanyName = queryText(block, pTranslation, L"CompanyName");
     g_contents.m_sProductName = queryText(block, pTranslation, L"ProductName");
     g_contents.m_sInternalName = queryText(block, pTranslation, L"InternalName");
+    g_contents.m_sProductVersion = queryText(block, pTranslation, L"ProductVersion");
     g_contents.m_bPrerelease = (pFixed->dwFileFlags & pFixed->dwFileFlagsMask & VS_FF_PRERELEASE) != 0;
     return true;
 }
@@ -81,6 +83,7 @@ void CVersionBlock::terminate() { g_contents = CContents(); }
 const CString& CVersionBlock::getCompanyName() { return g_contents.m_sCompanyName; }
 const CString& CVersionBlock::getProductName() { return g_contents.m_sProductName; }
 const CString& CVersionBlock::getInternalName() { return g_contents.m_sInternalName; }
+const CString& CVersionBlock::getProductVersion() { return g_contents.m_sProductVersion; }
 bool CVersionBlock::isPrerelease() { return g_contents.m_bPrerelease; }
 
 }  // namespace Tesk

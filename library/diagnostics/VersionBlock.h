@@ -16,6 +16,7 @@ public:
     static const CString& getCompanyName();
     static const CString& getProductName();
     static const CString& getInternalName();
+    static const CString& getProductVersion();
 
     // The fixed flags, where the flags mask lets them count, say pre-release.
     static bool isPrerelease();
