@@ -3,8 +3,8 @@
 // What the strip's figures are set against: a tab control and a menu without anything
 // of ours about them.
 
+#include "library/system/Handles.h"
 #include "mfc/afxcmn.h"
-#include "mfc/handles.h"
 
 #include <windows.h>
 

@@ -2,7 +2,7 @@
 
 // Loads modules, speaks the entry-point protocol with them, and unloads them.
 
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 #include "objectarx/rxdefs.h"
 #include "objectarx/rxdlinkr.h"
 

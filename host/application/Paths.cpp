@@ -1,6 +1,6 @@
 #include "host/application/Paths.h"
 
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 namespace host {
 

@@ -76,6 +76,11 @@ void attachXref(Application& application, const Arguments& a)
     check(drawing(application).attachXref(a.rest(0)), "The reference " + quoted(a.rest(0)));
 }
 
+void reloadXref(Application& application, const Arguments& a)
+{
+    check(drawing(application).reloadXref(a.rest(0)), "The reference " + quoted(a.rest(0)));
+}
+
 void detachXref(Application& application, const Arguments& a)
 {
     check(drawing(application).detachXref(a.rest(0)), "The reference " + quoted(a.rest(0)));
@@ -104,6 +109,7 @@ constexpr Command kCommands[] = {
     {"INSERT", edit<insert>},
     {"ATTEDIT", edit<editAttribute>},
     {"XATTACH", edit<attachXref>},
+    {"XRELOAD", edit<reloadXref>},
     {"XDETACH", edit<detachXref>},
     {"PROPS", edit<setProperty>},
 };

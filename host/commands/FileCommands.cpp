@@ -1,4 +1,4 @@
-// NEW, OPEN, CLOSE, QSAVE, SAVEAS, DXFIN and QUIT.
+// The commands that open, save and close drawings.
 
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
@@ -32,9 +32,17 @@ std::string pathFor(Application& application, const Arguments& arguments, bool f
     return application.frame().askForPath(forSaving);
 }
 
+// In single-drawing mode another drawing takes the place of the one there is.
+bool isSingle(Application& application)
+{
+    return application.documents().count() != 0 && application.variables().get("SDI")->number != 0;
+}
+
 void newDrawing(Application& application, const Arguments&)
 {
     requireActivation(application);
+    if (isSingle(application))
+        throw CommandError("One drawing is open in single-drawing mode (SDI).");
     application.documents().createNew();
 }
 
@@ -42,7 +50,12 @@ void open(Application& application, const Arguments& arguments)
 {
     requireActivation(application);
     const std::string sPath = pathFor(application, arguments, false);
-    if (!sPath.empty() && !application.documents().open(sPath))
+    if (sPath.empty())
+        return;
+    if (isSingle(application)) {
+        if (application.mayLose(currentDocument(application)))
+            application.documents().replace(currentDocument(application), sPath);
+    } else if (!application.documents().open(sPath))
         application.commandLine().printLine("\"" + sPath + "\" is open already.");
 }
 
@@ -60,6 +73,16 @@ void saveAs(Application& application, const Arguments& arguments)
     if (isWriteProtected(sPath))
         throw CommandError("\"" + sPath + "\" is read-only; the drawing is not saved.");
     application.documents().save(document, sPath);
+}
+
+void saveCopy(Application& application, const Arguments& arguments)
+{
+    application.documents().save(currentDocument(application), fullPath(arguments.rest(0)), true);
+}
+
+void readAside(Application& application, const Arguments& arguments)
+{
+    application.documents().readAside(arguments.rest(0));
 }
 
 void quickSave(Application& application, const Arguments&)
@@ -88,8 +111,8 @@ void dxfIn(Application& application, const Arguments& arguments)
 void quit(Application& application, const Arguments&) { application.quit(); }
 
 constexpr Command kCommands[] = {
-    {"NEW", newDrawing}, {"OPEN", open},   {"CLOSE", close}, {"QSAVE", quickSave},
-    {"SAVEAS", saveAs},  {"DXFIN", dxfIn}, {"QUIT", quit},
+    {"NEW", newDrawing},    {"OPEN", open},         {"CLOSE", close}, {"QSAVE", quickSave}, {"SAVEAS", saveAs},
+    {"SAVECOPY", saveCopy}, {"READDWG", readAside}, {"DXFIN", dxfIn}, {"QUIT", quit},
 };
 
 }  // namespace

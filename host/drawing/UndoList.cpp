@@ -1,5 +1,6 @@
 #include "host/drawing/UndoList.h"
 
+#include "host/drawing/Counted.h"
 #include "host/drawing/Database.h"
 
 #include <algorithm>
@@ -11,68 +12,51 @@ namespace {
 
 constexpr int kContents = Database::kObjects | Database::kVariables | Database::kField;
 
-// Lets reactors read the object while they are told of it.
-class Showing {
-public:
-    explicit Showing(AcDbStub& node) : m_node(node) { ++m_node.notifying; }
-    ~Showing() { --m_node.notifying; }
-    Showing(const Showing&) = delete;
-    Showing& operator=(const Showing&) = delete;
-
-private:
-    AcDbStub& m_node;
-};
-
 }  // namespace
 
-template <class Call>
-void Notifier::send(AcDbStub& node, Call call)
+template <class... Parameters, class... Arguments>
+void Notifier::tell(void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
 {
-    const Showing showing(node);
-    const AcDbObject* pObject = &node.object();
-    m_database.reactors().notify([&](AcDbDatabaseReactor& reactor) { call(reactor, pObject); });
+    const Counted telling(m_database.telling());
+    m_database.reactors().notify(notification, &m_database, arguments...);
 }
 
-void Notifier::openedForModify(AcDbStub& node)
+template <class... Parameters, class... Arguments>
+void Notifier::tellOf(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
 {
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectOpenedForModify(&m_database, p); });
+    const Counted showing(node.notifying);  // reactors may read the object meanwhile
+    tell(notification, &node.object(), arguments...);
 }
 
-void Notifier::modified(AcDbStub& node)
+template <class... Parameters, class... Arguments>
+void Notifier::tellDone(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...),
+                        Arguments... arguments)
 {
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectModified(&m_database, p); });
+    tellOf(node, notification, arguments...);
+    m_database.changeIsTold();
 }
 
-void Notifier::appended(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectAppended(&m_database, p); });
-}
+void Notifier::openedForModify(AcDbStub& node) { tellOf(node, &AcDbDatabaseReactor::objectOpenedForModify); }
 
-void Notifier::unAppended(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectUnAppended(&m_database, p); });
-}
+void Notifier::modified(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectModified); }
 
-void Notifier::reAppended(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectReAppended(&m_database, p); });
-}
+void Notifier::appended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectAppended); }
 
-void Notifier::erased(AcDbStub& node, bool isErased)
-{
-    send(node,
-         [this, isErased](auto& reactor, const AcDbObject* p) { reactor.objectErased(&m_database, p, isErased); });
-}
+void Notifier::unAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectUnAppended); }
+
+void Notifier::reAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectReAppended); }
+
+void Notifier::erased(AcDbStub& node, bool isErased) { tellDone(node, &AcDbDatabaseReactor::objectErased, isErased); }
 
 void Notifier::variableWillChange(const std::string& sName)
 {
-    m_database.reactors().notify([&](auto& reactor) { reactor.headerSysVarWillChange(&m_database, sName.c_str()); });
+    tell(&AcDbDatabaseReactor::headerSysVarWillChange, sName.c_str());
 }
 
 void Notifier::variableChanged(const std::string& sName)
 {
-    m_database.reactors().notify(
-        [&](auto& reactor) { reactor.headerSysVarChanged(&m_database, sName.c_str(), Adesk::kTrue); });
+    tell(&AcDbDatabaseReactor::headerSysVarChanged, sName.c_str(), Adesk::kTrue);
+    m_database.changeIsTold();
 }
 
 void UndoList::changeObject(AcDbStub& node, std::string sText)

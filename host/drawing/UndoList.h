@@ -26,8 +26,13 @@ public:
     void variableChanged(const std::string& sName);
 
 private:
-    template <class Call>
-    void send(AcDbStub& node, Call call);
+    template <class... Parameters, class... Arguments>
+    void tell(void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    template <class... Parameters, class... Arguments>
+    void tellOf(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    // The last that is told of a change.
+    template <class... Parameters, class... Arguments>
+    void tellDone(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
 
     Database& m_database;
 };

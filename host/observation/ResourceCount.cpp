@@ -1,6 +1,6 @@
 #include "host/observation/ResourceCount.h"
 
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 #include <windows.h>
 #include <tlhelp32.h>

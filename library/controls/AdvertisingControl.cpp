@@ -1,6 +1,6 @@
 #include "library/controls/AdvertisingControl.h"
 
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 namespace {
 

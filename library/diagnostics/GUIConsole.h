@@ -4,7 +4,7 @@
 // has one, else a console window opened at the first line.
 
 #include "library/diagnostics/CriticalSection.h"
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 #include "library/diagnostics/MiniDumper.h"
 
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 #include <dbghelp.h>
 

@@ -39,15 +39,6 @@ inline bool isAssertionEnabled() { return Detail::g_switches.m_bAssertions; }
 // level 2. Never raises. Call it through TESK_TRACE.
 void trace(const char* sFormat, ...) noexcept __attribute__((format(__MINGW_PRINTF_FORMAT, 1, 2)));
 
-// Writes one stamped line to the console (and an attached debugger) and to the
-// log file, each when its switch is on. Never raises.
-void writeDiagnostic(const char* sText) noexcept;
-
-// Shows the assertion box with the call stack, waits for the user, then writes
-// the report. A failure met while the box of the same thread is up is written
-// but not shown. Does not ask whether assertions are enabled. Never raises.
-void reportAssertion(const char* sSource, int iLine, const char* sExpression) noexcept;
-
 }  // namespace Tesk
 
 // A trace line: printf-style format and arguments.

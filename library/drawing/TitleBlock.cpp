@@ -1,6 +1,8 @@
 #include "library/drawing/TitleBlock.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/files/CurrentBorder.h"
+#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 
@@ -19,7 +21,7 @@ void CTitleBlock::search()
     m_bSearch = true;
     if (!getMapping())
         return;
-    const CString sBorder = getCurrentBorder().m_sBlockName;
+    const CString sBorder = getCurrentBorder().m_border.m_sBlockName;
     if (!sBorder.IsEmpty())
         findInstance(sBorder);
     if (m_bInstance)
@@ -101,7 +103,7 @@ bool CTitleBlock::chooseBorder()
         for (const CBorderEntry& border : group.m_vecBorders) {
             if (!hasDefinition(border.m_sBlockName))
                 continue;
-            setCurrentTitleBlock(group, border);
+            setCurrentBorder(border, group);
             m_sBorder = group.m_sCategory;
             m_mapAttributes = group.m_mapOther;
             return true;

@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/DatePass.h"
+#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"

@@ -1,6 +1,7 @@
 #include "library/files/Locator.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"

@@ -4,16 +4,7 @@
 #include "library/files/PathParts.h"
 #include "library/files/SettingsFileReader.h"
 
-#include <utility>
-
 namespace Tesk {
-
-namespace {
-
-CBorderEntry g_currentBorder;
-CBlockGroup g_currentTitleBlock;
-
-}  // namespace
 
 CSettingsFile::CSettingsFile(const char* sPath)
 {
@@ -35,17 +26,5 @@ void CSettingsFile::read(const char* sPath)
         reader.readLine(sLine.str());
     m_bValid = true;
 }
-
-const CBorderEntry& getCurrentBorder() { return g_currentBorder; }
-
-const CBlockGroup& getCurrentTitleBlock() { return g_currentTitleBlock; }
-
-void setCurrentTitleBlock(const CBlockGroup& group, const CBorderEntry& border)
-{
-    g_currentTitleBlock = group;
-    g_currentBorder = border;
-}
-
-void clearCurrentTitleBlock() { setCurrentTitleBlock(CBlockGroup(), CBorderEntry()); }
 
 }  // namespace Tesk

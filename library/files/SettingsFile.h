@@ -61,10 +61,4 @@ public:
     std::vector<CBlockGroup> m_vecMockBorders;
 };
 
-// The border and the title block in use, process-wide copies; empty ones until set.
-const CBorderEntry& getCurrentBorder();
-const CBlockGroup& getCurrentTitleBlock();
-void setCurrentTitleBlock(const CBlockGroup& group, const CBorderEntry& border);
-void clearCurrentTitleBlock();
-
 }  // namespace Tesk

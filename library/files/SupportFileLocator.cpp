@@ -3,10 +3,10 @@
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
+#include "library/files/DomainSettings.h"
+#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/registry/Registry.h"
 #include "library/text/MultiByte.h"
-#include "mfc/handles.h"
 
 #include <windows.h>
 
@@ -14,23 +14,13 @@
 #include <shlobj.h>
 #include <stdlib.h>
 
-#include <iterator>
 #include <map>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace Tesk {
 
 namespace {
-
-constexpr const char* sProjectSettings = "ProjectSettings.txt";
-
-UniqueHandle openExisting(const char* sPath, DWORD dwFlags)
-{
-    return UniqueHandle(::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                      dwFlags, nullptr));
-}
 
 std::string readSpecialFolder(int iFolder)
 {
@@ -179,7 +169,7 @@ std::string rawLocation(int iWhere)
     case LOCATION_FILE_STANDARD_SETTINGS:
         return below(LOCATION_DIR_APPLICATION_ROOT, "support\\StandardSettings.txt");
     case LOCATION_FILE_PROJECT_SETTINGS:
-        return below(LOCATION_DIR_PROJECT_DWG_ROOT, sProjectSettings);
+        return below(LOCATION_DIR_PROJECT_DWG_ROOT, kProjectSettings);
     default:
         TESK_ASSERT(false);
         return {};
@@ -190,27 +180,6 @@ std::string fullPath(const std::string& sPath)
 {
     char sFull[MAX_PATH * 4];
     return ::_fullpath(sFull, sPath.c_str(), sizeof sFull) ? sFull : sPath;
-}
-
-// An administrator's new value, stamped in the machine's branch, reaches every user once.
-void propagateDomainSettings(const char* sKey, const char* sStampsKey, const char* sName)
-{
-    CString sMachine, sMachineStamp, sUserStamp;
-    if (!Registry::GetValue(HKEY_LOCAL_MACHINE, sKey, sName, sMachine) ||
-        !Registry::GetValue(HKEY_LOCAL_MACHINE, sStampsKey, sName, sMachineStamp))
-        return;
-    if (Registry::GetValue(HKEY_CURRENT_USER, sStampsKey, sName, sUserStamp) && sUserStamp == sMachineStamp)
-        return;
-    Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, sMachine);
-    Registry::SetValue(HKEY_CURRENT_USER, sStampsKey, sName, sMachineStamp);
-}
-
-bool registeredDomainSettings(CString& sFolder)
-{
-    const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
-    const CString sStampsKey = sKey + "\\Stamps";
-    propagateDomainSettings(sKey, sStampsKey, "Domain Settings");
-    return Registry::GetValue(HKEY_CURRENT_USER, sKey, "Domain Settings", sFolder);
 }
 
 // False when the variable is not set; one that is set may be empty.
@@ -236,44 +205,6 @@ CString getLocation(int iWhere)
     return (iWhere < LOCATION_FILES ? withBackslash(sPath) : sPath).c_str();
 }
 
-CString findFolderUpwards(const char* sStart, const char* sFileName)
-{
-    std::string sFolder = withoutBackslash(sStart);
-    while (!fileExists((sFolder + "\\" + sFileName).c_str())) {
-        sFolder = withoutBackslash(sFolder);
-        const std::string sParent = PathParts(sFolder).parent();
-        if (MultiByte::equalNoCase(sParent, sFolder))
-            return {};
-        sFolder = sParent;
-    }
-    return withBackslash(sFolder).c_str();
-}
-
-CString findProjectFolder(const char* sStart) { return findFolderUpwards(sStart, sProjectSettings); }
-
-CString getDomainSettingsFolder()
-{
-    std::vector<CString> vecCandidates;
-    CString sRegistered;
-    if (registeredDomainSettings(sRegistered))
-        vecCandidates.push_back(sRegistered);
-    if (G_sApplicationName != "Courier Desk")
-        vecCandidates.push_back("P:\\Program Files\\Zavik\\DomainSettings");
-    const CString sRoot = getLocation(LOCATION_DIR_APPLICATION_ROOT);
-    vecCandidates.push_back(sRoot + "..\\DomainSettings");
-    vecCandidates.push_back(sRoot + "..\\..\\DomainSettings");
-
-    int iIndex = 0;
-    for (const CString& sCandidate : vecCandidates) {
-        const bool bFound = folderExists(sCandidate);
-        TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex++, sCandidate.GetString(),
-                   bFound ? 1 : 0);
-        if (bFound)
-            return sCandidate;
-    }
-    return vecCandidates.back();
-}
-
 CString getTempFolder()
 {
     const std::string sSystem = getLocation(LOCATION_DIR_WINDOWS_SYSTEM).GetString();
@@ -291,24 +222,6 @@ CString getTempFolder()
             return sCandidate.c_str();
     }
     return {};
-}
-
-bool fileExists(const char* sPath) { return static_cast<bool>(openExisting(sPath, FILE_ATTRIBUTE_NORMAL)); }
-
-bool folderExists(const char* sPath)
-{
-    if (MultiByte::isNtFamily()) {
-        // Backup semantics open folders, but files as well: those are told by their attributes.
-        const DWORD dwAttributes = ::GetFileAttributesA(sPath);
-        return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
-               openExisting(sPath, FILE_FLAG_BACKUP_SEMANTICS);
-    }
-    char sCurrent[MAX_PATH];
-    const DWORD length = ::GetCurrentDirectoryA(sizeof sCurrent, sCurrent);
-    if (length == 0 || length >= sizeof sCurrent || !::SetCurrentDirectoryA(sPath))
-        return false;
-    TESK_VERIFY(::SetCurrentDirectoryA(sCurrent));
-    return true;
 }
 
 }  // namespace Tesk

@@ -1,6 +1,6 @@
 #pragma once
 
-// Where the well-known folders and files are, and the search for a project's folder.
+// Where the well-known folders and files are.
 
 #include "mfc/afx.h"
 
@@ -40,23 +40,7 @@ enum Location {
 // Never raises.
 CString getLocation(int iWhere);
 
-// The nearest folder, from `sStart` up to the drive's root, that holds the file; with a
-// trailing backslash. Empty when none does.
-CString findFolderUpwards(const char* sStart, const char* sFileName);
-
-// The same for "ProjectSettings.txt".
-CString findProjectFolder(const char* sStart);
-
-// The first domain settings folder that exists; when none does, the last one tried.
-CString getDomainSettingsFolder();
-
 // The first temporary folder that exists, else empty.
 CString getTempFolder();
-
-// A file (not a folder) that can be opened for reading.
-bool fileExists(const char* sPath);
-
-// A folder; a file of that name does not count.
-bool folderExists(const char* sPath);
 
 }  // namespace Tesk

@@ -1,7 +1,7 @@
 #pragma once
 
 // An owned image list.
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 class CImageList {
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
 // A menu: owning when created or attached here, a view when it comes from FromHandle.
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 class CWnd;
 

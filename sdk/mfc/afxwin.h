@@ -1,6 +1,7 @@
 #pragma once
 
 // Windows, menus, dialogs, frames and the message pump.
+#include "library/system/Handles.h"
 #include "mfc/CCmdTarget.h"
 #include "mfc/CDataExchange.h"
 #include "mfc/CDialog.h"
@@ -9,4 +10,3 @@
 #include "mfc/CWnd.h"
 #include "mfc/MessagePump.h"
 #include "mfc/afx.h"
-#include "mfc/handles.h"

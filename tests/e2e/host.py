@@ -8,6 +8,7 @@ import pathlib
 import re
 import shutil
 import subprocess
+import time
 import unittest
 
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
@@ -19,11 +20,15 @@ OPTIONS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\ZavikMDITabs"
 DIAGNOSTICS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\Halvoran"
 READ_ONLY = ["Projects/Station/Drawings/S-201 issued.dwg", "Projects/Riverside/Xrefs/Survey.dwg"]
 
+# The time zone of what tools/wine runs is ours too.
+os.environ["TZ"] = "EST5EDT"
+time.tzset()
+
 # The options dialog's controls.
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
 
 STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=(?P<rect>[-\d,]+) "
-                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+)$")
+                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+) active=(?P<active>-?\d+)$")
 TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
 TIP = re.compile(r'tip: title="(?P<title>.*)" text="(?P<text>.*)"$')
 ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)|-)$')
@@ -64,6 +69,7 @@ class Strip:
         self.client = tuple(map(int, match["client"].split(",")))
         self.count = int(match["tabs"])
         self.selected = int(match["selected"])
+        self.active = int(match["active"])
 
     @property
     def texts(self):
@@ -91,9 +97,8 @@ class Transcript:
 
     @property
     def tips(self):
-        """(title, text) of each HOVER, line feeds in the text as such."""
-        matches = filter(None, map(TIP.match, self.lines))
-        return [(m["title"], m["text"].replace("\\n", "\n")) for m in matches]
+        r"""(title, text) of each HOVER; a line feed in the text stands as \n, as a path's may."""
+        return [(m["title"], m["text"]) for m in filter(None, map(TIP.match, self.lines))]
 
     @property
     def menus(self):

@@ -1,3 +1,4 @@
+#include "library/diagnostics/AssertionReport.h"
 #include "tests/library/LibraryFixture.h"
 #include "tests/library/ThreadCodePage.h"
 

@@ -2,16 +2,15 @@
 
 // Owning, move-only handle types, one line a kind, and a count of what they
 // hold, so that a test can see that owned handles balance.
+
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <atomic>
 #include <utility>
 
-#include <windows.h>
-#include <commctrl.h>
-
-// How many handles the owning types of this image hold at the moment.
-long liveHandles();
-
-namespace toolkit {
+namespace Tesk::Detail {
 
 inline std::atomic<long> handleBalance{0};
 
@@ -68,6 +67,7 @@ inline BOOL closeIcon(HICON h) { return ::DestroyIcon(h); }
 inline BOOL closeMenu(HMENU h) { return ::DestroyMenu(h); }
 inline BOOL closeWindow(HWND h) { return ::DestroyWindow(h); }
 inline BOOL closeModule(HMODULE h) { return ::FreeLibrary(h); }
+inline BOOL closeKey(HKEY h) { return ::RegCloseKey(h) == ERROR_SUCCESS; }
 inline BOOL closeImageList(HIMAGELIST h) { return ::ImageList_Destroy(h); }
 template <class Object>
 BOOL closeGdi(Object h)
@@ -75,15 +75,19 @@ BOOL closeGdi(Object h)
     return ::DeleteObject(h);
 }
 
-}  // namespace toolkit
+}  // namespace Tesk::Detail
 
-using UniqueHandle = toolkit::Unique<HANDLE, toolkit::closeHandle>;  // files, events, processes
-using UniqueFind = toolkit::Unique<HANDLE, toolkit::closeFind>;
-using UniqueIcon = toolkit::Unique<HICON, toolkit::closeIcon>;
-using UniqueMenu = toolkit::Unique<HMENU, toolkit::closeMenu>;
-using UniqueWindow = toolkit::Unique<HWND, toolkit::closeWindow>;
-using UniqueModule = toolkit::Unique<HMODULE, toolkit::closeModule>;
-using UniqueImageList = toolkit::Unique<HIMAGELIST, toolkit::closeImageList>;
-using UniqueFont = toolkit::Unique<HFONT, toolkit::closeGdi<HFONT>>;
-using UniqueBitmap = toolkit::Unique<HBITMAP, toolkit::closeGdi<HBITMAP>>;
-using UniqueBrush = toolkit::Unique<HBRUSH, toolkit::closeGdi<HBRUSH>>;
+using UniqueHandle = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeHandle>;  // files, events, processes
+using UniqueFind = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeFind>;
+using UniqueIcon = Tesk::Detail::Unique<HICON, Tesk::Detail::closeIcon>;
+using UniqueMenu = Tesk::Detail::Unique<HMENU, Tesk::Detail::closeMenu>;
+using UniqueWindow = Tesk::Detail::Unique<HWND, Tesk::Detail::closeWindow>;
+using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
+using UniqueKey = Tesk::Detail::Unique<HKEY, Tesk::Detail::closeKey>;
+using UniqueImageList = Tesk::Detail::Unique<HIMAGELIST, Tesk::Detail::closeImageList>;
+using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeGdi<HFONT>>;
+using UniqueBitmap = Tesk::Detail::Unique<HBITMAP, Tesk::Detail::closeGdi<HBITMAP>>;
+using UniqueBrush = Tesk::Detail::Unique<HBRUSH, Tesk::Detail::closeGdi<HBRUSH>>;
+
+// How many handles the owning types of this image hold at the moment.
+inline long liveHandles() { return Tesk::Detail::handleBalance; }

@@ -1,3 +1,0 @@
-#include "mfc/handles.h"
-
-long liveHandles() { return toolkit::handleBalance; }
