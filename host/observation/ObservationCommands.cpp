@@ -1,8 +1,8 @@
 // The commands that look at the windows from outside, as a person would.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Paths.h"
 #include "host/observation/Dialogs.h"
 #include "host/observation/PopupMenu.h"
 #include "host/observation/ResourceCount.h"
