@@ -189,6 +189,11 @@ void CDocManagerReactor::documentToBeDestroyed(AcApDocument* pDocument)
     Tesk::guarded(sCall, [&] { removeDatabaseReactor(pDocument); });
 }
 
+void CDocManagerReactor::documentDestroyed(const char*)
+{
+    Tesk::guarded("CDocManagerReactor::documentDestroyed", &tabsDocumentDestroyed);
+}
+
 void CDocManagerReactor::documentActivated(AcApDocument* pDocument)
 {
     Tesk::guarded("CDocManagerReactor::documentActivated", [&] {

@@ -3,6 +3,9 @@
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
+#include "library/system/ComputerName.h"
+
+#include <string>
 
 namespace Tesk {
 
@@ -63,20 +66,14 @@ public:
     std::vector<CString> m_vLines;
 };
 
-CString computerName()
-{
-    char sName[MAX_COMPUTERNAME_LENGTH + 1] = "";
-    DWORD dwSize = sizeof sName;
-    return ::GetComputerNameA(sName, &dwSize) ? sName : "Unknown";
-}
-
 }  // namespace
 
 std::vector<CString> describeMachine()
 {
     CHeader header;
     header.add(CDiagnosticsLog::now("Diagnostics started: %c"));
-    header.add("::HostName=" + computerName());
+    const std::string sComputer = getComputerName();
+    header.add(CString("::HostName=") + (sComputer.empty() ? "Unknown" : sComputer.c_str()));
     for (const char* sName : {"ProductName", "CurrentVersion", "CSDVersion", "CurrentBuildNumber"})
         header.addValue("OS", kWindowsNT, sName);
     header.addValue("Folders", kShellFolders, "Common AppData");

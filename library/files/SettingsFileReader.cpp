@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include <windows.h>
 
@@ -12,27 +13,16 @@ namespace Tesk {
 
 namespace {
 
-bool isCommentString(std::string_view sLine) { return sLine.starts_with('#') || sLine.starts_with("//"); }
-
-[[maybe_unused]] std::string_view TrimString(std::string_view sText) { return MultiByte::trim(sText); }
+bool isCommentString(std::string_view sLine) { return sLine.substr(0, 1) == "#" || sLine.substr(0, 2) == "//"; }
 
 // Key, in upper case, and value of a trimmed line, divided at its first space or tab.
-std::pair<std::string, std::string> splitLine(std::string_view sLine)
+std::pair<CString, CString> splitLine(std::string_view sLine)
 {
     const std::size_t blank = sLine.find_first_of(" \t");
-    std::string sValue;
+    CString sValue;
     if (blank != std::string_view::npos)
-        sValue = MultiByte::trim(sLine.substr(blank));
-    return {MultiByte::upper(MultiByte::trim(sLine.substr(0, blank))), std::move(sValue)};
-}
-
-// Neither quotation mark is ever the second byte of a character.
-std::string withoutQuotes(std::string_view sText)
-{
-    const std::size_t first = sText.find_first_not_of("\"'");
-    if (first == std::string_view::npos)
-        return {};
-    return std::string(sText.substr(first, sText.find_last_not_of("\"'") - first + 1));
+        sValue = toCString(MultiByte::trim(sLine.substr(blank)));
+    return {toCString(MultiByte::upper(MultiByte::trim(sLine.substr(0, blank)))), sValue};
 }
 
 // Up to six fields between quotation marks with white space between them, by the rules of
@@ -77,11 +67,11 @@ void CSettingsFileReader::readLine(std::string_view sLine)
         if (m_state == STATE_TITLEBLOCKS || m_state == STATE_MOCKBORDERS)
             m_group = CBlockGroup();
     } else if (m_state != STATE_SKIP) {
-        readBlockLine(std::string(sLine));
+        readBlockLine(toCString(sLine));
     }
 }
 
-CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyword)
+CSettingsFileReader::State CSettingsFileReader::stateOf(const CString& sKeyword)
 {
     static const std::pair<const char*, State> aKeywords[] = {
         {"PROJECTPATH", STATE_PROJECTPATH},     {"PROJECTLABEL", STATE_PROJECTLABEL},
@@ -108,9 +98,9 @@ void CSettingsFileReader::closeBlock()
     m_state = STATE_TOP;
 }
 
-void CSettingsFileReader::readBlockLine(const std::string& sLine)
+void CSettingsFileReader::readBlockLine(const CString& sLine)
 {
-    const auto [sKey, sValue] = splitLine(sLine);
+    const auto [sKey, sValue] = splitLine(viewOf(sLine));
     switch (m_state) {
     case STATE_PROJECTPATH:
         readProjectPath(sLine);
@@ -150,40 +140,41 @@ void CSettingsFileReader::readBlockLine(const std::string& sLine)
         readGroupLine(sKey, sValue);
         break;
     default:
-        ::MessageBoxA(nullptr, sLine.c_str(), "Not reading any section", MB_OK | MB_ICONERROR);
+        ::MessageBoxA(nullptr, sLine, "Not reading any section", MB_OK | MB_ICONERROR);
         TESK_ASSERT(false);
     }
 }
 
-void CSettingsFileReader::readProjectPath(const std::string& sInput)
+void CSettingsFileReader::readProjectPath(const CString& sInput)
 {
-    TESK_ASSERT(TrimString(sInput) == sInput);
-    TESK_ASSERT(!isCommentString(sInput));
-    const std::size_t second = MultiByte::CLeadBytes().next(sInput, 0);
-    const bool bAbsolute = sInput[0] == '\\' || sInput[0] == '/' || (second < sInput.size() && sInput[second] == ':');
+    TESK_ASSERT_TEXT(MultiByte::trim(viewOf(sInput)) == viewOf(sInput), "TrimString(sInput) == sInput");
+    TESK_ASSERT(!isCommentString(viewOf(sInput)));
+    const std::string_view sPath = viewOf(sInput);
+    const std::size_t second = MultiByte::CLeadBytes().next(sPath, 0);
+    const bool bAbsolute = sPath[0] == '\\' || sPath[0] == '/' || (second < sPath.size() && sPath[second] == ':');
     m_settings.m_sProjectPaths += ";";
     if (!bAbsolute)
-        m_settings.m_sProjectPaths += m_sFolder;
+        m_settings.m_sProjectPaths += m_sFolder.c_str();
     if (sInput != ".")
         m_settings.m_sProjectPaths += sInput;
 }
 
-void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& sValue)
+void CSettingsFileReader::readIssue(const CString& sKey, const CString& sValue)
 {
-    TESK_ASSERT_TEXT(!sKey.empty(), "!sKey.IsEmpty()");
-    if (sKey.find('+') != std::string::npos) {
+    TESK_ASSERT(!sKey.IsEmpty());
+    if (sKey.Find('+') >= 0) {
         if (m_bAnyIssue)
             m_settings.m_mapIssues[m_sLastIssue] += "\r\n" + sValue;
         return;
     }
-    const std::size_t ampersand = sKey.find('&');
-    if (ampersand == std::string::npos) {
+    const int iAmpersand = sKey.Find('&');
+    if (iAmpersand < 0) {
         m_sLastIssue = sKey;
         m_settings.m_mapIssues[m_sLastIssue] = sValue;
     } else {
         // The rest of the key names the entry; a bare "&" means the one before.
-        const std::string sName = sKey.substr(0, ampersand) + sKey.substr(ampersand + 1);
-        if (!sName.empty())
+        const CString sName = sKey.Left(iAmpersand) + sKey.Mid(iAmpersand + 1);
+        if (!sName.IsEmpty())
             m_sLastIssue = sName;
         else if (!m_bAnyIssue)
             return;
@@ -192,30 +183,30 @@ void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& 
     m_bAnyIssue = true;
 }
 
-void CSettingsFileReader::readCadStandard(const std::string& sKey, const std::string& sValue)
+void CSettingsFileReader::readCadStandard(const CString& sKey, const CString& sValue)
 {
-    TESK_ASSERT_TEXT(!sKey.empty(), "!sKey.IsEmpty()");
+    TESK_ASSERT(!sKey.IsEmpty());
     m_settings.m_mapCadStandards[sKey] = sValue;
 }
 
-void CSettingsFileReader::readGroupLine(const std::string& sKey, const std::string& sValue)
+void CSettingsFileReader::readGroupLine(const CString& sKey, const CString& sValue)
 {
     if (sKey == "CATEGORY")
         m_group.m_sCategory = sValue;
     else if (sKey == "DEFAULTLAYER")
         m_group.m_sDefaultLayer = sValue;
     else if (sKey == "DEFAULTSPACE")
-        m_group.m_bDefaultSpaceIsModel = MultiByte::equalNoCase(sValue, "MODEL");
+        m_group.m_bDefaultSpaceIsModel = MultiByte::equalNoCase(viewOf(sValue), "MODEL");
     else if (sKey == "INSERTABLE")
-        m_group.m_bInsertable = MultiByte::equalNoCase(sValue, "YES");
+        m_group.m_bInsertable = MultiByte::equalNoCase(viewOf(sValue), "YES");
     else if (sKey == "ISSUEFORMAT")
         m_group.m_sIssueFormat = sValue;
     else if (sKey == "LOCATIONPATH")
         m_group.m_sLocationPath = sValue;
     else if (sKey == "BORDER")
-        readBorder(sValue);
+        readBorder(viewOf(sValue));
     else
-        m_group.m_mapOther[sKey] = withoutQuotes(sValue);
+        m_group.m_mapOther[sKey] = toCString(MultiByte::withoutQuotes(viewOf(sValue)));
 }
 
 void CSettingsFileReader::readBorder(std::string_view sValue)
@@ -227,10 +218,10 @@ void CSettingsFileReader::readBorder(std::string_view sValue)
     }
     vecFields.resize(6);
     CBorderEntry border;
-    border.m_sDescription = vecFields[0];
-    border.m_sBlockName = vecFields[1].substr(0, vecFields[1].find('.'));
+    border.m_sDescription = toCString(vecFields[0]);
+    border.m_sBlockName = toCString(vecFields[1].substr(0, vecFields[1].find('.')));
     for (std::size_t i = 0; i < border.m_aFields.size(); ++i)
-        border.m_aFields[i] = vecFields[i + 2];
+        border.m_aFields[i] = toCString(vecFields[i + 2]);
     m_group.m_vecBorders.push_back(std::move(border));
 }
 

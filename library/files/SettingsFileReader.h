@@ -36,14 +36,14 @@ private:
         STATE_MOCKBORDERS
     };
 
-    static State stateOf(const std::string& sKeyword);
+    static State stateOf(const CString& sKeyword);
 
     void closeBlock();
-    void readBlockLine(const std::string& sLine);
-    void readProjectPath(const std::string& sInput);
-    void readIssue(const std::string& sKey, const std::string& sValue);
-    void readCadStandard(const std::string& sKey, const std::string& sValue);
-    void readGroupLine(const std::string& sKey, const std::string& sValue);
+    void readBlockLine(const CString& sLine);
+    void readProjectPath(const CString& sInput);
+    void readIssue(const CString& sKey, const CString& sValue);
+    void readCadStandard(const CString& sKey, const CString& sValue);
+    void readGroupLine(const CString& sKey, const CString& sValue);
     void readBorder(std::string_view sValue);
 
     CSettingsFile& m_settings;

@@ -79,13 +79,13 @@ TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists win
     const auto database = open(DrawingText().block("EMPTY", {"NR"}).border("USED", {{"NR", "7"}}));
     const CWorkingDatabase working(database.get());
     CARXTitleBlock title(database.get(), database->path().c_str());
-    CHECK_FALSE(title.hasInstance());
+    CHECK_FALSE(title.searchForInstance());
     CHECK(title.isProject());
     CHECK(expand(*database, kSTemplate) == "%HALVORAN::NO%|Job");
 
     // The border is inserted after the drawing was opened.
     REQUIRE(database->insertBlock("EMPTY", 0, 0) == Acad::eOk);
-    CHECK(title.hasInstance());
+    CHECK(title.searchForInstance());
     CHECK(title.get("NO") == "-");
     CHECK(database->openObjects() == 0);
 }

@@ -175,9 +175,9 @@ TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, op
         const std::vector<CString> xrefs = m_pWndTabs->getXrefs(pDocument);
         CHECK(xrefs == std::vector<CString>{free.c_str(), fixed.c_str()});
         Tesk::setDiagnosticsLevel(1);
-        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, IDC_DYNAMIC_MENU_OPTIONS - 1, 0U})
+        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, 0U})
             m_pWndTabs->processPopupMenuItem(pDocument, id, xrefs);
-        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
+        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
         CHECK(app.documents().count() == 1);
     }
     ::SetFileAttributesA(fixed.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -198,4 +198,23 @@ TEST_CASE_FIXTURE(MenuFixture, "string items are enabled whatever the frame made
     m_pWndTabs->enablePopupMenu(&menu);
     CHECK((menu.GetMenuState(0, MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) == 0);
     CHECK(answers.boxes().empty());
+}
+
+TEST_CASE_FIXTURE(MenuFixture,
+                  "a person who keeps one of the drawings to be closed keeps those behind it, now and later")
+{
+    std::vector<AcApDocument*> documents;
+    for (const char* sName : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"})
+        documents.push_back(open(sName));
+    app.documents().activateDocument(documents[1]);
+    REQUIRE(run("LINE 0 0 1 1"));
+    {
+        const Answers answers({}, [] { ::PostMessageA(::GetActiveWindow(), WM_COMMAND, IDCANCEL, 0); });
+        m_pWndTabs->processPopupMenuItem(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS, {});
+        app.pumpUntilIdle();
+        CHECK(answers.boxes().size() == 1);
+    }
+    CHECK(tabs() == Texts{"b", "c", "d"});
+    close(documents[1]);
+    CHECK(tabs() == Texts{"c", "d"});
 }
