@@ -1,5 +1,6 @@
 #include "tabs/ARXMDITabs.h"
 
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/KeywordExpansion.h"
 #include "library/files/PathParts.h"
@@ -245,13 +246,18 @@ const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
 void CARXMDITabs::OnSelChanging(NMHDR*, LRESULT* pResult)
 {
     TESK_TRACE("CARXMDITabs::OnSelChanging(...)\n");
-    *pResult = !acDocManager->isDocumentActivationEnabled();
+    Tesk::guarded("CARXMDITabs::OnSelChanging", [&] { *pResult = !acDocManager->isDocumentActivationEnabled(); });
 }
 
 void CARXMDITabs::OnSelChange(NMHDR*, LRESULT* pResult)
 {
     TESK_TRACE("CARXMDITabs::OnSelChange(...)\n");
     *pResult = 0;
+    Tesk::guarded("CARXMDITabs::OnSelChange", [this] { activateSelected(); });
+}
+
+void CARXMDITabs::activateSelected()
+{
     AcApDocument* pCurrent = acDocManager->curDocument();
     TESK_ASSERT(pCurrent != NULL);
     const int iSelected = GetCurSel();
@@ -264,7 +270,7 @@ void CARXMDITabs::OnSelChange(NMHDR*, LRESULT* pResult)
 void CARXMDITabs::OnMouseMove(UINT nFlags, CPoint point)
 {
     if (m_bToolTips)
-        trackToolTip(point);
+        Tesk::guarded("CARXMDITabs::OnMouseMove", [&] { trackToolTip(point); });
     CMDITabsEx::OnMouseMove(nFlags, point);
 }
 

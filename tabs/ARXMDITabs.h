@@ -68,6 +68,9 @@ public:
     void saveDocument(AcApDocument* pDocument);
     void closeDocument(AcApDocument* pDocument);
     void showOptions();
+    // Asked by the options command, which may delete the strip: true while a handler of
+    // the strip waits for the host. The command is then sent anew after it.
+    static bool putOffOptions();
     void openXREF(const CString& sPath);
     // Enables the menu's string items, which the frame has greyed for want of handlers.
     void enablePopupMenu(CMenu* pPopupMenu);
@@ -95,6 +98,7 @@ private:
     void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
     LRESULT OnMiddleButtonDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnMiddleButtonUp(WPARAM wParam, LPARAM lParam);
+    void activateSelected();
     void trackToolTip(CPoint point);
 
     // Items of the menu: nothing is added whose caption is empty or which would do nothing.

@@ -2,6 +2,7 @@
 #include "tabs/ARXMDITabs.h"
 #include "tabs/MenuIds.h"
 
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/network/UniversalName.h"
@@ -219,7 +220,9 @@ void CARXMDITabs::showHelp(AcApDocument* pDocument)
 
 LRESULT CARXMDITabs::OnMiddleButtonDown(WPARAM, LPARAM lParam)
 {
-    m_pMiddlePressed = CTabOptions::readMiddleClickCloses() ? getDocument(CPoint(lParam)) : nullptr;
+    Tesk::guarded("CARXMDITabs::OnMiddleButtonDown", [&] {
+        m_pMiddlePressed = CTabOptions::readMiddleClickCloses() ? getDocument(CPoint(lParam)) : nullptr;
+    });
     return Default();
 }
 
@@ -227,8 +230,10 @@ LRESULT CARXMDITabs::OnMiddleButtonUp(WPARAM, LPARAM lParam)
 {
     const AcApDocument* pPressed = std::exchange(m_pMiddlePressed, nullptr);
     const LRESULT result = Default();
-    AcApDocument* pReleased = pPressed != nullptr ? getDocument(CPoint(lParam)) : nullptr;
-    if (pReleased != nullptr && pReleased == pPressed)
-        closeDocument(pReleased);
+    Tesk::guarded("CARXMDITabs::OnMiddleButtonUp", [&] {
+        AcApDocument* pReleased = pPressed != nullptr ? getDocument(CPoint(lParam)) : nullptr;
+        if (pReleased != nullptr && pReleased == pPressed)
+            closeDocument(pReleased);
+    });
     return result;
 }
