@@ -22,7 +22,7 @@ constexpr const char* kNewLine = "\r\n";
 CString productLabel()
 {
     return Tesk::CVersionBlock::getCompanyName() + " " + Tesk::CVersionBlock::getInternalName() + " " +
-           Tesk::CVersionBlock::getProductVersion();
+           Tesk::CVersionBlock::getFileVersion();
 }
 
 CString logFile() { return Tesk::getLocation(Tesk::LOCATION_FILE_DIAGNOSTICS_LOG); }

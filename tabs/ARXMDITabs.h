@@ -110,6 +110,11 @@ private:
     bool processExtraItem(AcApDocument* pDocument, UINT iItem);
     std::vector<AcApDocument*> getDocuments();
     std::vector<AcApDocument*> getUnmodifiedDocuments();
+    CString getTabText(int iItem);
+    CString buildTabText(AcApDocument* pDocument, CString sName);
+    // The tab's text for the name that the document has now; the texts of those that came
+    // to share it, or ceased to, are changed.
+    CString renameTab(AcApDocument* pDocument);
     void updateSameNameTexts(const std::vector<AcApDocument*>& vecDocuments);
 
     CString m_sToolTipDocument;  // whose tooltip the balloon shows; empty: none

@@ -91,10 +91,9 @@ void CARXMDITabs::addDrawingsMenu(AcApDocument* pDocument, CMenu& menu)
     m_vecMenuDrawings.resize(
         std::min<std::size_t>(m_vecMenuDrawings.size(), IDC_DYNAMIC_MENU_DRAWINGS_END - IDC_DYNAMIC_MENU_DRAWINGS));
     const AcApDocument* pActive = acDocManager->mdiActiveDocument();
-    UINT iItem = IDC_DYNAMIC_MENU_DRAWINGS;
-    for (AcApDocument* pOpen : m_vecMenuDrawings)
-        TESK_VERIFY(menuDrawings.AppendMenu(MF_STRING | (pOpen == pActive ? MF_CHECKED : MF_UNCHECKED), iItem++,
-                                            asCaption(buildTabText(pOpen))));
+    for (std::size_t i = 0; i < m_vecMenuDrawings.size(); ++i)
+        TESK_VERIFY(menuDrawings.AppendMenu(MF_STRING | (m_vecMenuDrawings[i] == pActive ? MF_CHECKED : MF_UNCHECKED),
+                                            IDC_DYNAMIC_MENU_DRAWINGS + i, asCaption(getTabText(static_cast<int>(i)))));
     // The menu owns the submenu from here on.
     TESK_VERIFY(menu.AppendMenu(MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(menuDrawings.Detach()), sCaption));
 }
@@ -137,6 +136,17 @@ bool CARXMDITabs::processExtraItem(AcApDocument* pDocument, UINT iItem)
         TESK_VERIFY_TEXT(acDocManager->activateDocument(pChosen) == Acad::eOk,
                          "acDocManager->activateDocument(pDocument) == Acad::eOk");
     return true;
+}
+
+CString CARXMDITabs::getTabText(int iItem)
+{
+    char sText[1024] = "";
+    TCITEMA tabItem = {};
+    tabItem.mask = TCIF_TEXT;
+    tabItem.pszText = sText;
+    tabItem.cchTextMax = sizeof sText;
+    TESK_VERIFY(GetItem(iItem, &tabItem));
+    return CString(tabItem.pszText);
 }
 
 std::vector<AcApDocument*> CARXMDITabs::getDocuments()

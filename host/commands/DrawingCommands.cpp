@@ -1,8 +1,9 @@
 // The commands that edit the current drawing.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Paths.h"
+#include "host/ui/MainFrame.h"
 
 namespace host {
 
@@ -73,6 +74,11 @@ void editAttribute(Application& application, const Arguments& a)
 
 void attachXref(Application& application, const Arguments& a)
 {
+    if (a.size() == 0 && !application.isScripted()) {
+        for (const std::string& sChosen : application.frame().askForFiles())
+            application.submit("_XATTACH \"" + sChosen + "\"");
+        return;
+    }
     check(drawing(application).attachXref(a.rest(0)), "The reference " + quoted(a.rest(0)));
 }
 

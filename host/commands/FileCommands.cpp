@@ -1,8 +1,8 @@
 // The commands that open, save and close drawings.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Paths.h"
 #include "host/ui/MainFrame.h"
 
 namespace host {
@@ -22,14 +22,11 @@ void requireActivation(Application& application)
         throw CommandError("Switching between drawings is disabled.");
 }
 
-// The path from the command line, else from the person's dialog; empty when that was cancelled.
-std::string pathFor(Application& application, const Arguments& arguments, bool forSaving)
+// A script names its files itself.
+void requirePerson(Application& application)
 {
-    if (arguments.size() != 0)
-        return fullPath(arguments.rest(0));
     if (application.isScripted())
         throw CommandError("The command needs a path.");
-    return application.frame().askForPath(forSaving);
 }
 
 // In single-drawing mode another drawing takes the place of the one there is.
@@ -49,9 +46,13 @@ void newDrawing(Application& application, const Arguments&)
 void open(Application& application, const Arguments& arguments)
 {
     requireActivation(application);
-    const std::string sPath = pathFor(application, arguments, false);
-    if (sPath.empty())
+    if (arguments.size() == 0) {
+        requirePerson(application);
+        for (const std::string& sChosen : application.frame().askForFiles())
+            application.submit("_OPEN \"" + sChosen + "\"");
         return;
+    }
+    const std::string sPath = fullPath(arguments.rest(0));
     if (isSingle(application)) {
         if (application.mayLose(currentDocument(application)))
             application.documents().replace(currentDocument(application), sPath);
@@ -64,7 +65,10 @@ void close(Application& application, const Arguments&) { application.closeDocume
 void saveAs(Application& application, const Arguments& arguments)
 {
     Document& document = currentDocument(application);
-    const std::string sPath = pathFor(application, arguments, true);
+    if (arguments.size() == 0)
+        requirePerson(application);
+    const std::string sPath =
+        arguments.size() != 0 ? fullPath(arguments.rest(0)) : application.frame().askForTarget(document.fileName());
     if (sPath.empty())
         return;
     const Document* const pOther = application.documents().find(sPath);
@@ -103,9 +107,7 @@ void quickSave(Application& application, const Arguments&)
 void dxfIn(Application& application, const Arguments& arguments)
 {
     Document& document = currentDocument(application);
-    const std::string sPath = pathFor(application, arguments, false);
-    if (!sPath.empty())
-        application.documents().dxfIn(document, sPath);
+    application.documents().dxfIn(document, fullPath(arguments.rest(0)));
 }
 
 void quit(Application& application, const Arguments&) { application.quit(); }

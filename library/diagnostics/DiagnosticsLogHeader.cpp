@@ -1,5 +1,6 @@
 #include "library/diagnostics/DiagnosticsLog.h"
 
+#include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
 #include "library/system/ComputerName.h"
@@ -87,6 +88,8 @@ std::vector<CString> describeMachine()
     header.addTitled("PathLocation", "LOCATION_FILE_MODULE", getLocation(LOCATION_FILE_MODULE));
     header.addTitled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM));
     header.addTitled("PathLocation", "LOCATION_DIR_USERZAVIKDATA", getLocation(LOCATION_DIR_USERZAVIKDATA));
+    header.addTitled("Module", "FileVersion", CVersionBlock::getFileVersion());
+    header.addTitled("Module", "Comments", CVersionBlock::getComments());
     header.add(":-------------------------");
     header.add(":");
     return header.m_vLines;

@@ -14,7 +14,7 @@ using MultiByte::trim;
 
 namespace {
 
-constexpr char kSectionOpen = '[';
+constexpr char cSectionOpen = '[';
 constexpr char kSectionClose = ']';
 constexpr char kComment = ';';
 constexpr char kEquals = '=';
@@ -58,7 +58,7 @@ void CDefaultSettings::readLine(std::string_view sLine)
 {
     if (sLine.empty() || sLine[0] == kComment)
         return;
-    if (sLine[0] == kSectionOpen)
+    if (sLine[0] == cSectionOpen)
         readSectionLine(sLine);
     else
         readKeyLine(sLine);
@@ -67,12 +67,12 @@ void CDefaultSettings::readLine(std::string_view sLine)
 // A header that does not end in "]" is passed over, and the section stays.
 void CDefaultSettings::readSectionLine(std::string_view sLine)
 {
-    TESK_ASSERT(sLine[0] == kSectionOpen);
+    TESK_ASSERT(sLine[0] == cSectionOpen);
     const std::size_t closing = countClosing(sLine);
     if (closing == 0)
         return;
     sLine.remove_suffix(closing);
-    const std::size_t first = sLine.find_first_not_of(kSectionOpen);
+    const std::size_t first = sLine.find_first_not_of(cSectionOpen);
     m_sCurrentSection = toCString(first == sLine.npos ? std::string_view() : sLine.substr(first));
 }
 

@@ -49,7 +49,9 @@ class DiagnosticsTest(HostTest):
         self.assertLess(abs(time.time() - started), 600, "local time")
         self.assertRegex(header[1], r"^::HostName=.+")
         self.assertIn("PathLocation::LOCATION_FILE_MODULE=" + self.path(MODULE), header)
-        self.assertEqual(header[-2:], [":" + "-" * 25, ":"])
+        version = re.search(r"VERSION (\d+\.\d+\.\d+)", (REPOSITORY / "CMakeLists.txt").read_text())[1]
+        self.assertEqual(header[-4:], ["Module::FileVersion=" + version, "Module::Comments=Built from a working tree",
+                                       ":" + "-" * 25, ":"])
         traces = log[len(header):]
         self.assertEqual(reactor_steps(traces)[:4], ATTACH, "the first start's log is gone")
         opened = f'ZavikMDITabs : CDocManagerReactor::documentCreated("{self.path(long)}")'

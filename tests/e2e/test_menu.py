@@ -16,7 +16,7 @@ class MenuTest(HostTest):
         transcript = self.run_host([
             f"OPEN {A100}", f"OPEN {S200}", f'OPEN "{ISSUED}"',
             "MENU 0", "MENU 1", "MENU 2", "MENU 3",
-            "SETVAR SDI 1", "MENU 1",
+            "CLOSE", "CLOSE", "SWITCH 0", "CLOSE", "SETVAR SDI 1", "MENU 0",
         ])
         untitled, river, station, issued, single = transcript.menus
         self.assertEqual(untitled, [(0, SAVE, "&Save", True), (0, CLOSE, "&Close", True), None,
