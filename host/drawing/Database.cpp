@@ -55,10 +55,10 @@ std::unique_ptr<Database> Database::createNew()
     return std::unique_ptr<Database>(new Database(DxfFile::blank(), "", false));
 }
 
-std::unique_ptr<Database> Database::open(const std::string& sPath)
+std::unique_ptr<Database> Database::open(const std::string& sPath, bool loadXrefs)
 {
     const std::string sFull = fullPath(sPath);
-    return std::unique_ptr<Database>(new Database(DxfFile::read(sFull), sFull, true));
+    return std::unique_ptr<Database>(new Database(DxfFile::read(sFull), sFull, loadXrefs));
 }
 
 std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::string& sReason)

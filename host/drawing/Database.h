@@ -41,9 +41,9 @@ public:
 
     // A new, unnamed drawing.
     static std::unique_ptr<Database> createNew();
-    // Throws FileError. The drawing's xrefs are loaded too, one level deep; what
-    // is wrong with one of them is its status, not an error.
-    static std::unique_ptr<Database> open(const std::string& sPath);
+    // Throws FileError. The drawing's xrefs are loaded too, if asked for, one level deep;
+    // what is wrong with one of them is its status, not an error.
+    static std::unique_ptr<Database> open(const std::string& sPath, bool loadXrefs = true);
     // At most one; null for none.
     static void setObserver(DatabaseObserver* pObserver);
     // The implementation behind an API pointer; null for null.

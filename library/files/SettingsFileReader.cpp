@@ -16,16 +16,6 @@ bool isCommentString(std::string_view sLine) { return sLine.starts_with('#') || 
 
 [[maybe_unused]] std::string_view TrimString(std::string_view sText) { return MultiByte::trim(sText); }
 
-// Key, in upper case, and value of a trimmed line, divided at its first space or tab.
-std::pair<std::string, std::string> splitLine(std::string_view sLine)
-{
-    const std::size_t blank = sLine.find_first_of(" \t");
-    std::string sValue;
-    if (blank != std::string_view::npos)
-        sValue = MultiByte::trim(sLine.substr(blank));
-    return {MultiByte::upper(MultiByte::trim(sLine.substr(0, blank))), std::move(sValue)};
-}
-
 // Neither quotation mark is ever the second byte of a character.
 std::string withoutQuotes(std::string_view sText)
 {
@@ -65,38 +55,60 @@ CSettingsFileReader::CSettingsFileReader(CSettingsFile& settings, std::string sF
 {
 }
 
-void CSettingsFileReader::readLine(std::string_view sLine)
+std::pair<std::string, std::string> CSettingsFileReader::splitLine(std::string_view sLine)
+{
+    const std::size_t blank = sLine.find_first_of(" \t");
+    std::string sValue;
+    if (blank != std::string_view::npos)
+        sValue = MultiByte::trim(sLine.substr(blank));
+    return {MultiByte::upper(MultiByte::trim(sLine.substr(0, blank))), std::move(sValue)};
+}
+
+std::size_t CSettingsFileReader::countFields(std::string_view sValue) { return scanQuoted(sValue).size(); }
+
+CSettingsFileReader::Line CSettingsFileReader::readLine(std::string_view sLine)
 {
     sLine = MultiByte::trim(sLine);
     if (sLine.empty() || isCommentString(sLine) || sLine == "{")
-        return;
+        return Line::Passed;
     if (sLine == "}") {
         closeBlock();
-    } else if (m_state == STATE_TOP) {
+        return Line::Passed;
+    }
+    if (m_state == STATE_TOP) {
         m_state = stateOf(splitLine(sLine).first);
         if (m_state == STATE_TITLEBLOCKS || m_state == STATE_MOCKBORDERS)
             m_group = CBlockGroup();
-    } else if (m_state != STATE_SKIP) {
-        readBlockLine(std::string(sLine));
+        return m_state == STATE_SKIP ? Line::UnknownKeyword : Line::Keyword;
     }
+    return m_state == STATE_SKIP ? Line::Passed : readBlockLine(std::string(sLine));
 }
+
+const CSettingsFileReader::Keyword CSettingsFileReader::kKeywords[] = {
+    {"PROJECTPATH", STATE_PROJECTPATH},     {"PROJECTLABEL", STATE_PROJECTLABEL},
+    {"JOBNUMBER", STATE_JOBNUMBER},         {"ISSUEDIRECTORY", STATE_ISSUEDIRECTORY},
+    {"JOBTITLE", STATE_JOBTITLE},           {"OFFICEDETAILS", STATE_OFFICEDETAILS},
+    {"CLIENTTITLE", STATE_CLIENTTITLE},     {"DWGSTATUS", STATE_DWGSTATUS},
+    {"DWGDISCIPLINE", STATE_DWGDISCIPLINE}, {"ISSUE", STATE_ISSUE},
+    {"CADSTANDARDS", STATE_CADSTANDARDS},   {"TITLEBLOCKS", STATE_TITLEBLOCKS},
+    {"MOCKBORDERS", STATE_MOCKBORDERS},
+};
 
 CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyword)
 {
-    static const std::pair<const char*, State> aKeywords[] = {
-        {"PROJECTPATH", STATE_PROJECTPATH},     {"PROJECTLABEL", STATE_PROJECTLABEL},
-        {"JOBNUMBER", STATE_JOBNUMBER},         {"ISSUEDIRECTORY", STATE_ISSUEDIRECTORY},
-        {"JOBTITLE", STATE_JOBTITLE},           {"OFFICEDETAILS", STATE_OFFICEDETAILS},
-        {"CLIENTTITLE", STATE_CLIENTTITLE},     {"DWGSTATUS", STATE_DWGSTATUS},
-        {"DWGDISCIPLINE", STATE_DWGDISCIPLINE}, {"ISSUE", STATE_ISSUE},
-        {"CADSTANDARDS", STATE_CADSTANDARDS},   {"TITLEBLOCKS", STATE_TITLEBLOCKS},
-        {"MOCKBORDERS", STATE_MOCKBORDERS},
-    };
-    for (const auto& [sName, state] : aKeywords) {
-        if (sKeyword == sName)
-            return state;
+    for (const Keyword& keyword : kKeywords) {
+        if (sKeyword == keyword.sName)
+            return keyword.state;
     }
     return STATE_SKIP;
+}
+
+std::vector<std::string> CSettingsFileReader::getKeywords()
+{
+    std::vector<std::string> vecNames;
+    for (const Keyword& keyword : kKeywords)
+        vecNames.push_back(keyword.sName);
+    return vecNames;
 }
 
 void CSettingsFileReader::closeBlock()
@@ -108,7 +120,7 @@ void CSettingsFileReader::closeBlock()
     m_state = STATE_TOP;
 }
 
-void CSettingsFileReader::readBlockLine(const std::string& sLine)
+CSettingsFileReader::Line CSettingsFileReader::readBlockLine(const std::string& sLine)
 {
     const auto [sKey, sValue] = splitLine(sLine);
     switch (m_state) {
@@ -147,12 +159,12 @@ void CSettingsFileReader::readBlockLine(const std::string& sLine)
         break;
     case STATE_TITLEBLOCKS:
     case STATE_MOCKBORDERS:
-        readGroupLine(sKey, sValue);
-        break;
+        return readGroupLine(sKey, sValue);
     default:
         ::MessageBoxA(nullptr, sLine.c_str(), "Not reading any section", MB_OK | MB_ICONERROR);
         TESK_ASSERT(false);
     }
+    return Line::Passed;
 }
 
 void CSettingsFileReader::readProjectPath(const std::string& sInput)
@@ -198,7 +210,7 @@ void CSettingsFileReader::readCadStandard(const std::string& sKey, const std::st
     m_settings.m_mapCadStandards[sKey] = sValue;
 }
 
-void CSettingsFileReader::readGroupLine(const std::string& sKey, const std::string& sValue)
+CSettingsFileReader::Line CSettingsFileReader::readGroupLine(const std::string& sKey, const std::string& sValue)
 {
     if (sKey == "CATEGORY")
         m_group.m_sCategory = sValue;
@@ -213,17 +225,20 @@ void CSettingsFileReader::readGroupLine(const std::string& sKey, const std::stri
     else if (sKey == "LOCATIONPATH")
         m_group.m_sLocationPath = sValue;
     else if (sKey == "BORDER")
-        readBorder(sValue);
-    else
+        return readBorder(sValue) ? Line::Border : Line::IgnoredBorder;
+    else {
         m_group.m_mapOther[sKey] = withoutQuotes(sValue);
+        return Line::Mapping;
+    }
+    return Line::Passed;
 }
 
-void CSettingsFileReader::readBorder(std::string_view sValue)
+bool CSettingsFileReader::readBorder(std::string_view sValue)
 {
     std::vector<std::string> vecFields = scanQuoted(sValue);
     if (vecFields.size() != 6 && vecFields.size() != 5 && vecFields.size() != 2) {
         TESK_TRACE("** Invalid border entry.\n");
-        return;
+        return false;
     }
     vecFields.resize(6);
     CBorderEntry border;
@@ -232,6 +247,7 @@ void CSettingsFileReader::readBorder(std::string_view sValue)
     for (std::size_t i = 0; i < border.m_aFields.size(); ++i)
         border.m_aFields[i] = vecFields[i + 2];
     m_group.m_vecBorders.push_back(std::move(border));
+    return true;
 }
 
 }  // namespace Tesk

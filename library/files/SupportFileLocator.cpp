@@ -45,10 +45,19 @@ const std::string& specialFolder(int iFolder)
     return sFolder;
 }
 
+// What stands for the module's file; empty for the module itself.
+std::string& standIn()
+{
+    static std::string s_sModuleFile;
+    return s_sModuleFile;
+}
+
 // The module's file, or the program's while the library has no module. The handle is read
 // directly, since an assertion report asks for this path too.
 std::string moduleFile()
 {
+    if (isLookOnly())
+        return standIn();
     static std::pair<HMODULE, std::string> cached;
     if (G_bLibraryInitialised && cached.first == G_hCurrentModule && !cached.second.empty())
         return cached.second;
@@ -119,6 +128,8 @@ std::string diagnosticsLog()
     return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + PathParts(sModule).sBase + ".log");
 }
 
+int createFlag() { return isLookOnly() ? 0 : CSIDL_FLAG_CREATE; }
+
 std::string rawLocation(int iWhere)
 {
     switch (iWhere) {
@@ -133,9 +144,9 @@ std::string rawLocation(int iWhere)
     case LOCATION_DIR_TEMP:
         return getTempFolder().GetString();
     case LOCATION_DIR_USERAPPDATA:
-        return specialFolder(CSIDL_APPDATA | CSIDL_FLAG_CREATE);
+        return specialFolder(CSIDL_APPDATA | createFlag());
     case LOCATION_DIR_USERLOCALAPPDATA:
-        return specialFolder(CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE);
+        return specialFolder(CSIDL_LOCAL_APPDATA | createFlag());
     case LOCATION_DIR_USERZAVIKDATA:
         return below(LOCATION_DIR_USERAPPDATA, "Zavik");
     case LOCATION_DIR_USERLOCALZAVIKDATA:
@@ -193,6 +204,10 @@ bool environment(const char* sName, std::string& sValue)
 }
 
 }  // namespace
+
+void lookOnlyAs(const char* sModuleFile) { standIn() = sModuleFile; }
+
+bool isLookOnly() { return !standIn().empty(); }
 
 CString getLocation(int iWhere)
 {
