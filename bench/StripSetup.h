@@ -8,8 +8,8 @@
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
 #include "mfc/afxwin.h"
-#include "tests/library/TestFolder.h"
-#include "tests/module/RedirectedUser.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <functional>
 
@@ -37,7 +37,7 @@ public:
     double untilMenu(const std::function<void()>& track);
 
 private:
-    RedirectedUser m_user;
+    CTestHive m_user;
     CTestFolder m_folder;
     host::Application m_application;
     int m_iOpened = 0;

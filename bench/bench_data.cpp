@@ -6,8 +6,9 @@
 #include "module/ZavikMDITabs.h"
 #include "objectarx/dbsymtb.h"
 #include "reactors/DatabaseData.h"
-#include "tests/library/TestFolder.h"
 #include "tests/support/DrawingText.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <commctrl.h>
 
@@ -196,35 +197,11 @@ void benchMouse(Bench& bench)
     bench.unload();
 }
 
-// The user's options do not count: an empty key stands in for the registry's.
-class EmptyOptions {
-public:
-    EmptyOptions()
-    {
-        ::RegCreateKeyExA(HKEY_CURRENT_USER, kSKey, 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS, nullptr, &m_hkKey,
-                          nullptr);
-        ::RegOverridePredefKey(HKEY_CURRENT_USER, m_hkKey);
-    }
-    ~EmptyOptions()
-    {
-        ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
-        ::RegCloseKey(m_hkKey);
-        ::RegDeleteKeyA(HKEY_CURRENT_USER, kSKey);
-    }
-    EmptyOptions(const EmptyOptions&) = delete;
-    EmptyOptions& operator=(const EmptyOptions&) = delete;
-
-private:
-    static constexpr char kSKey[] = "Software\\ZavikMDITabs benchmark";
-
-    HKEY m_hkKey = nullptr;
-};
-
 }  // namespace
 
 int main()
 {
-    const EmptyOptions options;
+    const CTestHive user;  // the person's options do not count
     Bench bench;
     benchReading(bench);
     benchOpening(bench);

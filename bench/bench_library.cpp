@@ -3,7 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/KeywordExpansion.h"
 #include "library/files/DefaultSettings.h"
-#include "tests/library/TestFolder.h"
+#include "tests/support/TestFolder.h"
 
 #include <boost/regex.hpp>
 

@@ -4,13 +4,14 @@
 #include "bench/DialogClock.h"
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
+#include "module/OptionsCommand.h"
 #include "module/TabForwarders.h"
 #include "module/ZavikMDITabs.h"
-#include "module/resource.h"
 #include "objectarx/acedads.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseReactor.h"
 #include "reactors/DocManagerReactor.h"
+#include "settings/resource.h"
 
 #include <memory>
 #include <string>

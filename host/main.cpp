@@ -1,6 +1,7 @@
-// cadhost [/nologo] [/ld MODULE] [/b SCRIPT] [DRAWING...]: a stand-in CAD host.
+// cadhost [/nologo] [/nodemand] [/ld MODULE] [/b SCRIPT] [DRAWING...]: a stand-in CAD host.
 // With a script it plays that and ends; its exit code is 0 when all went well.
 
+#include "host/CrashReport.h"
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
 
@@ -10,6 +11,7 @@ namespace {
 
 struct CommandLineArguments {
     bool logo = true;
+    bool demandLoading = true;
     std::string script;
     std::vector<std::string> modules;
     std::vector<std::string> drawings;
@@ -24,6 +26,8 @@ CommandLineArguments parse(int count, char** words)
         const bool hasValue = i + 1 < count;
         if (sWord == "/nologo")
             arguments.logo = false;
+        else if (sWord == "/nodemand")
+            arguments.demandLoading = false;
         else if (sWord == "/ld" && hasValue)
             arguments.modules.push_back(words[++i]);
         else if (sWord == "/b" && hasValue)
@@ -40,9 +44,13 @@ CommandLineArguments parse(int count, char** words)
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int)
 {
+    host::reportCrashes();
+    // The time zone is the system's: the C runtime would misread a zone's Unix name.
+    ::_putenv("TZ=");
     const CommandLineArguments arguments = parse(__argc, __argv);
     host::Options options;
     options.standardOutput = true;
+    options.demandLoading = arguments.demandLoading;
     host::Application application(options);
     if (arguments.logo)
         application.commandLine().printLine("Cadhost, a stand-in CAD host.");

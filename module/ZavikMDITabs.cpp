@@ -4,12 +4,13 @@
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
-#include "module/TabForwarders.h"
+#include "module/OptionsCommand.h"
 #include "objectarx/rxdlinkr.h"
 #include "objectarx/rxmfcapi.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
 #include "settings/MDITabSettings.h"
+#include "settings/TabOptions.h"
 
 // The C++ runtime's own: frees the reserve that it keeps for throwing without memory.
 namespace __gnu_cxx {
@@ -22,103 +23,20 @@ namespace {
 
 constexpr const char* kApplicationName = "ZavikMDITabs";
 
-// The options as they stand in the registry; what cannot be read has its default.
-struct Options {
-    bool bUse = true;
-    DWORD dwTabLocation = 1;
-    bool bDiscreet = false;
-    bool bToolTips = true;
-    bool bExtensions = false;
-    bool bIcons = true;
-
-    static Options read()
-    {
-        Options options;
-        CMDITabSettings::getUse(options.bUse);
-        CMDITabSettings::getTabLocation(options.dwTabLocation);
-        CMDITabSettings::getIsDiscreet(options.bDiscreet);
-        CMDITabSettings::getUseToolTips(options.bToolTips);
-        CMDITabSettings::getUseExtensions(options.bExtensions);
-        CMDITabSettings::getUseIcons(options.bIcons);
-        return options;
-    }
-
-    bool sameStyle(const Options& other) const
-    {
-        return dwTabLocation == other.dwTabLocation && bDiscreet == other.bDiscreet && bToolTips == other.bToolTips;
-    }
-    bool sameTexts(const Options& other) const { return bExtensions == other.bExtensions && bIcons == other.bIcons; }
-};
-
-// What the command does to the strip after the options were changed.
-struct Decision {
-    bool bDestroy;
-    bool bCreate;
-    bool bRebuild;
-
-    Decision(const Options& before, const Options& after)
-    {
-        const bool bTurnOn = !before.bUse && after.bUse;
-        const bool bTurnOff = before.bUse && !after.bUse;
-        const bool bStyleChanged = !before.sameStyle(after);
-        const bool bTextChanged = !before.sameTexts(after);
-        bDestroy = bTurnOff || bStyleChanged;
-        bCreate = bTurnOn || bStyleChanged;
-        bRebuild = after.bUse && (bCreate || bTextChanged);
-    }
-};
-
-bool isStripUsed()
+// A step of closing the strip, under a guard of its own: whatever stayed registered with
+// the host would be called after the module is gone.
+void closeStep(const char* sCall, bool bDue, void (*pStep)())
 {
-    bool bUse = true;
-    CMDITabSettings::getUse(bUse);
-    return bUse;
+    if (bDue)
+        Tesk::guarded(sCall, pStep);
 }
 
-void reapplyDiagnosticsLevel() { Tesk::setDiagnosticsLevel(Tesk::getDiagnosticsLevel() == 2 ? 2 : 0); }
-
-void attachReactors()
+// bAll: also what is not there, which is reported then.
+void closeStrip(bool bAll)
 {
-    CDocManagerReactor::attach();
-    CEditorReactor::attach();
-}
-
-// Each step under a guard of its own: whatever stayed registered with the host
-// would be called after the module is gone.
-void closeStrip()
-{
-    Tesk::guarded("CEditorReactor::detach", [] { CEditorReactor::detach(); });
-    Tesk::guarded("CDocManagerReactor::detach", [] { CDocManagerReactor::detach(); });
-    Tesk::guarded("destroyTabWindow", [] { destroyTabWindow(); });
-}
-
-// The strip can be up although it is switched off: the registry was changed by
-// others, or a style was changed together with the switch. Nothing of it may
-// outlive the module.
-void releaseLeftStrip()
-{
-    if (CEditorReactor::isAttached())
-        Tesk::guarded("CEditorReactor::detach", [] { CEditorReactor::detach(); });
-    if (CDocManagerReactor::isAttached())
-        Tesk::guarded("CDocManagerReactor::detach", [] { CDocManagerReactor::detach(); });
-    if (m_pWndTabs != nullptr)
-        Tesk::guarded("destroyTabWindow", [] { destroyTabWindow(); });
-}
-
-void applyOptions(const Options& before, const Options& after)
-{
-    const Decision decision(before, after);
-    reapplyDiagnosticsLevel();
-    if (decision.bDestroy)
-        closeStrip();
-    if (decision.bCreate) {
-        createTabWindow();
-        attachReactors();
-    }
-    if (decision.bRebuild)
-        if (CDocManagerReactor* pReactor = CDocManagerReactor::getReactor())
-            pReactor->refreshDocuments();
-    acedGetAcadFrame()->RecalcLayout(TRUE);
+    closeStep("CEditorReactor::detach", bAll || CEditorReactor::isAttached(), &CEditorReactor::detach);
+    closeStep("CDocManagerReactor::detach", bAll || CDocManagerReactor::isAttached(), &CDocManagerReactor::detach);
+    closeStep("destroyTabWindow", bAll || m_pWndTabs != nullptr, &destroyTabWindow);
 }
 
 // The runtime is linked into the module, but leaves its reserve behind at each unloading.
@@ -133,6 +51,12 @@ void traceWindowException(const CException& exception)
 }
 
 }  // namespace
+
+CARXMDITabs* getTabWindow()
+{
+    TESK_ASSERT(m_pWndTabs != NULL);
+    return m_pWndTabs.get();
+}
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt)
 {
@@ -161,20 +85,17 @@ void initApplication()
     reapplyDiagnosticsLevel();
     // Whatever becomes of the strip, its options can be reached.
     Tesk::guarded("initApplication", [] {
-        if (isStripUsed()) {
-            createTabWindow();
-            attachReactors();
-        }
+        if (CTabOptions::readUse())
+            openStrip();
     });
     Tesk::registerCommand(kApplicationName, kApplicationName, &runOptionsCommand, ACRX_CMD_MODAL);
 }
 
 void unloadApplication()
 {
-    if (isStripUsed())
-        closeStrip();
-    else
-        releaseLeftStrip();
+    // The strip can be up although it is switched off: the registry was changed by
+    // others, or a style together with the switch. Nothing of it may outlive the module.
+    closeStrip(CTabOptions::readUse());
     CMDITabSettings::clearDefaultSettings();
     // So that the module can be loaded again in the same session.
     if (AcEdCommandStack* pStack = acedRegCmds)
@@ -183,12 +104,23 @@ void unloadApplication()
     AfxSetExceptionHook(nullptr);
 }
 
+void reapplyDiagnosticsLevel() { Tesk::setDiagnosticsLevel(Tesk::getDiagnosticsLevel() == 2 ? 2 : 0); }
+
+void openStrip()
+{
+    createTabWindow();
+    CDocManagerReactor::attach();
+    CEditorReactor::attach();
+}
+
+void closeStrip() { closeStrip(true); }
+
 void createTabWindow()
 {
     CMDIFrameWnd* pMainFrame = acedGetAcadFrame();
-    const Options options = Options::read();
+    const CTabOptions options = CTabOptions::read();
     DWORD dwStyle = MDITABS_IMAGES;
-    if (options.dwTabLocation != 1)
+    if (options.dwLocation != 1)
         dwStyle |= MDITABS_TOP;
     if (options.bDiscreet)
         dwStyle |= MDITABS_DISCREET;
@@ -204,56 +136,14 @@ void createTabWindow()
 
 void destroyTabWindow()
 {
-    TESK_ASSERT(m_pWndTabs != NULL);
-    if (m_pWndTabs == nullptr)
-        return;
-    m_pWndTabs->DestroyWindow();
-    m_pWndTabs.reset();
+    if (CARXMDITabs* pTabs = getTabWindow()) {
+        pTabs->DestroyWindow();
+        m_pWndTabs.reset();
+    }
 }
 
 void updateFrameLayout()
 {
     if (m_pWndTabs->GetItemCount() <= 2)
         acedGetAcadFrame()->RecalcLayout(TRUE);
-}
-
-void tabsAddDocument(AcApDocument* pDocument)
-{
-    TESK_ASSERT(m_pWndTabs != NULL);
-    if (m_pWndTabs == nullptr)
-        return;
-    m_pWndTabs->addDocument(pDocument);
-    updateFrameLayout();
-}
-
-void tabsRemoveDocument(AcApDocument* pDocument)
-{
-    TESK_ASSERT(m_pWndTabs != NULL);
-    if (m_pWndTabs == nullptr)
-        return;
-    m_pWndTabs->removeDocument(pDocument);
-    updateFrameLayout();
-}
-
-void tabsActivateDocument(AcApDocument* pDocument)
-{
-    TESK_ASSERT(m_pWndTabs != NULL);
-    if (m_pWndTabs != nullptr)
-        m_pWndTabs->activateDocument(pDocument);
-}
-
-void tabsUpdateDocumentModified(AcApDocument* pDocument)
-{
-    TESK_ASSERT(m_pWndTabs != NULL);
-    if (m_pWndTabs != nullptr)
-        m_pWndTabs->updateDocumentModified(pDocument);
-}
-
-void runOptionsCommand()
-{
-    Tesk::guarded("runOptionsCommand", [] {
-        const Options before = Options::read();
-        if (CMDITabSettings::editOptions())
-            applyOptions(before, Options::read());
-    });
 }

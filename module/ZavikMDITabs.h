@@ -1,7 +1,7 @@
 #pragma once
 
-// The module's spine: entry point, start-up and stop, the one tab window and the
-// one command. The host's user-interface thread runs all of it.
+// The module's spine: entry point, start-up and stop, and the one tab window. The
+// host's user-interface thread runs all of it.
 
 #include "objectarx/rxdefs.h"
 #include "tabs/ARXMDITabs.h"
@@ -11,11 +11,21 @@
 // Null while the strip is off.
 extern std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
+// The same for who needs it; null only after an assertion.
+CARXMDITabs* getTabWindow();
+
 // The host's messages; only load and unload are acted on. Always kRetOK.
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt);
 
 void initApplication();
 void unloadApplication();
+
+// Debug mode stays, any other level ends.
+void reapplyDiagnosticsLevel();
+
+// The window and the reactors on it; in the other order, whatever fails in between.
+void openStrip();
+void closeStrip();
 
 // There must be no window. Whether one could be made is not checked.
 void createTabWindow();
@@ -25,6 +35,3 @@ void destroyTabWindow();
 // Lays the host's frame out when the number of tabs is at the edge of the strip's
 // being shown: 0, 1 or 2.
 void updateFrameLayout();
-
-// The command "ZavikMDITabs": the options dialog, and the strip after it.
-void runOptionsCommand();

@@ -3,8 +3,8 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ObjectPointer.h"
 #include "library/drawing/WorkingDatabase.h"
-#include "objectarx/acdocman.h"
 #include "objectarx/dbsymtb.h"
+#include "reactors/OpenDocuments.h"
 
 #include <memory>
 #include <stdexcept>
@@ -25,10 +25,10 @@ void appendXrefPath(const AcDbBlockTableRecord& record, std::vector<CString>& ve
     const AcDbDatabase* pXrefDatabase = record.xrefDatabase(false);
     if (pXrefDatabase == nullptr)
         return;
-    const char* szPath = acdbOriginalXrefFullPathFor(pXrefDatabase);
-    TESK_ASSERT(szPath != NULL);
-    if (szPath != nullptr)
-        vecPaths.push_back(szPath);
+    const char* sPath = acdbOriginalXrefFullPathFor(pXrefDatabase);
+    TESK_ASSERT_TEXT(sPath != NULL, "szPath != NULL");
+    if (sPath != nullptr)
+        vecPaths.push_back(sPath);
 }
 
 }  // namespace
@@ -50,7 +50,7 @@ CDatabaseData::CDatabaseData(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
 
 void CDatabaseData::read()
 {
-    m_pDocument = acDocManager->document(m_pDatabase);
+    m_pDocument = documentOf(m_pDatabase);
     if (m_pDocument == nullptr)
         throw std::invalid_argument("no document owns the drawing");
     m_vecXrefPaths = getXrefPaths();
@@ -64,7 +64,7 @@ std::vector<CString> CDatabaseData::getXrefPaths() const
     TESK_ASSERT(m_pDatabase != NULL);
     std::vector<CString> vecPaths;
     Tesk::CObjectPointer<AcDbBlockTable> pBlockTable;
-    if (m_pDatabase->getSymbolTable(pBlockTable.out(), AcDb::kForRead) != Acad::eOk)
+    if (m_pDatabase == nullptr || m_pDatabase->getSymbolTable(pBlockTable.out(), AcDb::kForRead) != Acad::eOk)
         return vecPaths;
 
     AcDbBlockTableIterator* pFirst = nullptr;

@@ -32,7 +32,8 @@ public:
     AcDbDatabase* database() const { return m_pDatabase; }
     AcApDocument* document() const { return m_pDocument; }
 
-    // The list, read from the drawing; empty when its block table cannot be opened.
+    // The list, read from the drawing; empty when its block table cannot be opened, and,
+    // after an assertion, without a drawing.
     std::vector<CString> getXrefPaths() const;
 
 private:

@@ -2,8 +2,8 @@
 
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
-#include "objectarx/acdocman.h"
 #include "reactors/DocManagerReactor.h"
+#include "reactors/OpenDocuments.h"
 
 CDatabaseReactor::~CDatabaseReactor() = default;
 
@@ -29,7 +29,7 @@ void CDatabaseReactor::headerSysVarChanged(const AcDbDatabase* pDatabase, const 
 void CDatabaseReactor::checkModified(const AcDbDatabase* pDatabase)
 {
     Tesk::guarded("CDatabaseReactor::checkModified", [&] {
-        AcApDocument* pDocument = acDocManager->document(pDatabase);
+        AcApDocument* pDocument = documentOf(pDatabase);
         TESK_ASSERT(pDocument != NULL);
         CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
         if (pDocument == nullptr || pReactor == nullptr)

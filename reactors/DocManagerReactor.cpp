@@ -5,8 +5,11 @@
 #include "library/drawing/ARXVariable.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "module/TabForwarders.h"
+#include "reactors/EditorReactor.h"
+#include "reactors/OpenDocuments.h"
 
 #include <stdexcept>
+#include <utility>
 
 CDocManagerReactor* CDocManagerReactor::m_pReactor = nullptr;
 
@@ -54,9 +57,7 @@ bool CDocManagerReactor::isDatabaseModified(AcApDocument* pDocument)
 void CDocManagerReactor::addDocuments()
 {
     TESK_TRACE("CDocManagerReactor::addDocuments()\n");
-    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
-    for (; !pIterator->done(); pIterator->step())
-        documentCreated(pIterator->document());
+    forEachDocument([this](AcApDocument* pDocument) { documentCreated(pDocument); });
     // Without an open drawing there is none to select.
     if (AcApDocument* pActive = acDocManager->mdiActiveDocument())
         documentActivated(pActive);
@@ -65,9 +66,7 @@ void CDocManagerReactor::addDocuments()
 void CDocManagerReactor::removeDocuments()
 {
     TESK_TRACE("CDocManagerReactor::removeDocuments()\n");
-    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
-    for (; !pIterator->done(); pIterator->step())
-        documentToBeDestroyed(pIterator->document());
+    forEachDocument([this](AcApDocument* pDocument) { documentToBeDestroyed(pDocument); });
 }
 
 void CDocManagerReactor::refreshDocuments()
@@ -84,8 +83,9 @@ void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
     const auto [iter, bNew] = m_mapDatabaseReactors.try_emplace(pDocument);
     if (!bNew)
         return;
-    iter->second = std::make_unique<CDatabaseReactor>();
-    pDocument->database()->addReactor(iter->second.get());
+    iter->second.pReactor = std::make_unique<CDatabaseReactor>();
+    iter->second.sFileName = pDocument->fileName();
+    iter->second.listenTo(pDocument->database());
 }
 
 void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
@@ -95,11 +95,46 @@ void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
     TESK_ASSERT(iter != m_mapDatabaseReactors.end());
     if (iter == m_mapDatabaseReactors.end())
         return;
-    CDatabaseReactor* pReactor = iter->second.get();
-    TESK_ASSERT(pReactor != NULL);
-    if (pReactor != nullptr)
-        pDocument->database()->removeReactor(pReactor);
+    TESK_ASSERT_TEXT(iter->second.pReactor != NULL, "pReactor != NULL");
+    iter->second.listenTo(nullptr);
     m_mapDatabaseReactors.erase(iter);
+}
+
+void CDocManagerReactor::Listener::listenTo(AcDbDatabase* pNew)
+{
+    if (AcDbDatabase* pOld = std::exchange(pDatabase, nullptr))
+        pOld->removeReactor(pReactor.get());
+    if (pNew != nullptr && pReactor != nullptr && pNew->addReactor(pReactor.get()) == Acad::eOk)
+        pDatabase = pNew;
+}
+
+bool CDocManagerReactor::followDatabase(AcApDocument* pDocument)
+{
+    const auto iter = m_mapDatabaseReactors.find(pDocument);
+    if (iter == m_mapDatabaseReactors.end() || iter->second.pDatabase == pDocument->database())
+        return false;
+    iter->second.listenTo(pDocument->database());
+    updateDatabaseModifiedFlag(pDocument);
+    return true;
+}
+
+void CDocManagerReactor::forgetDatabase(const AcDbDatabase* pDatabase)
+{
+    for (auto& entry : m_mapDatabaseReactors)
+        if (entry.second.pDatabase == pDatabase)
+            entry.second.listenTo(nullptr);
+}
+
+void CDocManagerReactor::lookAgain(AcApDocument* pDocument)
+{
+    const auto iter = m_mapDatabaseReactors.find(pDocument);
+    if (iter == m_mapDatabaseReactors.end() || followDatabase(pDocument))
+        return;
+    const bool bRenamed = iter->second.sFileName != pDocument->fileName();
+    if (bRenamed && CEditorReactor::isAttached())
+        CEditorReactor::getReactor()->forget(pDocument->database());
+    if (bRenamed || wasDatabaseModified(pDocument) != isDatabaseModified(pDocument))
+        updateDatabaseModifiedFlag(pDocument);
 }
 
 bool CDocManagerReactor::wasDatabaseModified(AcApDocument* pDocument)
@@ -119,6 +154,9 @@ void CDocManagerReactor::updateDatabaseModifiedFlag(AcApDocument* pDocument)
         return;
     m_mapDatabaseModified.insert_or_assign(pDocument, isDatabaseModified(pDocument));
     tabsUpdateDocumentModified(pDocument);
+    const auto iter = m_mapDatabaseReactors.find(pDocument);
+    if (iter != m_mapDatabaseReactors.end())
+        iter->second.sFileName = pDocument->fileName();
 }
 
 void CDocManagerReactor::removeDatabaseModifiedFlag(AcApDocument* pDocument)
@@ -156,5 +194,6 @@ void CDocManagerReactor::documentActivated(AcApDocument* pDocument)
     Tesk::guarded("CDocManagerReactor::documentActivated", [&] {
         TESK_TRACE("CDocManagerReactor::documentActivated(\"%s\")\n", pDocument->fileName());
         tabsActivateDocument(pDocument);
+        lookAgain(pDocument);
     });
 }

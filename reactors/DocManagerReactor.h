@@ -3,6 +3,7 @@
 // The listener on the host's document manager: turns its events into calls on the
 // tab list, and keeps the last known modified state of every open document.
 
+#include "mfc/afx.h"
 #include "objectarx/acdocman.h"
 #include "reactors/DatabaseReactor.h"
 
@@ -32,6 +33,12 @@ public:
     // removeDocuments, then addDocuments.
     void refreshDocuments();
 
+    // Moves the listener when another database has taken the place of the document's, and
+    // tells the tab list of it. True when that was so.
+    bool followDatabase(AcApDocument* pDocument);
+    // The database goes away, and its listener has nothing to hear until followDatabase.
+    void forgetDatabase(const AcDbDatabase* pDatabase);
+
     // One listener a document; the document must not have one yet.
     void addDatabaseReactor(AcApDocument* pDocument);
     // The document must have one.
@@ -49,8 +56,21 @@ public:
     void documentActivated(AcApDocument* pDocument) override;
 
 private:
+    // A document's listener and where the host has it.
+    struct Listener {
+        std::unique_ptr<CDatabaseReactor> pReactor;
+        AcDbDatabase* pDatabase = nullptr;
+        CString sFileName;  // the document's, as the tab list knows it
+
+        void listenTo(AcDbDatabase* pNew);
+    };
+
+    // For what the host did not notify, or did before the document had it: another
+    // database, name or modified state.
+    void lookAgain(AcApDocument* pDocument);
+
     static CDocManagerReactor* m_pReactor;
 
-    std::map<AcApDocument*, std::unique_ptr<CDatabaseReactor>> m_mapDatabaseReactors;
+    std::map<AcApDocument*, Listener> m_mapDatabaseReactors;
     std::map<AcApDocument*, bool> m_mapDatabaseModified;
 };

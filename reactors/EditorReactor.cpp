@@ -2,10 +2,8 @@
 
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
-#include "objectarx/acdocman.h"
 #include "reactors/DocManagerReactor.h"
-
-#include <memory>
+#include "reactors/OpenDocuments.h"
 
 namespace {
 
@@ -15,16 +13,6 @@ inline AcDbDatabase* databaseOf(AcApDocument* pDocument)
     AcDbDatabase* pDatabase = pDocument != nullptr ? pDocument->database() : nullptr;
     TESK_ASSERT(pDatabase != NULL);
     return pDatabase;
-}
-
-template <class Call>
-void forEachDatabase(Call call)
-{
-    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
-    for (; !pIterator->done(); pIterator->step()) {
-        if (AcDbDatabase* pDatabase = pIterator->document()->database())
-            call(pDatabase);
-    }
 }
 
 }  // namespace
@@ -65,14 +53,16 @@ CEditorReactor::~CEditorReactor() = default;
 void CEditorReactor::addDocuments()
 {
     TESK_TRACE("CEditorReactor::addDocuments()\n");
-    forEachDatabase(
-        [this](AcDbDatabase* pDwg) { Tesk::guarded("CEditorReactor::addDocuments", [&] { refresh(pDwg); }); });
+    forEachDocument([this](AcApDocument* pDocument) {
+        if (AcDbDatabase* pDwg = pDocument->database())
+            Tesk::guarded("CEditorReactor::addDocuments", [&] { refresh(pDwg); });
+    });
 }
 
 void CEditorReactor::removeDocuments()
 {
     TESK_TRACE("CEditorReactor::removeDocuments()\n");
-    forEachDatabase([this](AcDbDatabase* pDwg) { m_mapDatabaseData.erase(pDwg); });
+    forEachDocument([this](AcApDocument* pDocument) { m_mapDatabaseData.erase(pDocument->database()); });
 }
 
 CDatabaseData& CEditorReactor::getDatabaseData(AcApDocument* pDocument)
@@ -92,26 +82,7 @@ void CEditorReactor::dwgFileOpened(AcDbDatabase* pDwg, char* fileName)
 {
     Tesk::guarded("CEditorReactor::dwgFileOpened", [&] {
         TESK_TRACE("CEditorReactor::dwgFileOpened(\"%s\")\n", fileName);
-        if (acDocManager->document(pDwg) != nullptr)
-            refresh(pDwg);
-    });
-}
-
-void CEditorReactor::databaseToBeDestroyed(AcDbDatabase* pDwg)
-{
-    TESK_TRACE("CEditorReactor::databaseToBeDestroyed(...)\n");
-    Tesk::guarded("CEditorReactor::databaseToBeDestroyed", [&] { m_mapDatabaseData.erase(pDwg); });
-}
-
-void CEditorReactor::saveComplete(AcDbDatabase* pDwg, const char* pActualName)
-{
-    Tesk::guarded("CEditorReactor::saveComplete", [&] {
-        TESK_TRACE("CEditorReactor::saveComplete(\"%s\")\n", pActualName);
-        AcApDocument* pDocument = acDocManager->document(pDwg);
-        if (pDocument == nullptr)
-            return;
-        refresh(pDwg);
-        CDocManagerReactor::getReactor()->updateDatabaseModifiedFlag(pDocument);
+        drawingRead(pDwg);
     });
 }
 
@@ -119,7 +90,36 @@ void CEditorReactor::dxfInComplete(AcDbDatabase* pDwg)
 {
     Tesk::guarded("CEditorReactor::dxfInComplete", [&] {
         TESK_TRACE("CEditorReactor::dxfInComplete()\n");
-        if (acDocManager->document(pDwg) != nullptr)
-            refresh(pDwg);
+        drawingRead(pDwg);
+    });
+}
+
+void CEditorReactor::drawingRead(AcDbDatabase* pDwg)
+{
+    AcApDocument* pDocument = documentOf(pDwg);
+    if (pDocument == nullptr)
+        return;
+    refresh(pDwg);
+    CDocManagerReactor::getReactor()->followDatabase(pDocument);
+}
+
+void CEditorReactor::databaseToBeDestroyed(AcDbDatabase* pDwg)
+{
+    Tesk::guarded("CEditorReactor::databaseToBeDestroyed", [&] {
+        TESK_TRACE("CEditorReactor::databaseToBeDestroyed(...)\n");
+        forget(pDwg);
+        CDocManagerReactor::getReactor()->forgetDatabase(pDwg);
+    });
+}
+
+void CEditorReactor::saveComplete(AcDbDatabase* pDwg, const char* pActualName)
+{
+    Tesk::guarded("CEditorReactor::saveComplete", [&] {
+        TESK_TRACE("CEditorReactor::saveComplete(\"%s\")\n", pActualName);
+        AcApDocument* pDocument = documentOf(pDwg);
+        if (pDocument == nullptr)
+            return;
+        refresh(pDwg);
+        CDocManagerReactor::getReactor()->updateDatabaseModifiedFlag(pDocument);
     });
 }

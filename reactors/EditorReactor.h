@@ -30,6 +30,8 @@ public:
     // The drawing's data, read now unless it is at hand. Good until the drawing is
     // saved, imported into or closed. What is raised while reading goes to the caller.
     CDatabaseData& getDatabaseData(AcApDocument* pDocument);
+    // The next request reads the drawing anew.
+    void forget(AcDbDatabase* pDwg) { m_mapDatabaseData.erase(pDwg); }
 
     // Nothing is raised to the host; a drawing that cannot be read keeps the data it had.
     void dwgFileOpened(AcDbDatabase* pDwg, char* fileName) override;
@@ -38,6 +40,8 @@ public:
     void dxfInComplete(AcDbDatabase* pDwg) override;
 
 private:
+    // The drawing's contents are new, and in a replaced database the document's too.
+    void drawingRead(AcDbDatabase* pDwg);
     CDatabaseData& refresh(AcDbDatabase* pDwg);
 
     static CEditorReactor* m_pReactor;

@@ -4,6 +4,7 @@
 // that come from the "MDITabs.ini" files of each drawing.
 
 #include "mfc/afx.h"
+#include "settings/FileNameLess.h"
 #include "settings/TabsDefaultSettings.h"
 
 #include <windows.h>
@@ -15,9 +16,9 @@ class CMDITabSettings {
 public:
     CMDITabSettings() = delete;
 
-    // ---- options
-    // Read afresh at each call. A failed read answers false and leaves the output
-    // as it was: the caller brings the default. A failed write answers false.
+    // ---- options (TabOptions.cpp)
+    // Read afresh at each call. A failed read answers false and leaves the output as it
+    // was: CTabOptions has the defaults. A failed write answers false.
     static bool getTabLocation(DWORD& dwLocation);  // 0 top, 1 bottom
     static bool setTabLocation(DWORD dwLocation);
     static bool getIsDiscreet(bool& bDiscreet);
@@ -33,8 +34,7 @@ public:
 
     // ---- texts
     // For the drawing of that full path; empty stands for the current document. Empty
-    // when no file defines the text. None raises: when a drawing's files cannot be
-    // read, that is traced once and the standard ones stand in for them.
+    // when no file defines the text, or none that can be read.
     static CString getPopupCloseText(const char* sFilename);
     static CString getPopupSaveText(const char* sFilename);
     static CString getPopupOptionsText(const char* sFilename);
@@ -45,8 +45,9 @@ public:
     static CString getModifiedText(const char* sFilename);
     static CString getXrefsReadOnlyText(const char* sFilename);
 
-    // ---- the texts' cache, one entry a file name, case counting
-    // Loads at the first request and then raises what the reader raises.
+    // ---- the texts' cache, one entry a file name
+    // Loads at the first request, and again after a damaged file of the set has changed.
+    // Damaged files are left out, with a trace line each. Good until the next request.
     static CTabsDefaultSettings* getDefaultSettings(const char* sFilename);
     static void clearDefaultSettings();
     // The start-up check that nothing is cached.
@@ -54,18 +55,8 @@ public:
 
     // Shows the options dialog and stores what was chosen. False when it was
     // cancelled or, after a message box, when a value could not be stored.
-    static bool editOptions();
+    static bool editOptions();  // EditOptions.cpp
 
 private:
-    // As multibyte text.
-    struct FileNameLess {
-        bool operator()(const CString& sOne, const CString& sOther) const;
-    };
-    using Cache = std::map<CString, std::unique_ptr<CTabsDefaultSettings>, FileNameLess>;
-
-    static CString getText(const char* sFilename, const char* sKey);
-    static CTabsDefaultSettings* findReadableSettings(const char* sFilename);
-
-    // A null entry: the drawing's files could not be read, nor the standard ones.
-    static Cache m_mapDefaultSettings;
+    static std::map<CString, std::unique_ptr<CTabsDefaultSettings>, FileNameLess> m_mapDefaultSettings;
 };

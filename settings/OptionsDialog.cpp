@@ -1,6 +1,6 @@
 #include "settings/OptionsDialog.h"
 
-#include "module/resource.h"
+#include "settings/resource.h"
 
 BEGIN_MESSAGE_MAP(COptionsDialog, CDialog)
     ON_UPDATE_COMMAND_UI(IDC_POSITION_TOP, &ThisClass::OnUpdateOption)

@@ -3,6 +3,7 @@
 #include "library/diagnostics/ExceptionText.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include <algorithm>
 #include <string>
@@ -14,21 +15,65 @@ constexpr const char* kUnnamedSection = "";
 
 CString withoutQuotes(CString sText) { return sText.Trim("\"'"); }
 
+// All zero when the file is not there.
+WIN32_FILE_ATTRIBUTE_DATA stateOf(const char* sPath)
+{
+    WIN32_FILE_ATTRIBUTE_DATA state = {};
+    ::GetFileAttributesExA(sPath, GetFileExInfoStandard, &state);
+    return state;
+}
+
 }  // namespace
 
 CTabsDefaultSettings::CTabsDefaultSettings(const char* sFilename) : CDefaultSettingsManager(sFilename, nullptr)
 {
-    m_pSettings.reset(createSettings(kSettingsFile, m_vecFiles, false));
+    load(m_vecFiles);
 }
 
-CTabsDefaultSettings::CTabsDefaultSettings() : CDefaultSettingsManager("", nullptr)
+void CTabsDefaultSettings::load(const std::vector<CString>& sFiles)
 {
-    m_pSettings.reset(createStandardSettings(kSettingsFile, false));
+    m_pSettings.reset(createSettings(kSettingsFile, sFiles, false));
 }
 
-std::unique_ptr<CTabsDefaultSettings> CTabsDefaultSettings::createStandard()
+std::unique_ptr<CTabsDefaultSettings> CTabsDefaultSettings::createReadable(const char* sFilename)
 {
-    return std::unique_ptr<CTabsDefaultSettings>(new CTabsDefaultSettings);
+    std::unique_ptr<CTabsDefaultSettings> pNew(new CTabsDefaultSettings);
+    pNew->m_vecFiles.assign(*sFilename != '\0' ? 1 : 0, sFilename);
+    try {
+        pNew->load(pNew->m_vecFiles);
+    } catch (CException* pException) {
+        pException->Delete();
+        pNew->loadReadable(pNew->m_vecFiles);
+    }
+    return pNew;
+}
+
+// Each copy is tried by itself first, so that nothing of a damaged one gets in.
+void CTabsDefaultSettings::loadReadable(const std::vector<CString>& sFiles)
+{
+    std::vector<CString> vecCopies;
+    m_pLocator->findFiles(vecCopies, sFiles, kSettingsFile, getSupportSubfolderName());
+    std::vector<CString> vecReadable;
+    for (const CString& sCopy : vecCopies) {
+        m_vecCopies.push_back({sCopy, stateOf(sCopy)});
+        try {
+            Tesk::CDefaultSettings({sCopy}, false);
+            vecReadable.push_back(sCopy);
+        } catch (CException* pException) {
+            const CString sError = Tesk::takeExceptionText(pException);
+            TESK_TRACE("CTabsDefaultSettings: \"%s\" is left out: %s\n", sCopy.GetString(), sError.GetString());
+        }
+    }
+    m_pSettings = std::make_unique<Tesk::CDefaultSettings>(vecReadable, false);
+}
+
+bool CTabsDefaultSettings::isRepaired() const
+{
+    return std::any_of(m_vecCopies.begin(), m_vecCopies.end(), [](const Copy& copy) {
+        const WIN32_FILE_ATTRIBUTE_DATA now = stateOf(copy.sPath);
+        return ::CompareFileTime(&now.ftLastWriteTime, &copy.state.ftLastWriteTime) != 0 ||
+               now.nFileSizeLow != copy.state.nFileSizeLow;
+    });
 }
 
 CTabsDefaultSettings::~CTabsDefaultSettings() = default;
@@ -37,7 +82,7 @@ bool CTabsDefaultSettings::isCurrent(const std::vector<CString>& sNewFiles) cons
 {
     return std::equal(m_vecFiles.begin(), m_vecFiles.end(), sNewFiles.begin(), sNewFiles.end(),
                       [](const CString& sOne, const CString& sOther) {
-                          return Tesk::MultiByte::equalNoCase(sOne.str(), sOther.str());
+                          return Tesk::MultiByte::equalNoCase(Tesk::viewOf(sOne), Tesk::viewOf(sOther));
                       });
 }
 
@@ -50,9 +95,10 @@ bool CTabsDefaultSettings::reset(const std::vector<CString>& sNewFiles, bool bFo
 
     TESK_TRACE("\trequired.\n");
     try {
-        std::unique_ptr<Tesk::CDefaultSettings> pNew(createSettings(kSettingsFile, sNewFiles, false));
-        m_vecFiles = sNewFiles;
-        m_pSettings = std::move(pNew);
+        std::vector<CString> vecFiles = sNewFiles;
+        load(vecFiles);
+        m_vecFiles.swap(vecFiles);
+        m_vecCopies.clear();
         return true;
     } catch (CException* pException) {
         const CString sError = Tesk::takeExceptionText(pException);

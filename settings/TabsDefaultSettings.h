@@ -6,15 +6,18 @@
 #include "library/files/DefaultSettings.h"
 #include "library/files/DefaultSettingsManager.h"
 
+#include <windows.h>
+
 #include <memory>
+#include <vector>
 
 class CTabsDefaultSettings : public Tesk::CDefaultSettingsManager {
 public:
     // Loads at once; the reader's exceptions pass through.
     explicit CTabsDefaultSettings(const char* sFilename);
-    // The installation's and the domain's texts alone, for no drawing. Raises as the
-    // constructor does.
-    static std::unique_ptr<CTabsDefaultSettings> createStandard();
+    // The same from the copies that can be read alone; what the others raise is traced.
+    // Without a name from the installation's and the domain's copies.
+    static std::unique_ptr<CTabsDefaultSettings> createReadable(const char* sFilename);
 
     // Loads for another drawing; with bForce also for the same one. False, with
     // everything as it was, when that is not needed or fails.
@@ -30,11 +33,22 @@ public:
     CString getModifiedText();
     CString getXrefsReadOnlyText();
 
-private:
-    CTabsDefaultSettings();
+    // A copy had to be left out, and one of the set has been changed or removed since.
+    bool isRepaired() const;
 
+private:
+    // A copy and how it was when it was read.
+    struct Copy {
+        CString sPath;
+        WIN32_FILE_ATTRIBUTE_DATA state;
+    };
+
+    CTabsDefaultSettings() : CDefaultSettingsManager("", nullptr) {}
+    void load(const std::vector<CString>& sFiles);
+    void loadReadable(const std::vector<CString>& sFiles);
     // The same names in the same order, without case.
     bool isCurrent(const std::vector<CString>& sNewFiles) const;
 
     std::unique_ptr<Tesk::CDefaultSettings> m_pSettings;
+    std::vector<Copy> m_vecCopies;  // the whole set, when a copy was left out
 };

@@ -7,9 +7,9 @@
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
 #include "settings/MDITabSettings.h"
+#include "settings/TabOptions.h"
 
 #include <cstring>
-#include <mbstring.h>
 
 BEGIN_MESSAGE_MAP(CARXMDITabs, CMDITabsEx)
     ON_NOTIFY_REFLECT(TCN_SELCHANGING, &ThisClass::OnSelChanging)
@@ -19,11 +19,13 @@ BEGIN_MESSAGE_MAP(CARXMDITabs, CMDITabsEx)
     ON_WM_INITMENUPOPUP()
 END_MESSAGE_MAP()
 
-bool CARXMDITabs::FileNameLess::operator()(const CString& sOne, const CString& sOther) const
-{
-    return ::_mbscmp(reinterpret_cast<const unsigned char*>(sOne.GetString()),
-                     reinterpret_cast<const unsigned char*>(sOther.GetString())) < 0;
-}
+namespace {
+
+// What there is without a document.
+const CString kNoTooltip;
+const std::vector<CString> kNoXrefs;
+
+}  // namespace
 
 CARXMDITabs::~CARXMDITabs() = default;
 
@@ -48,11 +50,8 @@ void CARXMDITabs::addDocument(AcApDocument* pDocument)
         return;
 
     CString sText = buildTabText(pDocument);
-    bool bUseIcons = true;
-    CMDITabSettings::getUseIcons(bUseIcons);
-
     TCITEMA tabItem = {};
-    tabItem.mask = TCIF_TEXT | TCIF_PARAM | (bUseIcons ? static_cast<UINT>(TCIF_IMAGE) : 0U);
+    tabItem.mask = TCIF_TEXT | TCIF_PARAM | (CTabOptions::readIcons() ? static_cast<UINT>(TCIF_IMAGE) : 0U);
     tabItem.pszText = sText.GetBuffer(sText.GetLength());
     tabItem.iImage = 0;
     tabItem.lParam = reinterpret_cast<LPARAM>(pDocument);
@@ -94,6 +93,11 @@ int CARXMDITabs::findDocument(AcApDocument* pDocument)
     if (!checkDocument(pDocument))
         return -1;
     TESK_TRACE("CARXMDITabs::findDocument(\"%s\")\n", pDocument->fileName());
+    return findTab(pDocument);
+}
+
+int CARXMDITabs::findTab(const AcApDocument* pDocument)
+{
     const int iCount = GetItemCount();
     for (int iItem = 0; iItem < iCount; ++iItem)
         if (getDocument(iItem) == pDocument)
@@ -133,11 +137,8 @@ CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
         return CString();
     TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", pDocument->fileName());
     const char* sFilename = pDocument->fileName();
-    bool bUseExtensions = false;
-    CMDITabSettings::getUseExtensions(bUseExtensions);
-
     const Tesk::PathParts parts(sFilename);
-    CString sText(bUseExtensions ? parts.fileName() : parts.sBase);
+    CString sText(CTabOptions::readExtensions() ? parts.fileName() : parts.sBase);
     // Without the reactor the state is not known and no marker is shown.
     CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
     if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
@@ -189,9 +190,8 @@ void CARXMDITabs::updateTooltip(AcApDocument* pDocument)
 
 const CString& CARXMDITabs::getTooltip(AcApDocument* pDocument)
 {
-    static const CString sNone;
     if (!checkDocument(pDocument))
-        return sNone;
+        return kNoTooltip;
     TESK_TRACE("CARXMDITabs::getTooltip(\"%s\")\n", pDocument->fileName());
     const CString sFilename(pDocument->fileName());
     auto iter = m_mapTooltips.find(sFilename);
@@ -205,12 +205,11 @@ const CString& CARXMDITabs::getTooltip(AcApDocument* pDocument)
 
 const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
 {
-    static const std::vector<CString> vNone;
     if (!checkDocument(pDocument))
-        return vNone;
+        return kNoXrefs;
     TESK_TRACE("CARXMDITabs::getXrefs(\"%s\")\n", pDocument->fileName());
     CEditorReactor* pReactor = CEditorReactor::getReactor();
-    return pReactor != nullptr ? pReactor->getDatabaseData(pDocument).xrefPaths() : vNone;
+    return pReactor != nullptr ? pReactor->getDatabaseData(pDocument).xrefPaths() : kNoXrefs;
 }
 
 void CARXMDITabs::OnSelChanging(NMHDR*, LRESULT* pResult)

@@ -4,6 +4,7 @@
 // control's items are the only list of documents; an item's data is its document.
 
 #include "mfc/afx.h"
+#include "settings/FileNameLess.h"
 #include "tabs/MDITabsEx.h"
 
 #include <map>
@@ -66,13 +67,10 @@ public:
     void enablePopupMenu(CMenu* pPopupMenu);
 
 private:
-    // Case counts; compared as multibyte text.
-    struct FileNameLess {
-        bool operator()(const CString& sOne, const CString& sOther) const;
-    };
-
     // Asserts that there is a document; callers leave when it says false.
     static bool checkDocument(const AcApDocument* pDocument);
+    // findDocument by the pointer alone, for a document that may be gone.
+    int findTab(const AcApDocument* pDocument);
     static void sendCommand(AcApDocument* pDocument, const char* sCommand);
 
     void OnSelChanging(NMHDR* pNotify, LRESULT* pResult);

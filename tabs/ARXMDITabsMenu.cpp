@@ -5,6 +5,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
 #include "library/files/PathParts.h"
+#include "library/text/StringView.h"
 #include "mfc/afxwin.h"
 #include "objectarx/acdocman.h"
 #include "objectarx/rxmfcapi.h"
@@ -67,7 +68,7 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
     const auto iItem =
         static_cast<UINT>(menuMain.TrackPopupMenu(TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, x, y, this));
     // Nothing is left to act on when the strip or the drawing went away meanwhile.
-    if (iItem != 0 && ::IsWindow(hWnd) && isDocumentPresent(pDocument))
+    if (iItem != 0 && ::IsWindow(hWnd) && findTab(pDocument) != -1)
         processPopupMenuItem(pDocument, iItem, xrefs);
     TESK_VERIFY(menuMain.DestroyMenu());
 }
@@ -79,7 +80,7 @@ void CARXMDITabs::addXrefsToMenu(AcApDocument* pDocument, CMenu& menu, UINT iBas
     TESK_TRACE("CARXMDITabs::addXrefsToMenu(...)\n");
     const CString sReadOnly = CMDITabSettings::getXrefsReadOnlyText(pDocument->fileName());
     for (UINT i = 0; i < xrefs.size(); ++i) {
-        CString sItem(Tesk::PathParts(xrefs[i].str()).fileName());
+        CString sItem(Tesk::PathParts(Tesk::viewOf(xrefs[i])).fileName());
         if (!canWrite(xrefs[i]))
             sItem += sReadOnly;
         TESK_VERIFY(menu.AppendMenu(MF_STRING, iBaseID + i, sItem));

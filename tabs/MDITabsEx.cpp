@@ -3,6 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/registry/Registry.h"
 #include "settings/MDITabSettings.h"
+#include "settings/TabOptions.h"
 
 #include <tchar.h>
 
@@ -24,10 +25,7 @@ void CMDITabsEx::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
     m_bToolTips = (dwStyle & MDITABS_TOOLTIPS) != 0;
     if (m_bToolTips)
         createToolTip(pMainFrame);
-
-    bool bUseIcons = true;
-    CMDITabSettings::getUseIcons(bUseIcons);
-    if (m_bImages && bUseIcons)
+    if (m_bImages && CTabOptions::readIcons())
         addDrawingIcon();
 }
 

@@ -54,6 +54,10 @@ Application::Application(const Options& options)
     if (options.visible)
         m_commandLine.setView([this](std::string_view text) { m_frame->showHistory(text); });
     pumpUntilIdle();
+    if (options.demandLoading) {
+        m_demandLoader = std::make_unique<DemandLoader>(m_linker, m_commandLine);
+        m_demandLoader->loadAtStart();
+    }
 }
 
 Application::~Application()
@@ -166,7 +170,10 @@ bool Application::dispatch(const std::string& sLine)
         pCommand->run(*this, arguments);
         return true;
     }
-    if (const AcRxFunctionPtr function = m_commandStack.find(sName)) {
+    AcRxFunctionPtr function = m_commandStack.find(sName);
+    if (function == nullptr && m_demandLoader && m_demandLoader->loadFor(CommandStack::plainName(sName)))
+        function = m_commandStack.find(sName);
+    if (function != nullptr) {
         function();
         return true;
     }
@@ -176,25 +183,29 @@ bool Application::dispatch(const std::string& sLine)
 
 bool Application::closeDocument(Document& document)
 {
-    if (document.isModified()) {
-        if (isScripted()) {
-            m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
-        } else {
-            switch (m_frame->askAboutChanges(document)) {
-            case IDCANCEL:
-                return false;
-            case IDYES:
-                m_documents.setCurrent(&document);
-                if (!runLine("_QSAVE", true) || document.isModified())
-                    return false;
-                break;
-            default:
-                break;
-            }
-        }
+    if (document.isModified() && !settleChanges(document)) {
+        m_editor.notify(&AcEditorReactor::docCloseAborted, document.database());
+        return false;
     }
     m_documents.close(document);
     return true;
+}
+
+bool Application::settleChanges(Document& document)
+{
+    if (isScripted()) {
+        m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
+        return true;
+    }
+    switch (m_frame->askAboutChanges(document)) {
+    case IDCANCEL:
+        return false;
+    case IDYES:
+        m_documents.setCurrent(&document);
+        return runLine("_QSAVE", true) && !document.isModified();
+    default:
+        return true;
+    }
 }
 
 bool Application::quit()

@@ -5,6 +5,7 @@
 
 #include "host/application/CommandLine.h"
 #include "host/application/CommandStack.h"
+#include "host/application/DemandLoader.h"
 #include "host/application/DocumentManager.h"
 #include "host/application/DynamicLinker.h"
 #include "host/application/Editor.h"
@@ -25,6 +26,7 @@ class MainFrame;
 struct Options {
     bool visible = true;          // show the frame
     bool standardOutput = false;  // copy the command-line history there
+    bool demandLoading = false;   // load what the registry names: now, and on commands
 };
 
 // What a command or a script printed, and whether all of it succeeded.
@@ -85,6 +87,7 @@ public:
 private:
     bool runNextInput();
     bool dispatch(const std::string& sLine);
+    bool settleChanges(Document& document);
 
     static Application* s_pInstance;
 
@@ -93,6 +96,7 @@ private:
     Editor m_editor;
     DocumentManager m_documents;
     DynamicLinker m_linker;
+    std::unique_ptr<DemandLoader> m_demandLoader;  // null where the registry is not asked
     SystemVariables m_variables;
     ScriptRunner m_script;
     Dictionary m_classes;

@@ -11,7 +11,7 @@
 //               activation of the document that was active before
 
 #include "host/application/Document.h"
-#include "host/application/Listeners.h"
+#include "host/drawing/Listeners.h"
 
 #include <deque>
 #include <functional>

@@ -2,8 +2,8 @@
 
 // The editor's events, handed on to its reactors; it watches all databases.
 
-#include "host/application/Listeners.h"
 #include "host/drawing/Database.h"
+#include "host/drawing/Listeners.h"
 #include "objectarx/aced.h"
 
 namespace host {

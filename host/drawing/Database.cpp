@@ -36,7 +36,7 @@ Database::~Database()
 {
     if (s_pObserver != nullptr)
         s_pObserver->databaseToBeDestroyed(*this);
-    m_reactors.notify([this](AcDbDatabaseReactor& reactor) { reactor.goodbye(this); });
+    m_reactors.notify(&AcDbDatabaseReactor::goodbye, this);
     forgetWorkingDatabase(this);
 }
 

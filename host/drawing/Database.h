@@ -8,7 +8,7 @@
 
 #include "host/drawing/DxfFile.h"
 #include "host/drawing/FileError.h"
-#include "host/drawing/ReactorList.h"
+#include "host/drawing/Listeners.h"
 
 #include <memory>
 #include <string>
@@ -121,7 +121,7 @@ public:
     ObjectGraph& graph() const { return *m_graph; }
     DxfFile& file() const { return *m_file; }
     UndoList& undoList() const { return *m_undo; }
-    ReactorList& reactors() const { return m_reactors; }
+    Listeners<AcDbDatabaseReactor>& reactors() const { return m_reactors; }
     void setDbmod(int value) { m_dbmod = value; }
     void countOpen(int change) { m_openObjects += change; }
     static void countMisuse();
@@ -139,7 +139,7 @@ private:
     std::unique_ptr<DxfFile> m_file;
     std::unique_ptr<ObjectGraph> m_graph;
     std::unique_ptr<UndoList> m_undo;
-    mutable ReactorList m_reactors;
+    mutable Listeners<AcDbDatabaseReactor> m_reactors;
     int m_dbmod = 0;
     int m_openObjects = 0;
 };

@@ -25,54 +25,33 @@ private:
 
 }  // namespace
 
-template <class Call>
-void Notifier::send(AcDbStub& node, Call call)
+template <class... Parameters, class... Arguments>
+void Notifier::send(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
 {
     const Showing showing(node);
-    const AcDbObject* pObject = &node.object();
-    m_database.reactors().notify([&](AcDbDatabaseReactor& reactor) { call(reactor, pObject); });
+    m_database.reactors().notify(notification, &m_database, &node.object(), arguments...);
 }
 
-void Notifier::openedForModify(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectOpenedForModify(&m_database, p); });
-}
+void Notifier::openedForModify(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectOpenedForModify); }
 
-void Notifier::modified(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectModified(&m_database, p); });
-}
+void Notifier::modified(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectModified); }
 
-void Notifier::appended(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectAppended(&m_database, p); });
-}
+void Notifier::appended(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectAppended); }
 
-void Notifier::unAppended(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectUnAppended(&m_database, p); });
-}
+void Notifier::unAppended(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectUnAppended); }
 
-void Notifier::reAppended(AcDbStub& node)
-{
-    send(node, [this](auto& reactor, const AcDbObject* p) { reactor.objectReAppended(&m_database, p); });
-}
+void Notifier::reAppended(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectReAppended); }
 
-void Notifier::erased(AcDbStub& node, bool isErased)
-{
-    send(node,
-         [this, isErased](auto& reactor, const AcDbObject* p) { reactor.objectErased(&m_database, p, isErased); });
-}
+void Notifier::erased(AcDbStub& node, bool isErased) { send(node, &AcDbDatabaseReactor::objectErased, isErased); }
 
 void Notifier::variableWillChange(const std::string& sName)
 {
-    m_database.reactors().notify([&](auto& reactor) { reactor.headerSysVarWillChange(&m_database, sName.c_str()); });
+    m_database.reactors().notify(&AcDbDatabaseReactor::headerSysVarWillChange, &m_database, sName.c_str());
 }
 
 void Notifier::variableChanged(const std::string& sName)
 {
-    m_database.reactors().notify(
-        [&](auto& reactor) { reactor.headerSysVarChanged(&m_database, sName.c_str(), Adesk::kTrue); });
+    m_database.reactors().notify(&AcDbDatabaseReactor::headerSysVarChanged, &m_database, sName.c_str(), Adesk::kTrue);
 }
 
 void UndoList::changeObject(AcDbStub& node, std::string sText)

@@ -26,8 +26,8 @@ public:
     void variableChanged(const std::string& sName);
 
 private:
-    template <class Call>
-    void send(AcDbStub& node, Call call);
+    template <class... Parameters, class... Arguments>
+    void send(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
 
     Database& m_database;
 };

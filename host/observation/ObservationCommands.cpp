@@ -43,6 +43,14 @@ void click(Application& application, const Arguments& a)
     postMouse(tabs.window(), WM_LBUTTONUP, 0, middle);
 }
 
+// MIDDLECLICK n, or MIDDLECLICK n m: pressed on one tab and released on another.
+void middleClick(Application& application, const Arguments& a)
+{
+    const Strip tabs(application.frame().m_hWnd);
+    postMouse(tabs.window(), WM_MBUTTONDOWN, MK_MBUTTON, tabs.middleOf(a.integer(0)));
+    postMouse(tabs.window(), WM_MBUTTONUP, 0, tabs.middleOf(a.integer(a.size() > 1 ? 1 : 0)));
+}
+
 void hover(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
@@ -61,7 +69,7 @@ void picture(Application& application, const std::string& sPath)
 {
     ::UpdateWindow(application.frame().m_hWnd);
     pumpUntil(kPaintTime, never);
-    writePng(capture(application.frame().m_hWnd), fullPath(sPath));
+    savePicture(application.frame().m_hWnd, fullPath(sPath));
 }
 
 // MENU n, MENU n ID, or MENU n SHOT path: a picture while the menu is open.
@@ -76,7 +84,7 @@ void menu(Application& application, const Arguments& a)
         item, !shoot ? std::function<void()>() : [&] {
             try {
                 ::Sleep(kPaintTime);  // the menu's own loop must not see our messages
-                writePng(capture(application.frame().m_hWnd), fullPath(a.rest(2)));
+                savePicture(application.frame().m_hWnd, fullPath(a.rest(2)));
             } catch (const std::exception& error) {
                 sFailure = error.what();
             }
@@ -128,7 +136,7 @@ constexpr Command kCommands[] = {
     {"STRIP", strip, true}, {"CLICK", click},         {"HOVER", hover},
     {"MENU", menu},         {"DIALOG", dialog, true}, {"PRESS", pressControl, true},
     {"KEY", key, true},     {"SHOT", shot, true},     {"WAIT", wait, true},
-    {"BENCH", bench},       {"RESOURCES", resources},
+    {"BENCH", bench},       {"RESOURCES", resources}, {"MIDDLECLICK", middleClick},
 };
 
 }  // namespace

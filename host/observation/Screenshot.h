@@ -4,24 +4,11 @@
 
 #include <windows.h>
 
-#include <cstdint>
 #include <string>
-#include <vector>
 
 namespace host::observation {
 
-// Rows of 3 bytes a pixel: red, green, blue.
-struct Picture {
-    int width = 0;
-    int height = 0;
-    std::vector<std::uint8_t> pixels;
-};
-
-// The screen where the window is.
-Picture capture(HWND window);
-// The bytes of a PNG file.
-std::string toPng(const Picture& picture);
-// Throws FileError.
-void writePng(const Picture& picture, const std::string& sPath);
+// Writes the screen where the window is to a PNG file. Throws FileError.
+void savePicture(HWND window, const std::string& sPath);
 
 }  // namespace host::observation

@@ -24,6 +24,8 @@ public:
     virtual void beginDxfIn(AcDbDatabase*) {}
     virtual void abortDxfIn(AcDbDatabase*) {}
     virtual void dxfInComplete(AcDbDatabase*) {}
+    // The drawing was to be closed, and stays: a person said so when asked.
+    virtual void docCloseAborted(AcDbDatabase*) {}
 };
 
 class AcEditor : public AcRxObject {

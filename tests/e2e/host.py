@@ -8,6 +8,7 @@ import pathlib
 import re
 import shutil
 import subprocess
+import time
 import unittest
 
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
@@ -18,6 +19,10 @@ MODULE = r"install\ZavikMDITabs\ZavikMDITabs.arx"
 OPTIONS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\ZavikMDITabs"
 DIAGNOSTICS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\Halvoran"
 READ_ONLY = ["Projects/Station/Drawings/S-201 issued.dwg", "Projects/Riverside/Xrefs/Survey.dwg"]
+
+# The time zone of what tools/wine runs is ours too.
+os.environ["TZ"] = "EST5EDT"
+time.tzset()
 
 # The options dialog's controls.
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
@@ -91,9 +96,8 @@ class Transcript:
 
     @property
     def tips(self):
-        """(title, text) of each HOVER, line feeds in the text as such."""
-        matches = filter(None, map(TIP.match, self.lines))
-        return [(m["title"], m["text"].replace("\\n", "\n")) for m in matches]
+        r"""(title, text) of each HOVER; a line feed in the text stands as \n, as a path's may."""
+        return [(m["title"], m["text"]) for m in filter(None, map(TIP.match, self.lines))]
 
     @property
     def menus(self):
@@ -191,12 +195,16 @@ class HostTest(unittest.TestCase):
         """How the host names a file of the test's folder."""
         return f"Z:{self.folder}/{name}".replace("/", "\\")
 
-    def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0):
-        """Plays script lines in a new host process and gives its transcript."""
+    def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0, demand=False):
+        """Plays script lines in a new host process and gives its transcript.
+
+        What the registry names for loading counts only with demand set.
+        """
         if not isinstance(script, str):
             script = "\n".join(script)
         (self.folder / "test.scr").write_text(script.strip() + "\n", ANSI)
-        code, text = wine(BUILD / "cadhost.exe", "/nologo", *arguments, "/b", "test.scr",
+        switches = ["/nologo"] if demand else ["/nologo", "/nodemand"]
+        code, text = wine(BUILD / "cadhost.exe", *switches, *arguments, "/b", "test.scr",
                           timeout=timeout, cwd=self.folder)
         if expect_exit is not None:
             self.assertEqual(code, expect_exit, text)

@@ -22,7 +22,7 @@ class TooltipTest(HostTest):
         self.assertEqual({title for title, text in transcript.tips}, {"Zavik sample office"})
         texts = [text for title, text in transcript.tips]
         folder = f"Z:{self.folder}/Projects/Riverside/Drawings/"
-        old, new = (f"Riverside Quarter\nA-101 rev 0: {title}\n{folder}" for title in ("First floor, east", "Roof"))
+        old, new = (rf"Riverside Quarter\nA-101 rev 0: {title}\n{folder}" for title in ("First floor, east", "Roof"))
         self.assertEqual(texts, [
             old + "A-101", old + "A-101", new + "A-101", new + "A-105",
             "Canopy detail – gutter and fascia", "Canopy detail – gutter and fascia", "%PATH%",

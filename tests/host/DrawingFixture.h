@@ -1,32 +1,19 @@
 #pragma once
 
-// What the tests of drawings share: folders that go away, DXF text from short
+// What the tests of drawings share: the files of a folder, DXF text from short
 // notes, and a reactor that writes down what it hears.
 
 #include "host/drawing/Database.h"
+#include "tests/support/TestFolder.h"
 
 #include "objectarx/dbents.h"
 #include "objectarx/dbsymtb.h"
 
 #include <windows.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
-
-inline std::string readBytes(const std::string& sPath)
-{
-    std::ifstream file(sPath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-inline void writeBytes(const std::string& sPath, const std::string& sBytes)
-{
-    std::ofstream(sPath, std::ios::binary) << sBytes;
-}
 
 // The files below a folder whose names end so.
 inline void listFiles(const std::string& sFolder, const std::string& sEnding, std::vector<std::string>& files)
@@ -46,47 +33,6 @@ inline void listFiles(const std::string& sFolder, const std::string& sEnding, st
     } while (FindNextFileA(find, &data));
     FindClose(find);
 }
-
-class TempFolder {
-public:
-    TempFolder()
-    {
-        char base[MAX_PATH], name[MAX_PATH];
-        GetTempPathA(MAX_PATH, base);
-        GetTempFileNameA(base, "drw", 0, name);
-        DeleteFileA(name);
-        CreateDirectoryA(name, nullptr);
-        m_sPath = name;
-    }
-    ~TempFolder()
-    {
-        std::vector<std::string> files;
-        listFiles(m_sPath, "", files);
-        for (const std::string& sFile : files) {
-            SetFileAttributesA(sFile.c_str(), FILE_ATTRIBUTE_NORMAL);
-            DeleteFileA(sFile.c_str());
-        }
-        RemoveDirectoryA(m_sPath.c_str());
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-
-    std::string file(const std::string& sName) const { return m_sPath + "\\" + sName; }
-    std::string write(const std::string& sName, const std::string& sBytes) const
-    {
-        writeBytes(file(sName), sBytes);
-        return file(sName);
-    }
-    std::size_t count() const
-    {
-        std::vector<std::string> files;
-        listFiles(m_sPath, "", files);
-        return files.size();
-    }
-
-private:
-    std::string m_sPath;
-};
 
 // DXF text from tags written "code=value", separated by bars.
 inline std::string dxf(const std::string& sNotes, const std::string& sEnd = "\r\n")
@@ -178,19 +124,6 @@ inline std::vector<AcDbObjectId> references(host::Database& database, const char
             result.push_back(ids[i]);
     }
     return result;
-}
-
-inline std::string handleOf(AcDbObjectId id)
-{
-    AcDbObject* pObject = nullptr;
-    if (acdbOpenAcDbObject(pObject, id, AcDb::kForRead) != Acad::eOk)
-        return "";
-    AcDbHandle handle;
-    pObject->getAcDbHandle(handle);
-    pObject->close();
-    char text[17];
-    handle.getIntoAsciiBuffer(text);
-    return text;
 }
 
 inline std::string taken(char* sText)

@@ -4,41 +4,21 @@
 
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
+#include "tests/host/DrawingFixture.h"
+#include "tests/support/TestFolder.h"
 
-#include <fstream>
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include <doctest/doctest.h>
 
 class HostFixture {
-public:
-    explicit HostFixture(bool visible = false) : application(host::Options{visible, false})
-    {
-        char temporary[MAX_PATH] = "";
-        ::GetTempPathA(sizeof temporary, temporary);
-        m_folder = temporary + ("cadhost-" + std::to_string(::GetCurrentProcessId()) + "-" +
-                                std::to_string(::GetTickCount()) + "\\");
-        ::CreateDirectoryA(m_folder.c_str(), nullptr);
-    }
-    ~HostFixture()
-    {
-        WIN32_FIND_DATAA found;
-        const UniqueFind search(::FindFirstFileA((m_folder + "*").c_str(), &found));
-        do {
-            ::SetFileAttributesA(path(found.cFileName).c_str(), FILE_ATTRIBUTE_NORMAL);
-            ::DeleteFileA(path(found.cFileName).c_str());
-        } while (search && ::FindNextFileA(search.get(), &found));
-        ::RemoveDirectoryA(m_folder.c_str());
-    }
+    CTestFolder m_folder;  // outlives the host
 
-    std::string path(const std::string& sName) const { return m_folder + sName; }
-    std::string write(const std::string& sName, const std::string& text) const
-    {
-        std::ofstream(path(sName), std::ios::binary) << text;
-        return path(sName);
-    }
+public:
+    HostFixture() : application(host::Options{false, false}) {}
+
+    std::string path(const std::string& sName) const { return m_folder.path(sName); }
+    std::string write(const std::string& sName, const std::string& text) const { return m_folder.write(sName, text); }
     // A saved drawing with one line in it.
     std::string drawing(const std::string& sName) const
     {
@@ -61,7 +41,4 @@ public:
     host::DocumentManager& documents() { return application.documents(); }
 
     host::Application application;
-
-private:
-    std::string m_folder;
 };

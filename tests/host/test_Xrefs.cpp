@@ -34,12 +34,12 @@ Xref xrefOf(Database& database, const char* sName)
 
 TEST_CASE("an xref's status and database follow what its path leads to")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     const std::string sEmpty = drawing("AC1015", "", "", "");
     folder.write("good.dwg", sEmpty);
     folder.write("bad.dwg", "no drawing\n");
     folder.write("nested.dwg", drawing("AC1015", "", xrefBlock("inner", "good.dwg"), "|0=INSERT|8=0|2=inner"));
-    const std::string sHost = folder.file("host.dwg");
+    const std::string sHost = folder.path("host.dwg");
     std::string sBlocks = "|0=BLOCK|8=0|2=plain|70=0|0=ENDBLK|8=0", sEntities;
     const struct {
         const char* name;
@@ -47,23 +47,23 @@ TEST_CASE("an xref's status and database follow what its path leads to")
         AcDb::XrefStatus status;
         std::string attachedAs;
     } rows[] = {
-        {"relative", ".\\good.dwg", AcDb::kXrfResolved, folder.file("good.dwg")},
-        {"slashes", "./good.dwg", AcDb::kXrfResolved, folder.file("good.dwg")},
-        {"absolute", folder.file("good.dwg"), AcDb::kXrfResolved, folder.file("good.dwg")},
-        {"parent", "nested.dwg", AcDb::kXrfResolved, folder.file("nested.dwg")},
+        {"relative", ".\\good.dwg", AcDb::kXrfResolved, folder.path("good.dwg")},
+        {"slashes", "./good.dwg", AcDb::kXrfResolved, folder.path("good.dwg")},
+        {"absolute", folder.path("good.dwg"), AcDb::kXrfResolved, folder.path("good.dwg")},
+        {"parent", "nested.dwg", AcDb::kXrfResolved, folder.path("nested.dwg")},
         {"missing", "missing.dwg", AcDb::kXrfFileNotFound, ""},
         {"pathless", "", AcDb::kXrfFileNotFound, ""},
         {"broken", "bad.dwg", AcDb::kXrfUnresolved, ""},
         {"itself", "host.dwg", AcDb::kXrfUnresolved, ""},
         {"unloaded", "good.dwg", AcDb::kXrfUnloaded, ""},
-        {"unused", "good.dwg", AcDb::kXrfUnreferenced, folder.file("good.dwg")},
+        {"unused", "good.dwg", AcDb::kXrfUnreferenced, folder.path("good.dwg")},
     };
     for (const auto& row : rows) {
         sBlocks += xrefBlock(row.name, row.path, row.status == AcDb::kXrfUnloaded ? "|71=1" : "");
         if (row.status != AcDb::kXrfUnreferenced)
             sEntities += std::string("|0=INSERT|8=0|2=") + row.name;
     }
-    writeBytes(sHost, drawing("AC1015", "", sBlocks, sEntities));
+    folder.write("host.dwg", drawing("AC1015", "", sBlocks, sEntities));
     std::unique_ptr<Database> database = Database::open(sHost);
     CHECK(xrefOf(*database, "plain").status == AcDb::kXrfNotAnXref);
     for (const auto& row : rows) {
@@ -79,25 +79,25 @@ TEST_CASE("an xref's status and database follow what its path leads to")
     CHECK(inner.database == nullptr);
     CHECK(acdbOriginalXrefFullPathFor(database.get()) == nullptr);
     // A file that goes away later changes nothing.
-    DeleteFileA(folder.file("good.dwg").c_str());
-    CHECK(xrefOf(*database, "relative").path == folder.file("good.dwg"));
+    DeleteFileA(folder.path("good.dwg").c_str());
+    CHECK(xrefOf(*database, "relative").path == folder.path("good.dwg"));
 }
 
 TEST_CASE("an xref is attached, kept in the file, and detached, each one undo step")
 {
-    const TempFolder folder;
+    const CTestFolder folder;
     folder.write("grid.dwg", drawing("AC1009", "", "", ""));
     folder.write("bad.dwg", "no drawing\n");
     std::unique_ptr<Database> database = Database::createNew();
-    database->save(folder.file("host.dwg"));
+    database->save(folder.path("host.dwg"));
     const std::string sBytes = database->file().bytes();
     CHECK(database->attachXref("bad.dwg") == Acad::eFilerError);
     REQUIRE(database->attachXref("grid.dwg") == Acad::eOk);
     CHECK(database->attachXref("grid.dwg") == Acad::eDuplicateKey);
     CHECK(xrefOf(*database, "GRID").status == AcDb::kXrfResolved);
-    database->save(folder.file("host.dwg"));
-    std::unique_ptr<Database> again = Database::open(folder.file("host.dwg"));
-    CHECK(xrefOf(*again, "grid").path == folder.file("grid.dwg"));
+    database->save(folder.path("host.dwg"));
+    std::unique_ptr<Database> again = Database::open(folder.path("host.dwg"));
+    CHECK(xrefOf(*again, "grid").path == folder.path("grid.dwg"));
     CHECK(xrefOf(*again, "grid").status == AcDb::kXrfResolved);
 
     REQUIRE(again->detachXref("Grid") == Acad::eOk);

@@ -5,8 +5,8 @@
 
 #include "host/drawing/Database.h"
 #include "library/diagnostics/Maintenance.h"
-#include "tests/library/TestFolder.h"
 #include "tests/support/DrawingText.h"
+#include "tests/support/TestFolder.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>

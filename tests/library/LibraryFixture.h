@@ -9,8 +9,10 @@
 #include "library/registry/Registry.h"
 #include "tests/library/CommandLine.h"
 #include "tests/library/Environment.h"
-#include "tests/library/TestFolder.h"
-#include "tests/library/TestHive.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
+
+#include <doctest/doctest.h>
 
 class CLibraryFixture {
 public:

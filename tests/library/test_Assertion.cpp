@@ -1,5 +1,5 @@
-#include "tests/library/BoxCloser.h"
 #include "tests/library/LibraryFixture.h"
+#include "tests/support/Answers.h"
 
 #include "library/diagnostics/CodeAddress.h"
 #include "library/diagnostics/StackWalker.h"
@@ -10,27 +10,12 @@
 
 namespace {
 
-constexpr UINT kActMessage = WM_APP + 1;
-std::function<void()> g_act;
-
-LRESULT CALLBACK actingWindow(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
-{
-    if (uMessage == kActMessage)
-        g_act();
-    return ::DefWindowProcA(hWnd, uMessage, wParam, lParam);
-}
-
 // Runs the action in the message loop of an assertion box; how many boxes there were.
 std::size_t actInsideBox(std::function<void()> act)
 {
-    const HWND hWnd = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    ::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(actingWindow));
-    g_act = std::move(act);
-    CBoxCloser closer(hWnd, kActMessage);
+    const Answers answers({}, std::move(act));
     TESK_ASSERT_TEXT(false, "outer");
-    const std::size_t boxes = closer.stop().size();
-    ::DestroyWindow(hWnd);
-    return boxes;
+    return answers.boxes().size();
 }
 
 __attribute__((noinline)) std::size_t framesAtDepth(int iDepth)
@@ -47,19 +32,19 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a failed assertion shows its box, is written
 {
     startAt(2);
     const int iValue = 3;
-    CBoxCloser closer;
+    const Answers answers;
     TESK_ASSERT(iValue == 3);
     TESK_ASSERT(iValue == 4);
     const int iLine = __LINE__ - 1;
-    const std::vector<std::string> texts = closer.stop();
-    REQUIRE(texts.size() == 1);
+    REQUIRE(answers.boxes().size() == 1);
+    const Box& box = answers.boxes()[0];
     const CString sModule = moduleName();
-    CHECK(closer.title() == "Assertion Failure: " + sModule.str());
+    CHECK(box.title == "Assertion Failure: " + sModule.str());
     CString sStart;
     sStart.Format("Module : <%s>\nAssertion : <iValue == 4>\nFile : <test_Assertion>\nLine : %d\n\n%s + 0x",
                   sModule.GetString(), iLine, sModule.GetString());
-    CAPTURE(texts[0]);
-    CHECK(texts[0].starts_with(sStart.str()));
+    CAPTURE(box.text);
+    CHECK(box.text.starts_with(sStart.str()));
     CString sShort;
     sShort.Format("] test_Assertion(%d): Assertion in \"%s\" (iValue == 4).\r\n[", iLine, sModule.GetString());
     CHECK(log().find(sShort.str()) != std::string::npos);
@@ -70,13 +55,13 @@ TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 the box is shown and nothing is w
 {
     startAt(1);
     int iCalls = 0;
-    CBoxCloser closer;
+    const Answers answers;
     TESK_VERIFY(++iCalls == 0);
     Tesk::setDiagnosticsLevel(0);
     TESK_VERIFY(++iCalls == 0);
     TESK_ASSERT(++iCalls == 0);
     CHECK(iCalls == 2);
-    CHECK(closer.stop().size() == 1);
+    CHECK(answers.boxes().size() == 1);
     CHECK(log().empty());
 }
 

@@ -44,10 +44,7 @@ TEST_CASE("a time by its format")
     CHECK(formatTime(moment, "|Y" + std::string(124, 'x'), true) == "");
     CHECK(formatTime(-1, "|Y", true) == "");
 
-    const tm* const pLocal = ::_localtime64(&moment);
-    char sHour[16];
-    ::strftime(sHour, sizeof sHour, "%d %H", pLocal);
-    CHECK(formatTime(moment, "|d |H", false) == sHour);
+    CHECK(formatTime(moment, "|d |H", false) == "07 08");  // New York's
 }
 
 TEST_CASE("a directive that the C runtime does not know gives an empty text")

@@ -2,10 +2,10 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "tests/library/Raised.h"
-#include "tests/library/TestFolder.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
 #include "tests/library/Utf16.h"
+#include "tests/support/TestFolder.h"
 
 #include <doctest/doctest.h>
 

@@ -2,9 +2,9 @@
 
 #include "library/expansion/DatePass.h"
 #include "library/files/SupportFileLocator.h"
-#include "tests/library/TestFolder.h"
-#include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>
@@ -74,7 +74,17 @@ TEST_CASE("without a file name there are the folders, the names and the current 
     CHECK(none.value("COMPUTER_NAME") != "");
     CHECK(none.expandString("a%NEWLINE%b") == "a\nb");
     CHECK(none.expandString("%UPDATE_DATE::|Y%") == "%UPDATE_DATE::|Y%");
-    CHECK(none.expandString("%CURRENT_DATE::|Y% %CURRENT_DATE_UTC::|Y%").GetLength() == 9);
+    // The current time, local and UTC, lies between ours before and after.
+    const std::string sFormat = "|Y-|m-|d |H:|M:|S";
+    for (const bool bUTC : {false, true}) {
+        const std::string sBefore = Tesk::formatTime(::_time64(nullptr), sFormat, bUTC);
+        const std::string sNow =
+            CExpansion("")
+                .expandString(bUTC ? "%CURRENT_DATE_UTC::|Y-|m-|d |H:|M:|S%" : "%CURRENT_DATE::|Y-|m-|d |H:|M:|S%")
+                .str();
+        CHECK(sBefore <= sNow);
+        CHECK(sNow <= Tesk::formatTime(::_time64(nullptr), sFormat, bUTC));
+    }
 }
 
 TEST_CASE("a drawing's project and the time of its file")
@@ -82,9 +92,11 @@ TEST_CASE("a drawing's project and the time of its file")
     const CTestFolder tree;
     tree.write("1234\\ProjectSettings.txt");
     const std::string sDrawing = tree.write("1234\\Dwg\\A.dwg");
-    const SYSTEMTIME written{2005, 12, 0, 24, 13, 5, 9, 0};
-    FILETIME time;
-    ::SystemTimeToFileTime(&written, &time);
+    // New York's time, five hours behind UTC in winter.
+    const SYSTEMTIME written{2005, 12, 0, 24, 8, 5, 9, 0};
+    FILETIME local, time;
+    ::SystemTimeToFileTime(&written, &local);
+    ::LocalFileTimeToFileTime(&local, &time);
     const HANDLE hFile = ::CreateFileA(sDrawing.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     REQUIRE(::SetFileTime(hFile, nullptr, nullptr, &time));
     ::CloseHandle(hFile);
@@ -93,10 +105,7 @@ TEST_CASE("a drawing's project and the time of its file")
     CHECK(drawing.value("DIR_PROJECT_DWG_ROOT") == tree.path("1234\\"));
     CHECK(drawing.value("DIR_PROJECT_DWG_SETTINGS") == tree.path("1234\\Settings"));
     CHECK(drawing.expandString("%UPDATE_DATE_UTC::|Y-|m-|d |H:|M:|S%") == "2005-12-24 13:05:09");
-    tm utc{};
-    utc.tm_year = 105, utc.tm_mon = 11, utc.tm_mday = 24, utc.tm_hour = 13, utc.tm_min = 5, utc.tm_sec = 9;
-    CHECK(drawing.expandString("%UPDATE_DATE::|d |H:|M%").str() ==
-          Tesk::formatTime(::_mkgmtime64(&utc), "|d |H:|M", false));
+    CHECK(drawing.expandString("%UPDATE_DATE::|Y-|m-|d |H:|M:|S%") == "2005-12-24 08:05:09");
 
     // A copy is as good; another value for a keyword replaces the one before.
     drawing.addToMap("FILENAME", "B\\C");

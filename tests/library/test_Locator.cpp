@@ -10,9 +10,9 @@
 #include "library/registry/Registry.h"
 #include "objectarx/dbapserv.h"
 #include "tests/library/Environment.h"
-#include "tests/library/TestFolder.h"
-#include "tests/library/TestHive.h"
 #include "tests/library/ThreadCodePage.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>
@@ -54,27 +54,6 @@ private:
     CTestFolder m_tree;
     HINSTANCE m_hPrevious;
     HMODULE m_hModule = nullptr;
-};
-
-// The machine's registry, redirected below the redirected one of the user.
-class CMachineHive {
-public:
-    CMachineHive()
-    {
-        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, "Machine", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_hKey,
-                                  nullptr) == ERROR_SUCCESS);
-        REQUIRE(::RegOverridePredefKey(HKEY_LOCAL_MACHINE, m_hKey) == ERROR_SUCCESS);
-    }
-    ~CMachineHive()
-    {
-        ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
-        ::RegCloseKey(m_hKey);
-    }
-    CMachineHive(const CMachineHive&) = delete;
-    CMachineHive& operator=(const CMachineHive&) = delete;
-
-private:
-    HKEY m_hKey = nullptr;
 };
 
 std::string location(int iWhere) { return getLocation(iWhere).str(); }
@@ -177,7 +156,7 @@ TEST_CASE("the installation's own folders")
 TEST_CASE("the registered domain settings folder comes first, and an administrator's change reaches the user once")
 {
     const CTestHive hive;
-    const CMachineHive machine;
+    const CTestHive machine(HKEY_LOCAL_MACHINE);
     const CInstallation installation("App\\");
     const CTestFolder& tree = installation.tree();
     tree.folder("User\\");

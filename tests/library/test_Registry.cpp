@@ -1,7 +1,7 @@
 #include "library/registry/Registry.h"
 
 #include "library/diagnostics/Maintenance.h"
-#include "tests/library/TestHive.h"
+#include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
 

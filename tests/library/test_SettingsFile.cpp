@@ -2,8 +2,8 @@
 #include "library/files/SettingsFileReader.h"
 
 #include "tests/library/Raised.h"
-#include "tests/library/TestFolder.h"
 #include "tests/library/TestRandom.h"
+#include "tests/support/TestFolder.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>

@@ -6,45 +6,7 @@
 #include "module/ZavikMDITabs.h"
 #include "settings/MDITabSettings.h"
 
-#include <shellapi.h>
-
 #include <cstring>
-
-TemporaryFolder::TemporaryFolder()
-{
-    char base[MAX_PATH], path[MAX_PATH];
-    ::GetTempPathA(sizeof base, base);
-    ::GetTempFileNameA(base, "zmt", 0, path);
-    ::DeleteFileA(path);
-    ::CreateDirectoryA(path, nullptr);
-    m_path = std::string(path) + "\\";
-}
-
-TemporaryFolder::~TemporaryFolder()
-{
-    std::string name = m_path.substr(0, m_path.size() - 1);
-    name.push_back('\0');
-    SHFILEOPSTRUCTA operation = {};
-    operation.wFunc = FO_DELETE;
-    operation.pFrom = name.c_str();
-    operation.fFlags = FOF_NOCONFIRMATION | FOF_SILENT | FOF_NOERRORUI;
-    ::SHFileOperationA(&operation);
-}
-
-std::string TemporaryFolder::write(const std::string& name, const std::string& text) const
-{
-    const std::string path = m_path + name;
-    const UniqueHandle file(::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
-    DWORD written = 0;
-    ::WriteFile(file.get(), text.data(), static_cast<DWORD>(text.size()), &written, nullptr);
-    return path;
-}
-
-std::string TemporaryFolder::writeDrawing(const std::string& name) const
-{
-    return write(name, "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n"
-                       "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
-}
 
 BEGIN_MESSAGE_MAP(LayoutCounter, CWnd)
     ON_MESSAGE(WM_SIZEPARENT, &ThisClass::OnSizeParent)

@@ -3,29 +3,13 @@
 // The module in the stand-in host, in this process: real windows, a registry of its
 // own for the user, and a folder of its own for drawings.
 
-#include "RedirectedUser.h"
 #include "host/application/Application.h"
 #include "mfc/afxwin.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <string>
 #include <vector>
-
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-    // With a closing backslash.
-    const std::string& path() const { return m_path; }
-    // Each gives the file's path; the sub-folder must exist.
-    std::string write(const std::string& name, const std::string& text) const;
-    std::string writeDrawing(const std::string& name) const;
-
-private:
-    std::string m_path;
-};
 
 // Counts the frame's layout passes as one of its children.
 class LayoutCounter : public CWnd {
@@ -65,8 +49,8 @@ struct ModuleFixture {
     // The text that the strip's balloon would show; "-" without a balloon.
     std::string balloon() const;
 
-    RedirectedUser user;
-    TemporaryFolder folder;
+    CTestHive user;
+    CTestFolder folder;
     host::Application app;
     HWND frame;
     HWND client;  // the MDI client

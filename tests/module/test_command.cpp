@@ -1,13 +1,13 @@
 // The command: the real dialog in all rows of the decision table, and what is stored.
-#include "Answers.h"
 #include "ModuleFixture.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
 #include "module/ZavikMDITabs.h"
-#include "module/resource.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include "settings/resource.h"
+#include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
 #include <algorithm>

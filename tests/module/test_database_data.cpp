@@ -1,6 +1,5 @@
 // What is read from a drawing in one go: external references, properties, keywords;
 // and that a host which fails in the midst of it leaves no trace.
-#include "Answers.h"
 #include "ModuleFixture.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/Memory.h"
@@ -11,6 +10,7 @@
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseData.h"
 #include "reactors/EditorReactor.h"
+#include "tests/support/Answers.h"
 #include "tests/support/DrawingText.h"
 #include <doctest/doctest.h>
 

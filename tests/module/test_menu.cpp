@@ -1,10 +1,10 @@
 // The context menu, through the real menu window, and its commands.
-#include "Answers.h"
 #include "ModuleFixture.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
 #include "tabs/MenuIds.h"
+#include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
 using Texts = std::vector<std::string>;

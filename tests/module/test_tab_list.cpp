@@ -1,5 +1,4 @@
 // One tab a drawing: texts, order, selection, tooltip, and what the failure paths report.
-#include "Answers.h"
 #include "ModuleFixture.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
@@ -7,6 +6,7 @@
 #include "objectarx/dbapserv.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
 #include <stdexcept>

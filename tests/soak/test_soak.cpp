@@ -8,12 +8,12 @@
 #include "library/files/PathParts.h"
 #include "mfc/afxcmn.h"
 #include "module/ZavikMDITabs.h"
-#include "module/resource.h"
 #include "settings/MDITabSettings.h"
+#include "settings/resource.h"
 #include "tabs/MenuIds.h"
-#include "tests/library/TestFolder.h"
-#include "tests/library/TestHive.h"
 #include "tests/support/DrawingText.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
 

@@ -3,6 +3,7 @@
 // A folder of a test's own, gone with the object and all that is in it.
 
 #include "mfc/CString.h"
+#include "tests/support/DrawingText.h"
 
 #include <windows.h>
 
@@ -43,13 +44,16 @@ public:
         std::ofstream(path(sName), std::ios::binary) << sBytes;
         return path(sName);
     }
+    // A drawing with nothing in it.
+    std::string writeDrawing(const std::string& sName) const { return write(sName, DrawingText().str()); }
 
-    static std::string read(const CString& sFile)
+    static std::string read(const std::string& sFile)
     {
         std::ostringstream bytes;
-        bytes << std::ifstream(sFile.str(), std::ios::binary).rdbuf();
+        bytes << std::ifstream(sFile, std::ios::binary).rdbuf();
         return bytes.str();
     }
+    static std::string read(const CString& sFile) { return read(sFile.str()); }
 
 private:
     static void remove(const std::string& sFolder)
@@ -60,10 +64,12 @@ private:
             return;
         do {
             const std::string sName(found.cFileName);
-            if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY))
+            if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) {
+                ::SetFileAttributesA((sFolder + sName).c_str(), FILE_ATTRIBUTE_NORMAL);
                 ::DeleteFileA((sFolder + sName).c_str());
-            else if (sName != "." && sName != "..")
+            } else if (sName != "." && sName != "..") {
                 remove(sFolder + sName + "\\");
+            }
         } while (::FindNextFileA(hFind, &found));
         ::FindClose(hFind);
         ::RemoveDirectoryA(sFolder.c_str());

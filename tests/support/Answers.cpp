@@ -1,4 +1,4 @@
-#include "Answers.h"
+#include "tests/support/Answers.h"
 
 #include <cstring>
 #include <utility>
@@ -7,7 +7,7 @@ namespace {
 
 std::string textOf(HWND window)
 {
-    char text[4096] = "";
+    char text[16384] = "";
     ::GetWindowTextA(window, text, sizeof text);
     return text;
 }
@@ -23,7 +23,10 @@ std::string between(const std::string& text, const std::string& from, const std:
 
 Answers* Answers::s_pCurrent = nullptr;
 
-Answers::Answers(Handler onOptions) : m_onOptions(std::move(onOptions)), m_timer(::SetTimer(nullptr, 0, 20, &onTimer))
+Answers::Answers(Handler onOptions, std::function<void()> inFirstBox)
+    : m_onOptions(std::move(onOptions)),
+      m_inFirstBox(std::move(inFirstBox)),
+      m_timer(::SetTimer(nullptr, 0, 20, &onTimer))
 {
     s_pCurrent = this;
 }
@@ -77,6 +80,8 @@ void Answers::answer(HWND dialog)
         m_onOptions ? m_onOptions(dialog, m_turn) : press(dialog, IDCANCEL);
     } else if (!known) {
         m_boxes.push_back({title, textOf(::GetDlgItem(dialog, 0xFFFF))});
+        if (const auto act = std::exchange(m_inFirstBox, {}))
+            act();
         ::PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     }
 }

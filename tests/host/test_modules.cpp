@@ -73,29 +73,3 @@ TEST_CASE_FIXTURE(ModuleHost, "a module that does not unlock itself stays, one t
     CHECK(application.linker().attach("Refusing", entryPoint).find("refused") != std::string::npos);
     CHECK(application.linker().names() == std::vector<std::string>{"Locked"});
 }
-
-TEST_CASE_FIXTURE(ModuleHost, "a file that is no module is refused with the reason")
-{
-    refused("ARX L " + path("missing.arx"), "the file is not there");
-    refused("ARX L " + write("text.arx", "not a program"), "no module for this program");
-    char system[MAX_PATH] = "";
-    ::GetSystemDirectoryA(system, sizeof system);
-    REQUIRE(::CopyFileA((std::string(system) + "\\version.dll").c_str(), path("library.arx").c_str(), FALSE));
-    refused("ARX L " + path("library.arx"), "no entry point (acrxEntryPoint)");
-    refused("ARX X what", "The option is L");
-    CHECK(application.linker().names().empty());
-    CHECK(acrxDynamicLinker->unlockApplication(nullptr) == false);
-}
-
-TEST_CASE("a host can be started again in the same process")
-{
-    for (int i = 0; i < 3; ++i) {
-        HostFixture fixture;
-        CHECK(fixture.run("NEW"));
-        CHECK(acedGetAcadFrame() == &fixture.application.frame());
-        CHECK(fixture.application.editor().reactorCount() == 0);
-        CHECK(std::string(fixture.documents().at(0).fileName()) == "Drawing1.dwg");
-    }
-    CHECK(host::Application::instance() == nullptr);
-    CHECK(acedGetAcadFrame() == nullptr);
-}

@@ -20,8 +20,8 @@ public:
 
     // The handler gets the options dialog again and again, counting from 0, until
     // it closes it; without a handler the dialog is cancelled. Message boxes are
-    // read and closed.
-    explicit Answers(Handler onOptions = {});
+    // read and closed; what is to happen in the first one's message loop comes before.
+    explicit Answers(Handler onOptions = {}, std::function<void()> inFirstBox = {});
     ~Answers();
     Answers(const Answers&) = delete;
     Answers& operator=(const Answers&) = delete;
@@ -43,6 +43,7 @@ private:
 
     static Answers* s_pCurrent;
     Handler m_onOptions;
+    std::function<void()> m_inFirstBox;
     UINT_PTR m_timer;
     std::vector<Box> m_boxes;
     int m_optionsShown = 0;

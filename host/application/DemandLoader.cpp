@@ -1,0 +1,128 @@
+#include "host/application/DemandLoader.h"
+
+#include "host/application/CommandLine.h"
+#include "host/application/DynamicLinker.h"
+#include "host/application/Paths.h"
+#include "mfc/handles.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+BOOL closeKey(HKEY key) { return ::RegCloseKey(key) == ERROR_SUCCESS; }
+using UniqueKey = toolkit::Unique<HKEY, closeKey>;
+
+// Release 16.0, product 201, in English.
+const std::string kApplications = "SOFTWARE\\Autodesk\\AutoCAD\\R16.0\\ACAD-201:409\\Applications";
+
+// The bits of LOADCTRLS that are heeded here.
+constexpr DWORD kAtStart = 2;
+constexpr DWORD kOnCommand = 4;
+constexpr DWORD kDisabled = 0x10;
+
+constexpr DWORD kMaxText = 1024;  // names of keys and values have 256 characters at most
+
+UniqueKey open(HKEY root, const std::string& sPath)
+{
+    HKEY key = nullptr;
+    ::RegOpenKeyExA(root, sPath.c_str(), 0, KEY_READ, &key);
+    return UniqueKey(key);
+}
+
+std::string readText(HKEY key, const char* sName)
+{
+    char text[kMaxText + 1] = "";
+    DWORD size = kMaxText, type = 0;
+    const LSTATUS status = ::RegQueryValueExA(key, sName, nullptr, &type, reinterpret_cast<BYTE*>(text), &size);
+    return status == ERROR_SUCCESS && type == REG_SZ ? text : std::string();
+}
+
+DWORD readNumber(HKEY key, const char* sName)
+{
+    DWORD number = 0, size = sizeof number, type = 0;
+    const LSTATUS status = ::RegQueryValueExA(key, sName, nullptr, &type, reinterpret_cast<BYTE*>(&number), &size);
+    return status == ERROR_SUCCESS && type == REG_DWORD ? number : 0;
+}
+
+std::vector<std::string> subkeys(HKEY key)
+{
+    std::vector<std::string> names;
+    char name[kMaxText];
+    for (DWORD i = 0, size = kMaxText; ::RegEnumKeyExA(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
+         ++i, size = kMaxText)
+        names.emplace_back(name);
+    return names;
+}
+
+std::vector<std::string> valueNames(HKEY key)
+{
+    std::vector<std::string> names;
+    char name[kMaxText];
+    for (DWORD i = 0, size = kMaxText; ::RegEnumValueA(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
+         ++i, size = kMaxText)
+        names.emplace_back(name);
+    return names;
+}
+
+std::string upperCase(std::string sText)
+{
+    ::CharUpperA(sText.data());
+    return sText;
+}
+
+}  // namespace
+
+DemandLoader::Entry DemandLoader::readEntry(const std::string& sPath, bool user)
+{
+    const HKEY root = user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+    Entry entry;
+    if (const UniqueKey key = open(root, sPath)) {
+        entry.loader = readText(key.get(), "LOADER");
+        entry.controls = readNumber(key.get(), "LOADCTRLS");
+    }
+    if (const UniqueKey key = open(root, sPath + "\\Commands"))
+        for (const std::string& sGlobal : valueNames(key.get())) {
+            entry.commands.push_back(upperCase(sGlobal));
+            entry.commands.push_back(upperCase(readText(key.get(), sGlobal.c_str())));
+        }
+    return entry;
+}
+
+std::map<std::string, DemandLoader::Entry> DemandLoader::entries()
+{
+    std::map<std::string, Entry> found;
+    for (const bool user : {true, false})
+        if (const UniqueKey key = open(user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, kApplications))
+            for (const std::string& sName : subkeys(key.get()))
+                found.try_emplace(upperCase(sName), readEntry(kApplications + "\\" + sName, user));
+    std::erase_if(found, [](const auto& item) { return (item.second.controls & kDisabled) != 0; });
+    return found;
+}
+
+void DemandLoader::loadAtStart()
+{
+    for (const auto& [sName, entry] : entries())
+        if ((entry.controls & kAtStart) != 0)
+            load(entry);
+}
+
+bool DemandLoader::loadFor(const std::string& sCommand)
+{
+    bool loaded = false;
+    for (const auto& [sName, entry] : entries())
+        if ((entry.controls & kOnCommand) != 0 && std::ranges::count(entry.commands, upperCase(sCommand)) != 0)
+            loaded = load(entry) || loaded;
+    return loaded;
+}
+
+bool DemandLoader::load(const Entry& entry)
+{
+    const std::string sReason = m_linker.load(entry.loader, false);
+    if (!sReason.empty())
+        m_commandLine.printLine("\"" + entry.loader + "\", named in the registry, is not loaded: " + sReason + ".");
+    return sReason.empty();
+}
+
+}  // namespace host
