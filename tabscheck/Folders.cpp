@@ -1,7 +1,7 @@
 #include "tabscheck/Folders.h"
 
+#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/files/SupportFileLocator.h"
 #include "library/system/Handles.h"
 #include "library/text/MultiByte.h"
 

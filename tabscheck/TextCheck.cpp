@@ -145,8 +145,8 @@ private:
         std::string file;
         unsigned line;
         std::string name;
-        std::vector<std::string> own;
-        std::vector<std::string> later;
+        std::vector<std::string> own = {};
+        std::vector<std::string> later = {};
         bool known = false;
     };
 

@@ -3,7 +3,7 @@
 #include "host/application/CommandLine.h"
 #include "host/application/DynamicLinker.h"
 #include "host/application/Paths.h"
-#include "mfc/handles.h"
+#include "library/system/Handles.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace host {
 namespace {
 
 BOOL closeKey(HKEY key) { return ::RegCloseKey(key) == ERROR_SUCCESS; }
-using UniqueKey = toolkit::Unique<HKEY, closeKey>;
+using UniqueKey = Tesk::Detail::Unique<HKEY, closeKey>;
 
 // Release 16.0, product 201, in English.
 const std::string kApplications = "SOFTWARE\\Autodesk\\AutoCAD\\R16.0\\ACAD-201:409\\Applications";
