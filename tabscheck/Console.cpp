@@ -76,19 +76,20 @@ void Console::progress(std::string_view sText)
 
 void Console::flush()
 {
-    write(m_output, m_pending);
+    m_failed |= !write(m_output, m_pending);
     m_pending.clear();
 }
 
-void Console::write(void* handle, std::string_view sBytes)
+bool Console::write(void* handle, std::string_view sBytes)
 {
-    while (!sBytes.empty() && !m_failed) {
+    while (!sBytes.empty()) {
+        const auto size = static_cast<DWORD>(std::min(sBytes.size(), kBlock));
         DWORD written = 0;
-        m_failed = !::WriteFile(handle, sBytes.data(), static_cast<DWORD>(std::min(sBytes.size(), kBlock)), &written,
-                                nullptr) ||
-                   written == 0;
+        if (!::WriteFile(handle, sBytes.data(), size, &written, nullptr) || written == 0)
+            return false;
         sBytes.remove_prefix(written);
     }
+    return true;
 }
 
 }  // namespace tabscheck

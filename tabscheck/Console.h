@@ -23,11 +23,12 @@ public:
     // Overwrites the last progress on the error output, where that is a terminal.
     void progress(std::string_view sText);
     void flush();
-    // Some output could not be written.
+    // Some output, other than complaints, could not be written.
     bool failed() const { return m_failed; }
 
 private:
-    void write(void* handle, std::string_view sBytes);
+    // False when the bytes cannot be written.
+    static bool write(void* handle, std::string_view sBytes);
     std::string toConsole(std::string_view sText) const;
 
     void* m_output;

@@ -9,13 +9,17 @@
 #include "library/files/FileSearch.h"
 #include "library/files/SupportFileLocator.h"
 #include "settings/TooltipRule.h"
+#include "tabscheck/Folders.h"
 #include "tabscheck/LoadEntries.h"
 #include "tabscheck/TemplateCheck.h"
 
+#include <windows.h>
+
 #include <algorithm>
+#include <map>
 #include <memory>
-#include <optional>
 #include <set>
+#include <utility>
 
 namespace tabscheck {
 
@@ -47,10 +51,11 @@ public:
         m_report.findings.project.label = m_projects.label();
         for (const ProjectFile* pFile : m_projects.files)
             m_report.findings.project.searched.push_back(pFile->place);
-        if (!Tesk::fileExists(m_report.path.c_str())) {
+        if (::GetFileAttributesA(m_report.path.c_str()) == INVALID_FILE_ATTRIBUTES) {
             showTemplate();
             return;
         }
+        m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
         try {
             const std::unique_ptr<host::Database> pDatabase = host::Database::open(m_report.path, false);
             if (pDatabase->contentsNotRead())
@@ -203,8 +208,19 @@ std::vector<Place> findDomainFolders()
 {
     std::vector<Place> folders;
     for (const CString& sCandidate : Tesk::getDomainSettingsCandidates())
-        folders.push_back({Layer::Domain, sCandidate.GetString(), Tesk::folderExists(sCandidate)});
+        folders.push_back({Layer::Domain, fullPath(sCandidate.GetString()), Tesk::folderExists(sCandidate)});
     return folders;
+}
+
+// File by file, in the order in which the files were read, and there line by line.
+void sortByPlace(std::vector<Problem>& problems)
+{
+    std::map<std::string, std::size_t> order;
+    for (const Problem& problem : problems)
+        order.emplace(problem.file, order.size());
+    std::stable_sort(problems.begin(), problems.end(), [&order](const Problem& one, const Problem& other) {
+        return std::pair(order[one.file], one.line) < std::pair(order[other.file], other.line);
+    });
 }
 
 }  // namespace
@@ -229,6 +245,7 @@ DrawingReport DrawingCheck::check(const std::string& sDrawing)
         findings.problems.insert(findings.problems.end(), pFile->problems.begin(), pFile->problems.end());
     Check(m_files, texts, projects, report).run();
     findings.problems.insert(findings.problems.end(), m_loadProblems.begin(), m_loadProblems.end());
+    sortByPlace(findings.problems);
     return report;
 }
 

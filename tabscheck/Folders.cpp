@@ -47,6 +47,7 @@ std::string systemReason(unsigned long code)
     case ERROR_LOCK_VIOLATION:
         return "in use by another program";
     case ERROR_BAD_NETPATH:
+    case ERROR_BAD_DEV_TYPE:
     case ERROR_BAD_NET_NAME:
     case ERROR_NETWORK_UNREACHABLE:
     case ERROR_NETNAME_DELETED:

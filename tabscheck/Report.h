@@ -108,6 +108,7 @@ struct DrawingReport {
     std::string path;
     Findings findings;
     Tooltip tooltip;
+    bool unreadable = false;  // the drawing is there but does not open
 };
 
 }  // namespace tabscheck

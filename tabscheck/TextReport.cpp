@@ -52,7 +52,7 @@ std::string at(const std::string& sFile, unsigned line) { return sFile + ":" + s
 // The line with a caret below; of a long one the part around it.
 std::string excerpt(const Problem& problem)
 {
-    if (problem.column == 0)
+    if (problem.column == 0 || problem.source.empty())
         return {};
     const std::size_t position = std::min<std::size_t>(problem.column - 1, problem.source.size());
     const std::size_t from = position > kShownBefore ? position - kShownBefore : 0;
@@ -68,13 +68,13 @@ std::string excerpt(const Problem& problem)
 std::string ruleText(const Tooltip& tooltip)
 {
     if (tooltip.rule.empty())
-        return "no tooltip: the drawing cannot be read";
+        return "none, as it cannot be read";
     if (!tooltip.contentsKnown)
-        return "TooltipText, if the drawing holds its title block: its contents are not read";
+        return "by TooltipText, if it holds its title block; its contents are not read here";
     if (tooltip.rule == "template")
-        return "TooltipText: the drawing holds its title block";
-    return tooltip.rule == "title" ? "the drawing's Title property: it holds no title block"
-                                   : "DefaultTooltipText: the drawing holds neither title block nor Title property";
+        return "by TooltipText, as it holds its title block";
+    return tooltip.rule == "title" ? "its Title property, as it holds no title block"
+                                   : "by DefaultTooltipText, as it holds neither title block nor Title property";
 }
 
 }  // namespace
@@ -123,11 +123,11 @@ void TextReport::printHeader() const
 void TextReport::printSearched() const
 {
     const Findings& findings = m_run.front().findings;
-    m_console.print("\r\n  searched for MDITabs.ini, what comes later overrides\r\n");
+    m_console.print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one\r\n");
     for (const Place& place : findings.searched)
         m_console.print("    " + padded(nameOf(place.layer), 8) + padded(placeState(place, "key"), 9) + place.path +
                         "\r\n");
-    m_console.print("  domain settings folder, the first that exists\r\n");
+    m_console.print("  domain settings folder; the first that exists is taken\r\n");
     bool taken = false;
     for (const Place& folder : findings.domainFolders) {
         const bool takes = folder.found && !taken;

@@ -143,6 +143,7 @@ private:
         m_console.progress(std::to_string(++m_count) + "  " + sDrawing.substr(0, 70));
         try {
             DrawingReport report = m_check.check(sDrawing);
+            m_unchecked |= report.unreadable;
             for (const Problem& problem : report.findings.problems)
                 m_problems |= problem.error || m_arguments.strict;
             if (m_json)
