@@ -48,10 +48,11 @@ private:
     {
         const std::string_view sTrimmed = Tesk::MultiByte::trim(sLine);
         const auto [sKey, sValue] = Tesk::CSettingsFileReader::splitLine(sTrimmed);
-        if (what == Line::UnknownKeyword)
+        const bool marked = m_line == 1 && !m_source.problems().empty();  // by an encoding
+        if (what == Line::UnknownKeyword && !marked)
             add(false, m_line,
-                "unknown keyword \"" + sKey + "\": skipped with its block" +
-                    suggestion(sKey, Tesk::CSettingsFileReader::getKeywords()));
+                "unknown keyword \"" + std::string(sTrimmed.substr(0, sTrimmed.find_first_of(" \t"))) +
+                    "\": skipped with its block" + suggestion(sKey, Tesk::CSettingsFileReader::getKeywords()));
         else if (what == Line::IgnoredBorder)
             add(true, m_line, borderReason(Tesk::CSettingsFileReader::countFields(sValue)));
         else if (what == Line::Border && inTitleBlock)

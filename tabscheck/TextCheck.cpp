@@ -106,8 +106,8 @@ public:
     void onIgnoredHeader(unsigned line) override
     {
         add(false, line,
-            "the line does not end in \"]\" and is ignored: the section stays " +
-                (m_section ? "[" + m_section->name + "]" : std::string("as it was")));
+            "this header does not end in \"]\" and is ignored: the keys below it belong to " +
+                (m_section ? "[" + m_section->name + "]" : std::string("no section, and are read")));
     }
 
     void onKey(unsigned line, std::string_view, std::string_view sKey, std::string_view sValue) override
@@ -120,6 +120,9 @@ public:
         m_keys.insert(Tesk::toCString(sKey));
         m_place->keys = static_cast<unsigned>(m_keys.size());
         if (pKey == nullptr) {
+            // The mark of an encoding, which is told already, stands before the key.
+            if (line == 1 && !m_files.get(m_place->path, Reading::Detecting).problems().empty())
+                return;
             add(false, line,
                 "unknown key \"" + std::string(sKey) + "\": the strip does not read it" +
                     suggestion(sKey, knownKeys()));
