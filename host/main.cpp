@@ -1,9 +1,10 @@
-// cadhost [/nologo] [/nodemand] [/ld MODULE] [/b SCRIPT] [DRAWING...]: a stand-in CAD host.
+// cadhost [/nologo] [/nodemand] [/assume NAME]... [/ld MODULE] [/b SCRIPT] [DRAWING...]: a stand-in CAD host.
 // With a script it plays that and ends; its exit code is 0 when all went well.
 
 #include "host/CrashReport.h"
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
+#include "host/drawing/Assumptions.h"
 
 #include <cstdlib>
 
@@ -30,6 +31,10 @@ CommandLineArguments parse(int count, char** words)
             arguments.demandLoading = false;
         else if (sWord == "/ld" && hasValue)
             arguments.modules.push_back(words[++i]);
+        else if (sWord == "/assume" && hasValue && host::assume(words[i + 1]))
+            ++i;
+        else if (sWord == "/assume")
+            arguments.error = "What can be assumed: " + host::assumptionNames() + ".";
         else if (sWord == "/b" && hasValue)
             arguments.script = words[++i];
         else if (sWord.starts_with("/"))

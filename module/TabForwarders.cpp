@@ -29,3 +29,15 @@ void tabsUpdateDocumentModified(AcApDocument* pDocument)
     if (CARXMDITabs* pTabs = getTabWindow())
         pTabs->updateDocumentModified(pDocument);
 }
+
+void tabsDocumentDestroyed()
+{
+    if (CARXMDITabs* pTabs = getTabWindow())
+        pTabs->continueClosing();
+}
+
+void tabsCloseAborted()
+{
+    if (CARXMDITabs* pTabs = getTabWindow())
+        pTabs->stopClosing();
+}

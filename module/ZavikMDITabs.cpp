@@ -12,11 +12,6 @@
 #include "settings/MDITabSettings.h"
 #include "settings/TabOptions.h"
 
-// The C++ runtime's own: frees the reserve that it keeps for throwing without memory.
-namespace __gnu_cxx {
-void __freeres();
-}  // namespace __gnu_cxx
-
 std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
 namespace {
@@ -38,9 +33,6 @@ void closeStrip(bool bAll)
     closeStep("CDocManagerReactor::detach", bAll || CDocManagerReactor::isAttached(), &CDocManagerReactor::detach);
     closeStep("destroyTabWindow", bAll || m_pWndTabs != nullptr, &destroyTabWindow);
 }
-
-// The runtime is linked into the module, but leaves its reserve behind at each unloading.
-[[gnu::destructor]] void freeRuntimeReserve() { __gnu_cxx::__freeres(); }
 
 // What a handler of one of our windows let out.
 void traceWindowException(const CException& exception)

@@ -130,7 +130,7 @@ void CDocManagerReactor::lookAgain(AcApDocument* pDocument)
     const auto iter = m_mapDatabaseReactors.find(pDocument);
     if (iter == m_mapDatabaseReactors.end() || followDatabase(pDocument))
         return;
-    const bool bRenamed = iter->second.sFileName != pDocument->fileName();
+    const bool bRenamed = iter->second.sFileName.Compare(pDocument->fileName()) != 0;
     if (bRenamed && CEditorReactor::isAttached())
         CEditorReactor::getReactor()->forget(pDocument->database());
     if (bRenamed || wasDatabaseModified(pDocument) != isDatabaseModified(pDocument))
@@ -187,6 +187,11 @@ void CDocManagerReactor::documentToBeDestroyed(AcApDocument* pDocument)
     });
     Tesk::guarded(sCall, [&] { removeDatabaseModifiedFlag(pDocument); });
     Tesk::guarded(sCall, [&] { removeDatabaseReactor(pDocument); });
+}
+
+void CDocManagerReactor::documentDestroyed(const char*)
+{
+    Tesk::guarded("CDocManagerReactor::documentDestroyed", &tabsDocumentDestroyed);
 }
 
 void CDocManagerReactor::documentActivated(AcApDocument* pDocument)

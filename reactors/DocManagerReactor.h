@@ -53,6 +53,7 @@ public:
 
     void documentCreated(AcApDocument* pDocument) override;
     void documentToBeDestroyed(AcApDocument* pDocument) override;
+    void documentDestroyed(const char* fileName) override;
     void documentActivated(AcApDocument* pDocument) override;
 
 private:

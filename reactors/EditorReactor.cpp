@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
+#include "module/TabForwarders.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/OpenDocuments.h"
 
@@ -121,5 +122,13 @@ void CEditorReactor::saveComplete(AcDbDatabase* pDwg, const char* pActualName)
             return;
         refresh(pDwg);
         CDocManagerReactor::getReactor()->updateDatabaseModifiedFlag(pDocument);
+    });
+}
+
+void CEditorReactor::docCloseAborted(AcDbDatabase*)
+{
+    Tesk::guarded("CEditorReactor::docCloseAborted", [] {
+        TESK_TRACE("CEditorReactor::docCloseAborted(...)\n");
+        tabsCloseAborted();
     });
 }

@@ -38,6 +38,7 @@ public:
     void databaseToBeDestroyed(AcDbDatabase* pDwg) override;
     void saveComplete(AcDbDatabase* pDwg, const char* pActualName) override;
     void dxfInComplete(AcDbDatabase* pDwg) override;
+    void docCloseAborted(AcDbDatabase* pDwg) override;
 
 private:
     // The drawing's contents are new, and in a replaced database the document's too.

@@ -11,7 +11,7 @@ template <class Call>
 void forEachDocument(Call call)
 {
     const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
-    for (; !pIterator->done(); pIterator->step())
+    for (; pIterator != nullptr && !pIterator->done(); pIterator->step())
         call(pIterator->document());
 }
 

@@ -43,9 +43,11 @@ bool CMDITabSettings::getUseIcons(bool& bUse) { return readOption("UseIcons", bU
 bool CMDITabSettings::setUseIcons(bool bUse) { return writeOption("UseIcons", bUse); }
 bool CMDITabSettings::getUse(bool& bUse) { return readOption("Use", bUse); }
 bool CMDITabSettings::setUse(bool bUse) { return writeOption("Use", bUse); }
+bool CMDITabSettings::getMiddleClickCloses(bool& bCloses) { return readOption("MiddleClickCloses", bCloses); }
 
 bool CTabOptions::readExtensions() { return readFlag(&CMDITabSettings::getUseExtensions, CTabOptions().bExtensions); }
 bool CTabOptions::readIcons() { return readFlag(&CMDITabSettings::getUseIcons, CTabOptions().bIcons); }
+bool CTabOptions::readMiddleClickCloses() { return readFlag(&CMDITabSettings::getMiddleClickCloses, false); }
 bool CTabOptions::readUse() { return readFlag(&CMDITabSettings::getUse, CTabOptions().bUse); }
 
 CTabOptions CTabOptions::read()

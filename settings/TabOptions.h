@@ -18,4 +18,6 @@ struct CTabOptions {
     static bool readExtensions();
     static bool readIcons();
     static bool readUse();
+    // Not one of the six: off unless the registry says otherwise.
+    static bool readMiddleClickCloses();
 };

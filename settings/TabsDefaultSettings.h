@@ -29,9 +29,10 @@ public:
 
     // The key's value in the unnamed section; empty when no file defines it.
     CString getValue(const char* sKey) override;
-    // The two markers, without the quotes and apostrophes at their ends.
+    // The markers, without the quotes and apostrophes at their ends.
     CString getModifiedText();
     CString getXrefsReadOnlyText();
+    CString getSameNameText();
 
     // A copy had to be left out, and one of the set has been changed or removed since.
     bool isRepaired() const;

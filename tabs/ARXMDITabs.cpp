@@ -1,7 +1,9 @@
 #include "tabs/ARXMDITabs.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/expansion/KeywordExpansion.h"
 #include "library/files/PathParts.h"
+#include "library/text/StringView.h"
 #include "objectarx/acdocman.h"
 #include "reactors/DatabaseData.h"
 #include "reactors/DocManagerReactor.h"
@@ -18,6 +20,8 @@ BEGIN_MESSAGE_MAP(CARXMDITabs, CMDITabsEx)
     ON_WM_MOUSEMOVE()
     ON_WM_CONTEXTMENU()
     ON_WM_INITMENUPOPUP()
+    ON_MESSAGE(WM_MBUTTONDOWN, &ThisClass::OnMiddleButtonDown)
+    ON_MESSAGE(WM_MBUTTONUP, &ThisClass::OnMiddleButtonUp)
 END_MESSAGE_MAP()
 
 namespace {
@@ -25,6 +29,20 @@ namespace {
 // What there is without a document.
 const CString kNoTooltip;
 const std::vector<CString> kNoXrefs;
+
+// As the user wants it.
+CString shownName(const AcApDocument* pDocument)
+{
+    const Tesk::PathParts parts(pDocument->fileName());
+    return Tesk::toCString(CTabOptions::readExtensions() ? parts.fileName() : parts.sBase);
+}
+
+// What the path and the dates can tell; nothing of the drawing has to be read for it.
+CString sameNameText(const char* sFilename)
+{
+    const CString sTemplate = CMDITabSettings::getSameNameText(sFilename);
+    return sTemplate.IsEmpty() ? CString() : Tesk::CKeywordExpansion(sFilename, 1, 1).expandString(sTemplate);
+}
 
 }  // namespace
 
@@ -50,6 +68,7 @@ void CARXMDITabs::addDocument(AcApDocument* pDocument)
     if (isDocumentPresent(pDocument))
         return;
 
+    updateSameNameTexts(m_sameNames.rename(pDocument, shownName(pDocument)));
     CString sText = buildTabText(pDocument);
     TCITEMA tabItem = {};
     tabItem.mask = TCIF_TEXT | TCIF_PARAM | (CTabOptions::readIcons() ? static_cast<UINT>(TCIF_IMAGE) : 0U);
@@ -67,6 +86,7 @@ void CARXMDITabs::removeDocument(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem != -1)
         TESK_VERIFY(DeleteItem(iItem));
+    updateSameNameTexts(m_sameNames.remove(pDocument));
 }
 
 void CARXMDITabs::activateDocument(AcApDocument* pDocument)
@@ -138,8 +158,9 @@ CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
         return CString();
     TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", pDocument->fileName());
     const char* sFilename = pDocument->fileName();
-    const Tesk::PathParts parts(sFilename);
-    CString sText(CTabOptions::readExtensions() ? parts.fileName() : parts.sBase);
+    CString sText = shownName(pDocument);
+    if (m_sameNames.isShared(pDocument))
+        sText += sameNameText(sFilename);
     // Without the reactor the state is not known and no marker is shown.
     CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
     if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
@@ -177,6 +198,7 @@ void CARXMDITabs::updateTabText(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem == -1)
         return;
+    updateSameNameTexts(m_sameNames.rename(pDocument, shownName(pDocument)));
     CString sText = buildTabText(pDocument);
     TCITEMA tabItem = {};
     tabItem.mask = TCIF_TEXT;

@@ -6,6 +6,7 @@
 #include "mfc/afx.h"
 #include "settings/FileNameLess.h"
 #include "tabs/MDITabsEx.h"
+#include "tabs/SameNames.h"
 
 #include <map>
 #include <vector>
@@ -29,6 +30,10 @@ public:
     void activateDocument(AcApDocument* pDocument);
     // Refreshes tab text and tooltip; the balloon takes the new text at the next move.
     void updateDocumentModified(AcApDocument* pDocument);
+    // A document has gone: of those to be closed one after the other the next is due.
+    void continueClosing();
+    // A person kept a drawing that was to be closed: those behind it stay, too.
+    void stopClosing() { m_vecClosing.clear(); }
 
     // ---- queries
 
@@ -40,7 +45,8 @@ public:
     // The document under a client point, or null.
     AcApDocument* getDocument(const CPoint point);
 
-    // File name, extension as the user wants it, and the marker when modified.
+    // File name, extension as the user wants it, what tells it from another drawing of
+    // that name (where the drawing's texts ask for that), and the marker when modified.
     CString buildTabText(AcApDocument* pDocument);
     // The expanded template, else the drawing's title, else the default text.
     CString buildTooltip(AcApDocument* pDocument);
@@ -66,6 +72,15 @@ public:
     // Enables the menu's string items, which the frame has greyed for want of handlers.
     void enablePopupMenu(CMenu* pPopupMenu);
 
+    // ---- what an office may switch on (ARXMDITabsExtras.cpp)
+
+    // Asks the documents to close, each when the one before has gone.
+    void closeDocuments(const std::vector<AcApDocument*>& vecDocuments);
+    // The full path, on a mapped drive the network's name, to the clipboard.
+    void copyPath(AcApDocument* pDocument);
+    void openFolder(AcApDocument* pDocument);
+    void showHelp(AcApDocument* pDocument);
+
 private:
     // Asserts that there is a document; callers leave when it says false.
     static bool checkDocument(const AcApDocument* pDocument);
@@ -78,11 +93,28 @@ private:
     void OnMouseMove(UINT nFlags, CPoint point);
     void OnContextMenu(CWnd* pWnd, CPoint point);
     void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
+    LRESULT OnMiddleButtonDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMiddleButtonUp(WPARAM wParam, LPARAM lParam);
     void trackToolTip(CPoint point);
+
+    // Items of the menu: nothing is added whose caption is empty or which would do nothing.
+    void addClosingItems(AcApDocument* pDocument, CMenu& menu);
+    void addPlaceItems(AcApDocument* pDocument, CMenu& menu);
+    void addDrawingsMenu(AcApDocument* pDocument, CMenu& menu);
+    void addHelpItem(AcApDocument* pDocument, CMenu& menu);
+    // False when the item is none of those.
+    bool processExtraItem(AcApDocument* pDocument, UINT iItem);
+    std::vector<AcApDocument*> getDocuments();
+    std::vector<AcApDocument*> getUnmodifiedDocuments();
+    void updateSameNameTexts(const std::vector<AcApDocument*>& vecDocuments);
 
     CString m_sToolTipDocument;  // whose tooltip the balloon shows; empty: none
     std::map<CString, CString, FileNameLess> m_mapTooltips;
     CMDIFrameWnd* m_pMainFrame = nullptr;  // the host's
+    CSameNames m_sameNames;
+    std::vector<AcApDocument*> m_vecClosing;         // the first has been asked
+    std::vector<AcApDocument*> m_vecMenuDrawings;    // of the submenu that shows or showed last
+    const AcApDocument* m_pMiddlePressed = nullptr;  // on whose tab; may be gone
 
     DECLARE_MESSAGE_MAP()
 };

@@ -49,9 +49,12 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
         TESK_VERIFY(
             menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_SAVE, CMDITabSettings::getPopupSaveText(sFilename)));
     TESK_VERIFY(menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_CLOSE, CMDITabSettings::getPopupCloseText(sFilename)));
+    addClosingItems(pDocument, menuMain);
     TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
+    addPlaceItems(pDocument, menuMain);
     TESK_VERIFY(
         menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_OPTIONS, CMDITabSettings::getPopupOptionsText(sFilename)));
+    addHelpItem(pDocument, menuMain);
 
     if (!xrefs.empty() && !isSingleDocumentMode()) {
         TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
@@ -103,6 +106,8 @@ void CARXMDITabs::processPopupMenuItem(AcApDocument* pDocument, UINT iItem, cons
         closeDocument(pDocument);
         break;
     default:
+        if (processExtraItem(pDocument, iItem))
+            break;
         // Below the base wraps round to a large index, which is outside too.
         const UINT iXref = iItem - IDC_DYNAMIC_MENU_XREFS;
         const bool bOK = iXref < xrefs.size();

@@ -15,9 +15,6 @@ constexpr const char* kHosts = "SOFTWARE\\Autodesk\\AutoCAD";
 constexpr const char* kApplication = "Applications\\ZavikMDITabs";
 constexpr DWORD kLongestName = 256;
 
-BOOL closeKey(HKEY key) { return ::RegCloseKey(key) == ERROR_SUCCESS; }
-using UniqueKey = Tesk::Detail::Unique<HKEY, closeKey>;
-
 std::vector<std::string> subkeys(const std::string& sPath)
 {
     std::vector<std::string> names;

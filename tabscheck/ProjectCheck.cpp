@@ -6,6 +6,7 @@
 #include "library/files/SettingsFileReader.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 #include "tabscheck/Spelling.h"
 
 #include <algorithm>
@@ -52,14 +53,15 @@ private:
         if (what == Line::UnknownKeyword && !marked)
             add(false, m_line,
                 "unknown keyword \"" + std::string(sTrimmed.substr(0, sTrimmed.find_first_of(" \t"))) +
-                    "\": skipped with its block" + suggestion(sKey, Tesk::CSettingsFileReader::getKeywords()));
+                    "\": skipped with its block" +
+                    suggestion(sKey.GetString(), Tesk::CSettingsFileReader::getKeywords()));
         else if (what == Line::IgnoredBorder)
-            add(true, m_line, borderReason(Tesk::CSettingsFileReader::countFields(sValue)));
+            add(true, m_line, borderReason(Tesk::CSettingsFileReader::countFields(Tesk::viewOf(sValue))));
         else if (what == Line::Border && inTitleBlock)
             m_group.borders.push_back(
                 {m_reader.getGroup().m_vecBorders.back().m_sBlockName.GetString(), m_source.path(), m_line});
         else if (what == Line::Mapping && inTitleBlock)
-            map(sKey);
+            map(sKey.GetString());
     }
 
     static std::string borderReason(std::size_t fields)

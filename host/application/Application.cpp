@@ -2,6 +2,7 @@
 
 #include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Counted.h"
 #include "host/ui/MainFrame.h"
 #include "mfc/MessagePump.h"
 
@@ -12,18 +13,6 @@ namespace host {
 namespace {
 
 constexpr char kCancel = '\x03';  // what Ctrl+C or Escape types into a command string
-
-// Counts commands under way, also when one ends by an exception of its module's.
-class Depth {
-public:
-    explicit Depth(int& count) : m_count(count) { ++m_count; }
-    ~Depth() { --m_count; }
-    Depth(const Depth&) = delete;
-    Depth& operator=(const Depth&) = delete;
-
-private:
-    int& m_count;
-};
 
 std::string withoutCancels(std::string sLine)
 {
@@ -153,7 +142,7 @@ bool Application::runLine(const std::string& sLine, bool echo)
         return true;
     if (echo)
         m_commandLine.printLine("Command: " + sCommand);
-    const Depth depth(m_depth);
+    const Counted command(m_depth);
     try {
         return dispatch(sCommand);
     } catch (const std::exception& error) {  // CommandError, FileError, or no memory
@@ -181,9 +170,25 @@ bool Application::dispatch(const std::string& sLine)
     return false;
 }
 
+bool Application::mayLose(Document& document)
+{
+    if (!document.isModified())
+        return true;
+    if (isScripted()) {
+        m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
+        return true;
+    }
+    m_documents.activateDocument(&document);
+    const int answer = m_frame->askAboutChanges(document);
+    if (answer != IDYES)
+        return answer == IDNO;
+    m_documents.setCurrent(&document);
+    return runLine("_QSAVE", true) && !document.isModified();
+}
+
 bool Application::closeDocument(Document& document)
 {
-    if (document.isModified() && !settleChanges(document)) {
+    if (!mayLose(document)) {
         m_editor.notify(&AcEditorReactor::docCloseAborted, document.database());
         return false;
     }
@@ -191,28 +196,13 @@ bool Application::closeDocument(Document& document)
     return true;
 }
 
-bool Application::settleChanges(Document& document)
-{
-    if (isScripted()) {
-        m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
-        return true;
-    }
-    switch (m_frame->askAboutChanges(document)) {
-    case IDCANCEL:
-        return false;
-    case IDYES:
-        m_documents.setCurrent(&document);
-        return runLine("_QSAVE", true) && !document.isModified();
-    default:
-        return true;
-    }
-}
-
 bool Application::quit()
 {
-    while (m_documents.count() != 0)
-        if (!closeDocument(m_documents.at(m_documents.count() - 1)))
+    for (std::size_t i = m_documents.count(); i-- != 0;)
+        if (!mayLose(m_documents.at(i)))
             return false;
+    while (m_documents.count() != 0)
+        m_documents.close(m_documents.at(m_documents.count() - 1));
     m_quitting = true;
     return true;
 }

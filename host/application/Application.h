@@ -76,9 +76,12 @@ public:
 
     // Nobody is there to answer questions.
     bool isScripted() const { return m_script.isRunning(); }
-    // Closes the document; asks about its changes unless scripted. False when a person said no.
+    // Asks a person about the document's changes, with the document in front, and saves
+    // them if so wished; a script is not asked. False when the person said no.
+    bool mayLose(Document& document);
+    // Closes the document, if it may be lost.
     bool closeDocument(Document& document);
-    // Closes all and ends run(). False when a person said no.
+    // Closes all and ends run(); when a drawing may not be lost, all stay open.
     bool quit();
     bool isQuitting() const { return m_quitting; }
     // A command is running.
@@ -87,7 +90,6 @@ public:
 private:
     bool runNextInput();
     bool dispatch(const std::string& sLine);
-    bool settleChanges(Document& document);
 
     static Application* s_pInstance;
 

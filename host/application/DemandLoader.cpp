@@ -11,9 +11,6 @@ namespace host {
 
 namespace {
 
-BOOL closeKey(HKEY key) { return ::RegCloseKey(key) == ERROR_SUCCESS; }
-using UniqueKey = Tesk::Detail::Unique<HKEY, closeKey>;
-
 // Release 16.0, product 201, in English.
 const std::string kApplications = "SOFTWARE\\Autodesk\\AutoCAD\\R16.0\\ACAD-201:409\\Applications";
 

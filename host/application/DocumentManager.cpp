@@ -3,6 +3,7 @@
 #include "host/application/DocumentWindows.h"
 #include "host/application/Editor.h"
 #include "host/application/Paths.h"
+#include "host/drawing/Assumptions.h"
 #include "host/drawing/Faults.h"
 #include "objectarx/dbapserv.h"
 
@@ -64,11 +65,13 @@ AcApDocument* DocumentManager::document(const AcDbDatabase* pDatabase) const
     for (const auto& document : m_documents)
         if (pDatabase != nullptr && document->database() == pDatabase)
             return document.get();
-    return nullptr;
+    return pDatabase != nullptr && assumed(Assumption::StrangerIsCurrent) ? m_pCurrent : nullptr;
 }
 
 AcApDocumentIterator* DocumentManager::newAcApDocumentIterator()
 {
+    if (Faults::hit("AcApDocManager::newAcApDocumentIterator"))
+        return nullptr;
     std::vector<AcApDocument*> documents;
     for (const auto& document : m_documents)
         documents.push_back(document.get());
@@ -177,21 +180,59 @@ bool DocumentManager::open(const std::string& sPath)
     auto document = std::make_unique<Document>(sFullPath, true);
     m_reactors.notify(&AcApDocManagerReactor::documentCreateStarted, document.get());
     try {
-        document->setDatabase(Database::open(sFullPath));
+        document->setDatabase(Database::open(sFullPath, !assumed(Assumption::XrefsAfterOpen)));
     } catch (const FileError&) {
         m_reactors.notify(&AcApDocManagerReactor::documentCreateCanceled, document.get());
         throw;
     }
     document->refreshReadOnly();
-    Document* const pDocument = admit(std::move(document));
-    std::string sName = pDocument->fileName();
-    m_editor.notify(&AcEditorReactor::dwgFileOpened, pDocument->database(), sName.data());
-    if (pDocument->drawing().contentsNotRead())
+    Document& opened = *document;
+    const bool openedFirst = assumed(Assumption::OpenedBeforeCreated);
+    if (openedFirst)
+        notifyOpened(opened.drawing(), sFullPath);
+    admit(std::move(document));
+    if (assumed(Assumption::ActivatedBeforeOpened))
+        switchTo(opened, true);
+    if (!openedFirst)
+        notifyOpened(opened.drawing(), sFullPath);
+    if (assumed(Assumption::XrefsAfterOpen))
+        opened.drawing().loadXrefs();
+    if (opened.drawing().contentsNotRead())
         m_print("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
-    for (const std::string& sWarning : pDocument->drawing().warnings())
+    for (const std::string& sWarning : opened.drawing().warnings())
         m_print(sFullPath + ": " + sWarning);
-    switchTo(*pDocument, true);
+    switchTo(opened, true);
     return true;
+}
+
+// A DXF file is imported, whatever the command.
+void DocumentManager::notifyOpened(Database& drawing, std::string sPath)
+{
+    if (sPath.size() > 4 && ::lstrcmpiA(sPath.c_str() + sPath.size() - 4, ".dxf") == 0) {
+        m_editor.notify(&AcEditorReactor::beginDxfIn, &drawing);
+        m_editor.notify(&AcEditorReactor::dxfInComplete, &drawing);
+    } else {
+        m_editor.notify(&AcEditorReactor::dwgFileOpened, &drawing, sPath.data());
+    }
+}
+
+void DocumentManager::replace(Document& document, const std::string& sPath)
+{
+    const std::string sFullPath = fullPath(sPath);
+    std::unique_ptr<Database> database = Database::open(sFullPath);
+    std::unique_ptr<Database> replaced = document.releaseDatabase();
+    document.setDatabase(std::move(database));
+    document.setFile(sFullPath);
+    replaced.reset();
+    acdbHostApplicationServices()->setWorkingDatabase(document.database());
+    notifyOpened(document.drawing(), sFullPath);
+    refreshWindow(document);
+}
+
+void DocumentManager::readAside(const std::string& sPath)
+{
+    const std::unique_ptr<Database> drawing = Database::open(sPath);
+    notifyOpened(*drawing, fullPath(sPath));
 }
 
 Acad::ErrorStatus DocumentManager::appContextOpenDocument(const char* sPath)
@@ -241,19 +282,30 @@ void DocumentManager::close(Document& document)
         switchTo(*m_activationOrder.back(), true);
 }
 
-void DocumentManager::save(Document& document, const std::string& sPath)
+void DocumentManager::save(Document& document, const std::string& sPath, bool copy)
 {
     Database& drawing = document.drawing();
     m_editor.notify(&AcEditorReactor::beginSave, &drawing, sPath.c_str());
     try {
-        drawing.save(sPath);
+        drawing.saveCopy(sPath);
     } catch (const FileError&) {
         m_editor.notify(&AcEditorReactor::abortSave, &drawing);
         throw;
     }
-    document.setFile(sPath);
-    refreshWindow(document);
+    const auto complete = [&](bool named, bool saved) {
+        if (named) {
+            drawing.setPath(sPath);
+            document.setFile(sPath);
+            refreshWindow(document);
+        }
+        if (saved)
+            drawing.setSaved();
+    };
+    const bool lateName = assumed(Assumption::NameAfterSave);
+    const bool lateState = assumed(Assumption::DbmodAfterSave);
+    complete(!lateName && !copy, !lateState && !copy);
     m_editor.notify(&AcEditorReactor::saveComplete, &drawing, sPath.c_str());
+    complete(lateName && !copy, lateState && !copy);
 }
 
 void DocumentManager::dxfIn(Document& document, const std::string& sPath)
@@ -304,10 +356,13 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, 
 
 std::optional<QueuedInput> DocumentManager::nextInput()
 {
-    if (m_input.empty())
+    const auto next = std::find_if(m_input.begin(), m_input.end(), [this](const QueuedInput& input) {
+        return input.activate || input.pDocument == m_pActive || !assumed(Assumption::StringsWait);
+    });
+    if (next == m_input.end())
         return std::nullopt;
-    QueuedInput input = std::move(m_input.front());
-    m_input.pop_front();
+    QueuedInput input = std::move(*next);
+    m_input.erase(next);
     return input;
 }
 

@@ -3,7 +3,8 @@
 // The open documents: who is there, which one is active, what waits to be typed
 // into each. A document's notifications come in this order:
 //   opening     documentCreateStarted, documentCreated (or documentCreateCanceled),
-//               then the editor's dwgFileOpened, then the activation
+//               then the editor's dwgFileOpened (or beginDxfIn, dxfInComplete), then
+//               the activation
 //   activation  documentToBeDeactivated (the old), documentToBeActivated,
 //               documentBecameCurrent, documentActivated
 //   closing     documentToBeDeactivated (when it is active), documentToBeDestroyed,
@@ -72,8 +73,14 @@ public:
     bool open(const std::string& sPath);
     // Closes without asking.
     void close(Document& document);
-    // Writes the drawing, under a new name or its own. Throws FileError.
-    void save(Document& document, const std::string& sPath);
+    // Writes the drawing, under a new name or its own. A copy, as an automatic save makes
+    // one, leaves its name and its modified state. Throws FileError.
+    void save(Document& document, const std::string& sPath, bool copy = false);
+    // Puts another drawing into the document, as opening in single-drawing mode does.
+    // Throws FileError, then nothing has changed.
+    void replace(Document& document, const std::string& sPath);
+    // Reads a drawing that is no document's, for other purposes. Throws FileError.
+    void readAside(const std::string& sPath);
     // Replaces the drawing's contents. Throws FileError.
     void dxfIn(Document& document, const std::string& sPath);
     void refreshWindow(Document& document);
@@ -91,6 +98,7 @@ private:
     void switchTo(Document& document, bool windowToo);
     Document* admit(std::unique_ptr<Document> document);
     bool owns(const AcApDocument* pDocument) const;
+    void notifyOpened(Database& drawing, std::string sPath);
 
     Editor& m_editor;
     DocumentWindows* m_pWindows = nullptr;

@@ -28,6 +28,16 @@ public:
     {
         notify(&AcEditorReactor::databaseToBeDestroyed, &database);
     }
+    void xrefToBeAttached(Database& to, const std::string& sPath, Database& from) override
+    {
+        notify(&AcEditorReactor::beginAttach, &to, sPath.c_str(), &from);
+    }
+    void xrefAttached(Database& to) override { notify(&AcEditorReactor::endAttach, &to); }
+    void xrefToBeRestored(Database& to, const std::string& sName, Database& from) override
+    {
+        notify(&AcEditorReactor::beginRestore, &to, sName.c_str(), &from);
+    }
+    void xrefRestored(Database& to) override { notify(&AcEditorReactor::endRestore, &to); }
 
 private:
     Listeners<AcEditorReactor> m_reactors;

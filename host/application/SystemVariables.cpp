@@ -161,7 +161,8 @@ SystemVariables::SetResult SystemVariables::set(const std::string& sName, const 
         return SetResult::readOnly;
     if (pDefinition->type != value.type)
         return SetResult::wrongType;
-    if (std::strcmp(pDefinition->name, "SDI") == 0 && value.number != 0 && value.number != 1)
+    const bool single = std::strcmp(pDefinition->name, "SDI") == 0 && value.number != 0;
+    if (single && (value.number != 1 || m_documents.count() > 1))
         return SetResult::invalid;
     if (pDefinition->scope == Scope::session) {
         m_session[pDefinition->name] = value;

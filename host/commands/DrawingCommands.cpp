@@ -3,6 +3,7 @@
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/ui/MainFrame.h"
 
 namespace host {
 
@@ -73,7 +74,17 @@ void editAttribute(Application& application, const Arguments& a)
 
 void attachXref(Application& application, const Arguments& a)
 {
+    if (a.size() == 0 && !application.isScripted()) {
+        for (const std::string& sChosen : application.frame().askForFiles())
+            application.submit("_XATTACH \"" + sChosen + "\"");
+        return;
+    }
     check(drawing(application).attachXref(a.rest(0)), "The reference " + quoted(a.rest(0)));
+}
+
+void reloadXref(Application& application, const Arguments& a)
+{
+    check(drawing(application).reloadXref(a.rest(0)), "The reference " + quoted(a.rest(0)));
 }
 
 void detachXref(Application& application, const Arguments& a)
@@ -104,6 +115,7 @@ constexpr Command kCommands[] = {
     {"INSERT", edit<insert>},
     {"ATTEDIT", edit<editAttribute>},
     {"XATTACH", edit<attachXref>},
+    {"XRELOAD", edit<reloadXref>},
     {"XDETACH", edit<detachXref>},
     {"PROPS", edit<setProperty>},
 };

@@ -1,4 +1,4 @@
-// NEW, OPEN, CLOSE, QSAVE, SAVEAS, DXFIN and QUIT.
+// The commands that open, save and close drawings.
 
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
@@ -22,27 +22,41 @@ void requireActivation(Application& application)
         throw CommandError("Switching between drawings is disabled.");
 }
 
-// The path from the command line, else from the person's dialog; empty when that was cancelled.
-std::string pathFor(Application& application, const Arguments& arguments, bool forSaving)
+// A script names its files itself.
+void requirePerson(Application& application)
 {
-    if (arguments.size() != 0)
-        return fullPath(arguments.rest(0));
     if (application.isScripted())
         throw CommandError("The command needs a path.");
-    return application.frame().askForPath(forSaving);
+}
+
+// In single-drawing mode another drawing takes the place of the one there is.
+bool isSingle(Application& application)
+{
+    return application.documents().count() != 0 && application.variables().get("SDI")->number != 0;
 }
 
 void newDrawing(Application& application, const Arguments&)
 {
     requireActivation(application);
+    if (isSingle(application))
+        throw CommandError("One drawing is open in single-drawing mode (SDI).");
     application.documents().createNew();
 }
 
 void open(Application& application, const Arguments& arguments)
 {
     requireActivation(application);
-    const std::string sPath = pathFor(application, arguments, false);
-    if (!sPath.empty() && !application.documents().open(sPath))
+    if (arguments.size() == 0) {
+        requirePerson(application);
+        for (const std::string& sChosen : application.frame().askForFiles())
+            application.submit("_OPEN \"" + sChosen + "\"");
+        return;
+    }
+    const std::string sPath = fullPath(arguments.rest(0));
+    if (isSingle(application)) {
+        if (application.mayLose(currentDocument(application)))
+            application.documents().replace(currentDocument(application), sPath);
+    } else if (!application.documents().open(sPath))
         application.commandLine().printLine("\"" + sPath + "\" is open already.");
 }
 
@@ -51,7 +65,10 @@ void close(Application& application, const Arguments&) { application.closeDocume
 void saveAs(Application& application, const Arguments& arguments)
 {
     Document& document = currentDocument(application);
-    const std::string sPath = pathFor(application, arguments, true);
+    if (arguments.size() == 0)
+        requirePerson(application);
+    const std::string sPath =
+        arguments.size() != 0 ? fullPath(arguments.rest(0)) : application.frame().askForTarget(document.fileName());
     if (sPath.empty())
         return;
     const Document* const pOther = application.documents().find(sPath);
@@ -60,6 +77,16 @@ void saveAs(Application& application, const Arguments& arguments)
     if (isWriteProtected(sPath))
         throw CommandError("\"" + sPath + "\" is read-only; the drawing is not saved.");
     application.documents().save(document, sPath);
+}
+
+void saveCopy(Application& application, const Arguments& arguments)
+{
+    application.documents().save(currentDocument(application), fullPath(arguments.rest(0)), true);
+}
+
+void readAside(Application& application, const Arguments& arguments)
+{
+    application.documents().readAside(arguments.rest(0));
 }
 
 void quickSave(Application& application, const Arguments&)
@@ -80,16 +107,14 @@ void quickSave(Application& application, const Arguments&)
 void dxfIn(Application& application, const Arguments& arguments)
 {
     Document& document = currentDocument(application);
-    const std::string sPath = pathFor(application, arguments, false);
-    if (!sPath.empty())
-        application.documents().dxfIn(document, sPath);
+    application.documents().dxfIn(document, fullPath(arguments.rest(0)));
 }
 
 void quit(Application& application, const Arguments&) { application.quit(); }
 
 constexpr Command kCommands[] = {
-    {"NEW", newDrawing}, {"OPEN", open},   {"CLOSE", close}, {"QSAVE", quickSave},
-    {"SAVEAS", saveAs},  {"DXFIN", dxfIn}, {"QUIT", quit},
+    {"NEW", newDrawing},    {"OPEN", open},         {"CLOSE", close}, {"QSAVE", quickSave}, {"SAVEAS", saveAs},
+    {"SAVECOPY", saveCopy}, {"READDWG", readAside}, {"DXFIN", dxfIn}, {"QUIT", quit},
 };
 
 }  // namespace

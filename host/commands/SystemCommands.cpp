@@ -1,4 +1,4 @@
-// ARX, SETVAR, SWITCH, LOCKDOCS and FAULT.
+// The commands about the host itself.
 
 #include "host/application/Application.h"
 #include "host/application/Paths.h"
@@ -90,8 +90,18 @@ void fault(Application& application, const Arguments& a)
     Faults::failNth(a.text(0), a.integer(1));
 }
 
+void help(Application& application, const Arguments&)
+{
+    std::string sNames;
+    for (const auto table : {fileCommands(), drawingCommands(), systemCommands(), observationCommands()})
+        for (const Command& command : table)
+            sNames += (sNames.empty() ? "" : ", ") + std::string(command.name);
+    application.commandLine().printLine(sNames + ".");
+}
+
 constexpr Command kCommands[] = {
-    {"ARX", arx}, {"SETVAR", setVariable}, {"SWITCH", switchDocument}, {"LOCKDOCS", lockDocuments}, {"FAULT", fault},
+    {"HELP", help},   {"ARX", arx}, {"SETVAR", setVariable}, {"SWITCH", switchDocument}, {"LOCKDOCS", lockDocuments},
+    {"FAULT", fault},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "host/drawing/Database.h"
 
+#include "host/drawing/Assumptions.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/HostServices.h"
 #include "host/drawing/Objects.h"
@@ -12,7 +13,8 @@ namespace host {
 
 namespace {
 
-DatabaseObserver* s_pObserver = nullptr;
+DatabaseObserver s_nobody;
+DatabaseObserver* s_pObserver = &s_nobody;
 int s_misuses = 0;
 
 std::string fullPath(const std::string& sPath)
@@ -28,14 +30,12 @@ Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool
 {
     adopt(std::move(file), loadXrefs);
     m_undo = std::make_unique<UndoList>(*this, 0);
-    if (s_pObserver != nullptr)
-        s_pObserver->databaseConstructed(*this);
+    s_pObserver->databaseConstructed(*this);
 }
 
 Database::~Database()
 {
-    if (s_pObserver != nullptr)
-        s_pObserver->databaseToBeDestroyed(*this);
+    s_pObserver->databaseToBeDestroyed(*this);
     m_reactors.notify(&AcDbDatabaseReactor::goodbye, this);
     forgetWorkingDatabase(this);
 }
@@ -61,6 +61,8 @@ std::unique_ptr<Database> Database::open(const std::string& sPath, bool loadXref
     return std::unique_ptr<Database>(new Database(DxfFile::read(sFull), sFull, loadXrefs));
 }
 
+void Database::loadXrefs() { resolveXrefs(*this, true); }
+
 std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::string& sReason)
 {
     try {
@@ -73,7 +75,9 @@ std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::
     }
 }
 
-void Database::setObserver(DatabaseObserver* pObserver) { s_pObserver = pObserver; }
+void Database::setObserver(DatabaseObserver* pObserver) { s_pObserver = pObserver != nullptr ? pObserver : &s_nobody; }
+
+DatabaseObserver& Database::observer() { return *s_pObserver; }
 
 Database* Database::of(const AcDbDatabase* pDatabase)
 {
@@ -108,11 +112,20 @@ const std::vector<std::string>& Database::warnings() const { return m_file->warn
 
 void Database::save(const std::string& sPath)
 {
-    const std::string sFull = fullPath(sPath);
-    m_file->write(sFull);
-    m_sPath = sFull;
-    m_undo->setSaved();
+    saveCopy(sPath);
+    setPath(fullPath(sPath));
+    setSaved();
 }
+
+void Database::saveCopy(const std::string& sPath) const { m_file->write(fullPath(sPath)); }
+
+void Database::setSaved()
+{
+    m_undo->setSaved();
+    changeIsTold();
+}
+
+int Database::dbmod() const { return m_telling != 0 && assumed(Assumption::DbmodAfterEdit) ? m_toldDbmod : m_dbmod; }
 
 void Database::dxfIn(const std::string& sPath)
 {

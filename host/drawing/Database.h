@@ -26,6 +26,10 @@ public:
     virtual ~DatabaseObserver() = default;
     virtual void databaseConstructed(Database&) {}
     virtual void databaseToBeDestroyed(Database&) {}
+    virtual void xrefToBeAttached(Database& /*to*/, const std::string& /*sPath*/, Database& /*from*/) {}
+    virtual void xrefAttached(Database& /*to*/) {}
+    virtual void xrefToBeRestored(Database& /*to*/, const std::string& /*sName*/, Database& /*from*/) {}
+    virtual void xrefRestored(Database& /*to*/) {}
 };
 
 // One value of a header variable: a group code and its text.
@@ -41,11 +45,13 @@ public:
 
     // A new, unnamed drawing.
     static std::unique_ptr<Database> createNew();
-    // Throws FileError. The drawing's xrefs are loaded too, if asked for, one level deep;
-    // what is wrong with one of them is its status, not an error.
+    // Throws FileError. The drawing's xrefs are loaded too, one level deep; what
+    // is wrong with one of them is its status, not an error.
     static std::unique_ptr<Database> open(const std::string& sPath, bool loadXrefs = true);
+    void loadXrefs();
     // At most one; null for none.
     static void setObserver(DatabaseObserver* pObserver);
+    static DatabaseObserver& observer();
     // The implementation behind an API pointer; null for null.
     static Database* of(const AcDbDatabase* pDatabase);
 
@@ -64,16 +70,21 @@ public:
     // A binary drawing, whose objects are not known; saving copies its bytes.
     bool contentsNotRead() const;
     const std::vector<std::string>& warnings() const;
-    // Throws FileError; then the old file, the path and the modified state are as
-    // before. On success the drawing has the path and is unmodified.
+    // Each throws FileError; then the old file, the path and the modified state are as
+    // before. After save the drawing has the path and is unmodified; a copy changes
+    // nothing of the drawing.
     void save(const std::string& sPath);
+    void saveCopy(const std::string& sPath) const;
+    // The steps of save, for a host that takes them apart.
+    void setPath(const std::string& sPath) { m_sPath = sPath; }
+    void setSaved();
     // Replaces the contents by those of another file and marks the drawing as
     // modified; path and reactors stay, and the reactors hear of each block that comes.
     // Throws FileError, then nothing has changed.
     void dxfIn(const std::string& sPath);
 
     // --- Modified state: 0 exactly when the drawing is as it was saved or opened.
-    int dbmod() const { return m_dbmod; }
+    int dbmod() const;
     // Sets bits for what is no edit of the drawing's contents (kWindow, kView).
     void markModified(int bits) { m_dbmod |= bits; }
 
@@ -94,6 +105,8 @@ public:
     // A block named after the file, and one reference to it. The path is kept as
     // given. eFileNotFound, eDuplicateKey; eFilerError for a file that does not load.
     Acad::ErrorStatus attachXref(const std::string& sPath);
+    // Reads the xref's file anew. eKeyNotFound, eFileNotFound, eFilerError.
+    Acad::ErrorStatus reloadXref(const std::string& sName);
     // Erases the xref's block and its references. eKeyNotFound.
     Acad::ErrorStatus detachXref(const std::string& sName);
     // Fields: title, subject, author, keywords, comments, lastsavedby,
@@ -123,6 +136,9 @@ public:
     UndoList& undoList() const { return *m_undo; }
     Listeners<AcDbDatabaseReactor>& reactors() const { return m_reactors; }
     void setDbmod(int value) { m_dbmod = value; }
+    // While reactors are told, and after a change has been told in full.
+    int& telling() { return m_telling; }
+    void changeIsTold() { m_toldDbmod = m_dbmod; }
     void countOpen(int change) { m_openObjects += change; }
     static void countMisuse();
     // The full path under which this database was attached; empty for no xref's.
@@ -141,6 +157,8 @@ private:
     std::unique_ptr<UndoList> m_undo;
     mutable Listeners<AcDbDatabaseReactor> m_reactors;
     int m_dbmod = 0;
+    int m_toldDbmod = 0;
+    int m_telling = 0;
     int m_openObjects = 0;
 };
 

@@ -33,6 +33,19 @@ DxfRecord* tableRecord(const DxfFile& file, std::string_view name)
     return nullptr;
 }
 
+// On a trial node, for what does not load is not attached.
+Acad::ErrorStatus load(Database& database, const std::string& sPath, std::unique_ptr<Database>& xref)
+{
+    BlockNode trial;
+    trial.xrefPath = sPath;
+    trial.status = AcDb::kXrfUnresolved;
+    resolveXref(database, trial);
+    xref = std::move(trial.xref);
+    return trial.status == AcDb::kXrfResolved       ? Acad::eOk
+           : trial.status == AcDb::kXrfFileNotFound ? Acad::eFileNotFound
+                                                    : Acad::eFilerError;
+}
+
 }  // namespace
 
 Acad::ErrorStatus Database::attachXref(const std::string& sPath)
@@ -44,17 +57,10 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
         return Acad::eDuplicateKey;
     const UndoGroup group(*m_undo);
     const std::string sRawName = m_file->encoding().encode(sName);
-    // A trial node first: what does not load is not attached.
     std::unique_ptr<Database> xref;
-    {
-        BlockNode trial;
-        trial.xrefPath = sPath;
-        trial.status = AcDb::kXrfUnresolved;
-        resolveXref(*this, trial);
-        if (trial.status != AcDb::kXrfResolved)
-            return trial.status == AcDb::kXrfFileNotFound ? Acad::eFileNotFound : Acad::eFilerError;
-        xref = std::move(trial.xref);
-    }
+    if (const Acad::ErrorStatus status = load(*this, sPath, xref); status != Acad::eOk)
+        return status;
+    observer().xrefToBeAttached(*this, sPath, *xref);
     std::vector<DxfRecord*> records;
     unsigned long long handle = m_graph->newHandle();
     if (DxfRecord* pEnd = tableRecord(*m_file, "")) {
@@ -82,7 +88,25 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
     node.xref = std::move(xref);
     node.status = AcDb::kXrfResolved;
     m_undo->appended({&node}, records);
-    return insertBlock(sName, 0.0, 0.0);
+    const Acad::ErrorStatus status = insertBlock(sName, 0.0, 0.0);
+    observer().xrefAttached(*this);
+    return status;
+}
+
+Acad::ErrorStatus Database::reloadXref(const std::string& sName)
+{
+    BlockNode* pBlock = m_graph->block(sName);
+    if (pBlock == nullptr || !pBlock->isXref())
+        return Acad::eKeyNotFound;
+    std::unique_ptr<Database> xref;
+    if (const Acad::ErrorStatus status = load(*this, pBlock->xrefPath, xref); status != Acad::eOk)
+        return status;
+    observer().xrefToBeRestored(*this, sName, *xref);
+    pBlock->xref = std::move(xref);
+    pBlock->status = AcDb::kXrfResolved;
+    m_undo->changeObject(*pBlock, std::string(pBlock->record->text()));
+    observer().xrefRestored(*this);
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus Database::detachXref(const std::string& sName)

@@ -1,5 +1,6 @@
 #include "host/drawing/UndoList.h"
 
+#include "host/drawing/Counted.h"
 #include "host/drawing/Database.h"
 
 #include <algorithm>
@@ -11,47 +12,51 @@ namespace {
 
 constexpr int kContents = Database::kObjects | Database::kVariables | Database::kField;
 
-// Lets reactors read the object while they are told of it.
-class Showing {
-public:
-    explicit Showing(AcDbStub& node) : m_node(node) { ++m_node.notifying; }
-    ~Showing() { --m_node.notifying; }
-    Showing(const Showing&) = delete;
-    Showing& operator=(const Showing&) = delete;
-
-private:
-    AcDbStub& m_node;
-};
-
 }  // namespace
 
 template <class... Parameters, class... Arguments>
-void Notifier::send(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
+void Notifier::tell(void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
 {
-    const Showing showing(node);
-    m_database.reactors().notify(notification, &m_database, &node.object(), arguments...);
+    const Counted telling(m_database.telling());
+    m_database.reactors().notify(notification, &m_database, arguments...);
 }
 
-void Notifier::openedForModify(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectOpenedForModify); }
+template <class... Parameters, class... Arguments>
+void Notifier::tellOf(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
+{
+    const Counted showing(node.notifying);  // reactors may read the object meanwhile
+    tell(notification, &node.object(), arguments...);
+}
 
-void Notifier::modified(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectModified); }
+template <class... Parameters, class... Arguments>
+void Notifier::tellDone(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...),
+                        Arguments... arguments)
+{
+    tellOf(node, notification, arguments...);
+    m_database.changeIsTold();
+}
 
-void Notifier::appended(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectAppended); }
+void Notifier::openedForModify(AcDbStub& node) { tellOf(node, &AcDbDatabaseReactor::objectOpenedForModify); }
 
-void Notifier::unAppended(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectUnAppended); }
+void Notifier::modified(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectModified); }
 
-void Notifier::reAppended(AcDbStub& node) { send(node, &AcDbDatabaseReactor::objectReAppended); }
+void Notifier::appended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectAppended); }
 
-void Notifier::erased(AcDbStub& node, bool isErased) { send(node, &AcDbDatabaseReactor::objectErased, isErased); }
+void Notifier::unAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectUnAppended); }
+
+void Notifier::reAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectReAppended); }
+
+void Notifier::erased(AcDbStub& node, bool isErased) { tellDone(node, &AcDbDatabaseReactor::objectErased, isErased); }
 
 void Notifier::variableWillChange(const std::string& sName)
 {
-    m_database.reactors().notify(&AcDbDatabaseReactor::headerSysVarWillChange, &m_database, sName.c_str());
+    tell(&AcDbDatabaseReactor::headerSysVarWillChange, sName.c_str());
 }
 
 void Notifier::variableChanged(const std::string& sName)
 {
-    m_database.reactors().notify(&AcDbDatabaseReactor::headerSysVarChanged, &m_database, sName.c_str(), Adesk::kTrue);
+    tell(&AcDbDatabaseReactor::headerSysVarChanged, sName.c_str(), Adesk::kTrue);
+    m_database.changeIsTold();
 }
 
 void UndoList::changeObject(AcDbStub& node, std::string sText)

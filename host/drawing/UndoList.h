@@ -27,7 +27,12 @@ public:
 
 private:
     template <class... Parameters, class... Arguments>
-    void send(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    void tell(void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    template <class... Parameters, class... Arguments>
+    void tellOf(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    // The last that is told of a change.
+    template <class... Parameters, class... Arguments>
+    void tellDone(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
 
     Database& m_database;
 };

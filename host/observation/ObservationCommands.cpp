@@ -72,6 +72,18 @@ void picture(Application& application, const std::string& sPath)
     savePicture(application.frame().m_hWnd, fullPath(sPath));
 }
 
+// What another program would paste.
+void clipboard(Application& application, const Arguments&)
+{
+    std::string text;
+    if (::OpenClipboard(application.frame().m_hWnd)) {
+        if (const HANDLE memory = ::GetClipboardData(CF_TEXT))
+            text = static_cast<const char*>(::GlobalLock(memory));
+        ::CloseClipboard();
+    }
+    report(application, "clipboard: \"" + oneLine(text) + "\"\n");
+}
+
 // MENU n, MENU n ID, or MENU n SHOT path: a picture while the menu is open.
 void menu(Application& application, const Arguments& a)
 {
@@ -133,10 +145,11 @@ void bench(Application& application, const Arguments& a)
 }
 
 constexpr Command kCommands[] = {
-    {"STRIP", strip, true}, {"CLICK", click},         {"HOVER", hover},
-    {"MENU", menu},         {"DIALOG", dialog, true}, {"PRESS", pressControl, true},
-    {"KEY", key, true},     {"SHOT", shot, true},     {"WAIT", wait, true},
-    {"BENCH", bench},       {"RESOURCES", resources}, {"MIDDLECLICK", middleClick},
+    {"STRIP", strip, true},   {"CLICK", click},         {"HOVER", hover},
+    {"MENU", menu},           {"DIALOG", dialog, true}, {"PRESS", pressControl, true},
+    {"KEY", key, true},       {"SHOT", shot, true},     {"WAIT", wait, true},
+    {"BENCH", bench},         {"RESOURCES", resources}, {"MIDDLECLICK", middleClick},
+    {"CLIPBOARD", clipboard},
 };
 
 }  // namespace

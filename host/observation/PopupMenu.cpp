@@ -45,7 +45,8 @@ std::string describe(HMENU menu, const std::string& sIndent)
             continue;
         }
         lines += sIndent + "item " + std::to_string(info.hSubMenu != nullptr ? 0 : info.wID) + ": \"" +
-                 oneLine(caption) + "\" enabled=" + ((info.fState & MFS_DISABLED) == 0 ? "1" : "0") + "\n";
+                 oneLine(caption) + "\" enabled=" + ((info.fState & MFS_DISABLED) == 0 ? "1" : "0") +
+                 ((info.fState & MFS_CHECKED) != 0 ? " checked=1" : "") + "\n";
         if (info.hSubMenu != nullptr)
             lines += describe(info.hSubMenu, sIndent + "  ");
     }

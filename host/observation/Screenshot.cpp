@@ -1,7 +1,6 @@
 #include "host/observation/Screenshot.h"
 
 #include "host/drawing/FileError.h"
-#include "library/system/Handles.h"
 
 // What gdiplus.h leaves to its includer.
 #include <propidl.h>

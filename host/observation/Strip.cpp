@@ -43,23 +43,36 @@ std::string Strip::describe(HWND mdiClient) const
     if (!exists())
         return "strip: none\n";
     const LRESULT selected = ::SendMessageA(m_window, TCM_GETCURSEL, 0, 0);
+    const AcApDocument* const pActive = Application::instance()->documents().active();
+    int active = pActive != nullptr ? count() - 1 : -1;
+    while (active >= 0 && documentAt(active) != pActive)
+        --active;
     std::string text = std::string("strip: visible=") + (::IsWindowVisible(m_window) ? "1" : "0") +
                        " rect=" + rectangle(m_frame, m_window) + " client=" + rectangle(m_frame, mdiClient) +
-                       " tabs=" + std::to_string(count()) + " selected=" + std::to_string(selected) + "\n";
+                       " tabs=" + std::to_string(count()) + " selected=" + std::to_string(selected) +
+                       " active=" + std::to_string(active) + "\n";
     for (int tab = 0; tab < count(); ++tab)
         text += describeTab(tab);
     return text;
+}
+
+const AcApDocument* Strip::documentAt(int tab) const
+{
+    TCITEMA item{};
+    item.mask = TCIF_PARAM;
+    ::SendMessageA(m_window, TCM_GETITEMA, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
+    return reinterpret_cast<const AcApDocument*>(item.lParam);
 }
 
 std::string Strip::describeTab(int tab) const
 {
     char caption[512] = "";
     TCITEMA item{};
-    item.mask = TCIF_TEXT | TCIF_IMAGE | TCIF_PARAM;
+    item.mask = TCIF_TEXT | TCIF_IMAGE;
     item.pszText = caption;
     item.cchTextMax = sizeof caption;
     ::SendMessageA(m_window, TCM_GETITEMA, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&item));
-    const auto* const pDocument = reinterpret_cast<const AcApDocument*>(item.lParam);
+    const AcApDocument* const pDocument = documentAt(tab);
     return "tab " + std::to_string(tab) + ": text=\"" + oneLine(item.pszText) +
            "\" image=" + std::to_string(item.iImage) + " document=\"" +
            (isOpen(pDocument) ? pDocument->fileName() : "?") + "\"\n";

@@ -4,6 +4,7 @@
 
 #include "mfc/afxcmn.h"
 #include "mfc/afxwin.h"
+#include "objectarx/acdocman.h"
 
 #include <string>
 
@@ -24,6 +25,8 @@ public:
     POINT middleOf(int tab) const;
 
 private:
+    // What the tab's data points at: it need not be open any more.
+    const AcApDocument* documentAt(int tab) const;
     std::string describeTab(int tab) const;
 
     HWND m_frame;

@@ -82,10 +82,11 @@ void CommandPane::clear()
     ::SetWindowTextA(m_history, "");
 }
 
-void CommandPane::type(WPARAM character)
+void CommandPane::type(std::string_view text)
 {
     ::SetFocus(m_input);
-    ::SendMessageA(m_input, WM_CHAR, character, 1);
+    for (const char character : text)
+        ::SendMessageA(m_input, WM_CHAR, static_cast<unsigned char>(character), 1);
 }
 
 BOOL CommandPane::PreTranslateMessage(MSG* pMsg)

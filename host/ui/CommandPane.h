@@ -19,8 +19,8 @@ public:
     void show(std::string_view text);
     // Empties the history.
     void clear();
-    // A character typed elsewhere goes on here.
-    void type(WPARAM character);
+    // What is typed elsewhere goes on here.
+    void type(std::string_view text);
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
 

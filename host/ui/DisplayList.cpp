@@ -8,6 +8,8 @@ namespace host {
 namespace {
 
 constexpr double kMargin = 24.0;
+constexpr LONG kMarkHeight = 12;
+constexpr LONG kSmallestText = 8;  // still to be read
 
 // The rectangle that holds all points.
 struct Extents {
@@ -29,8 +31,10 @@ void DisplayList::paint(HDC dc, const RECT& area) const
     for (const auto& line : m_lines)
         for (const PlanPoint& point : line)
             extents.add(point);
-    for (const Text& text : m_texts)
+    for (const Text& text : m_texts) {
         extents.add(text.at);
+        extents.add({text.at.x, text.at.y + text.height});
+    }
     const double width = std::max(extents.high.x - extents.low.x, 1e-6);
     const double height = std::max(extents.high.y - extents.low.y, 1e-6);
     const double scale =
@@ -49,12 +53,17 @@ void DisplayList::paint(HDC dc, const RECT& area) const
         ::Polyline(dc, points.data(), static_cast<int>(points.size()));
     }
     ::SetBkMode(dc, TRANSPARENT);
-    const HGDIOBJ oldFont = ::SelectObject(dc, ::GetStockObject(DEFAULT_GUI_FONT));
+    ::SetTextAlign(dc, TA_LEFT | TA_BASELINE);
+    LOGFONTA font{};
+    ::GetObjectA(::GetStockObject(DEFAULT_GUI_FONT), sizeof font, &font);
     for (const Text& text : m_texts) {
         const POINT at = place(text.at);
-        ::TextOutA(dc, at.x, at.y - 12, text.text.c_str(), static_cast<int>(text.text.size()));
+        const LONG pixels = std::min(static_cast<LONG>(text.height * scale), area.bottom - area.top);
+        font.lfHeight = -(text.height == 0.0 ? kMarkHeight : std::max(pixels, kSmallestText));
+        const HGDIOBJ oldFont = ::SelectObject(dc, ::CreateFontIndirectA(&font));
+        ::TextOutA(dc, at.x, at.y, text.text.c_str(), static_cast<int>(text.text.size()));
+        ::DeleteObject(::SelectObject(dc, oldFont));
     }
-    ::SelectObject(dc, oldFont);
 }
 
 }  // namespace host

@@ -27,6 +27,7 @@ private:
 
     struct Text {
         PlanPoint at;
+        double height = 0.0;  // 0 for a mark that has none in the drawing
         std::string text;
     };
 

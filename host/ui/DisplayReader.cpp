@@ -88,7 +88,9 @@ private:
         else if (type == "LWPOLYLINE")
             readPolyline(record, placement);
         else if (type == "TEXT" || type == "MTEXT" || type == "ATTRIB")
-            m_list.m_texts.push_back({placement.apply(point(record, 10)), m_file.encoding().decode(record.value(1))});
+            m_list.m_texts.push_back({placement.apply(point(record, 10)),
+                                      number(record, 40) * std::hypot(placement.xy, placement.yy),
+                                      m_file.encoding().decode(record.value(1))});
         else if (type == "INSERT")
             readInsert(record, placement, depth);
     }
@@ -129,7 +131,8 @@ private:
         const std::size_t before = m_list.m_lines.size();
         readFrom(block->second->next(), placement.of(insert, point(*block->second, 10)), depth + 1);
         if (m_list.m_lines.size() == before)  // an xref, or nothing that is drawn here
-            m_list.m_texts.push_back({placement.apply(point(insert, 10)), m_file.encoding().decode(insert.value(2))});
+            m_list.m_texts.push_back(
+                {placement.apply(point(insert, 10)), 0.0, m_file.encoding().decode(insert.value(2))});
     }
 
     DisplayList& m_list;

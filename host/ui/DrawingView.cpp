@@ -46,7 +46,7 @@ void DrawingView::OnClose()
 BOOL DrawingView::PreTranslateMessage(MSG* pMsg)
 {
     if (pMsg->hwnd == m_hWnd && pMsg->message == WM_CHAR && pMsg->wParam >= ' ') {
-        m_application.frame().typeCommand(pMsg->wParam);
+        m_application.frame().typeCommand(std::string(1, static_cast<char>(pMsg->wParam)));
         return TRUE;
     }
     return CMDIChildWnd::PreTranslateMessage(pMsg);

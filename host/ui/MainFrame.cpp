@@ -3,21 +3,32 @@
 #include "host/application/Application.h"
 #include "host/ui/DrawingView.h"
 
-#include <commdlg.h>
+#include <cstring>
+#include <shellapi.h>
+#include <span>
 
 namespace host {
 
 namespace {
 
+// Commands, in this order of their kinds: always there, for a drawing, for windows.
 enum : UINT {
     kFileNew = 100,
     kFileOpen,
+    kFileExit,
+    kToolsOptions,
+    kToolsModule,
+    kHelpCommands,
     kFileSave,
     kFileSaveAs,
     kFileClose,
-    kFileExit,
     kEditUndo,
-    kWindowCascade = 120,
+    kEditRedo,
+    kDrawLine,
+    kXrefAttach,
+    kXrefReload,
+    kXrefDetach,
+    kWindowCascade,
     kWindowTile,
     kWindowArrange,
 };
@@ -25,34 +36,59 @@ enum : UINT {
 struct MenuCommand {
     UINT id;
     const char* caption;
-    const char* command;  // what it types
+    const char* command;  // what it types; one that ends in a blank is left to be completed
 };
 
+constexpr MenuCommand kSeparator = {0, nullptr, nullptr};
 constexpr MenuCommand kFileMenu[] = {
     {kFileNew, "&New\tCtrl+N", "_NEW"},
     {kFileOpen, "&Open...\tCtrl+O", "_OPEN"},
-    {0, nullptr, nullptr},
+    kSeparator,
     {kFileSave, "&Save\tCtrl+S", "_QSAVE"},
     {kFileSaveAs, "Save &As...", "_SAVEAS"},
     {kFileClose, "&Close", "_CLOSE"},
-    {0, nullptr, nullptr},
-    {kEditUndo, "&Undo\tCtrl+Z", "_UNDO"},
-    {0, nullptr, nullptr},
+    kSeparator,
     {kFileExit, "E&xit", "_QUIT"},
 };
+constexpr MenuCommand kEditMenu[] = {{kEditUndo, "&Undo\tCtrl+Z", "_UNDO"}, {kEditRedo, "&Redo\tCtrl+Y", "_REDO"}};
+constexpr MenuCommand kDrawMenu[] = {{kDrawLine, "&Line (type x y x y)", "LINE "}};
+constexpr MenuCommand kXrefMenu[] = {
+    {kXrefAttach, "&Attach...", "_XATTACH"},
+    {kXrefReload, "&Reload (type its name)", "XRELOAD "},
+    {kXrefDetach, "&Detach (type its name)", "XDETACH "},
+};
+constexpr MenuCommand kToolsMenu[] = {
+    {kToolsOptions, "Tab &Options...", "_ZavikMDITabs"},
+    {kToolsModule, "&Load Module (type its path)", "ARX L "},
+};
+constexpr MenuCommand kHelpMenu[] = {{kHelpCommands, "&Commands", "_HELP"}};
 constexpr MenuCommand kWindowMenu[] = {
     {kWindowCascade, "&Cascade", nullptr},
     {kWindowTile, "&Tile", nullptr},
     {kWindowArrange, "&Arrange Icons", nullptr},
 };
 
-template <std::size_t Count>
-HMENU popup(const MenuCommand (&items)[Count])
+struct Menu {
+    const char* caption;
+    std::span<const MenuCommand> items;
+};
+
+constexpr Menu kMenus[] = {
+    {"&File", kFileMenu},   {"&Edit", kEditMenu},     {"&Draw", kDrawMenu}, {"External &References", kXrefMenu},
+    {"&Tools", kToolsMenu}, {"&Window", kWindowMenu}, {"&Help", kHelpMenu},
+};
+constexpr int kWindowPosition = 5;
+
+HMENU menuBar()
 {
-    const HMENU menu = ::CreatePopupMenu();
-    for (const MenuCommand& item : items)
-        ::AppendMenuA(menu, item.caption != nullptr ? MF_STRING : MF_SEPARATOR, item.id, item.caption);
-    return menu;
+    const HMENU bar = ::CreateMenu();
+    for (const Menu& menu : kMenus) {
+        const HMENU popup = ::CreatePopupMenu();
+        for (const MenuCommand& item : menu.items)
+            ::AppendMenuA(popup, item.caption != nullptr ? MF_STRING : MF_SEPARATOR, item.id, item.caption);
+        ::AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), menu.caption);
+    }
+    return bar;
 }
 
 HACCEL accelerators()
@@ -60,7 +96,8 @@ HACCEL accelerators()
     ACCEL table[] = {{FVIRTKEY | FCONTROL, 'N', kFileNew},
                      {FVIRTKEY | FCONTROL, 'O', kFileOpen},
                      {FVIRTKEY | FCONTROL, 'S', kFileSave},
-                     {FVIRTKEY | FCONTROL, 'Z', kEditUndo}};
+                     {FVIRTKEY | FCONTROL, 'Z', kEditUndo},
+                     {FVIRTKEY | FCONTROL, 'Y', kEditRedo}};
     return ::CreateAcceleratorTableA(table, static_cast<int>(std::size(table)));
 }
 
@@ -77,10 +114,10 @@ LRESULT MdiClient::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 BEGIN_MESSAGE_MAP(MainFrame, CMDIFrameWnd)
     ON_MESSAGE(WM_KICKIDLE, &MainFrame::OnKickIdle)
     ON_WM_CLOSE()
-    ON_COMMAND_RANGE(kFileNew, kEditUndo, &MainFrame::OnFileCommand)
+    ON_MESSAGE(WM_DROPFILES, &MainFrame::OnDropFiles)
+    ON_COMMAND_RANGE(kFileNew, kXrefDetach, &MainFrame::OnMenuCommand)
     ON_COMMAND_RANGE(kWindowCascade, kWindowArrange, &MainFrame::OnWindowCommand)
-    ON_UPDATE_COMMAND_UI_RANGE(kFileSave, kFileClose, &MainFrame::OnUpdateDrawingCommand)
-    ON_UPDATE_COMMAND_UI(kEditUndo, &MainFrame::OnUpdateDrawingCommand)
+    ON_UPDATE_COMMAND_UI_RANGE(kFileSave, kXrefDetach, &MainFrame::OnUpdateDrawingCommand)
 END_MESSAGE_MAP()
 
 MainFrame::MainFrame(Application& application) : m_application(application), m_client(application) {}
@@ -101,18 +138,15 @@ bool MainFrame::create(bool visible)
     const char* const windowClass =
         AfxRegisterWndClass(0, ::LoadCursorA(nullptr, IDC_ARROW), reinterpret_cast<HBRUSH>(COLOR_APPWORKSPACE + 1),
                             ::LoadIconA(nullptr, IDI_APPLICATION));
-    if (!CreateEx(0, windowClass, "Cadhost", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CRect(40, 40, 1040, 740), nullptr,
-                  0))
+    if (!CreateEx(WS_EX_ACCEPTFILES, windowClass, "Cadhost", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                  CRect(40, 40, 1040, 740), nullptr, 0))
         return false;
-    const HMENU windowMenu = popup(kWindowMenu);
-    const HMENU bar = ::CreateMenu();
-    ::AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup(kFileMenu)), "&File");
-    ::AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(windowMenu), "&Window");
+    const HMENU bar = menuBar();
     ::SetMenu(m_hWnd, bar);
     m_accelerators = accelerators();
     m_hAccelTable = m_accelerators;
 
-    if (!CreateClient(windowMenu) || !m_client.SubclassWindow(m_hWndMDIClient) ||
+    if (!CreateClient(::GetSubMenu(bar, kWindowPosition)) || !m_client.SubclassWindow(m_hWndMDIClient) ||
         !m_pane.create(*this, [this](const std::string& sLine) { m_application.submit(sLine); }))
         return false;
     if (visible) {
@@ -168,19 +202,37 @@ int MainFrame::askAboutChanges(const Document& document)
     return MessageBox(sQuestion.c_str(), "Cadhost", MB_YESNOCANCEL | MB_ICONQUESTION);
 }
 
-std::string MainFrame::askForPath(bool forSaving)
+std::vector<std::string> MainFrame::askForFiles()
 {
-    char path[1024] = "";
-    OPENFILENAMEA dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = m_hWnd;
-    dialog.lpstrFilter = "Drawings (*.dwg; *.dxf)\0*.dwg;*.dxf\0All files\0*.*\0";
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = sizeof path;
-    dialog.lpstrDefExt = "dwg";
-    dialog.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | (forSaving ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    const BOOL chosen = forSaving ? ::GetSaveFileNameA(&dialog) : ::GetOpenFileNameA(&dialog);
-    return chosen ? path : "";
+    return ask(::GetOpenFileNameA, {}, OFN_FILEMUSTEXIST | OFN_ALLOWMULTISELECT | OFN_EXPLORER);
+}
+
+std::string MainFrame::askForTarget(const std::string& sOffered)
+{
+    const std::vector<std::string> chosen = ask(::GetSaveFileNameA, sOffered, OFN_OVERWRITEPROMPT);
+    return chosen.empty() ? std::string() : chosen.front();
+}
+
+std::vector<std::string> MainFrame::ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), const std::string& sOffered, DWORD flags)
+{
+    std::vector<char> names(32000);
+    sOffered.copy(names.data(), MAX_PATH);
+    OPENFILENAMEA options{};
+    options.lStructSize = sizeof options;
+    options.hwndOwner = m_hWnd;
+    options.lpstrFilter = "Drawings (*.dwg; *.dxf)\0*.dwg;*.dxf\0All files\0*.*\0";
+    options.lpstrFile = names.data();
+    options.nMaxFile = static_cast<DWORD>(names.size());
+    options.lpstrDefExt = "dwg";
+    options.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | flags;
+    if (!dialog(&options))
+        return {};
+    // One path; or a folder and the names of several files in it.
+    const std::string sFirst = names.data();
+    std::vector<std::string> paths;
+    for (const char* sName = names.data() + sFirst.size() + 1; *sName != '\0'; sName += std::strlen(sName) + 1)
+        paths.push_back(sFirst + "\\" + sName);
+    return paths.empty() ? std::vector<std::string>{sFirst} : paths;
 }
 
 // The message itself has woken the pump, which goes idle next and runs what is queued.
@@ -196,11 +248,27 @@ void MainFrame::OnClose()
         m_application.quit();
 }
 
-void MainFrame::OnFileCommand(UINT id)
+void MainFrame::OnMenuCommand(UINT id)
 {
-    for (const MenuCommand& item : kFileMenu)
-        if (item.id == id && item.command != nullptr)
-            m_application.submit(item.command);
+    for (const Menu& menu : kMenus)
+        for (const MenuCommand& item : menu.items)
+            if (item.id == id && std::string_view(item.command).ends_with(' '))
+                typeCommand(item.command);
+            else if (item.id == id)
+                m_application.submit(item.command);
+}
+
+LRESULT MainFrame::OnDropFiles(WPARAM wParam, LPARAM)
+{
+    const auto drop = reinterpret_cast<HDROP>(wParam);
+    const UINT count = ::DragQueryFileA(drop, UINT(-1), nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        char path[MAX_PATH] = "";
+        ::DragQueryFileA(drop, i, path, sizeof path);
+        m_application.submit("_OPEN \"" + std::string(path) + "\"");
+    }
+    ::DragFinish(drop);
+    return 0;
 }
 
 void MainFrame::OnUpdateDrawingCommand(CCmdUI* pState) { pState->Enable(m_application.documents().count() != 0); }

@@ -6,10 +6,12 @@
 #include "host/ui/CommandPane.h"
 #include "mfc/afxwin.h"
 
+#include <commdlg.h>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace host {
 
@@ -43,22 +45,26 @@ public:
 
     void showHistory(std::string_view text) { m_pane.show(text); }
     void clearHistory() { m_pane.clear(); }
-    void typeCommand(WPARAM character) { m_pane.type(character); }
+    void typeCommand(std::string_view text) { m_pane.type(text); }
     // IDYES to save them, IDNO to discard them, or IDCANCEL.
     int askAboutChanges(const Document& document);
-    // Empty when cancelled.
-    std::string askForPath(bool forSaving);
+    // Each empty when cancelled.
+    std::vector<std::string> askForFiles();
+    std::string askForTarget(const std::string& sOffered);
 
 protected:
     LRESULT OnKickIdle(WPARAM wParam, LPARAM lParam);
     void OnClose();
-    void OnFileCommand(UINT id);
+    void OnMenuCommand(UINT id);
+    LRESULT OnDropFiles(WPARAM wParam, LPARAM lParam);
     void OnUpdateDrawingCommand(CCmdUI* pState);
     void OnWindowCommand(UINT id);
 
     DECLARE_MESSAGE_MAP()
 
 private:
+    std::vector<std::string> ask(BOOL(WINAPI* dialog)(OPENFILENAMEA*), const std::string& sOffered, DWORD flags);
+
     Application& m_application;
     MdiClient m_client;
     CommandPane m_pane;

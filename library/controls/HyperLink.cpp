@@ -22,6 +22,16 @@ bool hasBlankOrControl(std::string_view sText)
     return false;
 }
 
+int brightness(DWORD dwColour) { return GetRValue(dwColour) * 3 + GetGValue(dwColour) * 6 + GetBValue(dwColour); }
+
+// The system's, unless that can hardly be read on a dialog.
+DWORD linkColour()
+{
+    const DWORD dwLink = ::GetSysColor(COLOR_HOTLIGHT);
+    const int iContrast = brightness(dwLink) - brightness(::GetSysColor(COLOR_BTNFACE));
+    return iContrast > -800 && iContrast < 800 ? ::GetSysColor(COLOR_BTNTEXT) : dwLink;
+}
+
 // name@place, and neither a scheme nor a path.
 bool isMailAddress(std::string_view sText)
 {
@@ -123,7 +133,7 @@ void CHyperLink::drawText(HDC hdc, RECT rect) const
     ::FillRect(hdc, &rect, ::GetSysColorBrush(COLOR_BTNFACE));
     const HGDIOBJ previous = ::SelectObject(hdc, m_font.get());
     ::SetBkMode(hdc, TRANSPARENT);
-    ::SetTextColor(hdc, ::GetSysColor(COLOR_HOTLIGHT));
+    ::SetTextColor(hdc, linkColour());
     ::DrawTextA(hdc, GetWindowText(), -1, &rect, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     ::SelectObject(hdc, previous);
     if (::GetFocus() == m_hWnd) {

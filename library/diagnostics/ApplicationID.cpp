@@ -2,8 +2,10 @@
 
 #include "library/files/PathParts.h"
 #include "library/files/TextFileContents.h"
+#include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
-#include <string>
+#include <string_view>
 
 namespace Tesk {
 
@@ -34,13 +36,12 @@ void CApplicationID::readDescription(const char* sFileName)
         const std::size_t equals = sLine.find('=');
         if (equals == sLine.npos)
             continue;
-        CString sKey{std::string(sLine.substr(0, equals))};
-        CString sValue{std::string(sLine.substr(equals + 1))};
-        sKey.Trim();
-        if (sKey.CompareNoCase("ProductName") == 0)
-            m_sProductName = sValue.Trim();
-        else if (sKey.CompareNoCase("ProductVersion") == 0)
-            m_sProductVersion = sValue.Trim();
+        const std::string_view sKey = MultiByte::trim(sLine.substr(0, equals));
+        const CString sValue = toCString(MultiByte::trim(sLine.substr(equals + 1)));
+        if (MultiByte::equalNoCase(sKey, "ProductName"))
+            m_sProductName = sValue;
+        else if (MultiByte::equalNoCase(sKey, "ProductVersion"))
+            m_sProductVersion = sValue;
     }
 }
 

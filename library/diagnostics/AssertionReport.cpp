@@ -8,6 +8,7 @@
 #include "library/diagnostics/StackWalker.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/text/StringView.h"
 
 #include <windows.h>
 
@@ -45,7 +46,8 @@ bool showReport(const char* sSource, int iLine, const char* sExpression, CReport
     if (g_iReportDepth > kDeepestReport)
         return false;
     report.m_sStack = CStackWalker().describe();
-    const CString sModule = PathParts(getLocation(LOCATION_FILE_MODULE).str()).fileName();
+    const CString sModuleFile = getLocation(LOCATION_FILE_MODULE);
+    const CString sModule = toCString(PathParts(viewOf(sModuleFile)).fileName());
     report.m_sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
     CString sLong;
     sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
@@ -76,7 +78,7 @@ void writeDiagnostic(const char* sText) noexcept
     neverRaise([&] {
         const CString sLine = Detail::timeStamp() + sText;
         if (switches.m_bConsole) {
-            CGUIConsole::get().writeLine(sLine.str());
+            CGUIConsole::get().writeLine(viewOf(sLine));
             Detail::sendToDebugger(sLine);
         }
         if (switches.m_bLog)

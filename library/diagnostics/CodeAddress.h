@@ -3,7 +3,7 @@
 // Names code addresses for reports a person waits for: what is in memory is
 // looked at, and no debugging information is loaded.
 
-#include "mfc/CString.h"
+#include "mfc/afx.h"
 
 namespace Tesk {
 

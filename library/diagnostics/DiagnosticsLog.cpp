@@ -4,6 +4,7 @@
 #include "library/files/FileUtilities_TextFiles.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/text/StringView.h"
 
 #include <ctime>
 #include <string>
@@ -35,11 +36,7 @@ private:
 
 }  // namespace
 
-CDiagnosticsLog& CDiagnosticsLog::get()
-{
-    static CDiagnosticsLog log;
-    return log;
-}
+CDiagnosticsLog CDiagnosticsLog::s_log;
 
 CString CDiagnosticsLog::getFileName() noexcept
 {
@@ -94,7 +91,7 @@ CString CDiagnosticsLog::companionFile(const char* sExtension)
 {
     const CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
     createFolders(sFileName);
-    return PathParts(sFileName.str()).withExtension(sExtension);
+    return toCString(PathParts(viewOf(sFileName)).withExtension(sExtension));
 }
 
 }  // namespace Tesk

@@ -12,7 +12,7 @@ namespace Tesk {
 
 class CDiagnosticsLog {
 public:
-    static CDiagnosticsLog& get();
+    static CDiagnosticsLog& get() { return s_log; }
 
     // Where the log is: looked up once, as the lookup may itself want to log.
     CString getFileName() noexcept;
@@ -31,12 +31,14 @@ public:
     // The local time in a strftime format.
     static CString now(const char* sFormat);
 
-    // The log's name with another extension, as ".dmp".
+    // The log's path with another extension, or with none.
     static CString companionFile(const char* sExtension);
 
 private:
     CDiagnosticsLog() = default;
     void write(const char* sText);
+
+    static CDiagnosticsLog s_log;  // there before any thread asks for it
 
     CCriticalSection m_section;
     CString m_sFileName;

@@ -1,7 +1,11 @@
 #include "library/diagnostics/DiagnosticsLog.h"
 
+#include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
+#include "library/system/ComputerName.h"
+
+#include <string>
 
 namespace Tesk {
 
@@ -62,20 +66,14 @@ public:
     std::vector<CString> m_vLines;
 };
 
-CString computerName()
-{
-    char sName[MAX_COMPUTERNAME_LENGTH + 1] = "";
-    DWORD dwSize = sizeof sName;
-    return ::GetComputerNameA(sName, &dwSize) ? sName : "Unknown";
-}
-
 }  // namespace
 
 std::vector<CString> describeMachine()
 {
     CHeader header;
     header.add(CDiagnosticsLog::now("Diagnostics started: %c"));
-    header.add("::HostName=" + computerName());
+    const std::string sComputer = getComputerName();
+    header.add(CString("::HostName=") + (sComputer.empty() ? "Unknown" : sComputer.c_str()));
     for (const char* sName : {"ProductName", "CurrentVersion", "CSDVersion", "CurrentBuildNumber"})
         header.addValue("OS", kWindowsNT, sName);
     header.addValue("Folders", kShellFolders, "Common AppData");
@@ -90,6 +88,8 @@ std::vector<CString> describeMachine()
     header.addTitled("PathLocation", "LOCATION_FILE_MODULE", getLocation(LOCATION_FILE_MODULE));
     header.addTitled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM));
     header.addTitled("PathLocation", "LOCATION_DIR_USERZAVIKDATA", getLocation(LOCATION_DIR_USERZAVIKDATA));
+    header.addTitled("Module", "FileVersion", CVersionBlock::getFileVersion());
+    header.addTitled("Module", "Comments", CVersionBlock::getComments());
     header.add(":-------------------------");
     header.add(":");
     return header.m_vLines;

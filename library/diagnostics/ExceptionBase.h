@@ -18,12 +18,8 @@ public:
     // Fills `sText` with the message; false when the error has none.
     virtual bool getErrorText(CString& sText) const = 0;
 
-    // getErrorText for a caller's buffer.
-    BOOL GetErrorMessage(char* buffer, UINT capacity) const override
-    {
-        CString sText;
-        return getErrorText(sText) ? copyMessage(sText, buffer, capacity) : FALSE;
-    }
+    // getErrorText for a caller's buffer, cut between characters where it is too long.
+    BOOL GetErrorMessage(char* sBuffer, UINT uCapacity) const override;
 
 private:
     CString m_sExtraText;

@@ -19,6 +19,9 @@ void disarmClosing()
             ::DeleteMenu(hMenu, SC_CLOSE, MF_BYCOMMAND);
 }
 
+// Neither Ctrl+C nor Ctrl+Break in the window is meant for the program that we are part of.
+BOOL WINAPI keepRunning(DWORD dwEvent) { return dwEvent == CTRL_C_EVENT || dwEvent == CTRL_BREAK_EVENT; }
+
 // A new console replaces the process's standard streams; they are not ours.
 bool openConsoleKeepingStreams()
 {
@@ -32,13 +35,15 @@ bool openConsoleKeepingStreams()
     return bOpened;
 }
 
+void closeConsole()
+{
+    ::SetConsoleCtrlHandler(keepRunning, FALSE);
+    ::FreeConsole();
+}
+
 }  // namespace
 
-CGUIConsole& CGUIConsole::get()
-{
-    static CGUIConsole console;
-    return console;
-}
+CGUIConsole CGUIConsole::s_console;
 
 bool CGUIConsole::open()
 {
@@ -51,11 +56,12 @@ bool CGUIConsole::open()
     }
     if (!openConsoleKeepingStreams())
         return false;
+    ::SetConsoleCtrlHandler(keepRunning, TRUE);
     disarmClosing();
     m_window = UniqueHandle(::CreateFileA("CONOUT$", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                           OPEN_EXISTING, 0, nullptr));
     if (!m_window) {
-        ::FreeConsole();
+        closeConsole();
         return false;
     }
     m_hOutput = m_window.get();
@@ -79,7 +85,7 @@ void CGUIConsole::release() noexcept
     const CLock lock(m_section);
     if (m_window) {
         m_window.reset();
-        ::FreeConsole();
+        closeConsole();
     }
     m_hOutput = nullptr;
 }

@@ -14,7 +14,7 @@ namespace Tesk {
 
 class CGUIConsole {
 public:
-    static CGUIConsole& get();
+    static CGUIConsole& get() { return s_console; }
 
     // Writes one line, less its trailing line feeds; lines of several threads do not mix. Never raises.
     void writeLine(std::string_view sLine) noexcept;
@@ -25,6 +25,8 @@ public:
 private:
     CGUIConsole() = default;
     bool open();
+
+    static CGUIConsole s_console;  // there before any thread asks for it
 
     CCriticalSection m_section;
     UniqueHandle m_window;  // set only while a window of our own is open

@@ -52,7 +52,7 @@ void initialiseLibrary(const char* sApplicationName, HINSTANCE hModule, bool bCr
     if (bCreateMiniDumper) {
         TESK_ASSERT(G_pMiniDumper == NULL);
         G_pMiniDumper.reset();  // before the new one looks at the filter in force
-        G_pMiniDumper = std::make_unique<CMiniDumper>(CDiagnosticsLog::companionFile(".dmp"));
+        G_pMiniDumper = std::make_unique<CMiniDumper>(CDiagnosticsLog::companionFile(""));
     }
     TESK_VERIFY_TEXT(CVersionBlock::initialise(), "Tesk::CVersionBlock::initialise()");
     chooseDiagnosticsLevel();

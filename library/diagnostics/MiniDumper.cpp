@@ -1,5 +1,7 @@
 #include "library/diagnostics/MiniDumper.h"
 
+#include "library/diagnostics/DiagnosticsLog.h"
+#include "library/files/FileCleanup.h"
 #include "library/system/Handles.h"
 
 #include <dbghelp.h>
@@ -7,10 +9,12 @@
 namespace Tesk {
 
 namespace {
+constexpr int kKept = 5;
 const CMiniDumper* g_pInstalled = nullptr;
 }  // namespace
 
-CMiniDumper::CMiniDumper(const CString& sFileName) : m_sFileName(sFileName)
+CMiniDumper::CMiniDumper(const CString& sStem)
+    : m_sFileName(sStem + CDiagnosticsLog::now(" %Y-%m-%d %H-%M-%S.dmp")), m_sPattern(sStem + " *.dmp")
 {
     g_pInstalled = this;
     m_pPreviousFilter = ::SetUnhandledExceptionFilter(filter);
@@ -34,8 +38,10 @@ bool CMiniDumper::write(EXCEPTION_POINTERS* pException) const
     if (!pWriteDump || !file)
         return false;
     MINIDUMP_EXCEPTION_INFORMATION information = {::GetCurrentThreadId(), pException, FALSE};
-    return pWriteDump(::GetCurrentProcess(), ::GetCurrentProcessId(), file.get(), MiniDumpNormal,
-                      pException ? &information : nullptr, nullptr, nullptr) != FALSE;
+    const bool bWritten = pWriteDump(::GetCurrentProcess(), ::GetCurrentProcessId(), file.get(), MiniDumpNormal,
+                                     pException ? &information : nullptr, nullptr, nullptr) != FALSE;
+    keepNewestFiles(m_sPattern, kKept);
+    return bWritten;
 }
 
 LONG WINAPI CMiniDumper::filter(EXCEPTION_POINTERS* pException)

@@ -1,10 +1,10 @@
 #pragma once
 
 // Writes a crash dump beside the diagnostics log when the process is about to
-// die of an unhandled exception. Off unless initialiseLibrary is asked for it:
-// the filter it sets belongs to the whole process.
+// die of an unhandled exception, and keeps the five newest. Off unless initialiseLibrary
+// is asked for it: the filter it sets belongs to the whole process.
 
-#include "mfc/CString.h"
+#include "mfc/afx.h"
 
 #include <windows.h>
 
@@ -12,9 +12,10 @@ namespace Tesk {
 
 class CMiniDumper {
 public:
-    // Sets the process's exception filter, keeping the one before it. The file
-    // is decided now: nothing can be looked up in a dying process.
-    explicit CMiniDumper(const CString& sFileName);
+    // Sets the process's exception filter, keeping the one before it. Dumps are named after
+    // `sStem` (a path without extension) and the time now: nothing can be looked up in a
+    // dying process.
+    explicit CMiniDumper(const CString& sStem);
 
     // Restores the filter that was set before.
     ~CMiniDumper();
@@ -22,14 +23,15 @@ public:
     CMiniDumper(const CMiniDumper&) = delete;
     CMiniDumper& operator=(const CMiniDumper&) = delete;
 
-    // Writes the dump now; the exception may be null. False when dbghelp is not
-    // there or the file cannot be written.
+    // Writes the dump now and deletes those of the same stem but the five newest; the
+    // exception may be null. False when dbghelp is not there or the file cannot be written.
     bool write(EXCEPTION_POINTERS* pException) const;
 
 private:
     static LONG WINAPI filter(EXCEPTION_POINTERS* pException);
 
     CString m_sFileName;
+    CString m_sPattern;
     LPTOP_LEVEL_EXCEPTION_FILTER m_pPreviousFilter;
 };
 

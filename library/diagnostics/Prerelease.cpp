@@ -4,12 +4,15 @@
 #include "library/diagnostics/DiagnosticsLog.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Maintenance.h"
+#include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 #include "mfc/afx.h"
 #include "objectarx/acutads.h"
 
 #include <windows.h>
 
 #include <cstdarg>
+#include <string>
 
 namespace Tesk {
 
@@ -20,30 +23,23 @@ namespace {
 int g_iLevel = 0;
 
 // The longest piece that the command line takes, cut between characters.
-int pieceLength(const CString& sText, int iStart)
+std::string_view nextPiece(std::string_view sText)
 {
-    constexpr int kMost = 132;
-    const int iRest = sText.GetLength() - iStart;
-    if (iRest <= kMost)
-        return iRest;
-    int iLength = 0;
-    while (iLength < kMost) {
-        const int iStep = AfxIsLeadByte(sText[iStart + iLength]) ? 2 : 1;
-        if (iLength + iStep > kMost)
-            break;
-        iLength += iStep;
-    }
-    return iLength;
+    constexpr std::size_t kMost = 132;
+    if (sText.size() <= kMost)
+        return sText;
+    const std::string_view sPiece = sText.substr(0, kMost);
+    return MultiByte::CLeadBytes().isOpen(sPiece) ? sPiece.substr(0, kMost - 1) : sPiece;
 }
 
 void echoOnCommandLine(CString sText)
 {
     sText.Trim("\n");
     sText += '\n';
-    for (int iStart = 0; iStart < sText.GetLength();) {
-        const int iLength = pieceLength(sText, iStart);
-        acutPrintf("%s", sText.Mid(iStart, iLength).GetString());
-        iStart += iLength;
+    for (std::string_view sRest = viewOf(sText); !sRest.empty();) {
+        const std::string_view sPiece = nextPiece(sRest);
+        acutPrintf("%s", std::string(sPiece).c_str());
+        sRest.remove_prefix(sPiece.size());
     }
 }
 

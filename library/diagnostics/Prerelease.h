@@ -5,7 +5,7 @@
 // Everything here is off until setDiagnosticsLevel says otherwise; a disabled
 // trace or assertion costs a load and a branch and evaluates no argument.
 
-#include <stdio.h>
+#include "library/diagnostics/Compiler.h"
 
 namespace Tesk {
 
@@ -37,7 +37,7 @@ inline bool isAssertionEnabled() { return Detail::g_switches.m_bAssertions; }
 // Writes one line, stamped with the local time and the application's name, to
 // an attached debugger, the log file and the CAD command line. Nothing below
 // level 2. Never raises. Call it through TESK_TRACE.
-void trace(const char* sFormat, ...) noexcept __attribute__((format(__MINGW_PRINTF_FORMAT, 1, 2)));
+void trace(const char* sFormat, ...) noexcept TESK_PRINTF(1, 2);
 
 }  // namespace Tesk
 
@@ -52,8 +52,8 @@ void trace(const char* sFormat, ...) noexcept __attribute__((format(__MINGW_PRIN
 // expression must have no side effect. Execution goes on in any case.
 #define TESK_ASSERT_TEXT(condition, text) \
     do { \
-        if (::Tesk::isAssertionEnabled() && !(condition)) [[unlikely]] \
-            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text); \
+        if (::Tesk::isAssertionEnabled() && !(condition)) \
+            ::Tesk::Detail::assertionFailed(__FILE__, __LINE__, text); \
     } while (false)
 #define TESK_ASSERT(expression) TESK_ASSERT_TEXT(expression, #expression)
 
@@ -61,7 +61,7 @@ void trace(const char* sFormat, ...) noexcept __attribute__((format(__MINGW_PRIN
 // reported only while assertions are enabled.
 #define TESK_VERIFY_TEXT(condition, text) \
     do { \
-        if (!(condition) && ::Tesk::isAssertionEnabled()) [[unlikely]] \
-            ::Tesk::Detail::assertionFailed(__FILE_NAME__, __LINE__, text); \
+        if (!(condition) && ::Tesk::isAssertionEnabled()) \
+            ::Tesk::Detail::assertionFailed(__FILE__, __LINE__, text); \
     } while (false)
 #define TESK_VERIFY(expression) TESK_VERIFY_TEXT(expression, #expression)

@@ -10,6 +10,18 @@
 
 namespace Tesk {
 
+namespace {
+
+// A failure is reported as the call with that text.
+bool open(CObjectPointer<AcDbObject>& pObject, AcDbObjectId id, AcDb::OpenMode eMode, const char* sCall)
+{
+    const bool bOpened = acdbOpenAcDbObject(pObject.out(), id, eMode) == Acad::eOk;
+    TESK_ASSERT_TEXT(bOpened, sCall);
+    return bOpened;
+}
+
+}  // namespace
+
 CARXTitleBlock::CARXTitleBlock(AcDbDatabase* pDatabase, const char* sFileName)
     : CTitleBlock(sFileName), m_pDatabase(pDatabase), m_sDrawingFileName(sFileName)
 {
@@ -75,15 +87,16 @@ void CARXTitleBlock::readAttributes()
         workingDatabase.emplace(m_pDatabase);
 
     CObjectPointer<AcDbObject> pObject;
-    const bool bOpened = acdbOpenAcDbObject(pObject.out(), instanceId(), AcDb::kForRead) == Acad::eOk;
-    TESK_ASSERT_TEXT(bOpened, "acdbOpenAcDbObject(pObject, idBlockReference, AcDb::kForRead) == Acad::eOk");
-    if (!bOpened)
+    if (!open(pObject, instanceId(), AcDb::kForRead,
+              "acdbOpenAcDbObject(pObject, idBlockReference, AcDb::kForRead) == Acad::eOk"))
         return;
     if (const AcDbBlockReference* pReference = AcDbBlockReference::cast(pObject.get())) {
         const std::unique_ptr<AcDbObjectIterator> pIterator(pReference->attributeIterator());
+        TESK_ASSERT(pIterator != NULL);
         for (; pIterator != nullptr && !pIterator->done(); pIterator->step()) {
             CObjectPointer<AcDbObject> pEntry;
-            if (acdbOpenAcDbObject(pEntry.out(), pIterator->objectId(), AcDb::kForRead) != Acad::eOk)
+            if (!open(pEntry, pIterator->objectId(), AcDb::kForRead,
+                      "acdbOpenAcDbObject(pAttribute, pIterator->objectId(), AcDb::kForRead) == Acad::eOk"))
                 continue;
             if (const AcDbAttribute* pAttribute = AcDbAttribute::cast(pEntry.get())) {
                 CARXAttribute attribute(*pAttribute);
@@ -106,7 +119,8 @@ CString CARXTitleBlock::getAttributeValue(const char* sTag)
 {
     const AcDbObjectId id = attributeId(sTag);
     CObjectPointer<AcDbObject> pObject;
-    if (id.isNull() || acdbOpenAcDbObject(pObject.out(), id, AcDb::kForRead) != Acad::eOk)
+    if (id.isNull() ||
+        !open(pObject, id, AcDb::kForRead, "acdbOpenAcDbObject(pObject, idAttribute, AcDb::kForRead) == Acad::eOk"))
         return CString();
     CString sValue;
     const AcDbAttribute* pAttribute = AcDbAttribute::cast(pObject.get());
@@ -121,7 +135,8 @@ bool CARXTitleBlock::setAttributeValue(const char* sTag, const char* sValue)
 {
     const AcDbObjectId id = attributeId(sTag);
     CObjectPointer<AcDbObject> pObject;
-    if (id.isNull() || acdbOpenAcDbObject(pObject.out(), id, AcDb::kForWrite) != Acad::eOk)
+    if (id.isNull() ||
+        !open(pObject, id, AcDb::kForWrite, "acdbOpenAcDbObject(pObject, idAttribute, AcDb::kForWrite) == Acad::eOk"))
         return false;
     AcDbAttribute* pAttribute = AcDbAttribute::cast(pObject.get());
     TESK_ASSERT(pAttribute != NULL);
@@ -133,6 +148,6 @@ bool CARXTitleBlock::setAttributeValue(const char* sTag, const char* sValue)
     return bClosed;
 }
 
-bool CARXTitleBlock::hasAttribute(const char* sTag) { return m_mapInstanceAttributes.contains(sTag); }
+bool CARXTitleBlock::hasAttribute(const char* sTag) { return m_mapInstanceAttributes.count(sTag) != 0; }
 
 }  // namespace Tesk

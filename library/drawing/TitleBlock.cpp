@@ -5,6 +5,7 @@
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/text/StringView.h"
 
 namespace Tesk {
 
@@ -28,7 +29,7 @@ void CTitleBlock::search()
         readAttributes();
 }
 
-const bool& CTitleBlock::hasInstance()
+const bool& CTitleBlock::searchForInstance()
 {
     TESK_ASSERT(m_bSearch);
     if (!m_bInstance)
@@ -77,8 +78,8 @@ CString CTitleBlock::get(const char* sKey)
 bool CTitleBlock::getMapping()
 {
     TESK_TRACE("CTitleBlock::getMapping()\n");
-    const CString sProjectFolder = findProjectFolder(PathParts(m_sFileName.str()).parent().c_str());
-    if (!sProjectFolder.IsEmpty() && getMappingFromFile(sProjectFolder + "ProjectSettings.txt", true))
+    const CString sProjectFolder = findProjectFolder(PathParts(viewOf(m_sFileName)).parent().c_str());
+    if (!sProjectFolder.IsEmpty() && getMappingFromFile(sProjectFolder + kProjectSettings, true))
         return true;
     return getMappingFromFile(getLocation(LOCATION_FILE_DOMAIN_SETTINGS), false) ||
            getMappingFromFile(getLocation(LOCATION_FILE_STANDARD_SETTINGS), false);

@@ -20,10 +20,10 @@ public:
     // Finds the definition, in the settings files, and its first instance, in the drawing.
     void search();
 
-    // Whether the drawing holds an instance; searches again while it does not.
-    const bool& hasInstance();
+    // Whether the drawing holds an instance; searches again while none is known.
+    const bool& searchForInstance();
     // What the last search found.
-    bool foundInstance() const { return m_bInstance; }
+    bool hasInstance() const { return m_bInstance; }
     // Whether a project settings file was read; search() must have been run.
     const bool& isProject();
     // There must be a project settings file.

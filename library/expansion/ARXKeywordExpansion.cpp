@@ -3,6 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXTitleBlock.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 #include "objectarx/dbapserv.h"
 
 #include <boost/make_shared.hpp>
@@ -13,7 +14,7 @@ CARXKeywordExpansion::CARXKeywordExpansion(AcDbDatabase* pDatabase, const char* 
     : CKeywordExpansion(sFileName, iIndex, iCount), m_pDatabase(pDatabase)
 {
     createTitleBlock();
-    m_bTitleInstance = m_pTitle->foundInstance();
+    m_bTitleInstance = m_pTitle->hasInstance();
     setSubstitutions(m_mapSubstitutions);
     CARXKeywordExpansion::buildFileMappings();
 }
@@ -56,7 +57,7 @@ void CARXKeywordExpansion::buildFileMappings()
 void CARXKeywordExpansion::buildHalvoranMappings()
 {
     TESK_ASSERT(m_pTitle);
-    if (m_pTitle->hasInstance()) {
+    if (m_pTitle->searchForInstance()) {
         m_bHasTitleAttributes = !m_pTitle->getMap().empty();
         if (m_bHasTitleAttributes) {
             for (const CString& sKey : m_pTitle->getMapKeys())
@@ -72,10 +73,10 @@ CString CARXKeywordExpansion::applySubstitutions(const CString& sValue) const
 {
     TESK_ASSERT(m_pDatabase != NULL);
     TESK_ASSERT(m_bHalvoranSubstitutions);
-    std::string sResult = sValue.str();
+    std::string sResult = toString(sValue);
     for (const auto& [sFind, sReplacement] : m_mapSubstitutions)
-        MultiByte::replaceAll(sResult, sFind.str(), sReplacement.str(), true);
-    return sResult;
+        MultiByte::replaceAll(sResult, viewOf(sFind), viewOf(sReplacement), true);
+    return toCString(sResult);
 }
 
 }  // namespace Tesk

@@ -5,15 +5,16 @@
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/system/ComputerName.h"
+#include "library/system/Handles.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include <windows.h>
 
 #include <lmcons.h>
 #include <time.h>
 #include <winnetwk.h>
-
-#include <algorithm>
 
 namespace Tesk {
 
@@ -33,12 +34,8 @@ std::string userName()
 // Fixed from the system's start on.
 const std::string& computerName()
 {
-    static std::string cached;
-    char sComputer[MAX_COMPUTERNAME_LENGTH + 1] = "";
-    DWORD size = sizeof sComputer;
-    if (cached.empty() && ::GetComputerNameA(sComputer, &size))
-        cached = sComputer;
-    return cached;
+    static const std::string sComputer = getComputerName();
+    return sComputer;
 }
 
 // By way of local time, as the platform shows the file's time; false when it has no such
@@ -80,7 +77,7 @@ CKeywordExpansion::~CKeywordExpansion() = default;
 
 void CKeywordExpansion::buildFileMappings()
 {
-    const PathParts parts(m_sFileName.str());
+    const PathParts parts(viewOf(m_sFileName));
     const std::string sFolder = parts.parent();
     // The cut is unconditional: a UNC name loses its leading backslashes.
     const MultiByte::CLeadBytes lead;
@@ -129,14 +126,11 @@ void CKeywordExpansion::buildSystemMappings()
 
 void CKeywordExpansion::readFileTime()
 {
-    const HANDLE hFile = ::CreateFileA(m_sFileName, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (hFile == INVALID_HANDLE_VALUE)
-        return;
+    const UniqueHandle file(::CreateFileA(m_sFileName, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     FILETIME created, accessed, written;
-    if (::GetFileTime(hFile, &created, &accessed, &written) && toTime(written, m_timeFile))
+    if (file && ::GetFileTime(file.get(), &created, &accessed, &written) && toTime(written, m_timeFile))
         m_bFileTimeValid = true;
-    ::CloseHandle(hFile);
 }
 
 void CKeywordExpansion::addToMap(const char* sKey, const char* sValue)
@@ -146,8 +140,8 @@ void CKeywordExpansion::addToMap(const char* sKey, const char* sValue)
     TESK_TRACE("CKeywordExpansion::addToMap(\"%s\", \"%s\")\n", sKey, sValue);
     std::string sForward(sValue);
     MultiByte::replaceAll(sForward, "\\", "/", true);
-    store(sKey, sValue);
-    store(std::string("X_") + sKey, std::move(sForward));
+    m_mapKeywords[sKey] = sValue;
+    m_mapKeywords[std::string("X_") + sKey] = std::move(sForward);
 }
 
 void CKeywordExpansion::addIntToMap(const char* sKey, int iValue)
@@ -157,21 +151,15 @@ void CKeywordExpansion::addIntToMap(const char* sKey, int iValue)
     addToMap(sKey, sValue);
 }
 
-void CKeywordExpansion::store(const std::string& sKey, std::string sValue)
-{
-    m_iLongestKeyword = std::max(m_iLongestKeyword, sKey.size());
-    m_mapKeywords[sKey] = std::move(sValue);
-}
-
 CString CKeywordExpansion::expandString(const char* sInput, const char* sStart, const char* sEnd) const
 {
     TESK_TRACE("CKeywordExpansion::expandString(\"%s\", \"%s\", \"%s\")\n", sInput, sStart, sEnd);
     if (!*sEnd)
         sEnd = sStart;
-    std::string sText = expandKeywords(sInput, m_mapKeywords, m_iLongestKeyword, sStart, sEnd);
+    std::string sText = expandKeywords(sInput, m_mapKeywords, sStart, sEnd);
     sText = expandDates(std::move(sText), sStart, sEnd);
     TESK_TRACE("\toutput = \"%s\"\n", sText.c_str());
-    return CString(std::move(sText));
+    return toCString(sText);
 }
 
 CString CKeywordExpansion::expandString(const char* sInput) const { return expandString(sInput, "%", ""); }

@@ -47,7 +47,6 @@ protected:
 
 private:
     void readFileTime();
-    void store(const std::string& sKey, std::string sValue);
     std::string expandDates(std::string sText, const char* sStart, const char* sEnd) const;
     std::string expandFileDates(std::string sText, const char* sStart, const char* sEnd) const;
     std::string expandCurrentDates(std::string sText, const char* sStart, const char* sEnd) const;
@@ -63,7 +62,6 @@ protected:
     __time64_t m_timeCurrent = 0;  // the object's construction
 
 private:
-    std::size_t m_iLongestKeyword = 0;
     // Looked up, like the file's time, the first time that buildFileMappings runs.
     std::optional<CString> m_sProjectFolder;
 };

@@ -30,8 +30,6 @@ std::size_t countClosing(std::string_view sText)
     return count;
 }
 
-CString toString(std::string_view sText) { return CString(std::string(sText)); }
-
 }  // namespace
 
 CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines,
@@ -82,7 +80,7 @@ void CDefaultSettings::readSectionLine(std::string_view sLine)
     }
     sLine.remove_suffix(closing);
     const std::size_t first = sLine.find_first_not_of(cSectionOpen);
-    m_sCurrentSection = toString(first == sLine.npos ? std::string_view() : sLine.substr(first));
+    m_sCurrentSection = toCString(first == sLine.npos ? std::string_view() : sLine.substr(first));
     if (m_pListener)
         m_pListener->onSection(m_pCurrentException->getLine(), viewOf(m_sCurrentSection));
 }
@@ -95,24 +93,24 @@ void CDefaultSettings::readKeyLine(std::string_view sLine)
         throw m_pCurrentException.release();
     }
     const std::string_view sKey = trim(sLine.substr(0, equals));
-    CString sValue = toString(trim(sLine.substr(equals + 1)));
+    CString sValue = toCString(trim(sLine.substr(equals + 1)));
     if (isTraceEnabled()) {
         if (!m_sCurrentSection.IsEmpty())
             trace("\tsSection = \"%s\"\n", m_sCurrentSection.GetString());
-        trace("\tsKey = \"%s\"\n", toString(sKey).GetString());
+        trace("\tsKey = \"%s\"\n", toCString(sKey).GetString());
         trace("\tsValue =  \"%s\"\n", sValue.GetString());
     }
     if (m_pListener)
         m_pListener->onKey(m_pCurrentException->getLine(), viewOf(m_sCurrentSection), sKey, viewOf(sValue));
-    assign(findOrAddSection(m_sCurrentSection.str()), sKey, std::move(sValue));
+    assign(findOrAddSection(viewOf(m_sCurrentSection)), sKey, std::move(sValue));
     if (m_bKeepLines)
-        m_vecKeyLines.push_back(toString(sLine));
+        m_vecKeyLines.push_back(toCString(sLine));
 }
 
 CDefaultSettings::Keys& CDefaultSettings::findOrAddSection(std::string_view sSection)
 {
     const auto it = m_mapSections.find(sSection);
-    return it != m_mapSections.end() ? it->second : m_mapSections[toString(sSection)];
+    return it != m_mapSections.end() ? it->second : m_mapSections[toCString(sSection)];
 }
 
 // Files are mostly sorted or short: the end is looked at first.
@@ -124,13 +122,13 @@ void CDefaultSettings::assign(Keys& mapKeys, std::string_view sKey, CString sVal
     if (it != mapKeys.end() && !mapKeys.key_comp()(sKey, it->first))
         it->second = std::move(sValue);
     else
-        mapKeys.emplace_hint(it, toString(sKey), std::move(sValue));
+        mapKeys.emplace_hint(it, toCString(sKey), std::move(sValue));
 }
 
 bool CDefaultSettings::isDefined(const char* sSection, const char* sKey) const
 {
     const auto itSection = m_mapSections.find(std::string_view(sSection));
-    return itSection != m_mapSections.end() && itSection->second.contains(std::string_view(sKey));
+    return itSection != m_mapSections.end() && itSection->second.count(std::string_view(sKey)) != 0;
 }
 
 const CString& CDefaultSettings::getValue(const char* sSection, const char* sKey) const
@@ -146,7 +144,7 @@ const CString& CDefaultSettings::getValue(const char* sSection, const char* sKey
 
 void CDefaultSettings::setValue(const CString& sSection, const CString& sKey, const CString& sValue)
 {
-    assign(findOrAddSection(sSection.str()), sKey.str(), sValue);
+    assign(findOrAddSection(viewOf(sSection)), viewOf(sKey), sValue);
 }
 
 std::vector<CString> CDefaultSettings::getContents() const

@@ -3,6 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/PathParts.h"
 #include "library/system/Handles.h"
+#include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
 
 #include <windows.h>
@@ -25,7 +26,7 @@ bool fileExists(const char* sPath) { return static_cast<bool>(openExisting(sPath
 
 bool folderExists(const char* sPath)
 {
-    if (MultiByte::isNtFamily()) {
+    if (isNtFamily()) {
         // Backup semantics open folders, but files as well: those are told by their attributes.
         const DWORD dwAttributes = ::GetFileAttributesA(sPath);
         return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&

@@ -3,6 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/TextFileContents.h"
 #include "library/text/CodePage.h"
+#include "library/text/StringView.h"
 
 #include <cerrno>
 #include <share.h>
@@ -51,7 +52,7 @@ void readAnsiTextFileLines(const char* sFileName, std::vector<CString>& vLines)
     CTextFileContents contents(sFileName, false);
     std::string_view sLine;
     while (contents.nextNarrow(sLine))
-        vLines.push_back(CString(std::string(sLine)));
+        vLines.push_back(toCString(sLine));
 }
 
 void writeTextFileLines(const char* sFileName, const std::vector<CString>& vLines, bool bAppend)

@@ -3,6 +3,7 @@
 #include "library/files/FileUtilities_TextFiles.h"
 #include "library/files/PathParts.h"
 #include "library/files/SettingsFileReader.h"
+#include "library/text/StringView.h"
 
 namespace Tesk {
 
@@ -23,7 +24,7 @@ void CSettingsFile::read(const char* sPath)
 
     CSettingsFileReader reader(*this, PathParts(sPath).parent());
     for (const CString& sLine : vecLines)
-        reader.readLine(sLine.str());
+        reader.readLine(viewOf(sLine));
     m_bValid = true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include <windows.h>
 
@@ -12,18 +13,7 @@ namespace Tesk {
 
 namespace {
 
-bool isCommentString(std::string_view sLine) { return sLine.starts_with('#') || sLine.starts_with("//"); }
-
-[[maybe_unused]] std::string_view TrimString(std::string_view sText) { return MultiByte::trim(sText); }
-
-// Neither quotation mark is ever the second byte of a character.
-std::string withoutQuotes(std::string_view sText)
-{
-    const std::size_t first = sText.find_first_not_of("\"'");
-    if (first == std::string_view::npos)
-        return {};
-    return std::string(sText.substr(first, sText.find_last_not_of("\"'") - first + 1));
-}
+bool isCommentString(std::string_view sLine) { return sLine.substr(0, 1) == "#" || sLine.substr(0, 2) == "//"; }
 
 // Up to six fields between quotation marks with white space between them, by the rules of
 // sscanf for ` "%[^"]" "%[^"]" ...`: a field has one character at least, and the last one
@@ -55,13 +45,13 @@ CSettingsFileReader::CSettingsFileReader(CSettingsFile& settings, std::string sF
 {
 }
 
-std::pair<std::string, std::string> CSettingsFileReader::splitLine(std::string_view sLine)
+std::pair<CString, CString> CSettingsFileReader::splitLine(std::string_view sLine)
 {
     const std::size_t blank = sLine.find_first_of(" \t");
-    std::string sValue;
+    CString sValue;
     if (blank != std::string_view::npos)
-        sValue = MultiByte::trim(sLine.substr(blank));
-    return {MultiByte::upper(MultiByte::trim(sLine.substr(0, blank))), std::move(sValue)};
+        sValue = toCString(MultiByte::trim(sLine.substr(blank)));
+    return {toCString(MultiByte::upper(MultiByte::trim(sLine.substr(0, blank)))), sValue};
 }
 
 std::size_t CSettingsFileReader::countFields(std::string_view sValue) { return scanQuoted(sValue).size(); }
@@ -81,7 +71,7 @@ CSettingsFileReader::Line CSettingsFileReader::readLine(std::string_view sLine)
             m_group = CBlockGroup();
         return m_state == STATE_SKIP ? Line::UnknownKeyword : Line::Keyword;
     }
-    return m_state == STATE_SKIP ? Line::Passed : readBlockLine(std::string(sLine));
+    return m_state == STATE_SKIP ? Line::Passed : readBlockLine(toCString(sLine));
 }
 
 const CSettingsFileReader::Keyword CSettingsFileReader::kKeywords[] = {
@@ -94,7 +84,7 @@ const CSettingsFileReader::Keyword CSettingsFileReader::kKeywords[] = {
     {"MOCKBORDERS", STATE_MOCKBORDERS},
 };
 
-CSettingsFileReader::State CSettingsFileReader::stateOf(const std::string& sKeyword)
+CSettingsFileReader::State CSettingsFileReader::stateOf(const CString& sKeyword)
 {
     for (const Keyword& keyword : kKeywords) {
         if (sKeyword == keyword.sName)
@@ -120,9 +110,9 @@ void CSettingsFileReader::closeBlock()
     m_state = STATE_TOP;
 }
 
-CSettingsFileReader::Line CSettingsFileReader::readBlockLine(const std::string& sLine)
+CSettingsFileReader::Line CSettingsFileReader::readBlockLine(const CString& sLine)
 {
-    const auto [sKey, sValue] = splitLine(sLine);
+    const auto [sKey, sValue] = splitLine(viewOf(sLine));
     switch (m_state) {
     case STATE_PROJECTPATH:
         readProjectPath(sLine);
@@ -161,41 +151,42 @@ CSettingsFileReader::Line CSettingsFileReader::readBlockLine(const std::string& 
     case STATE_MOCKBORDERS:
         return readGroupLine(sKey, sValue);
     default:
-        ::MessageBoxA(nullptr, sLine.c_str(), "Not reading any section", MB_OK | MB_ICONERROR);
+        ::MessageBoxA(nullptr, sLine, "Not reading any section", MB_OK | MB_ICONERROR);
         TESK_ASSERT(false);
     }
     return Line::Passed;
 }
 
-void CSettingsFileReader::readProjectPath(const std::string& sInput)
+void CSettingsFileReader::readProjectPath(const CString& sInput)
 {
-    TESK_ASSERT(TrimString(sInput) == sInput);
-    TESK_ASSERT(!isCommentString(sInput));
-    const std::size_t second = MultiByte::CLeadBytes().next(sInput, 0);
-    const bool bAbsolute = sInput[0] == '\\' || sInput[0] == '/' || (second < sInput.size() && sInput[second] == ':');
+    TESK_ASSERT_TEXT(MultiByte::trim(viewOf(sInput)) == viewOf(sInput), "TrimString(sInput) == sInput");
+    TESK_ASSERT(!isCommentString(viewOf(sInput)));
+    const std::string_view sPath = viewOf(sInput);
+    const std::size_t second = MultiByte::CLeadBytes().next(sPath, 0);
+    const bool bAbsolute = sPath[0] == '\\' || sPath[0] == '/' || (second < sPath.size() && sPath[second] == ':');
     m_settings.m_sProjectPaths += ";";
     if (!bAbsolute)
-        m_settings.m_sProjectPaths += m_sFolder;
+        m_settings.m_sProjectPaths += m_sFolder.c_str();
     if (sInput != ".")
         m_settings.m_sProjectPaths += sInput;
 }
 
-void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& sValue)
+void CSettingsFileReader::readIssue(const CString& sKey, const CString& sValue)
 {
-    TESK_ASSERT_TEXT(!sKey.empty(), "!sKey.IsEmpty()");
-    if (sKey.find('+') != std::string::npos) {
+    TESK_ASSERT(!sKey.IsEmpty());
+    if (sKey.Find('+') >= 0) {
         if (m_bAnyIssue)
             m_settings.m_mapIssues[m_sLastIssue] += "\r\n" + sValue;
         return;
     }
-    const std::size_t ampersand = sKey.find('&');
-    if (ampersand == std::string::npos) {
+    const int iAmpersand = sKey.Find('&');
+    if (iAmpersand < 0) {
         m_sLastIssue = sKey;
         m_settings.m_mapIssues[m_sLastIssue] = sValue;
     } else {
         // The rest of the key names the entry; a bare "&" means the one before.
-        const std::string sName = sKey.substr(0, ampersand) + sKey.substr(ampersand + 1);
-        if (!sName.empty())
+        const CString sName = sKey.Left(iAmpersand) + sKey.Mid(iAmpersand + 1);
+        if (!sName.IsEmpty())
             m_sLastIssue = sName;
         else if (!m_bAnyIssue)
             return;
@@ -204,30 +195,30 @@ void CSettingsFileReader::readIssue(const std::string& sKey, const std::string& 
     m_bAnyIssue = true;
 }
 
-void CSettingsFileReader::readCadStandard(const std::string& sKey, const std::string& sValue)
+void CSettingsFileReader::readCadStandard(const CString& sKey, const CString& sValue)
 {
-    TESK_ASSERT_TEXT(!sKey.empty(), "!sKey.IsEmpty()");
+    TESK_ASSERT(!sKey.IsEmpty());
     m_settings.m_mapCadStandards[sKey] = sValue;
 }
 
-CSettingsFileReader::Line CSettingsFileReader::readGroupLine(const std::string& sKey, const std::string& sValue)
+CSettingsFileReader::Line CSettingsFileReader::readGroupLine(const CString& sKey, const CString& sValue)
 {
     if (sKey == "CATEGORY")
         m_group.m_sCategory = sValue;
     else if (sKey == "DEFAULTLAYER")
         m_group.m_sDefaultLayer = sValue;
     else if (sKey == "DEFAULTSPACE")
-        m_group.m_bDefaultSpaceIsModel = MultiByte::equalNoCase(sValue, "MODEL");
+        m_group.m_bDefaultSpaceIsModel = MultiByte::equalNoCase(viewOf(sValue), "MODEL");
     else if (sKey == "INSERTABLE")
-        m_group.m_bInsertable = MultiByte::equalNoCase(sValue, "YES");
+        m_group.m_bInsertable = MultiByte::equalNoCase(viewOf(sValue), "YES");
     else if (sKey == "ISSUEFORMAT")
         m_group.m_sIssueFormat = sValue;
     else if (sKey == "LOCATIONPATH")
         m_group.m_sLocationPath = sValue;
     else if (sKey == "BORDER")
-        return readBorder(sValue) ? Line::Border : Line::IgnoredBorder;
+        return readBorder(viewOf(sValue)) ? Line::Border : Line::IgnoredBorder;
     else {
-        m_group.m_mapOther[sKey] = withoutQuotes(sValue);
+        m_group.m_mapOther[sKey] = toCString(MultiByte::withoutQuotes(viewOf(sValue)));
         return Line::Mapping;
     }
     return Line::Passed;
@@ -242,10 +233,10 @@ bool CSettingsFileReader::readBorder(std::string_view sValue)
     }
     vecFields.resize(6);
     CBorderEntry border;
-    border.m_sDescription = vecFields[0];
-    border.m_sBlockName = vecFields[1].substr(0, vecFields[1].find('.'));
+    border.m_sDescription = toCString(vecFields[0]);
+    border.m_sBlockName = toCString(vecFields[1].substr(0, vecFields[1].find('.')));
     for (std::size_t i = 0; i < border.m_aFields.size(); ++i)
-        border.m_aFields[i] = vecFields[i + 2];
+        border.m_aFields[i] = toCString(vecFields[i + 2]);
     m_group.m_vecBorders.push_back(std::move(border));
     return true;
 }

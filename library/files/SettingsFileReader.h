@@ -36,7 +36,7 @@ public:
     const CBlockGroup& getGroup() const { return m_group; }
 
     // Key, in upper case, and value of a trimmed line, divided at its first space or tab.
-    static std::pair<std::string, std::string> splitLine(std::string_view sLine);
+    static std::pair<CString, CString> splitLine(std::string_view sLine);
     // How many quoted fields a BORDER line has, up to six.
     static std::size_t countFields(std::string_view sValue);
     // The keywords that begin a block which is read.
@@ -67,14 +67,14 @@ private:
     };
     static const Keyword kKeywords[13];
 
-    static State stateOf(const std::string& sKeyword);
+    static State stateOf(const CString& sKeyword);
 
     void closeBlock();
-    Line readBlockLine(const std::string& sLine);
-    void readProjectPath(const std::string& sInput);
-    void readIssue(const std::string& sKey, const std::string& sValue);
-    void readCadStandard(const std::string& sKey, const std::string& sValue);
-    Line readGroupLine(const std::string& sKey, const std::string& sValue);
+    Line readBlockLine(const CString& sLine);
+    void readProjectPath(const CString& sInput);
+    void readIssue(const CString& sKey, const CString& sValue);
+    void readCadStandard(const CString& sKey, const CString& sValue);
+    Line readGroupLine(const CString& sKey, const CString& sValue);
     bool readBorder(std::string_view sValue);
 
     CSettingsFile& m_settings;

@@ -1,5 +1,6 @@
 #include "library/files/SupportFileLocator.h"
 
+#include "library/diagnostics/CriticalSection.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
@@ -16,7 +17,7 @@
 
 #include <map>
 #include <string>
-#include <utility>
+#include <string_view>
 
 namespace Tesk {
 
@@ -35,36 +36,64 @@ std::string readSpecialFolder(int iFolder)
     return bValid ? sPath : "";
 }
 
-// The shell takes its time; the folders stay what they are while the process runs.
-const std::string& specialFolder(int iFolder)
-{
-    static std::map<int, std::string> cached;
-    std::string& sFolder = cached[iFolder];
-    if (sFolder.empty())
-        sFolder = readSpecialFolder(iFolder);
-    return sFolder;
-}
+// Paths that are looked up once. A look-up may report, and the reports of any thread ask
+// for paths: no lock is held meanwhile.
+template <class Key>
+class CCache {
+public:
+    explicit CCache(std::size_t most) : m_most(most) {}
 
-// What stands for the module's file; empty for the module itself.
-std::string& standIn()
-{
-    static std::string s_sModuleFile;
-    return s_sModuleFile;
-}
+    template <class Lookup>
+    std::string get(const Key& key, const Lookup& lookup)
+    {
+        {
+            const CLock lock(m_section);
+            const auto it = m_mapPaths.find(key);
+            if (it != m_mapPaths.end())
+                return it->second;
+        }
+        std::string sPath = lookup(key);
+        const CLock lock(m_section);
+        if (m_mapPaths.size() >= m_most)
+            m_mapPaths.clear();
+        if (!sPath.empty())
+            m_mapPaths[key] = sPath;
+        return sPath;
+    }
+
+    void clear()
+    {
+        const CLock lock(m_section);
+        m_mapPaths.clear();
+    }
+
+private:
+    const std::size_t m_most;
+    CCriticalSection m_section;
+    std::map<Key, std::string> m_mapPaths;
+};
+
+CCache<int> g_specialFolders(64);
+CCache<HMODULE> g_moduleFiles(1);  // the present one's alone: a handle may come again
+CCache<std::string> g_longFolders(1);
+
+std::string g_sStandIn;  // for the module's file; empty for the module itself
+
+// The shell takes its time; the folders stay what they are while the process runs.
+std::string specialFolder(int iFolder) { return g_specialFolders.get(iFolder, readSpecialFolder); }
 
 // The module's file, or the program's while the library has no module. The handle is read
 // directly, since an assertion report asks for this path too.
 std::string moduleFile()
 {
     if (isLookOnly())
-        return standIn();
-    static std::pair<HMODULE, std::string> cached;
-    if (G_bLibraryInitialised && cached.first == G_hCurrentModule && !cached.second.empty())
-        return cached.second;
-    char sPath[MAX_PATH * 4] = "";
-    const DWORD length = ::GetModuleFileNameA(G_hCurrentModule, sPath, sizeof sPath);
-    cached = {G_hCurrentModule, length < sizeof sPath ? sPath : ""};
-    return cached.second;
+        return g_sStandIn;
+    if (!G_bLibraryInitialised)
+        g_moduleFiles.clear();
+    return g_moduleFiles.get(G_hCurrentModule, [](HMODULE hModule) -> std::string {
+        char sPath[MAX_PATH * 4] = "";
+        return ::GetModuleFileNameA(hModule, sPath, sizeof sPath) < sizeof sPath ? sPath : "";
+    });
 }
 
 // The long form of a path; the path itself when there is none.
@@ -82,21 +111,12 @@ std::string longForm(const std::string& sPath)
     }
 }
 
-// Looking up the long form reads every folder on the way; the module's own folder keeps
-// its name as long as the module is loaded.
-const std::string& longProgramFolder(const std::string& sProgram)
-{
-    static std::pair<std::string, std::string> cached;
-    if (cached.first != sProgram)
-        cached = {sProgram, longForm(sProgram)};
-    return cached.second;
-}
-
 std::string applicationRoot()
 {
     constexpr std::string_view sComponents = "Components\\";
     const std::string sProgram = getLocation(LOCATION_DIR_PROGRAM).GetString();
-    const std::string& sLong = longProgramFolder(sProgram);
+    // The long form takes reading every folder on the way.
+    const std::string sLong = g_longFolders.get(sProgram, longForm);
     if (sLong.size() < sComponents.size())
         return sProgram;
     const std::string_view sTail = std::string_view(sLong).substr(sLong.size() - sComponents.size());
@@ -205,9 +225,9 @@ bool environment(const char* sName, std::string& sValue)
 
 }  // namespace
 
-void lookOnlyAs(const char* sModuleFile) { standIn() = sModuleFile; }
+void lookOnlyAs(const char* sModuleFile) { g_sStandIn = sModuleFile; }
 
-bool isLookOnly() { return !standIn().empty(); }
+bool isLookOnly() { return !g_sStandIn.empty(); }
 
 CString getLocation(int iWhere)
 {

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 namespace Tesk {
 
@@ -45,7 +46,7 @@ bool isAscii(std::string_view sText)
 CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding)
 {
     load(sFileName);
-    m_bUnicode = bDetectEncoding && m_sBytes.starts_with("\xFF\xFE");
+    m_bUnicode = bDetectEncoding && m_sBytes.compare(0, 2, "\xFF\xFE") == 0;
     if (m_bUnicode)
         decode();
     else
@@ -54,23 +55,22 @@ CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding
 
 void CTextFileContents::load(const char* sFileName)
 {
-    FILE* pInput = std::fopen(sFileName, "rb");
+    const auto close = [](FILE* pFile) { TESK_VERIFY_TEXT(std::fclose(pFile) == 0, "::fclose(pInput) == 0"); };
+    const std::unique_ptr<FILE, decltype(close)> pInput(std::fopen(sFileName, "rb"), close);
     if (!pInput)
         CFileException::ThrowErrno(errno, sFileName);
-    std::setvbuf(pInput, nullptr, _IONBF, 0);  // the blocks are large enough
+    std::setvbuf(pInput.get(), nullptr, _IONBF, 0);  // the blocks are large enough
     std::size_t filled = 0;
     for (;;) {
         m_sBytes.resize(filled + std::max(kFirstBlock, filled));
-        const std::size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput);
+        const std::size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput.get());
         filled += got;
         if (filled < m_sBytes.size())
             break;
     }
     m_sBytes.resize(filled);
-    const int iError = std::ferror(pInput) ? errno : 0;
-    TESK_VERIFY(::fclose(pInput) == 0);
-    if (iError != 0)
-        CFileException::ThrowErrno(iError, sFileName);
+    if (std::ferror(pInput.get()))
+        CFileException::ThrowErrno(errno, sFileName);
 }
 
 // An odd last byte is no character; 0xFFFF reads as the end-of-file value and
@@ -81,7 +81,7 @@ void CTextFileContents::decode()
     std::memcpy(m_sWide.data(), m_sBytes.data() + 2, m_sWide.size() * 2);
     m_sBytes = std::string();
     m_sWide.resize(std::min(m_sWide.find(wchar_t(kCtrlZ)), m_sWide.size()));
-    std::erase(m_sWide, wchar_t(0xFFFF));
+    m_sWide.erase(std::remove(m_sWide.begin(), m_sWide.end(), wchar_t(0xFFFF)), m_sWide.end());
 }
 
 bool CTextFileContents::nextNarrow(std::string_view& sLine) { return splitLine<char>(m_sBytes, m_position, sLine); }

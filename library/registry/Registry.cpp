@@ -32,11 +32,6 @@ bool readBytes(HKEY hkRegistryKey, const char* sName, DWORD& dwType, std::string
     return true;
 }
 
-void checkUnnamed([[maybe_unused]] const char* sValue, [[maybe_unused]] DWORD dwType)
-{
-    TESK_ASSERT(CString(sValue).IsEmpty() ? (dwType == REG_SZ) : true);
-}
-
 bool writeBytes(HKEY hkRegistryKey, const char* sName, DWORD dwType, const void* pBytes, std::size_t size)
 {
     return ::RegSetValueExA(hkRegistryKey, sName, 0, dwType, static_cast<const BYTE*>(pBytes),
@@ -113,7 +108,8 @@ bool ReadValue(HKEY hkRegistryKey, const char* sName, std::vector<CString>& vVal
 
 bool WriteValue(HKEY hkRegistryKey, const char* sName, DWORD dwValue, DWORD dwType)
 {
-    checkUnnamed(sName, dwType);
+    TESK_ASSERT_TEXT(!CString(sName).IsEmpty() || dwType == REG_SZ,
+                     "CString(sValue).IsEmpty() ? (dwType == REG_SZ) : true");
     return writeBytes(hkRegistryKey, sName, dwType, &dwValue, sizeof dwValue);
 }
 

@@ -24,42 +24,41 @@ unsigned encode(UINT uCodePage, wchar_t cWide)
     return iCount == 1 ? first : first << 8 | static_cast<unsigned char>(bytes[1]);
 }
 
-// All letters with a lower case beyond ASCII.
-const std::wstring& lowerCaseTable()
+// The lower case of every character.
+std::wstring lowerCaseTable()
 {
-    static const std::wstring sTable = [] {
-        std::wstring sAll(0x10000, 0);
-        for (std::size_t i = 0; i < sAll.size(); ++i)
-            sAll[i] = static_cast<wchar_t>(i);
-        std::wstring sLower = sAll;
-        const LCID lcid = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
-        ::LCMapStringW(lcid, LCMAP_LOWERCASE, sAll.data(), static_cast<int>(sAll.size()), sLower.data(),
-                       static_cast<int>(sLower.size()));
-        return sLower;
-    }();
-    return sTable;
+    std::wstring sAll(0x10000, 0);
+    for (std::size_t i = 0; i < sAll.size(); ++i)
+        sAll[i] = static_cast<wchar_t>(i);
+    std::wstring sLower = sAll;
+    const LCID lcid = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
+    ::LCMapStringW(lcid, LCMAP_LOWERCASE, sAll.data(), static_cast<int>(sAll.size()), sLower.data(),
+                   static_cast<int>(sLower.size()));
+    return sLower;
 }
+
+// No locals of forThread: nothing but these guards them against several threads.
+CCriticalSection g_section;
+std::vector<std::unique_ptr<CCaseFold>> g_tables;
 
 }  // namespace
 
 const CCaseFold& CCaseFold::forThread()
 {
-    static CCriticalSection section;
-    static std::vector<std::unique_ptr<CCaseFold>> tables;
     const UINT uCodePage = getThreadCodePage();
-    const CLock lock(section);
-    for (const auto& pTable : tables)
+    const CLock lock(g_section);
+    for (const auto& pTable : g_tables)
         if (pTable->getCodePage() == uCodePage)
             return *pTable;
-    tables.push_back(std::make_unique<CCaseFold>(uCodePage));
-    return *tables.back();
+    g_tables.push_back(std::make_unique<CCaseFold>(uCodePage));
+    return *g_tables.back();
 }
 
 CCaseFold::CCaseFold(UINT uCodePage) : m_uCodePage(uCodePage), m_lead(uCodePage)
 {
     for (unsigned i = 0; i < 256; ++i)
         m_single[i] = static_cast<unsigned char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
-    const std::wstring& sLower = lowerCaseTable();
+    const std::wstring sLower = lowerCaseTable();
     for (std::size_t i = 0x80; i < sLower.size(); ++i)
         if (sLower[i] != static_cast<wchar_t>(i))
             addPair(static_cast<wchar_t>(i), sLower[i]);

@@ -6,7 +6,7 @@
 // code after a lead byte. A strict ordering, fit for maps.
 
 #include "library/text/MultiByte.h"
-#include "mfc/CString.h"
+#include "library/text/StringView.h"
 
 #include <windows.h>
 
@@ -50,15 +50,15 @@ public:
     }
     bool operator()(const CString& sLeft, const CString& sRight) const
     {
-        return m_pFold->compare(sLeft.str(), sRight.str()) < 0;
+        return m_pFold->compare(viewOf(sLeft), viewOf(sRight)) < 0;
     }
     bool operator()(const CString& sLeft, std::string_view sRight) const
     {
-        return m_pFold->compare(sLeft.str(), sRight) < 0;
+        return m_pFold->compare(viewOf(sLeft), sRight) < 0;
     }
     bool operator()(std::string_view sLeft, const CString& sRight) const
     {
-        return m_pFold->compare(sLeft, sRight.str()) < 0;
+        return m_pFold->compare(sLeft, viewOf(sRight)) < 0;
     }
 
 private:

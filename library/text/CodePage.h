@@ -10,7 +10,11 @@
 
 namespace Tesk {
 
-// The number of the current thread's ANSI code page.
+// Windows is one of the NT family.
+bool isNtFamily();
+
+// The number of the current thread's ANSI code page: the system's where the thread's
+// locale has none, or where Windows is not one of the NT family.
 UINT getThreadCodePage();
 
 // Zero characters are kept. A text too long for one call (2 GB) gives nothing.

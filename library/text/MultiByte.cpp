@@ -8,18 +8,6 @@
 
 namespace Tesk::MultiByte {
 
-bool isNtFamily()
-{
-    static const bool bNt = [] {
-        OSVERSIONINFOA info{};
-        info.dwOSVersionInfoSize = sizeof info;
-        return ::GetVersionExA(&info) && info.dwPlatformId == VER_PLATFORM_WIN32_NT;
-    }();
-    return bNt;
-}
-
-unsigned codePage() { return isNtFamily() ? CP_THREAD_ACP : CP_ACP; }
-
 CLeadBytes::CLeadBytes(unsigned uCodePage) : m_bAny(false), m_aLead{}
 {
     CPINFO info{};
@@ -105,23 +93,23 @@ bool equalNoCase(std::string_view sOne, std::string_view sOther)
 
 std::string upper(std::string_view sText)
 {
-    std::string sUpper(sText);
-    if (sText.empty())
-        return sUpper;
-    const int length = static_cast<int>(sText.size());
-    if (::LCMapStringA(::GetThreadLocale(), LCMAP_UPPERCASE, sText.data(), length, sUpper.data(), length) == 0)
+    // A capital may take more or fewer bytes than its letter, two at most.
+    const auto length = static_cast<int>(sText.size());
+    std::string sUpper(2 * sText.size(), '\0');
+    const int upper = ::LCMapStringA(::GetThreadLocale(), LCMAP_UPPERCASE, sText.data(), length, sUpper.data(),
+                                     static_cast<int>(sUpper.size()));
+    if (upper <= 0)
         return std::string(sText);
+    sUpper.resize(static_cast<std::size_t>(upper));
     return sUpper;
 }
 
-std::string_view trim(std::string_view sText)
+std::string_view trim(std::string_view sText, std::string_view sAny)
 {
-    // No second byte of a character lies among these, so bytes will do.
-    const char* const sSpace = " \t\r\n\v\f";
-    const std::size_t first = sText.find_first_not_of(sSpace);
+    const std::size_t first = sText.find_first_not_of(sAny);
     if (first == std::string_view::npos)
         return {};
-    return sText.substr(first, sText.find_last_not_of(sSpace) - first + 1);
+    return sText.substr(first, sText.find_last_not_of(sAny) - first + 1);
 }
 
 void replaceAll(std::string& sText, std::string_view sFind, std::string_view sReplacement, bool bAll)

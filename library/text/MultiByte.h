@@ -3,23 +3,18 @@
 // Narrow text in the thread's ANSI code page, also when that is a double-byte one:
 // there the second byte of a character may look like "\", "=" or "]".
 
+#include "library/text/CodePage.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace Tesk::MultiByte {
 
-// Windows is one of the NT family; asked once.
-bool isNtFamily();
-
-// The code page of every narrow/wide conversion: CP_THREAD_ACP on the NT family,
-// CP_ACP elsewhere.
-unsigned codePage();
-
 // The lead bytes of a code page, as they stand when the object is made.
 class CLeadBytes {
 public:
-    explicit CLeadBytes(unsigned uCodePage = codePage());
+    explicit CLeadBytes(unsigned uCodePage = getThreadCodePage());
 
     // Some byte begins a character of two bytes.
     bool any() const { return m_bAny; }
@@ -50,11 +45,16 @@ bool endsWith(std::string_view sText, char c);
 // Equal without case, as CCaseFold compares.
 bool equalNoCase(std::string_view sOne, std::string_view sOther);
 
-// Upper case by the thread's locale.
+// Upper case by the thread's locale. A capital that the code page lacks becomes its
+// default character.
 std::string upper(std::string_view sText);
 
-// Without white space (space, tab, CR, LF, VT, FF) at both ends.
-std::string_view trim(std::string_view sText);
+// Without the characters of `sAny` at both ends; these are white space, or none that may
+// be the second byte of a character.
+std::string_view trim(std::string_view sText, std::string_view sAny = " \t\r\n\v\f");
+
+// Without quotation marks, double and single, at both ends.
+inline std::string_view withoutQuotes(std::string_view sText) { return trim(sText, "\"'"); }
 
 // Replaces the first occurrence of `sFind`, or, with `bAll`, searches again from the
 // beginning of the new text until none is left. An empty `sFind` replaces nothing. The

@@ -26,6 +26,11 @@ public:
     virtual void dxfInComplete(AcDbDatabase*) {}
     // The drawing was to be closed, and stays: a person said so when asked.
     virtual void docCloseAborted(AcDbDatabase*) {}
+    // An external reference is attached, or read anew.
+    virtual void beginAttach(AcDbDatabase* /*pTo*/, const char* /*fileName*/, AcDbDatabase* /*pFrom*/) {}
+    virtual void endAttach(AcDbDatabase* /*pTo*/) {}
+    virtual void beginRestore(AcDbDatabase* /*pTo*/, const char* /*blockName*/, AcDbDatabase* /*pFrom*/) {}
+    virtual void endRestore(AcDbDatabase* /*pTo*/) {}
 };
 
 class AcEditor : public AcRxObject {

@@ -28,10 +28,10 @@ time.tzset()
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
 
 STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=(?P<rect>[-\d,]+) "
-                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+)$")
+                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+) active=(?P<active>-?\d+)$")
 TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
 TIP = re.compile(r'tip: title="(?P<title>.*)" text="(?P<text>.*)"$')
-ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)|-)$')
+ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)(?P<checked> checked=1)?|-)$')
 CONTROL = re.compile(r'control (?P<id>\d+): "(?P<text>.*)" checked=(?P<checked>\d+) enabled=(?P<enabled>\d)$')
 
 
@@ -69,6 +69,7 @@ class Strip:
         self.client = tuple(map(int, match["client"].split(",")))
         self.count = int(match["tabs"])
         self.selected = int(match["selected"])
+        self.active = int(match["active"])
 
     @property
     def texts(self):
@@ -108,6 +109,11 @@ class Transcript:
         return [[None if m["id"] is None else
                  (len(m["indent"]) // 2, int(m["id"]), m["caption"], m["enabled"] == "1")
                  for m in block] for block in self._blocks(ITEM)]
+
+    @property
+    def checked(self):
+        """The captions of the checked items of all MENUs."""
+        return [m["caption"] for block in self._blocks(ITEM) for m in block if m["checked"]]
 
     @property
     def dialogs(self):

@@ -40,6 +40,8 @@ class BadInputTest(HostTest):
             "MENU 1 12345": "no item 12345",
             "ATTEDIT NOSUCHTAG x": '"NOSUCHTAG" is not in the drawing',
             "SETVAR DBMOD 0": "DBMOD is read-only",
+            "SETVAR SDI 1": "SDI cannot be set",
+            "XRELOAD Nothing": '"Nothing" is not in the drawing',
             "PRESS 1": "There is no dialog",
         }
         script = [f"OPEN {S200}", f"OPEN {A101}", "LINE 0 0 1 1", "STRIP"]

@@ -12,29 +12,11 @@ ISSUED = r"Projects\Station\Drawings\S-201 issued.dwg"
 
 
 class MenuTest(HostTest):
-    def test_commands_go_to_the_tab_s_own_drawing(self):
-        transcript = self.run_host([
-            f"OPEN {A100}", f'OPEN "{ISSUED}"', f"OPEN {S200}",
-            "SWITCH 1", "LINE 0 0 1 1", "SWITCH 2", "STRIP",
-            "MENU 1", "STRIP",
-            f"MENU 1 {SAVE}", "STRIP",
-            f"MENU 1 {CLOSE}", "STRIP",
-            f"MENU 2 {OPTIONS}", "WAIT 30", "DIALOG", "PRESS 2", "STRIP",
-        ])
-        edited, escaped, saved, closed, after = transcript.strips
-        self.assertEqual(edited.texts, ["Drawing1", "A-100.rev2 *", "S-201 issued", "S-200"])
-        self.assertEqual((escaped.texts, escaped.selected), (edited.texts, 2), "Escape runs nothing")
-        self.assertEqual((saved.texts, saved.selected), (["Drawing1", "A-100.rev2", "S-201 issued", "S-200"], 2))
-        self.assertEqual((closed.texts, closed.selected), (["Drawing1", "S-201 issued", "S-200"], 1))
-        self.assertEqual(closed.tabs[1].document, self.path(ISSUED))
-        self.assertEqual(len(transcript.dialogs), 1)
-        self.assertEqual(after.texts, closed.texts)
-
     def test_what_is_offered(self):
         transcript = self.run_host([
             f"OPEN {A100}", f"OPEN {S200}", f'OPEN "{ISSUED}"',
             "MENU 0", "MENU 1", "MENU 2", "MENU 3",
-            "SETVAR SDI 1", "MENU 1",
+            "CLOSE", "CLOSE", "SWITCH 0", "CLOSE", "SETVAR SDI 1", "MENU 0",
         ])
         untitled, river, station, issued, single = transcript.menus
         self.assertEqual(untitled, [(0, SAVE, "&Save", True), (0, CLOSE, "&Close", True), None,

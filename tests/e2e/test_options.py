@@ -1,4 +1,4 @@
-"""The command and its dialog: every row of what it does to the strip."""
+"""The command and its dialog, and what of it shows on the strip."""
 import unittest
 
 from host import (
@@ -8,17 +8,18 @@ DEFAULTS = {"TabLocation": 1, "IsDiscreet": 0, "UseToolTips": 1, "UseExtensions"
 DRAWINGS = [r"Projects\Riverside\Drawings\A-101.dwg", r"Projects\Station\Drawings\S-200.dwg"]
 WITH_DRAWINGS = ["/ld", MODULE, *DRAWINGS]
 NAMES = ["A-101", "S-200"]
+OPTIONS = 22391   # in a tab's menu
 
 
 class OptionsTest(HostTest):
     def test_the_dialog(self):
         transcript = self.run_host([
-            "ZavikMDITabs", "WAIT 30", "DIALOG",
+            f"MENU 0 {OPTIONS}", "WAIT 30", "DIALOG",
             f"PRESS {USE}", "DIALOG",
             f"PRESS {USE}", "DIALOG",
             f"PRESS {TOP}", f"PRESS {DISCREET}", f"PRESS {DEBUG}", "DIALOG", "PRESS 2", "STRIP",
             "ZavikMDITabs", "WAIT 30", "DIALOG", "PRESS 2",
-        ])
+        ], WITH_DRAWINGS)
         shown, greyed, back, changed, reopened = transcript.dialogs
         self.assertIn('dialog: "Zavik MDI Tabs - Options"', transcript.lines)
         self.assertEqual(shown, {
@@ -58,7 +59,7 @@ class OptionsTest(HostTest):
         self.assertFalse(entered.visible, "discreet, with one drawing")
         self.assertEqual(self.registry(), {**DEFAULTS, "TabLocation": 0, "IsDiscreet": 1})
 
-    def test_rows_with_the_strip_on(self):
+    def test_the_strip_after_the_dialog(self):
         transcript = self.run_host([
             "STRIP",
             *options(), "STRIP",
@@ -70,8 +71,10 @@ class OptionsTest(HostTest):
             *options(DISCREET), "STRIP", "CLOSE", "STRIP",
             *options(DISCREET, TOOLTIPS), "STRIP", "HOVER 0",
             *options(TOOLTIPS), "HOVER 0",
+            *options(USE), "STRIP", "ARX U ZavikMDITabs.arx", "LINE 0 0 1 1", f"ARX L {MODULE}", "STRIP",
+            *options(USE), "STRIP",
         ], WITH_DRAWINGS)
-        start, same, named, bare, normal, top, both, discreet, one, loud = transcript.strips
+        start, same, named, bare, normal, top, both, discreet, one, loud, off, loaded, on = transcript.strips
         self.assertEqual((start.texts, start.selected), (NAMES, 1))
         for strip in (same, normal):
             self.assertEqual((strip.texts, strip.rect, strip.client, strip.selected),
@@ -87,32 +90,9 @@ class OptionsTest(HostTest):
         self.assertTrue(loud.visible)
         self.assertEqual(transcript.lines.count("tip: none"), 1, "tooltips off")
         self.assertEqual(len(transcript.tips), 1, "tooltips on again")
+        self.assertFalse(off.exists or loaded.exists)
+        self.assertEqual((on.texts, on.selected), (["A-101.dwg *"], 0))
         self.assertEqual(self.registry(), {**DEFAULTS, "UseExtensions": 1})
-
-    def test_rows_that_switch(self):
-        transcript = self.run_host([
-            *options(EXTENSIONS, USE), "STRIP",         # off; what is greyed is stored too
-            *options(), "STRIP",
-            *options(USE), "STRIP",                     # on
-            *options(EXTENSIONS, TOP, USE), "STRIP",    # off with another style: made anew all the same
-            "LINE 0 0 1 1", "CLICK 0", "STRIP",
-            *options(USE), "STRIP",                     # on, where it is already
-            *options(USE), "STRIP",
-            *options(USE, BOTTOM, USE), "STRIP",        # another style while off
-            "ARX U ZavikMDITabs.arx", "STRIP", "LINE 0 0 2 2",
-            f"ARX L {MODULE}", "STRIP",                 # loaded switched off
-            *options(USE), "STRIP",
-        ], WITH_DRAWINGS)
-        off, still, on, renewed, used, twice, off_again, restyled, unloaded, loaded, filled = transcript.strips
-        self.assertFalse(off.exists or still.exists or off_again.exists or unloaded.exists or loaded.exists)
-        files = [name + ".dwg" for name in NAMES]
-        self.assertEqual((on.texts, on.selected), (files, 1))
-        self.assertEqual((renewed.texts, renewed.rect[1]), (NAMES, 0))
-        self.assertEqual((used.texts, used.selected), (["A-101", "S-200 [changed]"], 0), "it works")
-        self.assertEqual((twice.texts, twice.selected), (used.texts, 0))
-        self.assertEqual((restyled.texts, restyled.rect[1] > 0), (used.texts, True))
-        self.assertEqual((filled.texts, filled.selected), (["A-101 *", "S-200 [changed]"], 0))
-        self.assertEqual(self.registry(), DEFAULTS)
 
 
 if __name__ == "__main__":

@@ -24,21 +24,22 @@ class StripTest(HostTest):
             "LINE 0 0 10 10", "STRIP",
             "LINE 0 0 20 10", "UNDO", "STRIP",
             "UNDO", "STRIP",
+            "REDO", "STRIP",
             "LINE 0 0 10 10", "QSAVE", "STRIP",
             "UNDO", "STRIP",
             r"SAVEAS Projects\Station\Drawings\S-202.dwg", "STRIP",
             "CLOSE", "STRIP",
         ]).strips
-        opened, new, clicked, switched, edited, half, undone, saved, behind, renamed, closed = strips
+        opened, new, clicked, switched, edited, half, undone, redone, saved, behind, renamed, closed = strips
         names = ["Drawing1", "A-100.rev2", "Grundriß-Süd", "S-200"]
         self.assertEqual((opened.texts, opened.selected), (names, 3))
         self.assertEqual(opened.tabs[3].document, self.path(S200))
         self.assertEqual((new.texts[:4], new.selected, new.count), (names, 4, 5), "appended and active")
-        self.assertEqual((clicked.selected, switched.selected), (1, 3))
+        self.assertEqual([(strip.selected, strip.active) for strip in (clicked, switched)], [(1, 1), (3, 3)])
         untouched = new.texts
         marked = [*names[:3], "S-200 [changed]", new.texts[4]]
-        self.assertEqual([strip.texts for strip in (edited, half, undone, saved, behind)],
-                         [marked, marked, untouched, untouched, marked],
+        self.assertEqual([strip.texts for strip in (edited, half, undone, redone, saved, behind)],
+                         [marked, marked, untouched, marked, untouched, marked],
                          "the marker shows the difference from what is saved")
         self.assertEqual((renamed.texts[3], renamed.tabs[3].document),
                          ("S-202", self.path(r"Projects\Station\Drawings\S-202.dwg")))
@@ -54,19 +55,23 @@ class StripTest(HostTest):
             f"ARX L {MODULE}", "STRIP",
             "SWITCH 2", "UNDO", "CLICK 0", "STRIP",
             "ARX U ZavikMDITabs.arx", "LINE 0 0 2 2", "CLOSE", "STRIP",
+            "CLOSE", "CLOSE", f"ARX L {MODULE}", "STRIP", f"OPEN {S200}", "STRIP",
         ], arguments=())
-        before, loaded, unloaded, again, used, gone = transcript.strips
+        before, loaded, unloaded, again, used, gone, empty, first = transcript.strips
         self.assertFalse(before.exists or unloaded.exists or gone.exists)
         self.assertEqual((loaded.texts, loaded.selected), (["Drawing1", "A-101", "S-200 [changed]"], 1))
         self.assertEqual((again.texts, again.selected), (loaded.texts, 1))
         self.assertEqual((used.texts, used.selected), (["Drawing1", "A-101", "S-200"], 0))
+        self.assertEqual((empty.rect, empty.texts), ((0, 0, 0, 0), []), "without a drawing it takes no room")
+        self.assertEqual((first.visible, first.texts, first.selected), (True, ["S-200"], 0))
 
-    def test_disabled_activation_keeps_the_selection(self):
-        # A click goes through TCN_SELCHANGING here as on Windows; Wine 8 lets other
-        # ways (TCM_SETCURFOCUS) change the selection in spite of the veto.
-        strips = self.run_host([f"OPEN {A101}", "LOCKDOCS 1", "CLICK 0", "STRIP",
-                                "LOCKDOCS 0", "CLICK 0", "STRIP"]).strips
-        self.assertEqual([strip.selected for strip in strips], [1, 0])
+    def test_another_drawing_takes_its_document_s_place(self):
+        transcript = self.run_host(["CLOSE", f"OPEN {A101}", "LINE 0 0 1 1", "HOVER 0", "SETVAR SDI 1",
+                                    f"OPEN {S200}", "STRIP", "HOVER 0", "LINE 0 0 1 1", "STRIP", "UNDO", "STRIP"])
+        replaced, edited, undone = transcript.strips
+        self.assertEqual([(tab.text, tab.document) for tab in replaced.tabs], [("S-200", self.path(S200))])
+        self.assertIn("S-200", transcript.tips[1][1])
+        self.assertEqual((edited.texts, undone.texts), (["S-200 [changed]"], ["S-200"]))
 
     def test_the_band_takes_its_place_from_the_drawings(self):
         counts = ["STRIP", f"OPEN {A101}", "STRIP", "CLOSE", "CLOSE", "STRIP", "NEW", "STRIP"]

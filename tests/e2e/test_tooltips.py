@@ -11,13 +11,17 @@ DEFAULT = "Untitled: please fill in the title block."
 
 class TooltipTest(HostTest):
     def test_texts_follow_what_is_saved(self):
+        station = self.folder / "Projects/Station"
+        (station / "Drawings/blank.dwg").write_bytes((self.folder / BLANK.replace("\\", "/")).read_bytes())
+        with (station / "Settings/support/MDITabs.ini").open("a", newline="") as texts:
+            texts.write("DefaultTooltipText = Station: no title\r\n")
         transcript = self.run_host([
-            f"OPEN {A101}", f"OPEN {DETAIL}", f"OPEN {BLANK}",
+            f"OPEN {A101}", f"OPEN {DETAIL}", r"OPEN Projects\Station\Drawings\blank.dwg", f"OPEN {BLANK}",
             "HOVER 1", "SWITCH 1", "ATTEDIT DWG_TITLE Roof", "HOVER 1", "QSAVE", "HOVER 1",
             r"SAVEAS Projects\Riverside\Drawings\A-105.dwg", "HOVER 1",
             "HOVER 2", "SWITCH 2", "PROPS TITLE %PATH%", "HOVER 2", "QSAVE", "HOVER 2",
-            "HOVER 3", "SWITCH 3", "PROPS TITLE A title", "QSAVE", "HOVER 3", "PROPS TITLE", "QSAVE", "HOVER 3",
-            "HOVER 0",
+            "HOVER 4", "SWITCH 4", "PROPS TITLE A title", "QSAVE", "HOVER 4", "PROPS TITLE", "QSAVE", "HOVER 4",
+            "HOVER 0", "HOVER 3",
         ])
         self.assertEqual({title for title, text in transcript.tips}, {"Zavik sample office"})
         texts = [text for title, text in transcript.tips]
@@ -27,14 +31,8 @@ class TooltipTest(HostTest):
             old + "A-101", old + "A-101", new + "A-101", new + "A-105",
             "Canopy detail – gutter and fascia", "Canopy detail – gutter and fascia", "%PATH%",
             DEFAULT, "A title", DEFAULT,
-            DEFAULT,
+            DEFAULT, "Station: no title",
         ])
-
-    def test_no_tooltips_when_switched_off(self):
-        self.set_registry({"UseToolTips": 0})
-        transcript = self.run_host([f"OPEN {A101}", "HOVER 1", "STRIP"])
-        self.assertIn("tip: none", transcript.lines)
-        self.assertEqual(transcript.strips[0].texts, ["Drawing1", "A-101"])
 
 
 if __name__ == "__main__":

@@ -4,7 +4,6 @@
 
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
-#include "tests/host/DrawingFixture.h"
 #include "tests/support/TestFolder.h"
 
 #include <string>
@@ -12,8 +11,6 @@
 #include <doctest/doctest.h>
 
 class HostFixture {
-    CTestFolder m_folder;  // outlives the host
-
 public:
     HostFixture() : application(host::Options{false, false}) {}
 
@@ -40,5 +37,9 @@ public:
     }
     host::DocumentManager& documents() { return application.documents(); }
 
+private:
+    CTestFolder m_folder;
+
+public:
     host::Application application;
 };

@@ -67,9 +67,14 @@ public:
     void beginSave(AcDbDatabase*, const char*) override { events.push_back("beginSave"); }
     void saveComplete(AcDbDatabase* pDatabase, const char* sName) override
     {
-        events.push_back("saveComplete");
-        CHECK(acDocManager->document(pDatabase)->fileName() == std::string(sName));
+        const std::string sPath = sName;
+        events.push_back("saveComplete " + sPath.substr(sPath.rfind('\\') + 1) + " of " +
+                         nameOf(acDocManager->document(pDatabase)));
     }
+    void beginAttach(AcDbDatabase*, const char*, AcDbDatabase*) override { events.push_back("beginAttach"); }
+    void endAttach(AcDbDatabase*) override { events.push_back("endAttach"); }
+    void beginRestore(AcDbDatabase*, const char*, AcDbDatabase*) override { events.push_back("beginRestore"); }
+    void endRestore(AcDbDatabase*) override { events.push_back("endRestore"); }
     void abortSave(AcDbDatabase*) override { events.push_back("abortSave"); }
     void beginDxfIn(AcDbDatabase*) override { events.push_back("beginDxfIn"); }
     void abortDxfIn(AcDbDatabase*) override { events.push_back("abortDxfIn"); }
@@ -144,7 +149,7 @@ TEST_CASE_FIXTURE(RecordedHost, "saving and importing are announced, also when t
     REQUIRE(run("LINE 0 0 1 1"));
     CHECK(documents().at(0).isModified());
     REQUIRE(run("SAVEAS " + path("b.dwg")));
-    CHECK(take() == Events{"beginSave", "saveComplete"});
+    CHECK(take() == Events{"beginSave", "saveComplete b.dwg of b.dwg"});
     CHECK_FALSE(documents().at(0).isModified());
     CHECK(documents().at(0).fileName() == path("b.dwg"));
 
@@ -160,6 +165,34 @@ TEST_CASE_FIXTURE(RecordedHost, "saving and importing are announced, also when t
     CHECK(take() == Events{"beginDxfIn", "dxfInComplete"});
     refused("DXFIN " + write("broken.dxf", "0\nSECTION\nwhat\n"), "broken.dxf");
     CHECK(take() == Events{"beginDxfIn", "abortDxfIn"});
+    REQUIRE(run("OPEN " + sOther));
+    const Events opened = take();
+    CHECK(Events(opened.begin() + 1, opened.begin() + 4) == Events{"created c.dxf", "beginDxfIn", "dxfInComplete"});
+
+    // A copy says nothing of the drawing itself.
+    REQUIRE(run("SWITCH 0"));
+    take();
+    REQUIRE(run("SAVECOPY " + path("copy.sv$")));
+    CHECK(take() == Events{"beginSave", "saveComplete copy.sv$ of b.dwg"});
+    CHECK(documents().at(0).isModified());
+}
+
+TEST_CASE_FIXTURE(RecordedHost, "references are announced when they come and are read anew, and go with their drawing")
+{
+    REQUIRE(run("OPEN " + drawing("a.dwg")));
+    const std::string sGrid = drawing("grid.dwg");
+    take();
+    REQUIRE(run("XATTACH " + sGrid));
+    CHECK(take() == Events{"beginAttach", "endAttach"});
+    REQUIRE(run("QSAVE"));
+    take();
+    REQUIRE(run("XRELOAD grid"));
+    CHECK(take() == Events{"beginRestore", "databaseToBeDestroyed", "endRestore"});
+    CHECK(documents().at(0).isModified());
+    REQUIRE(run("UNDO"));
+    CHECK_FALSE(documents().at(0).isModified());
+    REQUIRE(run("XDETACH grid"));
+    CHECK(take() == Events{});
 }
 
 TEST_CASE_FIXTURE(RecordedHost, "a drawing that does not open changes nothing but a message")

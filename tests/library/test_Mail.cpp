@@ -1,8 +1,8 @@
 #include "library/mail/SimpleMail.h"
 #include "library/registry/Registry.h"
 #include "tests/library/Environment.h"
-#include "tests/library/TestFolder.h"
-#include "tests/library/TestHive.h"
+#include "tests/support/TestFolder.h"
+#include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
 
@@ -12,32 +12,22 @@ namespace {
 
 constexpr char kClients[] = "Software\\Clients\\Mail";
 
-// The machine's registry, redirected to a key of the user's own; with a mail program
-// beside this test.
-struct MailMachine {
-    MailMachine()
-    {
-        HKEY hkMachine = nullptr;
-        REQUIRE(::RegCreateKeyExA(HKEY_CURRENT_USER, "Machine", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &hkMachine,
-                                  nullptr) == ERROR_SUCCESS);
-        REQUIRE(::RegOverridePredefKey(HKEY_LOCAL_MACHINE, hkMachine) == ERROR_SUCCESS);
-        ::RegCloseKey(hkMachine);
-        char sProgram[MAX_PATH];
-        ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-        std::string sLibrary(sProgram);
-        sLibrary.replace(sLibrary.find_last_of('\\') + 1, std::string::npos, "mailrecorder.dll");
-        Registry::SetValue(HKEY_LOCAL_MACHINE, (std::string(kClients) + "\\Recorder").c_str(), "DLLPath",
-                           sLibrary.c_str());
-    }
-    ~MailMachine() { ::RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr); }
-};
+std::string besideThisProgram(const char* sFile)
+{
+    char sProgram[MAX_PATH];
+    ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
+    std::string sPath(sProgram);
+    return sPath.replace(sPath.find_last_of('\\') + 1, std::string::npos, sFile);
+}
 
 }  // namespace
 
 TEST_CASE("a mail goes to the registered program with its attachment, and leaves the host as it was")
 {
-    const CTestHive hive;
-    const MailMachine machine;
+    const CTestHive user;
+    const CTestHive machine(HKEY_LOCAL_MACHINE);
+    Registry::SetValue(HKEY_LOCAL_MACHINE, (std::string(kClients) + "\\Recorder").c_str(), "DLLPath",
+                       besideThisProgram("mailrecorder.dll").c_str());
     const CTestFolder folder;
     const CEnvironment record("MAIL_RECORD", folder.path("mail.txt").c_str());
     const Mail::Message message = {"cad@office.example", "Trouble", "It does this.",

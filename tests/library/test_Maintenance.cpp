@@ -3,12 +3,31 @@
 #include "library/diagnostics/ApplicationID.h"
 #include "library/diagnostics/MiniDumper.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/files/FileSearch.h"
+#include "library/system/Handles.h"
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <fstream>
 
 namespace {
+
+// What follows the stem in the names of the dumps there; of a real one its magic.
+std::vector<std::string> dumps(const std::string& sStem)
+{
+    std::vector<std::string> vecDumps;
+    WIN32_FIND_DATAA found;
+    const std::string sFolder = sStem.substr(0, sStem.rfind('\\') + 1);
+    const UniqueFind search(::FindFirstFileA((sStem + " *.dmp").c_str(), &found));
+    for (bool bMore = static_cast<bool>(search); bMore; bMore = ::FindNextFileA(search.get(), &found) != FALSE) {
+        const std::string sBytes = CTestFolder::read(sFolder + found.cFileName);
+        vecDumps.push_back(sBytes.empty() ? (sFolder + found.cFileName).substr(sStem.size()) : sBytes.substr(0, 4));
+    }
+    std::sort(vecDumps.begin(), vecDumps.end());
+    return vecDumps;
+}
 
 // This program's version resource in memory, writable while the object lives;
 // as it was afterwards.
@@ -125,7 +144,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description
     CHECK(Tesk::Registry::GetRemoteConfigurableKey() == "Software\\Zavik\\Halvoran Desk\\Remote Configurable");
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, and the filter put back")
+TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, where five stay, and the filter put back")
 {
     const LPTOP_LEVEL_EXCEPTION_FILTER pBefore = ::SetUnhandledExceptionFilter(nullptr);
     ::SetUnhandledExceptionFilter(pBefore);
@@ -134,9 +153,14 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, an
     const LPTOP_LEVEL_EXCEPTION_FILTER pDuring = ::SetUnhandledExceptionFilter(nullptr);
     ::SetUnhandledExceptionFilter(pDuring);
     CHECK((pDuring != pBefore));
+    const std::string sStem = std::string(logFile(), static_cast<std::size_t>(logFile().ReverseFind('.')));
+    for (const char* sOlder : {" a.dmp", " b.dmp", " c.dmp", " d.dmp", " e.dmp", " f.dmp", "-other.dmp"}) {
+        std::ofstream(sStem + sOlder);
+        ::Sleep(10);
+    }
     CHECK(Tesk::G_pMiniDumper->write(nullptr));
-    const CString sDump = logFile().Left(logFile().ReverseFind('.')) + ".dmp";
-    CHECK(CTestFolder::read(sDump).starts_with("MDMP"));
+    CHECK(dumps(sStem) == std::vector<std::string>{" c.dmp", " d.dmp", " e.dmp", " f.dmp", "MDMP"});
+    CHECK(Tesk::fileExists((sStem + "-other.dmp").c_str()));
     Tesk::terminateLibrary();
     CHECK_FALSE(Tesk::G_pMiniDumper);
     CHECK((::SetUnhandledExceptionFilter(pBefore) == pBefore));

@@ -26,6 +26,27 @@ DrawingText threeBorders()
     return DrawingText().border("PROJ", {{"NR", "p1"}}).border("DOM", {{"NR", "d1"}}).border("STD", {{"NR", "s1"}});
 }
 
+// In a copy of the drawing the template shows the text; an attribute is changed, saved
+// and found changed.
+void checkWhole(const std::string& sDrawing, const char* sText, const char* sTag, const char* sSavedBy)
+{
+    CAPTURE(sDrawing);
+    // Written first, so that a write-protected drawing's copy is not.
+    const std::string sCopy = DrawingFixture::tree().write("Jobs\\1234\\Dwg\\copy.dwg");
+    REQUIRE(::CopyFileA(sDrawing.c_str(), sCopy.c_str(), FALSE));
+    auto database = host::Database::open(sCopy);
+    CHECK(expand(*database, "%HALVORAN::LABEL%|%HALVORAN::NAME%|%HALVORAN::X%|%HALVORAN::Y%") == sText);
+    CHECK(Tesk::CARXDrawingProperties(database.get()).getLastSavedBy() == sSavedBy);
+    {
+        const CWorkingDatabase working(database.get());
+        CHECK(CARXTitleBlock(database.get(), sCopy.c_str()).setAttributeValue(sTag, "changed"));
+    }
+    database->save(sCopy);
+    database = host::Database::open(sCopy);
+    CHECK(expand(*database, "%HALVORAN::LABEL%%HALVORAN::NAME%") == "changed");
+    CHECK(database->openObjects() == 0);
+}
+
 }  // namespace
 
 TEST_CASE_FIXTURE(DrawingFixture, "project, domain and standard settings are asked in this order")
@@ -58,13 +79,13 @@ TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists win
     const auto database = open(DrawingText().block("EMPTY", {"NR"}).border("USED", {{"NR", "7"}}));
     const CWorkingDatabase working(database.get());
     CARXTitleBlock title(database.get(), database->path().c_str());
-    CHECK_FALSE(title.hasInstance());
+    CHECK_FALSE(title.searchForInstance());
     CHECK(title.isProject());
     CHECK(expand(*database, kSTemplate) == "%HALVORAN::NO%|Job");
 
     // The border is inserted after the drawing was opened.
     REQUIRE(database->insertBlock("EMPTY", 0, 0) == Acad::eOk);
-    CHECK(title.hasInstance());
+    CHECK(title.searchForInstance());
     CHECK(title.get("NO") == "-");
     CHECK(database->openObjects() == 0);
 }
@@ -103,40 +124,36 @@ TEST_CASE_FIXTURE(DrawingFixture, "an attribute is written, saved and read again
                                                  "e");
 }
 
-TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of drawings that other programs wrote")
+TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of the samples")
 {
-    const std::string sFolder = folderFrom("ZAVIK_SHARED");
-    if (sFolder.empty()) {
-        MESSAGE("NOT TESTED: the folder of shared drawings (ZAVIK_SHARED) is not here");
-        return;
-    }
     settings(sProject, "Job",
-             "BORDER \"1\" \"Bloko\"\r\nBORDER \"2\" \"flag\"\r\n"
-             "LABEL ETIKEDO\r\nNAME NAME\r\nX XPOS\r\nY YPOS");
-    const char sTemplate[] = "%FILENAME%: %HALVORAN::LABEL%|%HALVORAN::NAME%|%HALVORAN::X%|%HALVORAN::Y%";
-    const struct {
-        const char *name, *text, *tag, *savedBy;
-    } rows[] = {
-        {"example_r12", "valoro de la teksto en bloko|||", "ETIKEDO", ""},
-        {"example_2004", "valoro de la teksto en bloko|||", "ETIKEDO", "rurban"},
-        {"multi_insert_with_attribs", "|Flag|x = 0.000|y = 0.000", "NAME", "ezdxf"},
-    };
-    for (const auto& row : rows) {
-        CAPTURE(row.name);
-        const std::string sCopy = path(std::string(row.name) + ".dwg");
-        tree().write("Jobs\\1234\\Dwg\\" + std::string(row.name) + ".dwg");
-        REQUIRE(::CopyFileA((sFolder + "\\" + row.name + ".dxf").c_str(), sCopy.c_str(), FALSE));
-        auto database = host::Database::open(sCopy);
-        CHECK(expand(*database, sTemplate) == std::string(row.name) + ": " + row.text);
-        CHECK(Tesk::CARXDrawingProperties(database.get()).getLastSavedBy() == row.savedBy);
-        {
-            const CWorkingDatabase working(database.get());
-            CHECK(CARXTitleBlock(database.get(), sCopy.c_str()).setAttributeValue(row.tag, "changed"));
+             "BORDER \"1\" \"RIVER_A1\"\r\nBORDER \"2\" \"STN_SHEET\"\r\n"
+             "LABEL DWG_TITLE\r\nNAME TITLE1\r\nX DWG_NO\r\nY NUMBER");
+    const std::string sFolder = folderFrom("ZAVIK_SAMPLES");
+    REQUIRE_MESSAGE(!sFolder.empty(), "ZAVIK_SAMPLES must name the folder of the samples");
+    checkWhole(sFolder + "\\Projects\\Station\\Drawings\\S-200.dwg", "|Platform 2, section||S-200", "TITLE1", "");
+    checkWhole(sFolder + "\\Projects\\Riverside\\Drawings\\A-101.dwg", "First floor, east||A-101|", "DWG_TITLE",
+               "kmeier");
+    checkWhole(sFolder + "\\Projects\\Riverside\\Drawings\\A-100.rev2.dwg",
+               "Ground floor \x96 general arrangement||A-100|", "DWG_TITLE", "ezdxf");
+}
+
+TEST_SUITE("foreign")
+{
+    TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of drawings that other programs wrote")
+    {
+        settings(sProject, "Job",
+                 "BORDER \"1\" \"Bloko\"\r\nBORDER \"2\" \"flag\"\r\n"
+                 "LABEL ETIKEDO\r\nNAME NAME\r\nX XPOS\r\nY YPOS");
+        const std::string sFolder = folderFrom("ZAVIK_SHARED");
+        if (sFolder.empty()) {
+            MESSAGE("NOT TESTED: the folder of shared drawings (ZAVIK_SHARED) is not here");
+            return;
         }
-        database->save(sCopy);
-        database = host::Database::open(sCopy);
-        CHECK(expand(*database, "%HALVORAN::LABEL%%HALVORAN::NAME%") == "changed");
-        CHECK(database->openObjects() == 0);
+        const char sLabel[] = "valoro de la teksto en bloko|||";
+        checkWhole(sFolder + "\\example_r12.dxf", sLabel, "ETIKEDO", "");
+        checkWhole(sFolder + "\\example_2004.dxf", sLabel, "ETIKEDO", "rurban");
+        checkWhole(sFolder + "\\multi_insert_with_attribs.dxf", "|Flag|x = 0.000|y = 0.000", "NAME", "ezdxf");
     }
 }
 

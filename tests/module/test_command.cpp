@@ -1,8 +1,10 @@
 // The command: the real dialog in all rows of the decision table, and what is stored.
 #include "ModuleFixture.h"
+#include "host/drawing/Faults.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
+#include "module/TabForwarders.h"
 #include "module/ZavikMDITabs.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
@@ -11,45 +13,67 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <boost/regex.hpp>
+#include <string>
+#include <vector>
 
 namespace {
 
-// What stands in the registry before the command, and the boxes clicked in the dialog.
-// With the debug mode reports come as boxes.
+constexpr const char* kDetach = "CEditorReactor::detach()\nCEditorReactor::removeDocuments()\n"
+                                "CDocManagerReactor::detach()\nCDocManagerReactor::removeDocuments()\n";
+constexpr const char* kAttach = "CDocManagerReactor::attach()\nCDocManagerReactor::addDocuments()\n"
+                                "CEditorReactor::attach()\nCEditorReactor::addDocuments()\n";
+constexpr const char* kRebuild = "CDocManagerReactor::removeDocuments()\nCDocManagerReactor::addDocuments()\n";
+constexpr const char* kNothingToDetach = "CEditorReactor::detach()\nCDocManagerReactor::detach()\n";
+constexpr const char* kReports = "EditorReactor: m_pReactor != NULL\nDocManagerReactor: m_pReactor != NULL\n"
+                                 "ZavikMDITabs: m_pWndTabs != NULL\n";
+
+// The strip's switch before the command, the boxes clicked in the dialog, and what the
+// reactors are told then, in debug mode.
 struct Row {
     const char* what;
     DWORD use;
     std::vector<int> clicks;
-    bool strip;    // there is one afterwards
-    bool fresh;    // and it is another window than before
-    bool rebuilt;  // its tabs were built anew
+    bool strip;  // there is one afterwards
+    std::string steps;
     const char* assertions;
 };
 
-const char* const kNothingToDestroy = "EditorReactor: m_pReactor != NULL\n"
-                                      "DocManagerReactor: m_pReactor != NULL\n"
-                                      "ZavikMDITabs: m_pWndTabs != NULL\n";
-
 const Row kRows[] = {
-    {"nothing", 1, {}, true, false, false, ""},
-    {"extensions", 1, {IDC_SHOW_EXTENSIONS}, true, false, true, ""},
-    {"icons", 1, {IDC_SHOW_ICONS}, true, false, true, ""},
-    {"location", 1, {IDC_POSITION_TOP}, true, true, true, ""},
-    {"discreet", 1, {IDC_DISCREET}, true, true, true, ""},
-    {"tooltips", 1, {IDC_SHOW_TOOLTIPS}, true, true, true, ""},
-    {"off", 1, {IDC_USE_TABS}, false, false, false, ""},
-    {"off and style", 1, {IDC_POSITION_TOP, IDC_USE_TABS}, true, true, false, ""},
-    {"on", 0, {IDC_USE_TABS}, true, true, true, ""},
-    {"on and style", 0, {IDC_USE_TABS, IDC_DEBUG, IDC_POSITION_TOP}, true, true, true, kNothingToDestroy},
+    {"nothing", 1, {}, true, "", ""},
+    {"extensions", 1, {IDC_SHOW_EXTENSIONS}, true, kRebuild, ""},
+    {"icons", 1, {IDC_SHOW_ICONS}, true, kRebuild, ""},
+    {"location", 1, {IDC_POSITION_TOP}, true, std::string(kDetach) + kAttach + kRebuild, ""},
+    {"discreet", 1, {IDC_DISCREET}, true, std::string(kDetach) + kAttach + kRebuild, ""},
+    {"tooltips", 1, {IDC_SHOW_TOOLTIPS}, true, std::string(kDetach) + kAttach + kRebuild, ""},
+    {"off", 1, {IDC_USE_TABS}, false, kDetach, ""},
+    {"off and style", 1, {IDC_POSITION_TOP, IDC_USE_TABS}, true, std::string(kDetach) + kAttach, ""},
+    {"on", 0, {IDC_USE_TABS}, true, std::string(kAttach) + kRebuild, ""},
+    {"on and style",
+     0,
+     {IDC_USE_TABS, IDC_POSITION_TOP},
+     true,
+     std::string(kNothingToDetach) + kAttach + kRebuild,
+     kReports},
     {"style while off",
      0,
-     {IDC_USE_TABS, IDC_DEBUG, IDC_POSITION_TOP, IDC_USE_TABS},
+     {IDC_USE_TABS, IDC_POSITION_TOP, IDC_USE_TABS},
      true,
-     true,
-     false,
-     kNothingToDestroy},
-    {"texts while off", 0, {IDC_USE_TABS, IDC_SHOW_ICONS, IDC_USE_TABS}, false, false, false, ""},
+     std::string(kNothingToDetach) + kAttach,
+     kReports},
+    {"texts while off", 0, {IDC_USE_TABS, IDC_SHOW_ICONS, IDC_USE_TABS}, false, "", ""},
 };
+
+// What the reactors were told, in order.
+std::string stepsIn(const std::string& history)
+{
+    static const boost::regex pattern(
+        R"(C(DocManager|Editor)Reactor::(attach|detach|addDocuments|removeDocuments)\(\)\n)");
+    std::string steps;
+    for (boost::sregex_iterator found(history.begin(), history.end(), pattern), end; found != end; ++found)
+        steps += found->str();
+    return steps;
+}
 
 }  // namespace
 
@@ -57,42 +81,31 @@ TEST_CASE_FIXTURE(ModuleFixture, "the strip after the command, row by row")
 {
     for (const Row& row : kRows) {
         CAPTURE(row.what);
-        for (const char* name : {"TabLocation", "UseToolTips", "UseIcons"})
-            user.set(name, 1);
-        user.set("IsDiscreet", 0);
-        user.set("UseExtensions", 0);
+        ::RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Zavik\\ZavikMDITabs");
         user.set("Use", row.use);
         REQUIRE(load() == "");
         std::vector<AcApDocument*> documents = {open("a.dwg"), open("b.dwg")};
         const HWND before = strip();
         CHECK((before != nullptr) == (row.use != 0));
 
-        char text[] = "stale";
-        TCITEMA item = {};
-        item.mask = TCIF_TEXT;
-        item.pszText = text;
-        ::SendMessageA(before, TCM_SETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-
-        const bool debug = *row.assertions != '\0';
         Answers answers([&](HWND dialog, int turn) {
             const auto click = static_cast<std::size_t>(turn);
             Answers::press(dialog, click < row.clicks.size() ? row.clicks[click] : IDOK);
         });
         LayoutCounter counter(app.frame());
+        Tesk::setDiagnosticsLevel(2);
+        app.commandLine().history().clear();
         type("ZavikMDITabs");
+        CHECK(Tesk::getDiagnosticsLevel() == 2);
+        Tesk::setDiagnosticsLevel(0);
         CHECK(answers.optionsShown() == 1);
         CHECK(counter.take() > 0);
         CHECK((strip() != nullptr) == row.strip);
-        CHECK((strip() != before && strip() != nullptr) == row.fresh);
-        CHECK(CDocManagerReactor::isAttached() == row.strip);
-        CHECK(CEditorReactor::isAttached() == row.strip);
-        if (row.strip) {
-            REQUIRE(tabs().size() == 2);
-            CHECK((tabs()[0] == "stale") == !(row.rebuilt || row.fresh));
-        }
-        CHECK(Tesk::getDiagnosticsLevel() == (debug ? 2 : 0));
+        CHECK((strip() != before && strip() != nullptr) == (row.steps.find(kAttach) != std::string::npos));
+        CHECK(stepsIn(app.commandLine().history()) == row.steps);
         CHECK(answers.assertions() == row.assertions);
-        Tesk::setDiagnosticsLevel(0);
+        if (row.strip)
+            CHECK(tabs().size() == 2);
         for (AcApDocument* pDocument : documents)
             close(pDocument);
         CHECK(unload() == "");
@@ -100,19 +113,49 @@ TEST_CASE_FIXTURE(ModuleFixture, "the strip after the command, row by row")
     }
 }
 
-TEST_CASE_FIXTURE(ModuleFixture, "destroying a strip that is not there is reported and does nothing")
+TEST_CASE_FIXTURE(ModuleFixture, "a strip that is there, or is not, where it should not be so is reported")
 {
     user.set("Use", 0);
     load();
+    AcApDocument* pDocument = open("a.dwg");
     const Answers answers;
     Tesk::setDiagnosticsLevel(1);
-    destroyTabWindow();
-    CDocManagerReactor::detach();
-    CEditorReactor::detach();
+    for (void (*pForward)(AcApDocument*) :
+         {&tabsAddDocument, &tabsRemoveDocument, &tabsActivateDocument, &tabsUpdateDocumentModified}) {
+        const std::size_t before = answers.boxes().size();
+        pForward(pDocument);
+        CHECK(answers.boxes().size() == before + 1);
+    }
     createTabWindow();
     createTabWindow();
-    CHECK(answers.assertions() == "ZavikMDITabs: m_pWndTabs != NULL\nDocManagerReactor: m_pReactor != NULL\n"
-                                  "EditorReactor: m_pReactor != NULL\nZavikMDITabs: m_pWndTabs == NULL\n");
+    const std::string missing = "ZavikMDITabs: m_pWndTabs != NULL\n";
+    CHECK(answers.assertions() == missing + missing + missing + missing + "ZavikMDITabs: m_pWndTabs == NULL\n");
+}
+
+TEST_CASE_FIXTURE(ModuleFixture, "odd values of the options count as the defaults or as off")
+{
+    user.set("TabLocation", 7);
+    user.set("Use", 0, REG_BINARY);
+    user.set("UseIcons", 2);
+    user.set("UseExtensions", 2);
+    open("a.dwg");
+    load();
+    CHECK(tabs() == std::vector<std::string>{"a"});
+    CHECK(rectOf(strip()).top == 0);
+    unload();
+    CHECK(strip() == nullptr);
+}
+
+TEST_CASE_FIXTURE(ModuleFixture, "the options can be reached although the strip cannot be made")
+{
+    open("a.dwg");
+    host::Faults::throwNth("AcApDocManager::newAcApDocumentIterator", 1, [] { throw 1; });
+    load();
+    CHECK(host::Faults::fired());
+    host::Faults::clear();
+    const Answers answers;
+    type("ZavikMDITabs");
+    CHECK(answers.optionsShown() == 1);
 }
 
 TEST_CASE_FIXTURE(ModuleFixture, "the dialog shows the options, greys them with the check box, and stores them all")

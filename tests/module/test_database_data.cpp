@@ -94,7 +94,7 @@ TEST_CASE_FIXTURE(DrawingHost, "attached and loaded references are listed in the
     Faults::clear();
     CHECK(data.xrefPaths().empty());
     CHECK(data.drawingProperties().isValid());
-    CHECK(data.keywordExpansion().expandString("%FILENAME%") == "host");
+    CHECK(data.keywordExpansion().expandString("%FILENAME% %DRAWING_INDEX%/%DRAWING_COUNT%") == "host 1/1");
     // A record that does not open is passed over.
     Faults::failNth("AcDbBlockTableIterator::getRecord", 2);
     CHECK(xrefs(pDatabase) == std::vector{path("Alpha.dwg"), path("zeta.dwg")});
@@ -111,6 +111,10 @@ TEST_CASE_FIXTURE(DrawingHost, "an object without a drawing")
     CHECK_FALSE(data.drawingProperties().isValid());
     CHECK_FALSE(data.keywordExpansion().hasTitleInstance());
     CHECK(data.keywordExpansion().expandString("%PATH%%DRAWING_INDEX%%NEWLINE%") == "%PATH%%DRAWING_INDEX%\n");
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    CHECK(data.getXrefPaths().empty());
+    CHECK(answers.assertions() == "DatabaseData: m_pDatabase != NULL\n");
 }
 
 TEST_CASE_FIXTURE(DrawingHost, "what fails in the host is reported with the call")

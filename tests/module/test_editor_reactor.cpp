@@ -2,11 +2,14 @@
 // meanwhile.
 #include "ModuleFixture.h"
 #include "host/drawing/Faults.h"
+#include "library/diagnostics/Prerelease.h"
+#include "objectarx/dbapserv.h"
 #include "reactors/EditorReactor.h"
 #include "tests/support/DrawingText.h"
 #include <doctest/doctest.h>
 
 #include <climits>
+#include <memory>
 
 namespace {
 
@@ -24,6 +27,17 @@ struct EditorFixture : ModuleFixture {
         return data(pDocument).keywordExpansion().expandString(text).str();
     }
     static host::Database& drawing(AcApDocument* pDocument) { return *host::Database::of(pDocument->database()); }
+
+    // What the module says meanwhile.
+    template <class Action>
+    std::string traced(Action action)
+    {
+        Tesk::setDiagnosticsLevel(2);
+        app.commandLine().history().clear();
+        action();
+        Tesk::setDiagnosticsLevel(0);
+        return app.commandLine().history();
+    }
 
     // How many drawings the action makes the module read.
     template <class Action>
@@ -93,6 +107,85 @@ TEST_CASE_FIXTURE(EditorFixture, "only drawings of documents are kept, and only 
     folder.write("a.dwg", DrawingText().variable("TITLE", "B").str());
     CHECK(readsOf([&] { CHECK(run("OPEN \"" + folder.path() + "a.dwg\"")); }) == 1);
     CHECK(title(app.documents().active()) == "B");
+}
+
+TEST_CASE_FIXTURE(EditorFixture, "what happens to a drawing is traced, and a tab's text is made once")
+{
+    load();
+    const std::string path = folder.path() + "a.dwg", other = folder.path() + "b.dwg";
+    const auto count = [](const std::string& text, const std::string& what) {
+        int found = 0;
+        for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
+            ++found;
+        return found;
+    };
+    const std::string opened = traced([&] { open("a.dwg", DrawingText()); });
+    CHECK(count(opened, "CEditorReactor::dwgFileOpened(\"" + path + "\")\n") == 1);
+    CHECK(count(opened, "CARXMDITabs::buildTabText(") == 1);
+    CHECK(count(opened, "CARXMDITabs::updateTabText(") == 0);
+    folder.write("import.dxf", DrawingText().str());
+    const auto imported = traced([&] { run("DXFIN \"" + folder.path() + "import.dxf\""); });
+    CHECK(count(imported, "CEditorReactor::dxfInComplete()\n") == 1);
+    CHECK(count(traced([&] { run("SAVEAS \"" + other + "\""); }),
+                "CEditorReactor::saveComplete(\"" + other + "\")\n") == 1);
+    const std::string failed = traced([&] {
+        host::Faults::throwNth("acdbGetSummaryInfo", 1, [] { throw 1; });
+        run("QSAVE");
+        host::Faults::clear();
+    });
+    CHECK(count(failed, "Unhandled exception in CDatabaseData construction ...\n") == 1);
+}
+
+// Hosts differ in the order of what they do and what they say.
+TEST_CASE_FIXTURE(EditorFixture, "what was not notified is seen when the drawing is next activated")
+{
+    folder.write("MDITabs.ini", "ModifiedText = *\r\n");
+    load();
+    AcApDocument* pFirst = open("a.dwg", DrawingText().variable("TITLE", "A"));
+    AcApDocument* pSecond = open("b.dwg", DrawingText());
+    const auto activateFirst = [&] {
+        app.documents().activateDocument(pSecond);
+        app.documents().activateDocument(pFirst);
+        return tabs()[0];
+    };
+    CHECK(readsOf(activateFirst) == 0);
+    drawing(pFirst).markModified(host::Database::kView);
+    CHECK(tabs()[0] == "a");
+    CHECK(activateFirst() == "a*");
+    drawing(pFirst).setDbmod(0);
+    CHECK(activateFirst() == "a");
+    static_cast<host::Document*>(pFirst)->setFile(folder.path() + "c.dwg");
+    CHECK(activateFirst() == "c");
+    CHECK(expand(pFirst, "%FILENAME%") == "c");
+    CHECK(readsOf(activateFirst) == 0);
+}
+
+TEST_CASE_FIXTURE(EditorFixture, "a database that takes another's place in a document is listened to")
+{
+    folder.write("MDITabs.ini", "ModifiedText = *\r\n");
+    load();
+    AcApDocument* pDocument = open("a.dwg", DrawingText().variable("TITLE", "A"));
+    auto& document = static_cast<host::Document&>(*pDocument);
+    REQUIRE(run("LINE 0 0 1 1"));
+    CHECK(tabs() == std::vector<std::string>{"a*"});
+    std::unique_ptr<host::Database> old = document.releaseDatabase();
+    bool lives = false;
+    SUBCASE("after the other has gone") { old.reset(); }
+    SUBCASE("while the other lives on") { lives = true; }
+    document.setDatabase(host::Database::open(folder.write("b.dwg", DrawingText().variable("TITLE", "B").str())));
+    acdbHostApplicationServices()->setWorkingDatabase(pDocument->database());
+    document.setFile(folder.path() + "b.dwg");
+    std::string name = pDocument->fileName();
+    app.editor().notify(&AcEditorReactor::dwgFileOpened, pDocument->database(), name.data());
+    CHECK(tabs() == std::vector<std::string>{"b"});
+    CHECK(title(pDocument) == "B");
+    REQUIRE(run("LINE 0 0 1 1"));
+    CHECK(tabs() == std::vector<std::string>{"b*"});
+    if (lives)
+        CHECK(old->reactors().size() == 0);
+    const auto listeners = drawing(pDocument).reactors().size();
+    unload();
+    CHECK(drawing(pDocument).reactors().size() == listeners - 1);
 }
 
 TEST_CASE_FIXTURE(EditorFixture, "drawings that are open already are read when the module is loaded")

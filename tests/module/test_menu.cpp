@@ -7,6 +7,9 @@
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
+#include <functional>
+#include <utility>
+
 using Texts = std::vector<std::string>;
 
 namespace {
@@ -26,6 +29,33 @@ struct MenuFixture : ModuleFixture {
         return output.substr(output.find('\n') + 1);
     }
 };
+
+// Does something once in the loop of the menu that comes up, if one does.
+class MenuWatch {
+public:
+    explicit MenuWatch(std::function<void()> whileUp)
+        : m_whileUp(std::move(whileUp)), m_timer(::SetTimer(nullptr, 0, 20, &onTimer))
+    {
+        s_pCurrent = this;
+    }
+    ~MenuWatch() { ::KillTimer(nullptr, m_timer); }
+    MenuWatch(const MenuWatch&) = delete;
+    MenuWatch& operator=(const MenuWatch&) = delete;
+
+    bool wasUp() const { return m_whileUp == nullptr; }
+
+private:
+    static void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD)
+    {
+        if (!s_pCurrent->wasUp() && ::FindWindowA("#32768", nullptr) != nullptr)
+            std::exchange(s_pCurrent->m_whileUp, nullptr)();
+    }
+
+    static MenuWatch* s_pCurrent;
+    std::function<void()> m_whileUp;
+    UINT_PTR m_timer;
+};
+MenuWatch* MenuWatch::s_pCurrent = nullptr;
 
 constexpr const char* kClose = "item 22393: \"Close it\" enabled=1\nitem -\nitem 22391: \"Options of it\" enabled=1\n";
 
@@ -55,19 +85,40 @@ TEST_CASE_FIXTURE(MenuFixture, "the menu offers what the drawing allows, and wor
         menu("0 22393");
         CHECK(tabs() == Texts{"b"});
     }
-    SUBCASE("Options opens the dialog")
+    SUBCASE("Options opens the dialog, in the active drawing")
     {
-        const Answers answers;
-        m_pWndTabs->showOptions();
+        std::vector<AcApDocument*> current;
+        const Answers answers([&](HWND dialog, int) {
+            current.push_back(app.documents().current());
+            Answers::press(dialog, IDCANCEL);
+        });
+        m_pWndTabs->processPopupMenuItem(pFirst, IDC_DYNAMIC_MENU_OPTIONS, {});
         app.pumpUntilIdle();
-        CHECK(answers.optionsShown() == 1);
+        CHECK(current == std::vector{pSecond});
     }
     SUBCASE("between the tabs there is none")
     {
+        const MenuWatch watch([] { ::EndMenu(); });
         CPoint point(middleOf(1).x + 300, 5);
         ::ClientToScreen(strip(), &point);
         ::SendMessageA(strip(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(strip()), MAKELPARAM(point.x, point.y));
-        CHECK(tabs().size() == 2);
+        CHECK_FALSE(watch.wasUp());
+    }
+    SUBCASE("a drawing closed meanwhile is not looked at any more")
+    {
+        Tesk::setDiagnosticsLevel(2);
+        const MenuWatch watch([&] {
+            app.documents().close(*static_cast<host::Document*>(pFirst));
+            app.commandLine().history().clear();
+            for (const WPARAM key : {VK_DOWN, VK_RETURN})
+                ::PostMessageA(strip(), WM_KEYDOWN, key, 1);
+        });
+        m_pWndTabs->popupMenu(pFirst, 10, 10);
+        CHECK(watch.wasUp());
+        CHECK(app.commandLine().history().find("CARXMDITabs::isDocumentPresent") == std::string::npos);
+        CHECK(app.commandLine().history().find("CARXMDITabs::findDocument") == std::string::npos);
+        app.pumpUntilIdle();
+        CHECK(tabs() == Texts{"b"});
     }
 }
 
@@ -101,6 +152,16 @@ TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, op
         CHECK(app.documents().active()->fileName() == fixed);
         CHECK(tabs().size() == 2);
     }
+    SUBCASE("one that has gone")
+    {
+        ::DeleteFileA(free.c_str());
+        Tesk::setDiagnosticsLevel(2);
+        app.commandLine().history().clear();
+        CHECK(menu("0 22394").find("item 22394: \"ref a.dwg (RO)\" enabled=1\n") != std::string::npos);
+        Tesk::setDiagnosticsLevel(0);
+        CHECK(app.commandLine().history().find("error opening \"" + free + "\"\n") != std::string::npos);
+        CHECK(tabs() == Texts{"main"});
+    }
     SUBCASE("not in single-document mode")
     {
         REQUIRE(run("SETVAR SDI 1"));
@@ -114,9 +175,9 @@ TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, op
         const std::vector<CString> xrefs = m_pWndTabs->getXrefs(pDocument);
         CHECK(xrefs == std::vector<CString>{free.c_str(), fixed.c_str()});
         Tesk::setDiagnosticsLevel(1);
-        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, IDC_DYNAMIC_MENU_OPTIONS - 1, 0U})
+        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, 0U})
             m_pWndTabs->processPopupMenuItem(pDocument, id, xrefs);
-        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
+        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
         CHECK(app.documents().count() == 1);
     }
     ::SetFileAttributesA(fixed.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -137,4 +198,23 @@ TEST_CASE_FIXTURE(MenuFixture, "string items are enabled whatever the frame made
     m_pWndTabs->enablePopupMenu(&menu);
     CHECK((menu.GetMenuState(0, MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) == 0);
     CHECK(answers.boxes().empty());
+}
+
+TEST_CASE_FIXTURE(MenuFixture,
+                  "a person who keeps one of the drawings to be closed keeps those behind it, now and later")
+{
+    std::vector<AcApDocument*> documents;
+    for (const char* sName : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"})
+        documents.push_back(open(sName));
+    app.documents().activateDocument(documents[1]);
+    REQUIRE(run("LINE 0 0 1 1"));
+    {
+        const Answers answers({}, [] { ::PostMessageA(::GetActiveWindow(), WM_COMMAND, IDCANCEL, 0); });
+        m_pWndTabs->processPopupMenuItem(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS, {});
+        app.pumpUntilIdle();
+        CHECK(answers.boxes().size() == 1);
+    }
+    CHECK(tabs() == Texts{"b", "c", "d"});
+    close(documents[1]);
+    CHECK(tabs() == Texts{"c", "d"});
 }

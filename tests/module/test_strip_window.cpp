@@ -83,29 +83,37 @@ TEST_CASE_FIXTURE(StripFixture, "the band lies at the edge of the drawings, to t
 
 TEST_CASE_FIXTURE(StripFixture, "the strip takes no room below its number of tabs")
 {
-    const struct {
-        DWORD dwStyle;
-        int tabs;
-        bool shown;
-    } rows[] = {{2, 0, false}, {2, 1, true}, {6, 1, false}, {6, 2, true}, {7, 1, false}, {7, 2, true}};
-    for (const auto& row : rows) {
-        CAPTURE(row.dwStyle);
-        CAPTURE(row.tabs);
-        make(row.dwStyle, row.tabs);
-        CHECK(shown() == row.shown);
-        CHECK(((::GetWindowLongA(logo(), GWL_STYLE) & WS_VISIBLE) != 0) == row.shown);
-        CHECK((rectOf(client) == free) != row.shown);
+    for (const DWORD dwStyle : {2U, 6U, 7U}) {
+        make(dwStyle, 0);
+        // One strip all the way, tabs coming and going.
+        for (const int tabs : {0, 1, 2, 1, 0}) {
+            CAPTURE(dwStyle);
+            CAPTURE(tabs);
+            while (window.GetItemCount() > tabs)
+                window.DeleteItem(0);
+            window.addTabs(tabs - window.GetItemCount());
+            app.frame().RecalcLayout();
+            const bool expected = tabs >= ((dwStyle & 4) != 0 ? 2 : 1);
+            CHECK(shown() == expected);
+            CHECK(((::GetWindowLongA(logo(), GWL_STYLE) & WS_VISIBLE) != 0) == expected);
+            CHECK((rectOf(client) == free) != expected);
+        }
     }
 }
 
 TEST_CASE_FIXTURE(StripFixture, "a pass that only measures takes the band and moves nothing")
 {
-    make(2, 1);
+    const auto measure = [this] {
+        CRect rest;
+        app.frame().RepositionBars(0, 0xFFFF, 0, CWnd::reposQuery, &rest, CRect(0, 0, 500, 400));
+        return rest.bottom;
+    };
+    make(2, 0);
+    const LONG without = measure();
+    window.addTabs(1);
     const CRect before = rectOf(window.m_hWnd);
-    CRect measured;
-    app.frame().RepositionBars(0, 0xFFFF, 0, CWnd::reposQuery, &measured, CRect(0, 0, 500, 400));
+    CHECK(measure() == without - 27);
     CHECK(rectOf(window.m_hWnd) == before);
-    CHECK(measured.bottom <= 400 - 27);
 }
 
 TEST_CASE_FIXTURE(StripFixture, "a frame narrower than the logo gives the tabs no width, not less")

@@ -118,32 +118,39 @@ TEST_CASE_FIXTURE(ModuleFixture, "the marker follows the modified state, told on
 TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under the mouse")
 {
     folder.write("MDITabs.ini", "DefaultTooltipText = untitled\n");
+    folder.write("sub\\MDITabs.ini", "DefaultTooltipText = the sub-folder's\n");
     load();
     open("a.dwg");
-    AcApDocument* pSecond = open("b.dwg");
-    REQUIRE(run("PROPS Title \"The title\""));
-    REQUIRE(run("QSAVE"));
+    AcApDocument* pSecond = open("sub\\b.dwg");
     moveMouse(0);
     CHECK(balloon() == "untitled");
     moveMouse(1);
+    CHECK(balloon() == "the sub-folder's");
+    REQUIRE(run("PROPS Title \"The title\""));
+    REQUIRE(run("QSAVE"));
+    moveMouse(1);
     CHECK(balloon() == "The title");
 
-    SUBCASE("and keeps it, by file name, until the state of the drawing changes")
+    SUBCASE("and keeps it, by file name and its case, until the state of the drawing changes")
     {
         close(pSecond);
-        folder.writeDrawing("b.dwg");
-        app.documents().open(folder.path() + "b.dwg");
+        open("sub\\B.dwg");
+        moveMouse(1);
+        CHECK(balloon() == "the sub-folder's");
+        close(app.documents().active());
+        open("sub\\b.dwg");
         moveMouse(0);
         moveMouse(1);
         CHECK(balloon() == "The title");
         REQUIRE(run("LINE 0 0 1 1"));
         moveMouse(1);
-        CHECK(balloon() == "untitled");
+        CHECK(balloon() == "the sub-folder's");
     }
     SUBCASE("and not the text of an empty place")
     {
+        moveMouse(0);
         ::SendMessageA(strip(), WM_MOUSEMOVE, 0, MAKELPARAM(middleOf(1).x + 300, 5));
-        CHECK(balloon() == "The title");
+        CHECK(balloon() == "untitled");
     }
 }
 

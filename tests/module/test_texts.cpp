@@ -75,7 +75,7 @@ TEST_CASE_FIXTURE(TextsFixture, "each text has its key in the unnamed section")
     CHECK(all == "123456789");
 }
 
-TEST_CASE_FIXTURE(TextsFixture, "texts are kept a file name, case counting, until the cache is cleared")
+TEST_CASE_FIXTURE(TextsFixture, "texts are kept a file name, case counting, until the module is unloaded")
 {
     texts("PopupSaveText = first\n");
     const std::string lower = drawing("a.dwg"), upper = drawing("A.DWG");
@@ -86,7 +86,7 @@ TEST_CASE_FIXTURE(TextsFixture, "texts are kept a file name, case counting, unti
     CHECK(CMDITabSettings::getDefaultSettings(lower.c_str()) != CMDITabSettings::getDefaultSettings(upper.c_str()));
     open("a.dwg");
     CHECK(CMDITabSettings::getPopupSaveText("") == "first");
-    CMDITabSettings::clearDefaultSettings();
+    unload();
     CHECK(CMDITabSettings::getPopupSaveText(lower.c_str()) == "second");
 
     const Answers answers;
@@ -111,10 +111,12 @@ TEST_CASE_FIXTURE(TextsFixture, "reset loads for another drawing, or when told t
     CHECK(said.find("Reset error (Error (<<" + drawing("MDITabs.ini") +
                     ">> @ line 2) : Tokenising error.) for project file set ...") != std::string::npos);
     CHECK(settings.getValue("PopupSaveText") == "second");
+    CHECK_FALSE(settings.reset(Files{drawing("a.dwg").c_str()}, false));
 
     texts("PopupSaveText = fourth\n");
     CHECK(settings.reset(Files{drawing("b.dwg").c_str()}, false));
     CHECK(settings.getValue("PopupSaveText") == "fourth");
+    CHECK_FALSE(settings.reset(Files{drawing("b.dwg").c_str()}, false));
     CHECK(traced([&] { settings.traceContents(2); }).find(" : \t\tReactor Settings\n") != std::string::npos);
 }
 

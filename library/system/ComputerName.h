@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace Tesk {
+
+// Empty when the system does not say.
+std::string getComputerName();
+
+}  // namespace Tesk

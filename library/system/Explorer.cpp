@@ -1,0 +1,42 @@
+#include "library/system/Explorer.h"
+
+#include "library/files/PathParts.h"
+#include "library/text/StringView.h"
+
+#include <shellapi.h>
+
+#include <string>
+
+namespace Tesk {
+
+namespace {
+
+bool exists(const std::string& sPath) { return ::GetFileAttributesA(sPath.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+// By its place: one that lies beside a drawing is not meant.
+std::string explorer()
+{
+    char sFolder[MAX_PATH] = "";
+    ::GetSystemWindowsDirectoryA(sFolder, sizeof sFolder);
+    return withBackslash(sFolder) + "explorer.exe";
+}
+
+}  // namespace
+
+bool showInExplorer(HWND hOwner, const CString& sFile)
+{
+    const std::string sPath = toString(sFile);
+    const std::string sFolder = PathParts(sPath).parent();
+    std::string sArguments;
+    if (exists(sPath))
+        sArguments = "/select,\"" + sPath + "\"";
+    else if (!sFolder.empty() && exists(sFolder))
+        sArguments = "\"" + withoutBackslash(sFolder) + "\"";
+    else
+        return false;
+    const HINSTANCE result =
+        ::ShellExecuteA(hOwner, "open", explorer().c_str(), sArguments.c_str(), nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(result) > 32;
+}
+
+}  // namespace Tesk

@@ -1,0 +1,117 @@
+#include "settings/HelpBox.h"
+
+#include "library/diagnostics/Prerelease.h"
+#include "library/diagnostics/VersionBlock.h"
+#include "library/files/FileSearch.h"
+#include "library/files/Locator.h"
+#include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
+#include "library/mail/SimpleMail.h"
+#include "library/system/Explorer.h"
+#include "library/text/StringView.h"
+#include "settings/MDITabSettings.h"
+#include "settings/resource.h"
+
+#include <vector>
+
+namespace {
+
+constexpr const char* kNewLine = "\r\n";
+
+CString productLabel()
+{
+    return Tesk::CVersionBlock::getCompanyName() + " " + Tesk::CVersionBlock::getInternalName() + " " +
+           Tesk::CVersionBlock::getFileVersion();
+}
+
+CString logFile() { return Tesk::getLocation(Tesk::LOCATION_FILE_DIAGNOSTICS_LOG); }
+
+// From the most general to the most specific.
+std::vector<CString> textFiles(const CString& sFilename)
+{
+    std::vector<CString> vecFiles;
+    Tesk::Support::File::CLocator().findFilesForDrawing(vecFiles, sFilename, "MDITabs.ini", "");
+    return vecFiles;
+}
+
+std::vector<CString> titleBlockFiles(const CString& sFilename)
+{
+    std::vector<CString> vecFiles;
+    const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::PathParts(sFilename.GetString()).parent()));
+    for (const CString& sFile : {Tesk::getLocation(Tesk::LOCATION_FILE_STANDARD_SETTINGS),
+                                 Tesk::getLocation(Tesk::LOCATION_FILE_DOMAIN_SETTINGS),
+                                 sProject.IsEmpty() ? CString() : sProject + "ProjectSettings.txt"})
+        if (!sFile.IsEmpty() && Tesk::fileExists(sFile))
+            vecFiles.push_back(sFile);
+    return vecFiles;
+}
+
+CString lines(const std::vector<CString>& vecFiles)
+{
+    CString sLines;
+    for (const CString& sFile : vecFiles)
+        sLines += "    " + sFile + kNewLine;
+    return sLines;
+}
+
+// A mail address alone, or empty.
+CString mailAddress(const CString& sText)
+{
+    constexpr const char* kScheme = "mailto:";
+    const CString sTarget = CHyperLink::getTarget(sText);
+    return sTarget.Left(7) == kScheme ? sTarget.Mid(7) : CString();
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CHelpBox, CDialog)
+    ON_COMMAND(IDC_MAIL_LOG, &ThisClass::OnMailLog)
+END_MESSAGE_MAP()
+
+CHelpBox::CHelpBox(const char* sFilename)
+    : CDialog(IDD_HELP),
+      m_sFilename(sFilename),
+      m_sSupportAddress(mailAddress(CMDITabSettings::getSupportAddress(sFilename)))
+{
+}
+
+CString CHelpBox::describe() const
+{
+    const CString sLog = logFile();
+    return "Product: " + productLabel() + " (" + Tesk::CVersionBlock::getProductName() + ")" + kNewLine +
+           "Module: " + Tesk::getLocation(Tesk::LOCATION_FILE_MODULE) + kNewLine + "Log: " + sLog +
+           (Tesk::fileExists(sLog) ? "" : " (not there: debug mode is off)") + kNewLine + kNewLine +
+           "Drawing: " + m_sFilename + kNewLine + "Its texts are from, the last one first:" + kNewLine +
+           lines(textFiles(m_sFilename)) + "Its title block is looked up in, the last one first:" + kNewLine +
+           lines(titleBlockFiles(m_sFilename));
+}
+
+BOOL CHelpBox::OnInitDialog()
+{
+    CDialog::OnInitDialog();
+    GetDlgItem(IDC_HELP_TEXT)->SetWindowText(describe());
+    m_link.Attach(this, IDC_HELP_LINK, CMDITabSettings::getHelpAddress(m_sFilename));
+    if (m_sSupportAddress.IsEmpty())
+        ::DestroyWindow(::GetDlgItem(m_hWnd, IDC_MAIL_LOG));
+    // Not on the text, which would show all of it selected.
+    GetDlgItem(IDOK)->SetFocus();
+    return FALSE;
+}
+
+void CHelpBox::OnMailLog()
+{
+    const CString sLog = logFile();
+    const CString sSubject = productLabel() + ": help wanted";
+    const Tesk::Mail::Message message = {m_sSupportAddress, sSubject, describe(),
+                                         Tesk::fileExists(sLog) ? sLog : CString()};
+    const Tesk::Mail::Result result = Tesk::Mail::compose(m_hWnd, message);
+    if (result == Tesk::Mail::Result::sent || result == Tesk::Mail::Result::cancelled)
+        return;
+    const CString sReason = result == Tesk::Mail::Result::noProgram
+                                ? "There is no mail program on this computer that could be asked."
+                                : "The mail program reports that the message was not sent.";
+    const bool bShown = Tesk::showInExplorer(m_hWnd, sLog);
+    MessageBox(sReason + "\n\nPlease mail to " + m_sSupportAddress +
+                   (bShown ? ", with the log from the folder that has been opened." : "."),
+               productLabel(), MB_OK | MB_ICONINFORMATION);
+}
