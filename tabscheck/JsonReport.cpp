@@ -114,19 +114,24 @@ JsonReport::JsonReport(Console& console) : m_console(console) { m_console.printB
 
 void JsonReport::add(const DrawingReport& report)
 {
-    std::vector<std::string> texts;
-    for (const Text& defined : report.findings.texts)
-        texts.push_back(text(defined.key) + ":" + toJson(defined));
     const auto place = [](const Place& one) { return toJson(one); };
     const auto problem = [](const Problem& one) { return toJson(one); };
+    const Findings& findings = report.findings;
+    if (m_sSame.empty() || m_searched != findings.searched || m_texts != findings.texts) {
+        std::vector<std::string> texts;
+        for (const Text& defined : findings.texts)
+            texts.push_back(text(defined.key) + ":" + toJson(defined));
+        m_searched = findings.searched;
+        m_texts = findings.texts;
+        m_sSame = member("searched", array(allPlaces(findings), place)) + "," + member("texts", object(texts));
+    }
+    const std::string sTooltip =
+        object({member("rule", text(report.tooltip.rule)), member("title", text(report.tooltip.title)),
+                member("text", text(report.tooltip.text))});
     m_console.printBytes(
         (m_first ? "\n" : ",\n") +
-        object({member("path", text(report.path)), member("searched", array(allPlaces(report.findings), place)),
-                member("texts", object(texts)), member("project", toJson(report.findings.project)),
-                member("tooltip",
-                       object({member("rule", text(report.tooltip.rule)), member("title", text(report.tooltip.title)),
-                               member("text", text(report.tooltip.text))})),
-                member("problems", array(report.findings.problems, problem))}));
+        object({member("path", text(report.path)), m_sSame, member("project", toJson(findings.project)),
+                member("tooltip", sTooltip), member("problems", array(findings.problems, problem))}));
     m_first = false;
 }
 

@@ -5,6 +5,9 @@
 #include "tabscheck/Console.h"
 #include "tabscheck/Report.h"
 
+#include <string>
+#include <vector>
+
 namespace tabscheck {
 
 class JsonReport {
@@ -18,6 +21,10 @@ public:
 private:
     Console& m_console;
     bool m_first = true;
+    // Drawings of one folder mostly have the same texts: those of the last one, and as JSON.
+    std::vector<Place> m_searched;
+    std::vector<Text> m_texts;
+    std::string m_sSame;
 };
 
 }  // namespace tabscheck
