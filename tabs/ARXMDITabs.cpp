@@ -11,6 +11,7 @@
 #include "reactors/EditorReactor.h"
 #include "settings/MDITabSettings.h"
 #include "settings/TabOptions.h"
+#include "settings/TooltipRule.h"
 
 #include <cstring>
 
@@ -189,11 +190,14 @@ CString CARXMDITabs::buildTooltip(AcApDocument* pDocument)
         return sTooltip;
 
     CDatabaseData& data = pReactor->getDatabaseData(pDocument);
-    if (data.keywordExpansion().hasTitleInstance())
+    switch (chooseTooltipRule(data.keywordExpansion(), data.drawingProperties())) {
+    case TooltipRule::Template:
         return data.keywordExpansion().expandString(CMDITabSettings::getTooltipText(sFilename));
-
-    const CString& sTitle = data.drawingProperties().getTitle();
-    return sTitle.IsEmpty() ? sTooltip : sTitle;
+    case TooltipRule::Title:
+        return data.drawingProperties().getTitle();
+    default:
+        return sTooltip;
+    }
 }
 
 void CARXMDITabs::updateTabText(AcApDocument* pDocument)

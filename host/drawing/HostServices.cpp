@@ -24,6 +24,12 @@ void HostServices::setWorkingDatabase(AcDbDatabase* pDatabase)
         m_pWorking = pDatabase;
 }
 
+void describeHost(const std::string& sRelease, const std::string& sProduct)
+{
+    services().m_sRelease = sRelease;
+    services().m_sProduct = sProduct;
+}
+
 void forgetWorkingDatabase(const AcDbDatabase* pDatabase)
 {
     if (services().m_pWorking == pDatabase)

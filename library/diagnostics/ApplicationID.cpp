@@ -13,10 +13,16 @@ CApplicationID::CApplicationID(HINSTANCE hModule)
 {
     char sModule[MAX_PATH] = "";
     const DWORD dwLength = ::GetModuleFileNameA(hModule, sModule, MAX_PATH);
-    if (dwLength == 0 || dwLength >= MAX_PATH)
-        return;
+    if (dwLength != 0 && dwLength < MAX_PATH)
+        readBeside(sModule);
+}
+
+CApplicationID::CApplicationID(const char* sModuleFile) { readBeside(sModuleFile); }
+
+void CApplicationID::readBeside(const char* sModuleFile)
+{
     try {
-        readDescription(PathParts(sModule).withExtension(".avf").c_str());
+        readDescription(PathParts(sModuleFile).withExtension(".avf").c_str());
     } catch (CException* pException) {
         pException->Delete();
     }

@@ -14,6 +14,8 @@ namespace Tesk {
 class CApplicationID {
 public:
     explicit CApplicationID(HINSTANCE hModule);
+    // Of a module's file, which need not exist itself.
+    explicit CApplicationID(const char* sModuleFile);
 
     const CString& getName() const { return m_sProductName; }
     const CString& getVersion() const { return m_sProductVersion; }
@@ -25,6 +27,7 @@ public:
     CString getLabel() const;
 
 private:
+    void readBeside(const char* sModuleFile);
     void readDescription(const char* sFileName);
 
     CString m_sProductName;

@@ -95,7 +95,10 @@ bool CTitleBlock::getMappingFromFile(const char* sFile, bool bProject)
         m_sProjectLabel = m_settings.m_sProjectLabel;
         m_bProject = true;
     }
-    return chooseBorder();
+    if (!chooseBorder())
+        return false;
+    m_sSettingsFile = sFile;
+    return true;
 }
 
 bool CTitleBlock::chooseBorder()
@@ -106,6 +109,7 @@ bool CTitleBlock::chooseBorder()
                 continue;
             setCurrentBorder(border, group);
             m_sBorder = group.m_sCategory;
+            m_sBorderBlock = border.m_sBlockName;
             m_mapAttributes = group.m_mapOther;
             return true;
         }

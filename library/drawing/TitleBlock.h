@@ -29,6 +29,11 @@ public:
     // There must be a project settings file.
     const CString& getProjectLabel();
 
+    // The settings file that defines the drawing's border, and the border's block; empty
+    // when no file defines one that the drawing has.
+    const CString& getSettingsFile() const { return m_sSettingsFile; }
+    const CString& getBorderBlock() const { return m_sBorderBlock; }
+
     // For these there must be an instance.
     // Mapping key to attribute tag.
     const std::map<CString, CString>& getMap();
@@ -67,6 +72,8 @@ private:
     CSettingsFile m_settings;
     CString m_sFileName;
     CString m_sProjectLabel;
+    CString m_sSettingsFile;
+    CString m_sBorderBlock;
     CString m_sBorder;  // the category of the title block that was chosen
     std::map<CString, CString> m_mapAttributes;
 };

@@ -30,6 +30,9 @@ public:
     // The same for tokens that read %KEYWORD%.
     CString expandString(const char* sInput) const;
 
+    // By keyword, without delimiters; dates are not among them.
+    const KeywordMap& getKeywords() const { return m_mapKeywords; }
+
 protected:
     // The constructor runs this class's own versions; a derived class that overrides one
     // calls it again at the end of its constructor.

@@ -32,7 +32,9 @@ std::size_t countClosing(std::string_view sText)
 
 }  // namespace
 
-CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines) : m_bKeepLines(bKeepLines)
+CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines,
+                                   CSettingsListener* pListener)
+    : m_bKeepLines(bKeepLines), m_pListener(pListener)
 {
     for (const CString& sFileName : vFileNames)
         readAFile(sFileName);
@@ -46,6 +48,8 @@ void CDefaultSettings::readAFile(const char* sFileName)
     TESK_ASSERT(m_pCurrentException == NULL);
     m_pCurrentException = std::make_unique<CDefaultSettingsException>(CDefaultSettingsException::errorUnknown);
     m_pCurrentException->setFileName(sFileName);
+    if (m_pListener)
+        m_pListener->onFile(sFileName);
     uint32_t uLine = 0;
     for (std::string_view sLine; contents.nextConverted(sLine);) {
         m_pCurrentException->setLine(++uLine);
@@ -69,11 +73,16 @@ void CDefaultSettings::readSectionLine(std::string_view sLine)
 {
     TESK_ASSERT(sLine[0] == cSectionOpen);
     const std::size_t closing = countClosing(sLine);
-    if (closing == 0)
+    if (closing == 0) {
+        if (m_pListener)
+            m_pListener->onIgnoredHeader(m_pCurrentException->getLine());
         return;
+    }
     sLine.remove_suffix(closing);
     const std::size_t first = sLine.find_first_not_of(cSectionOpen);
     m_sCurrentSection = toCString(first == sLine.npos ? std::string_view() : sLine.substr(first));
+    if (m_pListener)
+        m_pListener->onSection(m_pCurrentException->getLine(), viewOf(m_sCurrentSection));
 }
 
 void CDefaultSettings::readKeyLine(std::string_view sLine)
@@ -91,6 +100,8 @@ void CDefaultSettings::readKeyLine(std::string_view sLine)
         trace("\tsKey = \"%s\"\n", toCString(sKey).GetString());
         trace("\tsValue =  \"%s\"\n", sValue.GetString());
     }
+    if (m_pListener)
+        m_pListener->onKey(m_pCurrentException->getLine(), viewOf(m_sCurrentSection), sKey, viewOf(sValue));
     assign(findOrAddSection(viewOf(m_sCurrentSection)), sKey, std::move(sValue));
     if (m_bKeepLines)
         m_vecKeyLines.push_back(toCString(sLine));

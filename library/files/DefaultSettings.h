@@ -18,12 +18,24 @@
 
 namespace Tesk {
 
+// Hears what the reader makes of the lines, for a program that explains settings. Texts are
+// good for the call; lines count from 1 in the file that was begun last.
+class CSettingsListener {
+public:
+    virtual ~CSettingsListener() = default;
+    virtual void onFile(const char* sFileName) = 0;
+    virtual void onSection(uint32_t uLine, std::string_view sName) = 0;
+    // A header that does not end in "]".
+    virtual void onIgnoredHeader(uint32_t uLine) = 0;
+    virtual void onKey(uint32_t uLine, std::string_view sSection, std::string_view sKey, std::string_view sValue) = 0;
+};
+
 class CDefaultSettings {
 public:
     // Reads the files in order; a later value replaces an earlier one of the
     // same section and key. Raises what readAFile raises. With bKeepLines the
-    // key lines are kept as read, trimmed.
-    CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines);
+    // key lines are kept as read, trimmed. A listener must outlive the reading.
+    CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines, CSettingsListener* pListener = nullptr);
 
     CDefaultSettings(const CDefaultSettings&) = delete;
     CDefaultSettings& operator=(const CDefaultSettings&) = delete;
@@ -67,6 +79,7 @@ private:
     bool m_bKeepLines;
     std::unique_ptr<CDefaultSettingsException> m_pCurrentException;
     CString m_sCurrentSection;
+    CSettingsListener* m_pListener;
 };
 
 }  // namespace Tesk

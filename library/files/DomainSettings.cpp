@@ -6,36 +6,40 @@
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
 
-#include <vector>
-
 namespace Tesk {
 
 namespace {
 
-// An administrator's new value, stamped in the machine's branch, reaches every user once.
-void propagateDomainSettings(const char* sKey, const char* sStampsKey, const char* sName)
+constexpr const char* kValue = "Domain Settings";
+
+// An administrator's value, stamped in the machine's branch, that the user has not had yet.
+bool findNewMachineValue(const char* sKey, const char* sStampsKey, CString& sMachine, CString& sMachineStamp)
 {
-    CString sMachine, sMachineStamp, sUserStamp;
-    if (!Registry::GetValue(HKEY_LOCAL_MACHINE, sKey, sName, sMachine) ||
-        !Registry::GetValue(HKEY_LOCAL_MACHINE, sStampsKey, sName, sMachineStamp))
-        return;
-    if (Registry::GetValue(HKEY_CURRENT_USER, sStampsKey, sName, sUserStamp) && sUserStamp == sMachineStamp)
-        return;
-    Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, sMachine);
-    Registry::SetValue(HKEY_CURRENT_USER, sStampsKey, sName, sMachineStamp);
+    CString sUserStamp;
+    return Registry::GetValue(HKEY_LOCAL_MACHINE, sKey, kValue, sMachine) &&
+           Registry::GetValue(HKEY_LOCAL_MACHINE, sStampsKey, kValue, sMachineStamp) &&
+           (!Registry::GetValue(HKEY_CURRENT_USER, sStampsKey, kValue, sUserStamp) || sUserStamp != sMachineStamp);
 }
 
 bool registeredDomainSettings(CString& sFolder)
 {
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const CString sStampsKey = sKey + "\\Stamps";
-    propagateDomainSettings(sKey, sStampsKey, "Domain Settings");
-    return Registry::GetValue(HKEY_CURRENT_USER, sKey, "Domain Settings", sFolder);
+    CString sMachine, sMachineStamp;
+    if (findNewMachineValue(sKey, sStampsKey, sMachine, sMachineStamp)) {
+        if (isLookOnly()) {
+            sFolder = sMachine;
+            return true;
+        }
+        Registry::SetValue(HKEY_CURRENT_USER, sKey, kValue, sMachine);
+        Registry::SetValue(HKEY_CURRENT_USER, sStampsKey, kValue, sMachineStamp);
+    }
+    return Registry::GetValue(HKEY_CURRENT_USER, sKey, kValue, sFolder);
 }
 
 }  // namespace
 
-CString getDomainSettingsFolder()
+std::vector<CString> getDomainSettingsCandidates()
 {
     std::vector<CString> vecCandidates;
     CString sRegistered;
@@ -46,7 +50,12 @@ CString getDomainSettingsFolder()
     const CString sRoot = getLocation(LOCATION_DIR_APPLICATION_ROOT);
     vecCandidates.push_back(sRoot + "..\\DomainSettings");
     vecCandidates.push_back(sRoot + "..\\..\\DomainSettings");
+    return vecCandidates;
+}
 
+CString getDomainSettingsFolder()
+{
+    const std::vector<CString> vecCandidates = getDomainSettingsCandidates();
     int iIndex = 0;
     for (const CString& sCandidate : vecCandidates) {
         const bool bFound = folderExists(sCandidate);

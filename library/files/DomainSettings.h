@@ -4,10 +4,15 @@
 
 #include "mfc/afx.h"
 
+#include <vector>
+
 namespace Tesk {
 
-// The first domain settings folder that exists; when none does, the last one tried. A new
-// value that an administrator registered for the machine becomes the user's first.
+// The folders that may be it, the one that counts most first. A new value that an
+// administrator registered for the machine becomes the user's first.
+std::vector<CString> getDomainSettingsCandidates();
+
+// The first domain settings folder that exists; when none does, the last one tried.
 CString getDomainSettingsFolder();
 
 }  // namespace Tesk

@@ -93,7 +93,7 @@ void CLocator::findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases
     CLocator::findFilesIn(vecFiles, vecBases, vecDrawings, sFileName, sSubfolder);
 }
 
-void CLocator::addExistingVariants(CStringList& vecFiles, const char* sPath)
+CStringList CLocator::variantsOf(const char* sPath)
 {
     const PathParts parts(sPath);
     const AcDbHostApplicationServices* pHost = ::acdbHostApplicationServices();
@@ -101,10 +101,14 @@ void CLocator::addExistingVariants(CStringList& vecFiles, const char* sPath)
     const std::string sProduct = pHost->product();
     const std::string sStem = parts.parent() + parts.sBase;
     const std::string sExtension = "." + (parts.sExtension.empty() ? "" : parts.sExtension.substr(1));
-    for (const std::string& sVariant :
-         {std::string(sPath), sStem + sRelease + sExtension, sStem + sProduct + "_" + sRelease + sExtension}) {
-        if (fileExists(sVariant.c_str()))
-            vecFiles.push_back(sVariant.c_str());
+    return {sPath, (sStem + sRelease + sExtension).c_str(), (sStem + sProduct + "_" + sRelease + sExtension).c_str()};
+}
+
+void CLocator::addExistingVariants(CStringList& vecFiles, const char* sPath)
+{
+    for (const CString& sVariant : variantsOf(sPath)) {
+        if (fileExists(sVariant))
+            vecFiles.push_back(sVariant);
     }
 }
 

@@ -44,8 +44,10 @@ public:
     virtual void findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
                                 const char* sFileName, const char* sSubfolder);
 
-    // Appends, where they exist, the path itself, then with the host's release before the
-    // extension, then with the host's product name, "_" and the release.
+    // The path itself, then with the host's release before the extension, then with the
+    // host's product name, "_" and the release.
+    static CStringList variantsOf(const char* sPath);
+    // Appends those that exist.
     virtual void addExistingVariants(CStringList& vecFiles, const char* sPath);
 
     // "NAME\", or "support\" for an empty name.

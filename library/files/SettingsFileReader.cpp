@@ -15,16 +15,6 @@ namespace {
 
 bool isCommentString(std::string_view sLine) { return sLine.substr(0, 1) == "#" || sLine.substr(0, 2) == "//"; }
 
-// Key, in upper case, and value of a trimmed line, divided at its first space or tab.
-std::pair<CString, CString> splitLine(std::string_view sLine)
-{
-    const std::size_t blank = sLine.find_first_of(" \t");
-    CString sValue;
-    if (blank != std::string_view::npos)
-        sValue = toCString(MultiByte::trim(sLine.substr(blank)));
-    return {toCString(MultiByte::upper(MultiByte::trim(sLine.substr(0, blank)))), sValue};
-}
-
 // Up to six fields between quotation marks with white space between them, by the rules of
 // sscanf for ` "%[^"]" "%[^"]" ...`: a field has one character at least, and the last one
 // need not be closed. Scanned by hand, since a field may be as long as its line.
@@ -55,38 +45,60 @@ CSettingsFileReader::CSettingsFileReader(CSettingsFile& settings, std::string sF
 {
 }
 
-void CSettingsFileReader::readLine(std::string_view sLine)
+std::pair<CString, CString> CSettingsFileReader::splitLine(std::string_view sLine)
+{
+    const std::size_t blank = sLine.find_first_of(" \t");
+    CString sValue;
+    if (blank != std::string_view::npos)
+        sValue = toCString(MultiByte::trim(sLine.substr(blank)));
+    return {toCString(MultiByte::upper(MultiByte::trim(sLine.substr(0, blank)))), sValue};
+}
+
+std::size_t CSettingsFileReader::countFields(std::string_view sValue) { return scanQuoted(sValue).size(); }
+
+CSettingsFileReader::Line CSettingsFileReader::readLine(std::string_view sLine)
 {
     sLine = MultiByte::trim(sLine);
     if (sLine.empty() || isCommentString(sLine) || sLine == "{")
-        return;
+        return Line::Passed;
     if (sLine == "}") {
         closeBlock();
-    } else if (m_state == STATE_TOP) {
+        return Line::Passed;
+    }
+    if (m_state == STATE_TOP) {
         m_state = stateOf(splitLine(sLine).first);
         if (m_state == STATE_TITLEBLOCKS || m_state == STATE_MOCKBORDERS)
             m_group = CBlockGroup();
-    } else if (m_state != STATE_SKIP) {
-        readBlockLine(toCString(sLine));
+        return m_state == STATE_SKIP ? Line::UnknownKeyword : Line::Keyword;
     }
+    return m_state == STATE_SKIP ? Line::Passed : readBlockLine(toCString(sLine));
 }
+
+const CSettingsFileReader::Keyword CSettingsFileReader::kKeywords[] = {
+    {"PROJECTPATH", STATE_PROJECTPATH},     {"PROJECTLABEL", STATE_PROJECTLABEL},
+    {"JOBNUMBER", STATE_JOBNUMBER},         {"ISSUEDIRECTORY", STATE_ISSUEDIRECTORY},
+    {"JOBTITLE", STATE_JOBTITLE},           {"OFFICEDETAILS", STATE_OFFICEDETAILS},
+    {"CLIENTTITLE", STATE_CLIENTTITLE},     {"DWGSTATUS", STATE_DWGSTATUS},
+    {"DWGDISCIPLINE", STATE_DWGDISCIPLINE}, {"ISSUE", STATE_ISSUE},
+    {"CADSTANDARDS", STATE_CADSTANDARDS},   {"TITLEBLOCKS", STATE_TITLEBLOCKS},
+    {"MOCKBORDERS", STATE_MOCKBORDERS},
+};
 
 CSettingsFileReader::State CSettingsFileReader::stateOf(const CString& sKeyword)
 {
-    static const std::pair<const char*, State> aKeywords[] = {
-        {"PROJECTPATH", STATE_PROJECTPATH},     {"PROJECTLABEL", STATE_PROJECTLABEL},
-        {"JOBNUMBER", STATE_JOBNUMBER},         {"ISSUEDIRECTORY", STATE_ISSUEDIRECTORY},
-        {"JOBTITLE", STATE_JOBTITLE},           {"OFFICEDETAILS", STATE_OFFICEDETAILS},
-        {"CLIENTTITLE", STATE_CLIENTTITLE},     {"DWGSTATUS", STATE_DWGSTATUS},
-        {"DWGDISCIPLINE", STATE_DWGDISCIPLINE}, {"ISSUE", STATE_ISSUE},
-        {"CADSTANDARDS", STATE_CADSTANDARDS},   {"TITLEBLOCKS", STATE_TITLEBLOCKS},
-        {"MOCKBORDERS", STATE_MOCKBORDERS},
-    };
-    for (const auto& [sName, state] : aKeywords) {
-        if (sKeyword == sName)
-            return state;
+    for (const Keyword& keyword : kKeywords) {
+        if (sKeyword == keyword.sName)
+            return keyword.state;
     }
     return STATE_SKIP;
+}
+
+std::vector<std::string> CSettingsFileReader::getKeywords()
+{
+    std::vector<std::string> vecNames;
+    for (const Keyword& keyword : kKeywords)
+        vecNames.push_back(keyword.sName);
+    return vecNames;
 }
 
 void CSettingsFileReader::closeBlock()
@@ -98,7 +110,7 @@ void CSettingsFileReader::closeBlock()
     m_state = STATE_TOP;
 }
 
-void CSettingsFileReader::readBlockLine(const CString& sLine)
+CSettingsFileReader::Line CSettingsFileReader::readBlockLine(const CString& sLine)
 {
     const auto [sKey, sValue] = splitLine(viewOf(sLine));
     switch (m_state) {
@@ -137,12 +149,12 @@ void CSettingsFileReader::readBlockLine(const CString& sLine)
         break;
     case STATE_TITLEBLOCKS:
     case STATE_MOCKBORDERS:
-        readGroupLine(sKey, sValue);
-        break;
+        return readGroupLine(sKey, sValue);
     default:
         ::MessageBoxA(nullptr, sLine, "Not reading any section", MB_OK | MB_ICONERROR);
         TESK_ASSERT(false);
     }
+    return Line::Passed;
 }
 
 void CSettingsFileReader::readProjectPath(const CString& sInput)
@@ -189,7 +201,7 @@ void CSettingsFileReader::readCadStandard(const CString& sKey, const CString& sV
     m_settings.m_mapCadStandards[sKey] = sValue;
 }
 
-void CSettingsFileReader::readGroupLine(const CString& sKey, const CString& sValue)
+CSettingsFileReader::Line CSettingsFileReader::readGroupLine(const CString& sKey, const CString& sValue)
 {
     if (sKey == "CATEGORY")
         m_group.m_sCategory = sValue;
@@ -204,17 +216,20 @@ void CSettingsFileReader::readGroupLine(const CString& sKey, const CString& sVal
     else if (sKey == "LOCATIONPATH")
         m_group.m_sLocationPath = sValue;
     else if (sKey == "BORDER")
-        readBorder(viewOf(sValue));
-    else
+        return readBorder(viewOf(sValue)) ? Line::Border : Line::IgnoredBorder;
+    else {
         m_group.m_mapOther[sKey] = toCString(MultiByte::withoutQuotes(viewOf(sValue)));
+        return Line::Mapping;
+    }
+    return Line::Passed;
 }
 
-void CSettingsFileReader::readBorder(std::string_view sValue)
+bool CSettingsFileReader::readBorder(std::string_view sValue)
 {
     std::vector<std::string> vecFields = scanQuoted(sValue);
     if (vecFields.size() != 6 && vecFields.size() != 5 && vecFields.size() != 2) {
         TESK_TRACE("** Invalid border entry.\n");
-        return;
+        return false;
     }
     vecFields.resize(6);
     CBorderEntry border;
@@ -223,6 +238,7 @@ void CSettingsFileReader::readBorder(std::string_view sValue)
     for (std::size_t i = 0; i < border.m_aFields.size(); ++i)
         border.m_aFields[i] = toCString(vecFields[i + 2]);
     m_group.m_vecBorders.push_back(std::move(border));
+    return true;
 }
 
 }  // namespace Tesk

@@ -6,6 +6,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace Tesk {
 
@@ -14,8 +16,31 @@ public:
     // Relative project paths are below `sFolder`, which ends in a backslash.
     CSettingsFileReader(CSettingsFile& settings, std::string sFolder);
 
+    // What became of a line.
+    enum class Line {
+        Passed,  // empty, a comment, a brace, or read without any further difference
+        Keyword,
+        UnknownKeyword,  // skipped with its block
+        Border,
+        IgnoredBorder,
+        Mapping,
+    };
+
     // Takes the next line of the file, as read.
-    void readLine(std::string_view sLine);
+    Line readLine(std::string_view sLine);
+
+    // The block being read is one of title blocks; at the file's end that means that its
+    // end is missing, and the block ignored.
+    bool isInTitleBlock() const { return m_state == STATE_TITLEBLOCKS; }
+    // The group being read.
+    const CBlockGroup& getGroup() const { return m_group; }
+
+    // Key, in upper case, and value of a trimmed line, divided at its first space or tab.
+    static std::pair<CString, CString> splitLine(std::string_view sLine);
+    // How many quoted fields a BORDER line has, up to six.
+    static std::size_t countFields(std::string_view sValue);
+    // The keywords that begin a block which is read.
+    static std::vector<std::string> getKeywords();
 
 private:
     enum State {
@@ -36,15 +61,21 @@ private:
         STATE_MOCKBORDERS
     };
 
+    struct Keyword {
+        const char* sName;
+        State state;
+    };
+    static const Keyword kKeywords[13];
+
     static State stateOf(const CString& sKeyword);
 
     void closeBlock();
-    void readBlockLine(const CString& sLine);
+    Line readBlockLine(const CString& sLine);
     void readProjectPath(const CString& sInput);
     void readIssue(const CString& sKey, const CString& sValue);
     void readCadStandard(const CString& sKey, const CString& sValue);
-    void readGroupLine(const CString& sKey, const CString& sValue);
-    void readBorder(std::string_view sValue);
+    Line readGroupLine(const CString& sKey, const CString& sValue);
+    bool readBorder(std::string_view sValue);
 
     CSettingsFile& m_settings;
     const std::string m_sFolder;

@@ -77,6 +77,8 @@ CCache<int> g_specialFolders(64);
 CCache<HMODULE> g_moduleFiles(1);  // the present one's alone: a handle may come again
 CCache<std::string> g_longFolders(1);
 
+std::string g_sStandIn;  // for the module's file; empty for the module itself
+
 // The shell takes its time; the folders stay what they are while the process runs.
 std::string specialFolder(int iFolder) { return g_specialFolders.get(iFolder, readSpecialFolder); }
 
@@ -84,6 +86,8 @@ std::string specialFolder(int iFolder) { return g_specialFolders.get(iFolder, re
 // directly, since an assertion report asks for this path too.
 std::string moduleFile()
 {
+    if (isLookOnly())
+        return g_sStandIn;
     if (!G_bLibraryInitialised)
         g_moduleFiles.clear();
     return g_moduleFiles.get(G_hCurrentModule, [](HMODULE hModule) -> std::string {
@@ -144,6 +148,8 @@ std::string diagnosticsLog()
     return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + PathParts(sModule).sBase + ".log");
 }
 
+int createFlag() { return isLookOnly() ? 0 : CSIDL_FLAG_CREATE; }
+
 std::string rawLocation(int iWhere)
 {
     switch (iWhere) {
@@ -158,9 +164,9 @@ std::string rawLocation(int iWhere)
     case LOCATION_DIR_TEMP:
         return getTempFolder().GetString();
     case LOCATION_DIR_USERAPPDATA:
-        return specialFolder(CSIDL_APPDATA | CSIDL_FLAG_CREATE);
+        return specialFolder(CSIDL_APPDATA | createFlag());
     case LOCATION_DIR_USERLOCALAPPDATA:
-        return specialFolder(CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE);
+        return specialFolder(CSIDL_LOCAL_APPDATA | createFlag());
     case LOCATION_DIR_USERZAVIKDATA:
         return below(LOCATION_DIR_USERAPPDATA, "Zavik");
     case LOCATION_DIR_USERLOCALZAVIKDATA:
@@ -218,6 +224,10 @@ bool environment(const char* sName, std::string& sValue)
 }
 
 }  // namespace
+
+void lookOnlyAs(const char* sModuleFile) { g_sStandIn = sModuleFile; }
+
+bool isLookOnly() { return !g_sStandIn.empty(); }
 
 CString getLocation(int iWhere)
 {

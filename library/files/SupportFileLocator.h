@@ -40,6 +40,12 @@ enum Location {
 // Never raises.
 CString getLocation(int iWhere);
 
+// For a program that looks on the module's behalf: from now on this path, of a file that
+// need not exist, stands for the module's, and no look-up changes anything: an
+// administrator's registry values are used but not copied, and no folder is made.
+void lookOnlyAs(const char* sModuleFile);
+bool isLookOnly();
+
 // The first temporary folder that exists, else empty.
 CString getTempFolder();
 

@@ -74,10 +74,11 @@ class ExtrasTest(ExtrasBase):
     def test_the_path_for_colleagues(self):
         self.switch_on(**EVERYTHING)
         share = PREFIX / "dosdevices/unc/server/cad share"
-        share.parent.mkdir(parents=True, exist_ok=True)
+        share.parent.mkdir(parents=True)
         drive = PREFIX / "dosdevices/q:"
         wine("reg", "add", r"HKLM\Software\Wine\Drives", "/v", "q:", "/d", "network", "/f")
         with contextlib.ExitStack() as undo:
+            undo.callback(shutil.rmtree, share.parents[1])
             undo.callback(wine, "reg", "delete", r"HKLM\Software\Wine\Drives", "/v", "q:", "/f")
             for link, target in ((share, self.folder / "Projects"), (drive, "unc/server/cad share")):
                 link.unlink(missing_ok=True)

@@ -1,0 +1,95 @@
+#include "tabscheck/Console.h"
+
+#include "library/text/CodePage.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace tabscheck {
+
+namespace {
+
+constexpr std::size_t kBlock = 64 * 1024;
+
+std::string encode(std::string_view sText, UINT uCodePage)
+{
+    const std::wstring sWide = Tesk::toWide(sText);
+    const int length = static_cast<int>(sWide.size());
+    const int size = ::WideCharToMultiByte(uCodePage, 0, sWide.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string sBytes(static_cast<std::size_t>(std::max(size, 0)), '\0');
+    ::WideCharToMultiByte(uCodePage, 0, sWide.data(), length, sBytes.data(), size, nullptr, nullptr);
+    return sBytes;
+}
+
+bool isTerminal(HANDLE handle)
+{
+    DWORD mode = 0;
+    return ::GetConsoleMode(handle, &mode) != FALSE;
+}
+
+}  // namespace
+
+std::string toUtf8(std::string_view sText) { return encode(sText, CP_UTF8); }
+
+// A program without a console, such as at the end of a pipe, writes in the code page that
+// a console would have.
+Console::Console()
+    : m_output(::GetStdHandle(STD_OUTPUT_HANDLE)),
+      m_errors(::GetStdHandle(STD_ERROR_HANDLE)),
+      m_terminal(isTerminal(m_errors)),
+      m_codePage(::GetConsoleOutputCP())
+{
+    if (m_codePage == 0)
+        m_codePage = ::GetOEMCP();
+}
+
+Console::~Console() { flush(); }
+
+std::string Console::toConsole(std::string_view sText) const { return encode(sText, m_codePage); }
+
+void Console::print(std::string_view sText) { printBytes(toConsole(sText)); }
+
+void Console::printBytes(std::string_view sBytes)
+{
+    m_pending += sBytes;
+    if (m_pending.size() >= kBlock)
+        flush();
+}
+
+void Console::complain(std::string_view sText)
+{
+    flush();
+    write(m_errors, toConsole(sText) + "\r\n");
+}
+
+void Console::progress(std::string_view sText)
+{
+    if (!m_terminal)
+        return;
+    std::string sLine = toConsole(sText);
+    const std::size_t length = sLine.size();
+    sLine.resize(std::max(length, m_progress), ' ');
+    m_progress = length;
+    write(m_errors, "\r" + sLine + "\r");
+}
+
+void Console::flush()
+{
+    m_failed |= !write(m_output, m_pending);
+    m_pending.clear();
+}
+
+bool Console::write(void* handle, std::string_view sBytes)
+{
+    while (!sBytes.empty()) {
+        const auto size = static_cast<DWORD>(std::min(sBytes.size(), kBlock));
+        DWORD written = 0;
+        if (!::WriteFile(handle, sBytes.data(), size, &written, nullptr) || written == 0)
+            return false;
+        sBytes.remove_prefix(written);
+    }
+    return true;
+}
+
+}  // namespace tabscheck

@@ -1,0 +1,46 @@
+#pragma once
+
+// The program's two outputs. Texts come in the thread's ANSI code page.
+
+#include <string>
+#include <string_view>
+
+namespace tabscheck {
+
+class Console {
+public:
+    Console();
+    ~Console();
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
+
+    // In the console's code page.
+    void print(std::string_view sText);
+    // As they are.
+    void printBytes(std::string_view sBytes);
+    // To the error output, in the console's code page, with a line end.
+    void complain(std::string_view sText);
+    // Overwrites the last progress on the error output, where that is a terminal.
+    void progress(std::string_view sText);
+    void flush();
+    // Some output, other than complaints, could not be written.
+    bool failed() const { return m_failed; }
+
+private:
+    // False when the bytes cannot be written.
+    static bool write(void* handle, std::string_view sBytes);
+    std::string toConsole(std::string_view sText) const;
+
+    void* m_output;
+    void* m_errors;
+    bool m_terminal;
+    bool m_failed = false;
+    std::size_t m_progress = 0;
+    unsigned m_codePage;
+    std::string m_pending;
+};
+
+// In UTF-8.
+std::string toUtf8(std::string_view sText);
+
+}  // namespace tabscheck

@@ -1,0 +1,159 @@
+#include "tabscheck/Folders.h"
+
+#include "library/files/FileSearch.h"
+#include "library/files/PathParts.h"
+#include "library/system/Handles.h"
+#include "library/text/MultiByte.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace tabscheck {
+
+namespace {
+
+using Tesk::MultiByte::equalNoCase;
+
+bool isDrawingName(const std::string& sPath)
+{
+    const std::string sExtension = Tesk::PathParts(sPath).sExtension;
+    return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
+}
+
+bool isFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+
+// Not there, as opposed to: there is no way to tell.
+bool isMissing(DWORD error)
+{
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
+}
+
+bool isNameless(const char* sName) { return std::string_view(sName) == "." || std::string_view(sName) == ".."; }
+
+}  // namespace
+
+std::string systemReason(unsigned long code)
+{
+    switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+        return "no such file or folder";
+    case ERROR_ACCESS_DENIED:
+        return "access denied";
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+        return "in use by another program";
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_DEV_TYPE:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_NETWORK_UNREACHABLE:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_UNEXP_NET_ERR:
+    case ERROR_REM_NOT_LIST:
+        return "the network share cannot be reached";
+    case ERROR_NOT_READY:
+        return "the drive is not ready";
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_BUFFER_OVERFLOW:
+        return "the path is longer than Windows programs can open";
+    default:
+        return "system error " + std::to_string(code);
+    }
+}
+
+std::string fullPath(const std::string& sPath)
+{
+    std::string sFull(MAX_PATH, '\0');
+    for (;;) {
+        const auto size = static_cast<DWORD>(sFull.size());
+        const DWORD length = ::GetFullPathNameA(sPath.c_str(), size, sFull.data(), nullptr);
+        if (length == 0)
+            return sPath;
+        sFull.resize(length);
+        if (length < size)
+            return sFull;
+    }
+}
+
+std::string existingFolder(const std::string& sPath)
+{
+    const std::string sFull = fullPath(sPath);
+    return Tesk::folderExists(sFull.c_str()) ? Tesk::withBackslash(sFull) : "";
+}
+
+void DrawingFinder::add(const std::string& sPath)
+{
+    const std::string sFull = fullPath(sPath);
+    if (!fits(sFull))
+        return;
+    const DWORD attributes = ::GetFileAttributesA(sFull.c_str());
+    const DWORD error = ::GetLastError();
+    if (attributes != INVALID_FILE_ATTRIBUTES) {
+        if (isFolder(attributes))
+            addFolder(Tesk::withBackslash(sFull));
+        else
+            m_found(sFull);
+    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::PathParts(sFull).parent()).empty()) {
+        m_found(sFull);
+    } else {
+        m_tell(sPath, systemReason(error), true);
+    }
+}
+
+bool DrawingFinder::fits(const std::string& sPath)
+{
+    if (sPath.size() < MAX_PATH)
+        return true;
+    m_tell(sPath, systemReason(ERROR_FILENAME_EXCED_RANGE), true);
+    return false;
+}
+
+// A folder that was entered before, by whichever way, is not entered again: links may lead
+// in a circle.
+bool DrawingFinder::enter(const std::string& sFolder)
+{
+    const UniqueHandle folder(::CreateFileA(sFolder.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!folder || !::GetFileInformationByHandle(folder.get(), &facts))
+        return true;  // what is wrong, if anything, the listing tells
+    const unsigned long long index = static_cast<unsigned long long>(facts.nFileIndexHigh) << 32 | facts.nFileIndexLow;
+    if (m_entered.insert({facts.dwVolumeSerialNumber, index}).second)
+        return true;
+    m_tell(sFolder, "a folder that was checked already under another path: not followed", false);
+    return false;
+}
+
+void DrawingFinder::addFolder(const std::string& sFolder)
+{
+    if (!fits(sFolder + "*") || !enter(sFolder))
+        return;
+    std::vector<std::string> folders, drawings;
+    WIN32_FIND_DATAA entry;
+    const UniqueFind find(::FindFirstFileA((sFolder + "*").c_str(), &entry));
+    DWORD error = find ? ERROR_SUCCESS : ::GetLastError();
+    while (error == ERROR_SUCCESS) {
+        const std::string sName = entry.cFileName;
+        if (isFolder(entry.dwFileAttributes) && !isNameless(entry.cFileName))
+            folders.push_back(sName);
+        else if (!isFolder(entry.dwFileAttributes) && isDrawingName(sName))
+            drawings.push_back(sName);
+        error = ::FindNextFileA(find.get(), &entry) ? ERROR_SUCCESS : ::GetLastError();
+    }
+    if (error != ERROR_NO_MORE_FILES && error != ERROR_FILE_NOT_FOUND)
+        m_tell(sFolder, systemReason(error), true);
+
+    std::sort(folders.begin(), folders.end());
+    std::sort(drawings.begin(), drawings.end());
+    for (const std::string& sName : drawings) {
+        if (fits(sFolder + sName))
+            m_found(sFolder + sName);
+    }
+    for (const std::string& sName : folders)
+        addFolder(sFolder + sName + "\\");
+}
+
+}  // namespace tabscheck

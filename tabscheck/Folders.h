@@ -1,0 +1,48 @@
+#pragma once
+
+// From the paths of the command line to drawings. What cannot be looked into is told, and
+// the rest goes on.
+
+#include <functional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tabscheck {
+
+class DrawingFinder {
+public:
+    // `tell` hears a path and what is wrong with it; `unreadable` when that is reason to
+    // say that not everything was checked.
+    using Tell = std::function<void(const std::string& sPath, const std::string& sReason, bool unreadable)>;
+    using Found = std::function<void(const std::string& sPath)>;
+
+    DrawingFinder(Found found, Tell tell) : m_found(std::move(found)), m_tell(std::move(tell)) {}
+
+    // A drawing, which need not exist, or a folder: then all drawings below it, folder by
+    // folder, in the order of their names. Full paths come out.
+    void add(const std::string& sPath);
+
+private:
+    using FileId = std::pair<unsigned long, unsigned long long>;
+
+    void addFolder(const std::string& sFolder);
+    bool enter(const std::string& sFolder);
+    bool fits(const std::string& sPath);
+
+    Found m_found;
+    Tell m_tell;
+    std::set<FileId> m_entered;
+};
+
+// The folder's full path ends in a backslash. Empty when there is no such folder.
+std::string existingFolder(const std::string& sPath);
+
+// The full form of a path; the path itself when it has none.
+std::string fullPath(const std::string& sPath);
+
+// What the system says about an error of a file or folder, in a few words.
+std::string systemReason(unsigned long code);
+
+}  // namespace tabscheck

@@ -1,0 +1,50 @@
+#pragma once
+
+// The project settings file and the two of the same form that stand behind it, read as the
+// product reads them, with what each line gave.
+
+#include "tabscheck/Report.h"
+#include "tabscheck/SourceFile.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tabscheck {
+
+struct ProjectFile {
+    Place place;
+    std::string label;
+    struct Group {
+        std::vector<Border> borders;
+        std::vector<Mapping> mapping;
+    };
+    std::vector<Group> groups;  // of title blocks
+    std::vector<Problem> problems;
+};
+
+// The files for one drawing, in the order in which the strip asks them.
+struct ProjectFindings {
+    std::string root;
+    std::vector<const ProjectFile*> files;
+
+    const ProjectFile* find(const std::string& sPath) const;
+    // The label of the project's own file.
+    std::string label() const;
+};
+
+class ProjectCheck {
+public:
+    explicit ProjectCheck(SourceFiles& files) : m_files(files) {}
+
+    ProjectFindings of(const std::string& sDrawing);
+
+private:
+    const ProjectFile& get(Layer layer, const std::string& sPath);
+    ProjectFile read(Layer layer, const std::string& sPath);
+
+    SourceFiles& m_files;
+    std::map<std::string, ProjectFile> m_read;
+};
+
+}  // namespace tabscheck

@@ -1,0 +1,64 @@
+#include "tabscheck/Spelling.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tabscheck {
+
+namespace {
+
+constexpr std::size_t kLongestWord = 64;  // no known word is longer
+
+std::string lower(std::string_view sWord)
+{
+    std::string sLower(sWord);
+    for (char& c : sLower)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return sLower;
+}
+
+// Edits, a swap of neighbours counting as one.
+std::size_t distance(const std::string& sOne, const std::string& sOther)
+{
+    std::vector<std::vector<std::size_t>> rows(sOne.size() + 1, std::vector<std::size_t>(sOther.size() + 1));
+    for (std::size_t i = 0; i <= sOne.size(); ++i) {
+        for (std::size_t j = 0; j <= sOther.size(); ++j) {
+            if (i == 0 || j == 0) {
+                rows[i][j] = i + j;
+                continue;
+            }
+            const std::size_t change = sOne[i - 1] == sOther[j - 1] ? 0 : 1;
+            rows[i][j] = std::min({rows[i - 1][j] + 1, rows[i][j - 1] + 1, rows[i - 1][j - 1] + change});
+            if (i > 1 && j > 1 && sOne[i - 1] == sOther[j - 2] && sOne[i - 2] == sOther[j - 1])
+                rows[i][j] = std::min(rows[i][j], rows[i - 2][j - 2] + 1);
+        }
+    }
+    return rows.back().back();
+}
+
+}  // namespace
+
+std::string nearest(std::string_view sWord, const std::vector<std::string>& words)
+{
+    if (sWord.size() > kLongestWord)
+        return {};
+    const std::string sLower = lower(sWord);
+    std::string sBest;
+    std::size_t best = std::max<std::size_t>(sWord.size() / 3, 1) + 1;
+    for (const std::string& sKnown : words) {
+        const std::size_t edits = distance(sLower, lower(sKnown));
+        if (edits < best) {
+            best = edits;
+            sBest = sKnown;
+        }
+    }
+    return sBest;
+}
+
+std::string suggestion(std::string_view sWord, const std::vector<std::string>& words)
+{
+    const std::string sNearest = nearest(sWord, words);
+    return sNearest.empty() ? "" : "; did you mean \"" + sNearest + "\"?";
+}
+
+}  // namespace tabscheck

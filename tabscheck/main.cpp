@@ -1,0 +1,207 @@
+// tabscheck [--root FOLDER] [--release R] [--product P] [--json] [--strict] PATH...: which
+// file said so. It shows for each drawing where the strip's texts come from, and what is
+// wrong where. It never writes.
+
+#include "host/drawing/HostServices.h"
+#include "library/diagnostics/ApplicationID.h"
+#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/Maintenance.h"
+#include "library/files/FileSearch.h"
+#include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
+#include "tabscheck/Console.h"
+#include "tabscheck/DrawingCheck.h"
+#include "tabscheck/Folders.h"
+#include "tabscheck/JsonReport.h"
+#include "tabscheck/TextReport.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <string>
+#include <vector>
+
+// File names are taken as they are, with no wildcards. (The C runtime's own name.)
+extern "C" int _CRT_glob;
+int _CRT_glob = 0;
+
+namespace tabscheck {
+
+namespace {
+
+constexpr const char* kUsage = "Shows which file gives the document tabs their texts, and what is wrong where.\r\n"
+                               "\r\n"
+                               "  tabscheck [--root FOLDER] [--release R] [--product P] [--json] [--strict] PATH...\r\n"
+                               "\r\n"
+                               "PATH      a drawing, which need not exist, or a folder: all drawings below it\r\n"
+                               "--root    the application root, where that is not this program's folder\r\n"
+                               "--release, --product\r\n"
+                               "          the host that is asked for, as in MDITabs16.0.ini and\r\n"
+                               "          MDITabsAutoCAD_16.0.ini (16.0 and AutoCAD)\r\n"
+                               "--json    for programs, in UTF-8\r\n"
+                               "--strict  warnings count as problems\r\n"
+                               "\r\n"
+                               "Exit code: 0 no problems, 1 problems, 2 something could not be checked.\r\n";
+
+enum ExitCode { kClean = 0, kProblems = 1, kUnchecked = 2 };
+
+constexpr const char* kModule = "ZavikMDITabs";
+
+struct Arguments {
+    std::string root;
+    std::string release = "16.0";
+    std::string product = "AutoCAD";
+    bool json = false;
+    bool strict = false;
+    bool help = false;
+    std::vector<std::string> paths;
+    std::string error;
+};
+
+Arguments parse(int count, char** words)
+{
+    Arguments arguments;
+    bool options = true;
+    for (int i = 1; i < count; ++i) {
+        const std::string sWord = words[i];
+        std::string* pValue = sWord == "--root"      ? &arguments.root
+                              : sWord == "--release" ? &arguments.release
+                              : sWord == "--product" ? &arguments.product
+                                                     : nullptr;
+        if (!options || sWord.substr(0, 2) != "--")
+            arguments.paths.push_back(sWord);
+        else if (sWord == "--")
+            options = false;
+        else if (sWord == "--json")
+            arguments.json = true;
+        else if (sWord == "--strict")
+            arguments.strict = true;
+        else if (sWord == "--help")
+            arguments.help = true;
+        else if (pValue != nullptr && i + 1 < count)
+            *pValue = words[++i];
+        else
+            arguments.error = "\"" + sWord + "\" is unknown or lacks its value";
+    }
+    if (arguments.paths.empty() && arguments.error.empty())
+        arguments.error = "which drawing or folder?";
+    return arguments;
+}
+
+// The module's file as the library's rules want it: below "Components" where an
+// installation has that folder. Empty when there is no such root.
+std::string moduleFile(const std::string& sRoot)
+{
+    if (sRoot.empty()) {
+        char sProgram[MAX_PATH * 4] = "";
+        ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
+        return Tesk::PathParts(sProgram).parent() + kModule + ".arx";
+    }
+    const std::string sFolder = existingFolder(sRoot);
+    const std::string sComponents = sFolder + "Components\\" + kModule + ".arx";
+    if (sFolder.empty())
+        return {};
+    return Tesk::fileExists(sComponents.c_str()) ? sComponents : sFolder + kModule + ".arx";
+}
+
+class Program {
+public:
+    explicit Program(const Arguments& arguments) : m_arguments(arguments)
+    {
+        if (m_arguments.json)
+            m_json.emplace(m_console);
+        else
+            m_text.emplace(m_console);
+    }
+
+    ExitCode run()
+    {
+        DrawingFinder finder([this](const std::string& sDrawing) { check(sDrawing); },
+                             [this](const std::string& sPath, const std::string& sReason, bool unreadable) {
+                                 m_unchecked |= unreadable;
+                                 m_console.progress("");
+                                 m_console.complain("tabscheck: " + sPath + ": " + sReason);
+                             });
+        for (const std::string& sPath : m_arguments.paths)
+            finder.add(sPath);
+        m_console.progress("");
+        if (m_json)
+            m_json->finish();
+        else
+            m_text->finish();
+        m_console.flush();
+        if (m_unchecked || m_console.failed())
+            return kUnchecked;
+        return m_problems ? kProblems : kClean;
+    }
+
+private:
+    void check(const std::string& sDrawing)
+    {
+        m_console.progress(std::to_string(++m_count) + "  " + sDrawing.substr(0, 70));
+        try {
+            DrawingReport report = m_check.check(sDrawing);
+            m_unchecked |= report.unreadable;
+            for (const Problem& problem : report.findings.problems)
+                m_problems |= problem.error || m_arguments.strict;
+            if (m_json)
+                m_json->add(report);
+            else
+                m_text->add(std::move(report));
+        } catch (CException* pException) {
+            fail(sDrawing, Tesk::takeExceptionText(pException).GetString());
+        } catch (const std::exception& exception) {
+            fail(sDrawing, exception.what());
+        }
+    }
+
+    void fail(const std::string& sDrawing, const std::string& sReason)
+    {
+        m_unchecked = true;
+        m_console.complain("tabscheck: " + sDrawing + ": " + sReason);
+    }
+
+    const Arguments& m_arguments;
+    Console m_console;
+    DrawingCheck m_check;
+    std::optional<TextReport> m_text;
+    std::optional<JsonReport> m_json;
+    std::size_t m_count = 0;
+    bool m_problems = false;
+    bool m_unchecked = false;
+};
+
+ExitCode run(const Arguments& arguments)
+{
+    if (arguments.help) {
+        Console().print(kUsage);
+        return kClean;
+    }
+    if (!arguments.error.empty()) {
+        Console().complain("tabscheck: " + arguments.error + "\r\n\r\n" + kUsage);
+        return kUnchecked;
+    }
+    const std::string sModuleFile = moduleFile(arguments.root);
+    if (sModuleFile.empty()) {
+        Console().complain("tabscheck: " + arguments.root + ": no such folder");
+        return kUnchecked;
+    }
+    Tesk::lookOnlyAs(sModuleFile.c_str());
+    Tesk::G_sApplicationName = kModule;
+    Tesk::G_pApplicationID = std::make_unique<Tesk::CApplicationID>(sModuleFile.c_str());
+    host::describeHost(arguments.release, arguments.product);
+    return Program(arguments).run();
+}
+
+}  // namespace
+
+}  // namespace tabscheck
+
+int main(int count, char** words)
+{
+    // A share or a drive that is gone is told, not asked for in a box.
+    ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    return tabscheck::run(tabscheck::parse(count, words));
+}

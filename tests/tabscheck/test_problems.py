@@ -1,0 +1,91 @@
+"""Every kind of problem, with its file, line and column: what tabscheck says is wrong, and nothing else."""
+import pathlib
+import unittest
+
+from checker import ANSI, CONSOLE, CheckerTest, drawing
+
+PROJECT = "PROJECTLABEL\n{\n  P\n}\n"
+# A title block of the project, and a drawing that holds it.
+BORDER = PROJECT + 'TITLEBLOCKS\n{\n  BORDER "A" "B1"\n  NUMBER NO\n}\n'
+NUMBERED = drawing(["B1"], [("B1", {"NO": "7"})])
+LATE_SECTION = {"ProjectSettings.txt": PROJECT, "Settings/support/MDITabs.ini": "PopupSaveText=P\n[Tabs]\nModifiedText=x\n",
+                "MDITabs.ini": "PopupCloseText=C\n"}
+
+# (kind, files of the drawing's folder, problems as (file, line, column, severity, text))
+ROWS = [
+    ("a line without =", {"MDITabs.ini": "PopupSaveText=S\n  no key\n"},
+     [("MDITabs.ini", 2, 3, "error", 'no "=".*drops this whole copy')]),
+    ("a header without ], and one that swallows", {"MDITabs.ini": "[Tabs] ; note\nPopupSaveText=S\n[Tabs]\nModifiedText=x\n"},
+     [("MDITabs.ini", 1, 1, "warning", 'does not end in "]".*no section, and are read'),
+      ("MDITabs.ini", 3, 1, "error", r"\[Tabs\] swallows the keys below it: ModifiedText$")]),
+    ("a section before keys and later files", LATE_SECTION,
+     [("Settings/support/MDITabs.ini", 2, 1, "error",
+       r"\[Tabs\] swallows the keys below it: ModifiedText; and keys of later files: PopupCloseText \(.*MDITabs.ini:1\)")]),
+    ("a section of somebody else", {"MDITabs.ini": "PopupSaveText=S\n[Others]\nColour=red\n[]\nPopupCloseText=C\n"}, []),
+    ("unknown keys", {"MDITabs.ini": "PopupSvaeText=S\nColour=red\nPOPUPCLOSETEXT=C\n"},
+     [("MDITabs.ini", 1, 1, "warning", 'unknown key "PopupSvaeText".*mean "PopupSaveText"'),
+      ("MDITabs.ini", 2, 1, "warning", 'unknown key "Colour": the strip does not read it$')]),
+    ("unknown tokens", {"MDITabs.ini": "TooltipText= 100% of 5%10% %PATH%, %PAHT% %X_PATH%%HALVORAN::NUMBR%\n"},
+     [("MDITabs.ini", 1, 36, "warning", '%PAHT% stays.*no such keyword.*mean "PATH"'),
+      ("MDITabs.ini", 1, 51, "warning", '%HALVORAN::NUMBR% stays.*no mapping.*mean "HALVORAN::NUMBER"')]),
+    ("a token that the border's mapping lacks",
+     {"ProjectSettings.txt": BORDER, "MDITabs.ini": "TooltipText=%HALVORAN::NUMBER%%HALVORAN::TITLE%\n", "D.dwg": NUMBERED},
+     [("MDITabs.ini", 1, 31, "warning", "%HALVORAN::TITLE% stays.*no mapping")]),
+    ("date formats", {"MDITabs.ini": f"TooltipText=%CURRENT_DATE::|Q%%UPDATE_DATE::|Y%%UPDATE_DATE%%CURRENT_DATE::{'|Y' * 32}%\n"},
+     [("MDITabs.ini", 1, 13, "error", r'shows nothing.*"\|Q"'),
+      ("MDITabs.ini", 1, 48, "warning", "%UPDATE_DATE% stays.*needs a format"),
+      ("MDITabs.ini", 1, 61, "error", "shows nothing")]),
+    ("a mapping that the border lacks",
+     {"ProjectSettings.txt": BORDER.replace("NUMBER NO", "NUMBER NO\n  T  'NOPE'"), "D.dwg": NUMBERED,
+      "MDITabs.ini": "TooltipText=%HALVORAN::NUMBER%\n"},
+     [("ProjectSettings.txt", 9, 7, "warning", '"B1" has no attribute "NOPE"')]),
+    ("border lines", {"ProjectSettings.txt": PROJECT + 'TITLEBLOCKS\n{\n BORDER "A" "B" "C"\n BORDER "" "B"\n BORDER "A" "B" "1" "2" "3"\n}\n'},
+     [("ProjectSettings.txt", 7, 2, "error", "ignored: it has 3 quoted fields where 2, 5 or 6"),
+      ("ProjectSettings.txt", 8, 2, "error", "ignored: it has 0 quoted fields")]),
+    ("unknown keywords", {"ProjectSettings.txt": "ProjectLable\n{\n  P\n}\n// x\nCOLOURS\n{\n}\n"},
+     [("ProjectSettings.txt", 1, 1, "warning", 'unknown keyword "ProjectLable".*mean "PROJECTLABEL"'),
+      ("ProjectSettings.txt", 6, 1, "warning", 'unknown keyword "COLOURS": skipped with its block$')]),
+    ("a block without an end", {"ProjectSettings.txt": PROJECT + 'TITLEBLOCKS\n{\n BORDER "A" "B"\n'},
+     [("ProjectSettings.txt", 5, 1, "error", 'no "}": its borders and mappings are ignored')]),
+    ("UTF-8 with its mark", {"MDITabs.ini": b"\xef\xbb\xbfPopupSaveText=S\r\n", "ProjectSettings.txt": b"\xef\xbb\xbf" + PROJECT.encode()},
+     [("MDITabs.ini", 1, 1, "error", 'in UTF-8, which is not read.*"Unicode"'),
+      ("ProjectSettings.txt", 1, 1, "error", "in UTF-8.*save it as ANSI$")]),
+    ("UTF-16 of either kind", {"MDITabs.ini": b"\xfe\xff" + "PopupSaveText=S".encode("utf-16-be"), "ProjectSettings.txt": "JOBNUMBER".encode("utf-16")},
+     [("MDITabs.ini", 1, 1, "error", "in UTF-16, big-endian"), ("ProjectSettings.txt", 1, 1, "error", "in UTF-16, which")]),
+    ("UTF-16 that is read", {"MDITabs.ini": "PopupSaveText=Sé\r\n".encode("utf-16")}, []),
+    ("a zero byte", {"MDITabs.ini": b"PopupSaveText=S\r\nPopupCloseText=a\0b\r\n"}, [("MDITabs.ini", 2, 17, "warning", "a zero byte")]),
+    ("a drawing cut off", {"D.dwg": NUMBERED[:400]}, [("D.dwg", 87, 1, "error", "the drawing cannot be read: ")]),
+]
+
+
+class ProblemsTest(CheckerTest):
+    def test_each_kind_is_told_where_it_stands(self):
+        for number, (_, files, _) in enumerate(ROWS):
+            self.write({f"rows/{number:02}/{name}": contents for name, contents in {"D.dwg": drawing(), **files}.items()})
+        reports = self.reports("rows")
+        self.assertEqual(len(reports), len(ROWS))
+        text = self.check("rows")[1].decode(CONSOLE).replace("\r", "")
+        for number, (kind, files, expected) in enumerate(ROWS):
+            with self.subTest(kind):
+                folder = f"rows/{number:02}"
+                found = reports[self.path(f"{folder}/D.dwg")]["problems"]
+                wanted = [(self.path(f"{folder}/{name}"), *rest) for name, *rest in expected]
+                self.assertEqual([(p["file"], p["line"], p["column"], p["severity"]) for p in found],
+                                 [entry[:4] for entry in wanted])
+                for problem, (*_, words) in zip(found, wanted):
+                    self.assertRegex(problem["text"], words)
+                    self.assert_shown(text, problem)
+
+    def assert_shown(self, text, problem):
+        """The line of the report, below it the line of the file and a caret in the column."""
+        place = f"{problem['file']}:{problem['line']}:{problem['column']}: {problem['severity']}: {problem['text']}\n"
+        self.assertIn(place, text)
+        line, caret = text.partition(place)[2].split("\n")[:2]
+        contents = pathlib.Path(problem["file"][2:].replace("\\", "/")).read_bytes()
+        if len(line) < 64 and b"\0" not in contents and not problem["file"].endswith(".dwg"):
+            self.assertEqual(line[4:], contents.decode(ANSI).splitlines()[problem["line"] - 1])
+            self.assertEqual(caret, "    " + " " * (problem["column"] - 1) + "^")
+
+
+if __name__ == "__main__":
+    unittest.main()
