@@ -1,8 +1,8 @@
 #include "host/application/Application.h"
 
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
 #include "host/drawing/Counted.h"
+#include "host/drawing/Paths.h"
 #include "host/ui/MainFrame.h"
 #include "mfc/MessagePump.h"
 

@@ -1,4 +1,5 @@
 #include "library/files/FileUtilities_TextFiles.h"
+#include "library/text/MultiByte.h"
 
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
@@ -185,4 +186,15 @@ TEST_CASE("a file that does not open raises its error number and path")
     CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + sFolder.str());
     CHECK(vNarrow.empty());
     CHECK(vWide.empty());
+}
+
+TEST_CASE("a capital that the code page lacks leaves the rest of the text alone")
+{
+    const CThreadLocale locale(CThreadLocale::chinese);
+    REQUIRE(Tesk::getThreadCodePage() == 936);
+    // "n" with an acute has two bytes there, and its capital none of its own.
+    const std::string sUpper = Tesk::MultiByte::upper("key \xA8\xBD end");
+    CHECK(sUpper.substr(0, 4) == "KEY ");
+    CHECK(sUpper.substr(sUpper.size() - 4) == " END");
+    CHECK(sUpper.size() == 9);
 }
