@@ -86,11 +86,10 @@ bool Application::executeFile(const std::string& sPath)
 
 void Application::pumpUntilIdle()
 {
-    MessagePump pump;
     MSG message;
     do {
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
-            if (!pump.pumpMessage()) {
+            if (!toolkit::pumpMessage()) {
                 m_quitting = true;
                 return;
             }

@@ -56,7 +56,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
         if (each.m_iAssert >= 0)
             setStartup("AssertStartup", each.m_iAssert != 0);
         folder().folder("Zavik Diagnostics\\");
-        std::ofstream(logFile().str()) << "old";
+        std::ofstream(logFile().GetString()) << "old";
         start();
         CHECK(Tesk::getDiagnosticsLevel() == each.m_iLevel);
         CHECK(Tesk::isTraceEnabled() == (each.m_iLevel == 2));
@@ -108,7 +108,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
     char sHost[MAX_COMPUTERNAME_LENGTH + 1];
     DWORD dwSize = sizeof sHost;
     ::GetComputerNameA(sHost, &dwSize);
-    CHECK(count(sLog, CString("\r\n::HostName=").str() + sHost + "\r\n") == 1);
+    CHECK(count(sLog, std::string("\r\n::HostName=") + sHost + "\r\n") == 1);
     CHECK(count(sLog, "\r\nOS::ProductName=") == 1);
     CHECK(count(sLog, "\r\nFolders::SystemRoot=") == 1);
     CHECK(count(sLog, "\r\nPathLocation::LOCATION_FILE_MODULE=") == 1);
@@ -158,7 +158,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 
 TEST_CASE_FIXTURE(CLibraryFixture, "reports go to the console stream and the log, traces to the log alone")
 {
     startAt(2);
-    const CString sConsole = folder().path("console.txt");
+    const CString sConsole = folder().path("console.txt").c_str();
     const HANDLE hBefore = ::GetStdHandle(STD_ERROR_HANDLE);
     const HANDLE hFile = ::CreateFileA(sConsole, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS, 0, nullptr);
     ::SetStdHandle(STD_ERROR_HANDLE, hFile);

@@ -68,8 +68,8 @@ TEST_CASE("without a file name there are the folders, the names and the current 
     const CExpansion none("");
     CHECK(none.value("PATH") == "(none)");
     CHECK(none.value("DIR_PROJECT_DWG_ROOT") == "(none)");
-    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).str());
-    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).str());
+    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).GetString());
+    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).GetString());
     CHECK(none.value("USER_NAME") != "");
     CHECK(none.value("COMPUTER_NAME") != "");
     CHECK(none.expandString("a%NEWLINE%b") == "a\nb");
@@ -81,7 +81,7 @@ TEST_CASE("without a file name there are the folders, the names and the current 
         const std::string sNow =
             CExpansion("")
                 .expandString(bUTC ? "%CURRENT_DATE_UTC::|Y-|m-|d |H:|M:|S%" : "%CURRENT_DATE::|Y-|m-|d |H:|M:|S%")
-                .str();
+                .GetString();
         CHECK(sBefore <= sNow);
         CHECK(sNow <= Tesk::formatTime(::_time64(nullptr), sFormat, bUTC));
     }

@@ -1,4 +1,5 @@
 #include "library/files/Locator.h"
+#include "library/text/StringView.h"
 
 #include "host/application/Application.h"
 #include "library/diagnostics/Maintenance.h"
@@ -56,7 +57,7 @@ private:
     HMODULE m_hModule = nullptr;
 };
 
-std::string location(int iWhere) { return getLocation(iWhere).str(); }
+std::string location(int iWhere) { return Tesk::toString(getLocation(iWhere)); }
 
 }  // namespace
 
@@ -105,18 +106,17 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
     tree.write("Jobs\\ProjectSettings.txt");
     tree.write("Jobs\\1234\\ProjectSettings.txt");
     tree.folder("Jobs\\1234\\Dwg\\Arch\\");
-    const auto find = [&](const char* sBelow) { return findProjectFolder(tree.path(sBelow).c_str()).str(); };
+    const auto find = [&](const char* sBelow) { return Tesk::toString(findProjectFolder(tree.path(sBelow).c_str())); };
     CHECK(find("Jobs\\1234\\Dwg\\Arch") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234\\Dwg\\Arch\\") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\5678\\missing") == tree.path("Jobs\\"));
     CHECK(find("Other\\") == "");
-    CHECK(findProjectFolder("").str() == "");
-    CHECK(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234").str() == "");
-    CHECK(findProjectFolder("\\\\?\\"
-                            "C:\\none")
-              .str() == "");
-    CHECK(findProjectFolder("relative\\folder").str() == "");
+    CHECK(Tesk::toString(findProjectFolder("")) == "");
+    CHECK(Tesk::toString(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234")) == "");
+    CHECK(Tesk::toString(findProjectFolder("\\\\?\\"
+                                           "C:\\none")) == "");
+    CHECK(Tesk::toString(findProjectFolder("relative\\folder")) == "");
 
     const std::string sRoot = tree.path("").substr(0, 3);
     const std::string sName = "at the root " + std::to_string(::GetCurrentProcessId());
@@ -124,11 +124,11 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
                                        FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     REQUIRE(hFile != INVALID_HANDLE_VALUE);
     ::CloseHandle(hFile);
-    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == "");
+    CHECK(Tesk::toString(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str())) == "");
     FILE* const pFile = std::fopen((sRoot + sName).c_str(), "w");
     REQUIRE(pFile);
     std::fclose(pFile);
-    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == sRoot);
+    CHECK(Tesk::toString(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str())) == sRoot);
     ::DeleteFileA((sRoot + sName).c_str());
 }
 
@@ -164,7 +164,7 @@ TEST_CASE("the registered domain settings folder comes first, and an administrat
     tree.folder("DomainSettings\\");
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const char* const sName = "Domain Settings";
-    const auto registered = [&] { return getDomainSettingsFolder().str(); };
+    const auto registered = [&] { return Tesk::toString(getDomainSettingsFolder()); };
 
     Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, tree.path("gone").c_str());
     CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == tree.path("DomainSettings\\"));
@@ -192,11 +192,11 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
     }
     {
         const CEnvironment temp("TEMP", sNone.c_str()), tmp("TMP", sTwo.c_str());
-        CHECK(getTempFolder().str() == sTwo);
+        CHECK(Tesk::toString(getTempFolder()) == sTwo);
     }
     {
         const CEnvironment temp("TEMP", nullptr), tmp("TMP", sTwo.c_str());
-        CHECK(getTempFolder().str() == sTwo);
+        CHECK(Tesk::toString(getTempFolder()) == sTwo);
     }
     const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
     CHECK(folderExists(getTempFolder()));
@@ -249,12 +249,12 @@ TEST_CASE("copies of a settings file run from the most general to the most speci
                                 "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
         for (const std::string& sName :
              {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini", "Tabs" + sProduct + "_" + sRelease + ".ini"})
-            vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName));
+            vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName).c_str());
     }
     tree.write("Job1\\ProjectSettings.txt");
     tree.write("Job2\\ProjectSettings.txt");
-    const CStringList vecDrawings{tree.path("Job2\\C.dwg"), tree.path("Job1\\Dwg2\\B.dwg"),
-                                  tree.path("Job1\\Dwg\\A.dwg"), tree.path("Job1\\Dwg\\A2.dwg")};
+    const CStringList vecDrawings{tree.path("Job2\\C.dwg").c_str(), tree.path("Job1\\Dwg2\\B.dwg").c_str(),
+                                  tree.path("Job1\\Dwg\\A.dwg").c_str(), tree.path("Job1\\Dwg\\A2.dwg").c_str()};
 
     CLocator locator;
     CStringList vecFiles;
@@ -341,5 +341,5 @@ TEST_CASE("a reset for the current document takes that document's name")
     REQUIRE(application.execute("NEW").succeeded);
     REQUIRE(application.execute("SAVEAS \"" + tree.path("A.dwg") + "\"").succeeded);
     CHECK(manager.resetForCurrentDocument(false));
-    CHECK(manager.files() == std::vector<CString>{tree.path("A.dwg")});
+    CHECK(manager.files() == std::vector<CString>{tree.path("A.dwg").c_str()});
 }

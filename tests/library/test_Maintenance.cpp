@@ -69,7 +69,7 @@ public:
         ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
         m_sFile = sPath;
         m_sFile = m_sFile.Left(m_sFile.ReverseFind('.')) + ".avf";
-        std::ofstream(m_sFile.str(), std::ios::binary) << sText;
+        std::ofstream(m_sFile.GetString(), std::ios::binary) << sText;
     }
     ~CDescription() { ::DeleteFileA(m_sFile); }
     CDescription(const CDescription&) = delete;

@@ -1,5 +1,6 @@
 #include "library/files/SettingsFile.h"
 #include "library/files/SettingsFileReader.h"
+#include "library/text/StringView.h"
 
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
@@ -45,9 +46,9 @@ std::string border(const char* sFields)
     if (group.m_vecBorders.empty())
         return "";
     const Tesk::CBorderEntry& entry = group.m_vecBorders[0];
-    std::string sAll = entry.m_sDescription.str() + "/" + entry.m_sBlockName.str();
+    std::string sAll = Tesk::toString(entry.m_sDescription) + "/" + Tesk::toString(entry.m_sBlockName);
     for (const CString& sField : entry.m_aFields)
-        sAll += "/" + sField.str();
+        sAll += "/" + Tesk::toString(sField);
     return sAll;
 }
 
@@ -212,8 +213,8 @@ TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
     tree.write("ProjectSettings.txt", "PROJECTLABEL\r\n{\r\nLa\0bel\r\n}\r\nPROJECTPATH\n{\n.\n}"s);
     CSettingsFile settings(tree.path("ProjectSettings.txt").c_str());
     CHECK(settings.m_bValid);
-    CHECK(settings.m_sProjectLabel == "La\0bel"s);
-    CHECK(settings.m_sProjectPaths.str() == ";" + tree.path(""));
+    CHECK(Tesk::toString(settings.m_sProjectLabel) == "La\0bel"s);
+    CHECK(Tesk::toString(settings.m_sProjectPaths) == ";" + tree.path(""));
 
     const std::string sOther = tree.path("other.txt");
     CHECK(fileErrorOf([&] { settings.read(sOther.c_str()); }) == "2 " + sOther);
@@ -253,9 +254,9 @@ TEST_CASE("whatever a file holds, reading it ends, and its record fits its lines
         const std::size_t groups = settings.m_vecTitleBlocks.size() + settings.m_vecMockBorders.size();
         iGroups += static_cast<int>(groups);
         REQUIRE(groups <= closed);
-        REQUIRE(settings.m_sProjectPaths.str().size() <= bytes + 4 * lines);
+        REQUIRE(Tesk::toString(settings.m_sProjectPaths).size() <= bytes + 4 * lines);
         for (const auto& [sKey, sText] : settings.m_mapIssues)
-            REQUIRE(sKey.str().find_first_of("+ \t") == std::string::npos);
+            REQUIRE(Tesk::toString(sKey).find_first_of("+ \t") == std::string::npos);
         for (const CBlockGroup& group : settings.m_vecTitleBlocks) {
             for (const Tesk::CBorderEntry& entry : group.m_vecBorders) {
                 REQUIRE(!entry.m_sDescription.IsEmpty());

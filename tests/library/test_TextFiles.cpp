@@ -1,5 +1,6 @@
 #include "library/files/FileUtilities_TextFiles.h"
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
@@ -21,7 +22,7 @@ Lines ansiLines(const CString& sFile)
     Tesk::readAnsiTextFileLines(sFile, vLines);
     Lines lines;
     for (const CString& sLine : vLines)
-        lines.push_back(sLine.str());
+        lines.push_back(Tesk::toString(sLine));
     return lines;
 }
 
@@ -82,7 +83,7 @@ TEST_CASE("lines of narrow files")
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
-        const CString sFile = folder.write("a.txt", each.m_sBytes);
+        const CString sFile = folder.write("a.txt", each.m_sBytes).c_str();
         CHECK(ansiLines(sFile) == each.m_lines);
         CHECK(ansiLines(sFile) == runtimeLines(sFile));
         CHECK(wideLines(sFile).size() == each.m_lines.size());
@@ -111,7 +112,7 @@ TEST_CASE("lines of UTF-16 files")
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
-        const CString sFile = folder.write("a.txt", each.m_sBytes);
+        const CString sFile = folder.write("a.txt", each.m_sBytes).c_str();
         CHECK(wideLines(sFile) == each.m_lines);
         CHECK(Tesk::isUnicodeTextFile(sFile));
     }
@@ -121,7 +122,7 @@ TEST_CASE("lines of UTF-16 files")
 TEST_CASE("narrow lines become wide by the thread's code page, the list is added to")
 {
     const CTestFolder folder;
-    const CString sFile = folder.write("a.txt", "\x83\x5C\n\xE9");
+    const CString sFile = folder.write("a.txt", "\x83\x5C\n\xE9").c_str();
     WideLines lines = {L"before"};
     Tesk::readTextFileLines(sFile, lines);
     CHECK(lines == WideLines{L"before", L"\x0192\\", L"\xE9"});
@@ -150,7 +151,7 @@ TEST_CASE("generated files give the lines of the runtime's text mode")
         if (random.once(4))
             sBytes += "\0\x1A\n"s;
         CAPTURE(sBytes);
-        const CString sFile = folder.write("a.txt", sBytes);
+        const CString sFile = folder.write("a.txt", sBytes).c_str();
         REQUIRE(ansiLines(sFile) == runtimeLines(sFile));
     }
 }
@@ -158,7 +159,7 @@ TEST_CASE("generated files give the lines of the runtime's text mode")
 TEST_CASE("lines are written with CR LF")
 {
     const CTestFolder folder;
-    const CString sFile = folder.path("a.txt");
+    const CString sFile = folder.path("a.txt").c_str();
     Tesk::writeTextFileLines(sFile, {"a", "", "\xE9"}, true);
     CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\n");
     Tesk::writeTextFileLines(sFile, {"b"}, true);
@@ -174,16 +175,16 @@ TEST_CASE("lines are written with CR LF")
 TEST_CASE("a file that does not open raises its error number and path")
 {
     const CTestFolder folder;
-    const CString sFolder = folder.path();
+    const CString sFolder = folder.path().c_str();
     const CString sMissing = sFolder + "none\\a.txt";
-    const std::string sError = "2 " + sMissing.str();
+    const std::string sError = "2 " + std::string(sMissing);
     std::vector<CString> vNarrow;
     WideLines vWide;
     CHECK(fileErrorOf([&] { Tesk::isUnicodeTextFile(sMissing); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::readTextFileLines(sMissing, vWide); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::readAnsiTextFileLines(sMissing, vNarrow); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sMissing, {"a"}, true); }) == sError);
-    CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + sFolder.str());
+    CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + std::string(sFolder));
     CHECK(vNarrow.empty());
     CHECK(vWide.empty());
 }
