@@ -13,6 +13,6 @@ inline constexpr TextKey kTextKeys[] = {
     {"PopupXrefsText", false, false},      {"TooltipText", false, false},        {"DefaultTooltipText", false, false},
     {"TooltipTitle", false, false},        {"ModifiedText", false, true},        {"XrefsReadOnlyText", false, true},
     {"PopupCloseOthersText", true, false}, {"PopupCloseSavedText", true, false}, {"PopupCopyPathText", true, false},
-    {"PopupOpenFolderText", true, false},  {"PopupDrawingsText", true, false},   {"PopupHelpText", true, false},
-    {"HelpAddress", true, false},          {"SupportAddress", true, false},      {"SameNameText", true, true},
+    {"PopupOpenFolderText", true, false},  {"PopupDrawingsText", true, false},   {"SameNameText", true, true},
+    {"PopupHelpText", true, false},        {"HelpAddress", true, false},         {"SupportAddress", true, false},
 };

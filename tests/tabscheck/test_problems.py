@@ -22,7 +22,7 @@ ROWS = [
      [("Settings/support/MDITabs.ini", 2, 1, "error",
        r"\[Tabs\] swallows the keys below it: ModifiedText; and keys of later files: PopupCloseText \(.*MDITabs.ini:1\)")]),
     ("a section of somebody else", {"MDITabs.ini": "PopupSaveText=S\n[Others]\nColour=red\n[]\nPopupCloseText=C\n"}, []),
-    ("unknown keys", {"MDITabs.ini": "PopupSvaeText=S\nColour=red\nPOPUPCLOSETEXT=C\n"},
+    ("unknown keys", {"MDITabs.ini": "PopupSvaeText=S\nColour=red\nPOPUPCLOSETEXT=C\nHelpAddress=x\n"},
      [("MDITabs.ini", 1, 1, "warning", 'unknown key "PopupSvaeText".*mean "PopupSaveText"'),
       ("MDITabs.ini", 2, 1, "warning", 'unknown key "Colour": the strip does not read it$')]),
     ("unknown tokens", {"MDITabs.ini": "TooltipText= 100% of 5%10% %PATH%, %PAHT% %X_PATH%%HALVORAN::NUMBR%\n"},

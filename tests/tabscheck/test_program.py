@@ -29,11 +29,9 @@ class ProgramTest(CheckerTest):
                     "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "read/secret.dwg": drawing()})
         (self.folder / "read/secret.dwg").chmod(0)
         for code, *arguments in (
-                (CLEAN, "clean"), (CLEAN, "clean/new.dwg"), (CLEAN, "--strict", "clean"), (CLEAN, "--help"),
-                (CLEAN, "odd"), (PROBLEMS, "--strict", "odd"), (PROBLEMS, "bad", "clean"),
-                (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"),
-                (UNCHECKED, "read"), (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED, "--root", "clean/D.dwg", "bad"),
-                (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean"), (UNCHECKED, "clean", "--root"), (UNCHECKED, "cl*")):
+                (CLEAN, "clean", "clean/new.dwg"), (CLEAN, "odd"), (PROBLEMS, "--strict", "odd"), (PROBLEMS, "bad", "clean"),
+                (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (UNCHECKED, "cl*"),
+                (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean")):
             with self.subTest(arguments):
                 self.assertEqual(self.check(*arguments)[0], code)
 
@@ -102,10 +100,20 @@ class ProgramTest(CheckerTest):
         self.assertEqual(texts("--root", "install/Other"), ("plain", ""))
         self.assertEqual(texts("--root", "install/Other/", "--release", "16.2"), ("R", ""))
         self.assertEqual(texts("--root", "install/Other/Components/..", "--release", "16.2", "--product", "Map"), ("R", "P"))
-        self.write({"Sketches/MDITabs.ini": "TooltipText=%X_DIR_PROGRAM% %X_DIR_APPLICATION_ROOT%\n"})
+        self.write({"Sketches/MDITabs.ini": "TooltipText=%X_DIR_PROGRAM% %X_DIR_APPLICATION_ROOT%\nSameNameText=' - '\n"})
         report, = self.reports("--root", "install/Other", "Sketches/new.dwg").values()
         root = f"Z:{self.folder}/install/Other/"
         self.assertEqual(report["tooltip"]["text"], f"{root}Components/ {root}")
+        # What is switched on by its text shows when that is there.
+        self.assertEqual(report["texts"]["SameNameText"]["value"], " - ")
+        self.assertEqual(len(report["texts"]), 10)
+
+    def test_every_key_that_the_module_reads_is_known(self):
+        read = set()
+        for path in (REPOSITORY / "settings").glob("*.cpp"):
+            read |= set(re.findall(r'"(\w+(?:Text|Title|Address))"', path.read_text("ascii")))
+        listed = re.findall(r'\{"(\w+)", ', (REPOSITORY / "settings/TextKeys.h").read_text("ascii"))
+        self.assertEqual(sorted(listed), sorted(read))
 
     def test_a_drawing_whose_contents_are_not_read(self):
         for name, contents in (("binary.dwg", b"AC1015\0\0\0\0\0\x01" + bytes(500)), ("new.dwg", None)):
