@@ -52,7 +52,7 @@ class Tree:
         self.random.shuffle(lines)
         if self.random.random() < 0.15:
             lines.insert(self.random.randint(0, len(lines)), self.random.choice(["[Tabs]", "[]"]))
-        if self.random.random() < 0.15:
+        if self.random.random() < 0.25:
             lines.append("this line is no key")
         text = self.random.choice(["\n", "\r\n"]).join(lines)
         return text.encode(self.random.choice([ANSI, ANSI, ANSI, "utf-16", "utf-8-sig"]))
