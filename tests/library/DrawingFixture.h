@@ -4,7 +4,9 @@
 // a folder tree of the test's own; the library takes a file there for its module.
 
 #include "host/drawing/Database.h"
+#include "host/drawing/Faults.h"
 #include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/Prerelease.h"
 #include "tests/support/DrawingText.h"
 #include "tests/support/TestFolder.h"
 
@@ -26,7 +28,12 @@ public:
         for (const char* sName : {sProject, sDomain, sStandard})
             ::DeleteFileA(tree().path(sName).c_str());
     }
-    ~DrawingFixture() { Tesk::G_hCurrentModule = m_hPrevious; }
+    ~DrawingFixture()
+    {
+        host::Faults::clear();
+        Tesk::setDiagnosticsLevel(0);
+        Tesk::G_hCurrentModule = m_hPrevious;
+    }
     DrawingFixture(const DrawingFixture&) = delete;
     DrawingFixture& operator=(const DrawingFixture&) = delete;
 
@@ -58,7 +65,7 @@ private:
             char sProgram[MAX_PATH];
             ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
             tree().folder("Office\\DomainSettings\\");
-            const std::string sCopy = tree().write("Office\\Suite\\Module.dll");
+            const std::string sCopy = tree().write("Office\\Suite\\Components\\Module.dll");
             REQUIRE(::CopyFileA(sProgram, sCopy.c_str(), FALSE));
             return ::LoadLibraryExA(sCopy.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
         }();

@@ -1,6 +1,7 @@
 #include "library/files/DefaultSettings.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/text/CodePage.h"
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
@@ -78,6 +79,11 @@ TEST_CASE("letters are folded in the thread's code page, others are not")
         const CThreadLocale english(CThreadLocale::english);
         CHECK(contentsOf(folder, "\xC4=1\n\xE4=2\n\xD7=3\n\xF7=4\n\x8A=5\n\x9A=6") ==
               Lines{"\x8A=6", "\xD7=3", "\xC4=2", "\xF7=4"});
+    }
+    {
+        const CThreadLocale hindi(MAKELCID(MAKELANGID(LANG_HINDI, SUBLANG_DEFAULT), SORT_DEFAULT));
+        CHECK(Tesk::getThreadCodePage() == ::GetACP());  // a language without an ANSI code page
+        CHECK(contentsOf(folder, "\xC4=1\n\xE4=2") == Lines{"\xC4=2"});
     }
     {
         const CThreadLocale russian(kRussian);

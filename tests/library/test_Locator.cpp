@@ -10,6 +10,7 @@
 #include "library/registry/Registry.h"
 #include "objectarx/dbapserv.h"
 #include "tests/library/Environment.h"
+#include "tests/library/LibraryFixture.h"
 #include "tests/library/ThreadCodePage.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
@@ -29,13 +30,15 @@ namespace {
 // An installation in a tree of its own: a copy of this program stands for the module.
 class CInstallation {
 public:
-    explicit CInstallation(const std::string& sFolder) : m_hPrevious(G_hCurrentModule)
+    explicit CInstallation(const std::string& sFolder, bool bShortPath = false) : m_hPrevious(G_hCurrentModule)
     {
-        char sProgram[MAX_PATH];
-        ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
+        char sPath[MAX_PATH];
+        ::GetModuleFileNameA(nullptr, sPath, sizeof sPath);
         m_tree.folder(sFolder);
-        const std::string sModule = m_tree.path(sFolder + "Module.arx");
-        REQUIRE(::CopyFileA(sProgram, sModule.c_str(), TRUE));
+        std::string sModule = m_tree.path(sFolder + "TheModule.arx");
+        REQUIRE(::CopyFileA(sPath, sModule.c_str(), TRUE));
+        if (bShortPath && ::GetShortPathNameA(sModule.c_str(), sPath, sizeof sPath))
+            sModule = sPath;
         m_hModule = ::LoadLibraryExA(sModule.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
         REQUIRE(m_hModule);
         G_hCurrentModule = m_hModule;
@@ -138,7 +141,7 @@ TEST_CASE("the installation's own folders")
     {
         const CInstallation plain("App\\Bin\\");
         const std::string sRoot = plain.tree().path("App\\Bin\\");
-        CHECK(location(LOCATION_FILE_MODULE) == sRoot + "Module.arx");
+        CHECK(location(LOCATION_FILE_MODULE) == sRoot + "TheModule.arx");
         CHECK(location(LOCATION_DIR_PROGRAM) == sRoot);
         CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == sRoot);
         CHECK(location(LOCATION_FILE_HELP) == sRoot + "HelpDocs\\Draftrix.hlp");
@@ -146,11 +149,35 @@ TEST_CASE("the installation's own folders")
         plain.tree().folder("App\\DomainSettings\\");
         CHECK(location(LOCATION_FILE_DOMAIN_SETTINGS) == plain.tree().path("App\\DomainSettings\\DomainSettings.txt"));
     }
-    const CInstallation components("App\\COMPONENTS\\");
-    CHECK(location(LOCATION_DIR_PROGRAM) == components.tree().path("App\\COMPONENTS\\"));
-    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == components.tree().path("App\\"));
-    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) == components.tree().path("App\\support\\StandardSettings.txt"));
-    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) == location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\Module.log");
+    const CInstallation components("App\\COMPONENTS\\", true);
+    const std::string sProgram = location(LOCATION_DIR_PROGRAM);
+    CHECK(sProgram.find('~') != std::string::npos);
+    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == PathParts(withoutBackslash(sProgram)).parent());
+    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) ==
+          location(LOCATION_DIR_APPLICATION_ROOT) + "support\\StandardSettings.txt");
+    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) == location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\TheModule.log");
+}
+
+TEST_CASE("the program files of drive P: come before the installation's domain settings, but not for Courier Desk")
+{
+    const CTestHive hive;
+    const CInstallation installation("App\\");
+    const CTestFolder& tree = installation.tree();
+    tree.folder("DomainSettings\\");
+    // Wine takes a folder of that name in its own for the drive.
+    char sWine[MAX_PATH] = "";
+    REQUIRE(::GetEnvironmentVariableA("WINECONFIGDIR", sWine, sizeof sWine) > 4);
+    const std::string aFolders[] = {"\\\\?\\" + std::string(sWine + 4) + "\\dosdevices\\p:", "P:\\Program Files",
+                                    "P:\\Program Files\\Zavik", "P:\\Program Files\\Zavik\\DomainSettings"};
+    for (const std::string& sFolder : aFolders)
+        ::CreateDirectoryA(sFolder.c_str(), nullptr);
+    for (const char* sName : {"", "courier desk", "Courier Desk"}) {
+        G_sApplicationName = sName;
+        CHECK((location(LOCATION_DIR_DOMAIN_SETTINGS) == aFolders[3] + "\\") == (*sName != 'C'));
+    }
+    G_sApplicationName.Empty();
+    for (std::size_t i = std::size(aFolders); i > 0; --i)
+        CHECK(::RemoveDirectoryA(aFolders[i - 1].c_str()));
 }
 
 TEST_CASE("the registered domain settings folder comes first, and an administrator's change reaches the user once")
@@ -199,21 +226,38 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
         CHECK(getTempFolder().str() == sTwo);
     }
     const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
-    CHECK(folderExists(getTempFolder()));
+    CHECK(getTempFolder() == "\\");
+    const std::string sSystem = location(LOCATION_DIR_WINDOWS_SYSTEM), sDrive = sSystem.substr(0, 3);
+    const std::string aDefaults[] = {sSystem + "Tmp\\", sSystem + "Temp\\", sDrive + "Tmp\\", sDrive + "Temp\\"};
+    for (const std::string& sDefault : aDefaults) {
+        ::CreateDirectoryA(sDefault.c_str(), nullptr);
+        CHECK(location(LOCATION_DIR_TEMP) == sDefault);
+    }
+    for (const std::string& sDefault : aDefaults)
+        ::RemoveDirectoryA(sDefault.c_str());
 }
 
-TEST_CASE("every location is a full path of its kind, and what is no location is empty")
+TEST_CASE("the system's and the user's folders, and what is no location")
 {
-    for (int iWhere : {-1, 0, 19, 26, 1000})
+    for (int iWhere : {-1, 0, 19, 26})
         CHECK(location(iWhere) == "");
-    for (int iWhere = LOCATION_DIR_PROGRAM; iWhere <= LOCATION_DIR_PROGRAMFILES; ++iWhere) {
-        CAPTURE(iWhere);
-        CHECK(location(iWhere).substr(1, 2) == ":\\");
-        CHECK(location(iWhere).back() == '\\');
-        CHECK(location(iWhere).find("..") == std::string::npos);
+    const std::pair<int, const char*> aFolders[] = {
+        {LOCATION_DIR_USERAPPDATA, "%APPDATA%\\"},
+        {LOCATION_DIR_USERLOCALAPPDATA, "%LOCALAPPDATA%\\"},
+        {LOCATION_DIR_USERZAVIKDATA, "%APPDATA%\\Zavik\\"},
+        {LOCATION_DIR_USERLOCALZAVIKDATA, "%LOCALAPPDATA%\\Zavik\\"},
+        {LOCATION_DIR_USERPLENDADATA, "%APPDATA%\\Draftrix\\"},
+        {LOCATION_DIR_COMMONZAVIKFILES, "%CommonProgramFiles%\\Zavik\\"},
+        {LOCATION_DIR_WINDOWS, "%SystemRoot%\\"},
+        {LOCATION_DIR_WINDOWS_SYSTEM, "%SystemRoot%\\system32\\"},
+        {LOCATION_DIR_WINDOWS_COMMONFILES, "%CommonProgramFiles%\\"},
+        {LOCATION_DIR_PROGRAMFILES, "%ProgramFiles%\\"},
+    };
+    for (const auto& [iWhere, sFolder] : aFolders) {
+        char sExpected[MAX_PATH] = "";
+        ::ExpandEnvironmentStringsA(sFolder, sExpected, sizeof sExpected);
+        CHECK(location(iWhere) == sExpected);
     }
-    CHECK(folderExists(getLocation(LOCATION_DIR_WINDOWS_SYSTEM)));
-    CHECK(location(LOCATION_DIR_USERPLENDADATA) == location(LOCATION_DIR_USERAPPDATA) + "Draftrix\\");
 }
 
 TEST_CASE("the current drawing's project")
@@ -285,51 +329,62 @@ namespace {
 class CManager : public CDefaultSettingsManager {
 public:
     CManager(const char* sFile, CLocator* pLocator) : CDefaultSettingsManager(sFile, pLocator) {}
-    bool reset(const std::vector<CString>& vecFiles, bool) override
+    bool reset(const std::vector<CString>& vecFiles, bool bForce) override
     {
         m_vecFiles = vecFiles;
+        m_bForced = bForce;
         return true;
     }
     void traceContents(int) override {}
-    CString getSupportSubfolderName() override { return ""; }
+    CString getSupportSubfolderName() override { return m_sSubfolder; }
+    CString getSectionValue(const char* sSection, const char* sKey) override { return CString(sSection) + "/" + sKey; }
     const std::vector<CString>& files() const { return m_vecFiles; }
-};
 
-class CCountedLocator : public CLocator {
-public:
-    explicit CCountedLocator(int& iAlive) : m_iAlive(iAlive) { ++m_iAlive; }
-    ~CCountedLocator() override { --m_iAlive; }
-
-private:
-    int& m_iAlive;
+    CString m_sSubfolder;
+    bool m_bForced = false;
 };
 
 }  // namespace
 
-TEST_CASE("settings made for a drawing: the nearest copy wins, key by key")
+TEST_CASE("settings are made for a drawing or for none, from the manager's own sub-folder")
 {
     const CTestHive hive;
     const CInstallation installation("App\\");
     const CTestFolder& tree = installation.tree();
     tree.write("App\\support\\Tabs.ini", "a = standard\r\nb = standard\r\n");
+    tree.write("App\\Own\\Tabs.ini", "a = own\r\n");
     tree.write("Dwg\\Tabs.ini", "b = drawing\r\n");
     CManager manager(tree.path("Dwg\\A.dwg").c_str(), nullptr);
     using Settings = std::unique_ptr<CDefaultSettings>;
-    const Settings layered(manager.createSettings("Tabs.ini", manager.files(), false));
-    CHECK(layered->getValue("", "A") == "standard");
-    CHECK(layered->getValue("", "B") == "drawing");
-    const Settings standard(manager.createStandardSettings("Tabs.ini", false));
-    CHECK(standard->getValue("", "B") == "standard");
-    const Settings none(manager.createSettings("None.ini", manager.files(), false));
-    CHECK(none->getContents().empty());
+    using Lines = std::vector<CString>;
+    const Settings layered(manager.createSettings("Tabs.ini", manager.files(), true));
+    CHECK(layered->getKeyLines() == Lines{"a = standard", "b = standard", "b = drawing"});
+    CHECK(Settings(manager.createSettings("Tabs.ini", manager.files(), false))->getKeyLines().empty());
+    manager.m_sSubfolder = "Own";
+    CHECK(Settings(manager.createStandardSettings("Tabs.ini", true))->getKeyLines() == Lines{"a = own"});
+    CHECK(Settings(manager.createStandardSettings("None.ini", false))->getContents().empty());
+    CHECK(manager.getValue("Key") == "/Key");
+}
 
-    int iAlive = 0;
-    CCountedLocator* const pLocator = new CCountedLocator(iAlive);
+TEST_CASE_FIXTURE(CLibraryFixture, "a manager deletes the locator that it made, and no other")
+{
+    CLocator* const pBorrowed = new CLocator;
+    startAt(2);
+    const auto deleted = [] {
+        std::size_t count = 0;
+        for (const std::string& sPiece : commandLinePieces())
+            count += sPiece.find("CLocator::~CLocator()") != std::string::npos;
+        return count;
+    };
     {
-        const CManager borrower("", pLocator);
+        const CManager borrower("", pBorrowed);
     }
-    CHECK(iAlive == 1);
-    delete pLocator;
+    CHECK(deleted() == 0);
+    {
+        const CManager owner("", nullptr);
+    }
+    CHECK(deleted() == 1);
+    delete pBorrowed;
 }
 
 TEST_CASE("a reset for the current document takes that document's name")
@@ -340,6 +395,7 @@ TEST_CASE("a reset for the current document takes that document's name")
     const CTestFolder tree;
     REQUIRE(application.execute("NEW").succeeded);
     REQUIRE(application.execute("SAVEAS \"" + tree.path("A.dwg") + "\"").succeeded);
-    CHECK(manager.resetForCurrentDocument(false));
+    CHECK(manager.resetForCurrentDocument(true));
+    CHECK(manager.m_bForced);
     CHECK(manager.files() == std::vector<CString>{tree.path("A.dwg")});
 }

@@ -136,13 +136,15 @@ TEST_CASE("issues continue by + and &")
 
 TEST_CASE("block groups")
 {
-    const CSettingsFile settings = parse({"TITLEBLOCKS", "{", "Category Sheets", "}", "MOCKBORDERS", "{",
-                                          "BORDER \"d\" \"b\"", "}", "TITLEBLOCKS", "{", "CATEGORY never closed"});
+    const CSettingsFile settings =
+        parse({"TITLEBLOCKS", "{", "Category Sheets", "DEFAULTLAYER 0", "INSERTABLE yes", "}", "MOCKBORDERS", "{",
+               "BORDER \"d\" \"b\"", "}", "TITLEBLOCKS", "{", "CATEGORY never closed"});
     REQUIRE(settings.m_vecTitleBlocks.size() == 1);
     REQUIRE(settings.m_vecMockBorders.size() == 1);
     CHECK(settings.m_vecTitleBlocks[0].m_sCategory == "Sheets");
-    CHECK(settings.m_vecTitleBlocks[0].m_sDefaultLayer == "Z010LX000");
     CHECK(settings.m_vecMockBorders[0].m_sCategory == "");
+    CHECK(settings.m_vecMockBorders[0].m_sDefaultLayer == "Z010LX000");
+    CHECK(!settings.m_vecMockBorders[0].m_bInsertable);
     CHECK(settings.m_vecMockBorders[0].m_vecBorders.size() == 1);
 
     const CBlockGroup group =

@@ -185,4 +185,9 @@ TEST_CASE("a file that does not open raises its error number and path")
     CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + sFolder.str());
     CHECK(vNarrow.empty());
     CHECK(vWide.empty());
+    // On a full device: seen when the buffer is written, and when the file is closed.
+    for (const std::size_t length : {100'000u, 1u})
+        CHECK(fileErrorOf([&] {
+                  Tesk::writeTextFileLines("Z:\\dev\\full", {std::string(length, 'x').c_str()}, true);
+              }) == "28 Z:\\dev\\full");
 }

@@ -4,6 +4,7 @@
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/CurrentBorder.h"
 #include "tests/library/DrawingFixture.h"
+#include "tests/support/Answers.h"
 #include "tests/support/FolderFrom.h"
 
 using Tesk::CARXKeywordExpansion;
@@ -75,7 +76,8 @@ TEST_CASE_FIXTURE(DrawingFixture, "project, domain and standard settings are ask
 TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists wins, inserted or not")
 {
     settings(sProject, "Job",
-             "BORDER \"none\" \"ABSENT\"\r\nBORDER \"A0\" \"EMPTY\"\r\nBORDER \"A1\" \"USED\"\r\nNO NR");
+             "BORDER \"none\" \"ABSENT\"\r\nNO WRONG\r\n}\r\nMOCKBORDERS\r\n{\r\nBORDER \"A1\" \"USED\"\r\n}\r\n"
+             "TITLEBLOCKS\r\n{\r\nBORDER \"A0\" \"EMPTY\"\r\nBORDER \"A1\" \"USED\"\r\nNO NR");
     const auto database = open(DrawingText().block("EMPTY", {"NR"}).border("USED", {{"NR", "7"}}));
     const CWorkingDatabase working(database.get());
     CARXTitleBlock title(database.get(), database->path().c_str());
@@ -122,6 +124,31 @@ TEST_CASE_FIXTURE(DrawingFixture, "an attribute is written, saved and read again
     database = host::Database::open(path("copy.dwg"));
     CHECK(expand(*database, "%HALVORAN::NO%") == "Gr\xFC\xDF"
                                                  "e");
+}
+
+TEST_CASE_FIXTURE(DrawingFixture, "what the host does not open is reported with the call, and passed over")
+{
+    settings(sProject, "Job", "BORDER \"A1\" \"B\"\r\nNO NR");
+    const auto database = open(DrawingText().border("B", {{"NR", "1"}, {"REV", "2"}}));
+    const CWorkingDatabase working(database.get());
+    Tesk::setDiagnosticsLevel(1);
+    const Answers answers;
+    host::Faults::failNth("AcDbBlockReference::attributeIterator", 1);
+    CHECK_FALSE(CARXTitleBlock(database.get(), database->path().c_str()).hasAttribute("NR"));
+    host::Faults::failNth("acdbOpenAcDbObject", 2);
+    CARXTitleBlock title(database.get(), database->path().c_str());
+    CHECK_FALSE(title.hasAttribute("NR"));
+    CHECK(title.getAttributeValue("REV") == "2");
+    host::Faults::failNth("acdbOpenAcDbObject", 1);
+    CHECK(title.getAttributeValue("REV") == "");
+    host::Faults::failNth("acdbOpenAcDbObject", 1);
+    CHECK_FALSE(title.setAttributeValue("REV", "3"));
+    CHECK(answers.assertions() ==
+          "ARXTitleBlock: pIterator != NULL\n"
+          "ARXTitleBlock: acdbOpenAcDbObject(pAttribute, pIterator->objectId(), AcDb::kForRead) == Acad::eOk\n"
+          "ARXTitleBlock: acdbOpenAcDbObject(pObject, idAttribute, AcDb::kForRead) == Acad::eOk\n"
+          "ARXTitleBlock: acdbOpenAcDbObject(pObject, idAttribute, AcDb::kForWrite) == Acad::eOk\n");
+    CHECK(database->openObjects() == 0);
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of the samples")

@@ -88,7 +88,10 @@ TEST_CASE("what cannot be read or written is raised, by name")
     CHECK(raisedBy([&] { missing.read(); }) == "1 Error : Unable to read AutoCAD variable (NOSUCH).");
     CHECK(missing.getType() == CVariable::TYPE_NONE);
     CHECK(raisedBy([] { CARXVariable("").read(); }) == "1 Error : Unable to read AutoCAD variable.");
-    CHECK(raisedBy([] { CARXVariable("TREEMAX").read(); }) != "");  // a long integer
+    CARXVariable tree("TREEMAX");  // a long integer
+    tree.CVariable::set(2.5);
+    CHECK(raisedBy([&] { tree.read(); }) == "1 Error : Unable to read AutoCAD variable (TREEMAX).");
+    CHECK(tree.getDescription() == "TREEMAX value is : 2.5 (Double).");
     CHECK(raisedBy([] { CARXVariable("NONE").write(); }) == "2 Error : Unable to write AutoCAD variable (NONE).");
 
     CARXVariable modified("DBMOD");
