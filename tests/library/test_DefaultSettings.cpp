@@ -119,25 +119,6 @@ TEST_CASE("double-byte characters whose second byte looks like syntax")
           Lines{"[\x81\x5D\xB0\x5D]", "\x81\x5C=1", "\x81\x7C=2", "\xA3\xC1=4"});
 }
 
-TEST_CASE("the comparison is an ordering in every code page")
-{
-    CTestRandom random;
-    CAPTURE(random.seed());
-    for (const UINT uCodePage : {1252u, 932u, 936u}) {
-        const Tesk::CCaseFold fold(uCodePage);
-        Lines texts;
-        for (int i = 0; i < 60; ++i)
-            texts.push_back(random.text("a A b \xC4 \xE4 \x82 \x60 \x81 \x40 \xA3\xC1 \xA3\xE1 \xFF", 4));
-        for (const auto& a : texts)
-            for (const auto& b : texts) {
-                REQUIRE(fold.compare(a, b) == -fold.compare(b, a));
-                for (const auto& c : texts)
-                    if (fold.compare(a, b) <= 0 && fold.compare(b, c) <= 0)
-                        REQUIRE(fold.compare(a, c) <= 0);
-            }
-    }
-}
-
 TEST_CASE("later files override, and the section runs on into the next file")
 {
     const CTestFolder folder;
@@ -183,15 +164,9 @@ TEST_CASE("a key line without = names file and line, blank lines and comments co
     CHECK(settings.isDefined("S", "z"));
 }
 
-TEST_CASE("the text of every code")
+TEST_CASE("an exception's text names what it knows")
 {
-    const char* const messages[] = {"Error opening file", "Error writing file",   "Tokenising error", "Invalid section",
-                                    "Invalid key",        "Remove is disallowed", "Unknown error"};
     CString sText;
-    for (uint32_t i = 0; i < std::size(messages); ++i) {
-        CHECK(CDefaultSettingsException(i).getErrorText(sText));
-        CHECK(sText == "Error : " + CString(messages[i]) + ".");
-    }
     CDefaultSettingsException exception(7, "extra");
     exception.setLine(3);
     CHECK_FALSE(exception.getErrorText(sText));
@@ -203,9 +178,6 @@ TEST_CASE("the text of every code")
     exception.setLine(CDefaultSettingsException::kNoLine);
     CHECK(exception.getErrorText(sText));
     CHECK(sText == "Error (<<C:\\Data\\a.ini>>) : Unknown error (extra).");
-    char sShort[6];
-    CHECK(exception.GetErrorMessage(sShort, sizeof sShort));
-    CHECK(sShort == "Error"s);
 }
 
 TEST_CASE("a hundred thousand keys, and lines of a megabyte")
@@ -220,9 +192,7 @@ TEST_CASE("a hundred thousand keys, and lines of a megabyte")
     CHECK(settings.getValue("", "KEY7919") == "value 1");
     CHECK(settings.getValue("", sLong.c_str()) == sLong.c_str());
     CHECK(settings.getValue(sLong.c_str(), "k") == "v");
-    CHECK(settings.getContents().size() == 100'003);
-    const std::string sMany(200'000, ']');
-    CHECK(contentsOf(folder, "[a" + sMany + "\nk=v") == Lines{"[a]", "k=v"});
+    CHECK(contentsOf(folder, "[a" + std::string(200'000, ']') + "\nk=v") == Lines{"[a]", "k=v"});
 }
 
 // Whatever the bytes: no crash, no hang, and what was read can be read back.
@@ -230,7 +200,7 @@ TEST_CASE("generated and mutated files for a bounded time")
 {
     const CTestFolder folder;
     CTestRandom random;
-    MESSAGE("seed ", random.seed());
+    CAPTURE(random.seed());
 #ifdef _GLIBCXX_ASSERTIONS
     const DWORD dwSeconds = 10;  // the checked build traps where the other would go on
 #else
@@ -245,7 +215,6 @@ TEST_CASE("generated and mutated files for a bounded time")
         sBytes += random.text("[ ] [a] = ; \n \r\n \r \t k K \x81 \x83\x5D \x82\x60 \x82\x81 \xC4=1\n \xFF \x80", 60);
         for (std::size_t n = random.below(4); n > 0 && !sBytes.empty(); --n)
             sBytes[random.below(sBytes.size())] = static_cast<char>(random.below(256));
-        CAPTURE(random.seed());
         CAPTURE(sBytes);
         const CString sFile = folder.write("a.ini", sBytes);
         CDefaultSettings settings({}, true);
@@ -253,17 +222,13 @@ TEST_CASE("generated and mutated files for a bounded time")
         if (!sMessage.empty())
             REQUIRE(sMessage.find("Tokenising error.") != std::string::npos);
         CString sSection;
-        std::size_t keys = 0;
         for (const CString& sLine : settings.getContents()) {
             const bool bNul = sLine.str().find('\0') != std::string::npos;
             if (sLine[0] != '[' && !bNul && sSection.str().find('\0') == std::string::npos)
                 REQUIRE(settings.isDefined(sSection, sLine.Left(sLine.Find('='))));
             if (sLine[0] == '[')
                 sSection = sLine.Mid(1, sLine.GetLength() - 2);
-            else
-                ++keys;
         }
-        REQUIRE(keys <= settings.getKeyLines().size());
     }
     CHECK(iRuns > 10);
 }
