@@ -10,6 +10,7 @@
 #include "library/registry/Registry.h"
 #include "objectarx/dbapserv.h"
 #include "tests/library/Environment.h"
+#include "tests/library/Installation.h"
 #include "tests/library/LibraryFixture.h"
 #include "tests/library/ThreadCodePage.h"
 #include "tests/support/TestFolder.h"
@@ -27,38 +28,6 @@ using Support::File::CLocator;
 using Support::File::CStringList;
 
 namespace {
-
-// An installation in a tree of its own: a copy of this program stands for the module.
-class CInstallation {
-public:
-    explicit CInstallation(const std::string& sFolder, bool bShortPath = false) : m_hPrevious(G_hCurrentModule)
-    {
-        char sPath[MAX_PATH];
-        ::GetModuleFileNameA(nullptr, sPath, sizeof sPath);
-        m_tree.folder(sFolder);
-        std::string sModule = m_tree.path(sFolder + "TheModule.arx");
-        REQUIRE(::CopyFileA(sPath, sModule.c_str(), TRUE));
-        if (bShortPath && ::GetShortPathNameA(sModule.c_str(), sPath, sizeof sPath))
-            sModule = sPath;
-        m_hModule = ::LoadLibraryExA(sModule.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
-        REQUIRE(m_hModule);
-        G_hCurrentModule = m_hModule;
-    }
-    ~CInstallation()
-    {
-        G_hCurrentModule = m_hPrevious;
-        ::FreeLibrary(m_hModule);
-    }
-    CInstallation(const CInstallation&) = delete;
-    CInstallation& operator=(const CInstallation&) = delete;
-
-    const CTestFolder& tree() const { return m_tree; }
-
-private:
-    CTestFolder m_tree;
-    HINSTANCE m_hPrevious;
-    HMODULE m_hModule = nullptr;
-};
 
 struct AppFixture {
     CTestHive hive;
@@ -257,15 +226,12 @@ TEST_CASE("the current drawing's project")
 
 TEST_CASE_FIXTURE(AppFixture, "copies of a settings file run from the most general to the most specific")
 {
-    const std::string sRelease = acdbHostApplicationServices()->releaseMajorMinorString();
     const std::string sProduct = acdbHostApplicationServices()->product();
-    CHECK(sRelease == "16.0");
-
     CStringList vecExpected;
     for (const char* sFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
                                 "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
         for (const std::string& sName :
-             {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini", "Tabs" + sProduct + "_" + sRelease + ".ini"})
+             {std::string("Tabs.ini"), std::string("Tabs16.0.ini"), "Tabs" + sProduct + "_16.0.ini"})
             vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName));
     }
     tree.write("Job1\\ProjectSettings.txt");

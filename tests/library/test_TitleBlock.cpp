@@ -29,11 +29,12 @@ DrawingText threeBorders()
 
 // In a copy of the drawing the template shows the text; an attribute is changed, saved
 // and found changed.
-void checkWhole(const std::string& sDrawing, const char* sText, const char* sTag, const char* sSavedBy)
+void checkWhole(const DrawingFixture& fixture, const std::string& sDrawing, const char* sText, const char* sTag,
+                const char* sSavedBy)
 {
     CAPTURE(sDrawing);
     // Written first, so that a write-protected drawing's copy is not.
-    const std::string sCopy = DrawingFixture::tree().write("Jobs\\1234\\Dwg\\copy.dwg");
+    const std::string sCopy = fixture.tree().write("Jobs\\1234\\Dwg\\copy.dwg");
     REQUIRE(::CopyFileA(sDrawing.c_str(), sCopy.c_str(), FALSE));
     auto database = host::Database::open(sCopy);
     CHECK(expand(*database, "%HALVORAN::LABEL%|%HALVORAN::NAME%|%HALVORAN::X%|%HALVORAN::Y%") == sText);
@@ -136,10 +137,11 @@ TEST_CASE_FIXTURE(DrawingFixture, "attributes and properties of the samples")
              "LABEL DWG_TITLE\r\nNAME TITLE1\r\nX DWG_NO\r\nY NUMBER");
     const std::string sFolder = folderFrom("ZAVIK_SAMPLES");
     REQUIRE_MESSAGE(!sFolder.empty(), "ZAVIK_SAMPLES must name the folder of the samples");
-    checkWhole(sFolder + "\\Projects\\Station\\Drawings\\S-200.dwg", "|Platform 2, section||S-200", "TITLE1", "");
-    checkWhole(sFolder + "\\Projects\\Riverside\\Drawings\\A-101.dwg", "First floor, east||A-101|", "DWG_TITLE",
+    checkWhole(*this, sFolder + "\\Projects\\Station\\Drawings\\S-200.dwg", "|Platform 2, section||S-200", "TITLE1",
+               "");
+    checkWhole(*this, sFolder + "\\Projects\\Riverside\\Drawings\\A-101.dwg", "First floor, east||A-101|", "DWG_TITLE",
                "kmeier");
-    checkWhole(sFolder + "\\Projects\\Riverside\\Drawings\\A-100.rev2.dwg",
+    checkWhole(*this, sFolder + "\\Projects\\Riverside\\Drawings\\A-100.rev2.dwg",
                "Ground floor \x96 general arrangement||A-100|", "DWG_TITLE", "ezdxf");
 }
 
@@ -156,9 +158,9 @@ TEST_SUITE("foreign")
             return;
         }
         const char sLabel[] = "valoro de la teksto en bloko|||";
-        checkWhole(sFolder + "\\example_r12.dxf", sLabel, "ETIKEDO", "");
-        checkWhole(sFolder + "\\example_2004.dxf", sLabel, "ETIKEDO", "rurban");
-        checkWhole(sFolder + "\\multi_insert_with_attribs.dxf", "|Flag|x = 0.000|y = 0.000", "NAME", "ezdxf");
+        checkWhole(*this, sFolder + "\\example_r12.dxf", sLabel, "ETIKEDO", "");
+        checkWhole(*this, sFolder + "\\example_2004.dxf", sLabel, "ETIKEDO", "rurban");
+        checkWhole(*this, sFolder + "\\multi_insert_with_attribs.dxf", "|Flag|x = 0.000|y = 0.000", "NAME", "ezdxf");
     }
 }
 
