@@ -44,20 +44,16 @@ TEST_CASE("what the lines of a settings file mean")
 {
     const CTestFolder folder;
     const Case cases[] = {
-        {"", {}},
-        {"\xFF\xFE", {}},
         {"; note\n\n  \t \r\n ;x=1\n", {}},
         {"KEY = a=b ; c", {"KEY=a=b ; c"}},
         {"a=1\n[S]\na=2\n[]\nb=3", {"a=1", "b=3", "[S]", "a=2"}},
-        {"  [Tabs]  \nk=v", {"[Tabs]", "k=v"}},
         {"[A]\na=1\n[B] ; note\nb=2", {"[A]", "a=1", "b=2"}},
-        {"[[Name]]\nk=v", {"[Name]", "k=v"}},
+        {"  [[Name]]  \nk=\"  q \"", {"[Name]", "k=\"  q \""}},
         {"[ Name ]\nk=1\n[Name]\nk=2", {"[ Name ]", "k=1", "[Name]", "k=2"}},
         {"[General]\nWidth=1\n[GENERAL]\nWIDTH=2", {"[General]", "Width=2"}},
         {"[Empty]\n[[\n[x", {}},
         {"[a]b]\nk=v", {"[a]b]", "k=v"}},
         {"=v\n=w\nk=", {"=w", "k="}},
-        {"k=\"  q \"", {"k=\"  q \""}},
         {"# = x\n// = y", {"#= x"s.replace(1, 2, "="), "//=y"}},
         {"b=1\nA=2\n_=3\nB=4", {"_=3", "A=2", "b=4"}},
         {"a\r=\rb\r\n", {"a=b"}},
@@ -102,7 +98,6 @@ TEST_CASE("double-byte characters whose second byte looks like syntax")
             {"[\x83\x5D]\nk=\x83\x5C", {"[\x83\x5D]", "k=\x83\x5C"}},
             {"[a]\nx=1\n[\x83\x5D\ny=2", {"[a]", "x=1", "y=2"}},
             {"[\x83\x5D]]\nk=v", {"[\x83\x5D]", "k=v"}},
-            {"\x83\x5B=1\n\x83\x7B=2", {"\x83\x5B=1", "\x83\x7B=2"}},
             {"\x81\x40k\x81\x40=\x81\x40", {"\x81\x40k\x81\x40=\x81\x40"}},
             // full-width A and a are one letter; the bytes 0x61 and 0x41 in second place are not
             {"\x82\x60=1\n\x82\x81=2", {"\x82\x60=2"}},

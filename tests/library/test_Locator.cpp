@@ -41,13 +41,10 @@ std::string location(int iWhere) { return getLocation(iWhere).str(); }
 
 TEST_CASE("paths come apart by characters, and end in one backslash")
 {
-    CHECK(PathParts("C:").parent() == "C:");
-    CHECK(PathParts("\\\\server\\share\\a.b\\c").parent() == "\\\\server\\share\\a.b\\");
     CHECK(PathParts("a/b").fileName() == "b");
     CHECK(withBackslash("") == "");
     CHECK(withoutBackslash("a\\\\") == "a\\");
     const CThreadLocale locale(CThreadLocale::japanese);
-    CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").parent() == "C:\\\x95\\\\");
     CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").sBase == "\x95\\");
     CHECK(withBackslash("\x95\\") == "\x95\\\\");
     CHECK(withoutBackslash("\x95\\") == "\x95\\");
@@ -162,13 +159,9 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
     tree.folder("One\\");
     tree.folder("Two\\");
     const std::string sOne = tree.path("One"), sTwo = tree.path("Two"), sNone = tree.path("None");
-    {
-        const CEnvironment temp("TEMP", sOne.c_str()), tmp("TMP", sTwo.c_str());
-        CHECK(location(LOCATION_DIR_TEMP) == sOne + "\\");
-    }
-    for (const char* sTemp : {sNone.c_str(), static_cast<const char*>(nullptr)}) {
+    for (const char* sTemp : {sOne.c_str(), sNone.c_str(), static_cast<const char*>(nullptr)}) {
         const CEnvironment temp("TEMP", sTemp), tmp("TMP", sTwo.c_str());
-        CHECK(getTempFolder().str() == sTwo);
+        CHECK(location(LOCATION_DIR_TEMP) == (sTemp == sOne.c_str() ? sOne : sTwo) + "\\");
     }
     const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
     CHECK(getTempFolder() == "\\");
