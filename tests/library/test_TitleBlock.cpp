@@ -175,21 +175,3 @@ TEST_CASE_FIXTURE(DrawingFixture, "a title block is read in its own drawing, whi
     CHECK(title.get("NO") == "one");
     CHECK(acdbHostApplicationServices()->workingDatabase() == two.get());
 }
-
-TEST_CASE_FIXTURE(DrawingFixture, "keyword expansions are values that share their title block")
-{
-    settings(sProject, "Job", "BORDER \"A1\" \"B\"\r\nNO NR");
-    const auto database = open(DrawingText().border("B", {{"NR", "9"}}));
-    CARXKeywordExpansion copy("", 1, 1);
-    CHECK(copy.expandString("%PATH%%HALVORAN::NO%") == "%PATH%%HALVORAN::NO%");
-    {
-        const CWorkingDatabase working(database.get());
-        const CARXKeywordExpansion original(database.get(), path("A-100.dwg").c_str(), 2, 3);
-        copy = original;
-    }
-    CHECK(copy.hasTitleInstance());
-    // What the drawing says later is seen by a new object alone.
-    REQUIRE(database->setAttribute("NR", "10") == Acad::eOk);
-    CHECK(copy.expandString("%FILENAME% %HALVORAN::NO% %DRAWING_INDEX%/%DRAWING_COUNT%") == "A-100 9 2/3");
-    CHECK(expand(*database, "%HALVORAN::NO%") == "10");
-}
