@@ -45,26 +45,49 @@ void BareTabs::insertAfterWalk(const std::string& sText, LPARAM data) const
 
 void BareTabs::clear() const { ::SendMessageA(m_tabs, TCM_DELETEALLITEMS, 0, 0); }
 
-BareMenu::BareMenu(int iXrefs)
+BareMenu::BareMenu(int iXrefs, int iDrawings)
     : m_owner(::CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 1, 1, nullptr, nullptr,
                                 ::GetModuleHandleA(nullptr), nullptr)),
-      m_iXrefs(iXrefs)
+      m_iXrefs(iXrefs),
+      m_iDrawings(iDrawings)
 {
 }
+
+namespace {
+
+void appendSubmenu(HMENU menu, const char* sCaption, const std::string& sItems, int iCount)
+{
+    const HMENU submenu = ::CreatePopupMenu();
+    for (int i = 0; i < iCount; ++i)
+        ::AppendMenuA(submenu, MF_STRING, static_cast<UINT>(100 + i), (sItems + std::to_string(i)).c_str());
+    ::AppendMenuA(menu, MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(submenu), sCaption);
+}
+
+}  // namespace
 
 void BareMenu::show(POINT point) const
 {
     const UniqueMenu menu(::CreatePopupMenu());
-    ::AppendMenuA(menu.get(), MF_STRING, 1, "Save");
-    ::AppendMenuA(menu.get(), MF_STRING, 2, "Close");
-    ::AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
-    ::AppendMenuA(menu.get(), MF_STRING, 3, "Options");
+    const auto append = [&](const char* sCaption) {
+        ::AppendMenuA(menu.get(), sCaption != nullptr ? MF_STRING : MF_SEPARATOR, 1, sCaption);
+    };
+    append("Save");
+    append("Close");
+    if (m_iDrawings != 0) {
+        append("a");
+        append("b");
+        append(nullptr);
+        append("c");
+        append("d");
+        appendSubmenu(menu.get(), "e", "A-", m_iDrawings);
+    }
+    append(nullptr);
+    append("Options");
+    if (m_iDrawings != 0)
+        append("f");
     if (m_iXrefs != 0) {
-        ::AppendMenuA(menu.get(), MF_SEPARATOR, 0, nullptr);
-        const HMENU xrefs = ::CreatePopupMenu();
-        for (int i = 0; i < m_iXrefs; ++i)
-            ::AppendMenuA(xrefs, MF_STRING, static_cast<UINT>(4 + i), ("X-" + std::to_string(i) + ".dwg").c_str());
-        ::AppendMenuA(menu.get(), MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(xrefs), "Xrefs");
+        append(nullptr);
+        appendSubmenu(menu.get(), "Xrefs", "X-", m_iXrefs);
     }
     ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0, m_owner.get(),
                      nullptr);

@@ -31,7 +31,8 @@ private:
 // With the items of the strip's context menu, for a window of its own.
 class BareMenu {
 public:
-    explicit BareMenu(int iXrefs);
+    // With a list of drawings go the other items that can be switched on.
+    explicit BareMenu(int iXrefs, int iDrawings = 0);
 
     // At a screen point; returns when the menu is gone.
     void show(POINT point) const;
@@ -39,4 +40,5 @@ public:
 private:
     UniqueWindow m_owner;
     int m_iXrefs;
+    int m_iDrawings;
 };

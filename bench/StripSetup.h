@@ -26,6 +26,9 @@ public:
     // Opens so many drawings more. The first one has XREFS external references.
     void open(int iCount);
 
+    // Into the folder of the drawings; gives the full path.
+    std::string write(const std::string& sName, const std::string& sText) { return m_folder.write(sName, sText); }
+
     host::MainFrame& frame() { return m_application.frame(); }
     void resize(int iWidth);
     // Until all is painted.

@@ -11,6 +11,7 @@
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseReactor.h"
 #include "reactors/DocManagerReactor.h"
+#include "settings/MDITabSettings.h"
 #include "settings/resource.h"
 
 #include <memory>
@@ -41,12 +42,14 @@ void benchNotification(const char* sName)
 }
 
 // Documents that are in no window: what is measured is the strip.
-std::vector<std::unique_ptr<host::Document>> makeDocuments(int iCount)
+using Documents = std::vector<std::unique_ptr<host::Document>>;
+
+template <class Name>
+Documents makeDocuments(int iCount, const Name& name)
 {
-    std::vector<std::unique_ptr<host::Document>> documents;
+    Documents documents;
     for (int i = 0; i < iCount; ++i) {
-        const std::string sName = "C:\\Projects\\Drawings\\A-" + std::to_string(1000 + i) + ".dwg";
-        documents.push_back(std::make_unique<host::Document>(sName, true));
+        documents.push_back(std::make_unique<host::Document>(name(std::to_string(1000 + i)), true));
         documents.back()->setDatabase(host::Database::createNew());
         // As documentCreated leaves it.
         CDocManagerReactor::getReactor()->wasDatabaseModified(documents.back().get());
@@ -54,18 +57,52 @@ std::vector<std::unique_ptr<host::Document>> makeDocuments(int iCount)
     return documents;
 }
 
+void forget(const Documents& documents)
+{
+    for (const auto& document : documents)
+        CDocManagerReactor::getReactor()->removeDatabaseModifiedFlag(document.get());
+}
+
+// The time that adding takes.
+double addThenRemove(const Documents& documents)
+{
+    const Clock clock;
+    for (const auto& document : documents)
+        tabsAddDocument(document.get());
+    const double time = clock.elapsed();
+    for (const auto& document : documents)
+        tabsRemoveDocument(document.get());
+    return time;
+}
+
+// Drawings of one name from as many folders, and of as many names, with the folder to be
+// added to names that are shared, and without.
+void benchSameNames(StripSetup& setup, int iCount, int iRounds)
+{
+    for (const bool bShared : {false, true}) {
+        const auto inFolders = [&](const std::string& sGroup, const std::string& sTexts) {
+            return makeDocuments(iCount, [&](const std::string& sNumber) {
+                const std::string sFolder = sGroup + "\\" + sNumber + "\\";
+                setup.write(sFolder + "MDITabs.ini", sTexts);
+                return setup.write(sFolder + (bShared ? "Plan" : "Plan " + sNumber) + ".dwg", "");
+            });
+        };
+        const Documents on = inFolders(bShared ? "on shared" : "on", "SameNameText = \" in %X_DIRECTORY%\"\n");
+        const Documents off = inFolders(bShared ? "off shared" : "off", "");
+        const std::string sName = "adding " + std::to_string(iCount) + (bShared ? " of one name" : " of own names");
+        compare((sName + ", SameNameText / none").c_str(), iRounds, [&] { return addThenRemove(on); },
+                [&] { return addThenRemove(off); });
+        forget(on);
+        forget(off);
+    }
+}
+
 void benchAdding(int iCount, int iRounds)
 {
-    const auto documents = makeDocuments(iCount);
+    const auto documents = makeDocuments(
+        iCount, [](const std::string& sNumber) { return "C:\\Projects\\Drawings\\A-" + sNumber + ".dwg"; });
     const BareTabs bare(m_pWndTabs->m_hWnd);
-    const auto addAll = [&] {
-        const Clock clock;
-        for (const auto& document : documents)
-            tabsAddDocument(document.get());
-        const double time = clock.elapsed();
-        m_pWndTabs->DeleteAllItems();
-        return time;
-    };
+    const auto addAll = [&] { return addThenRemove(documents); };
     const auto insertAll = [&] {
         const Clock clock;
         for (int i = 0; i < iCount; ++i)
@@ -75,8 +112,7 @@ void benchAdding(int iCount, int iRounds)
         return time;
     };
     compare(("adding " + std::to_string(iCount) + " documents").c_str(), iRounds, addAll, insertAll);
-    for (const auto& document : documents)
-        CDocManagerReactor::getReactor()->removeDatabaseModifiedFlag(document.get());
+    forget(documents);
 }
 
 void benchLayout(StripSetup& setup)
@@ -104,10 +140,10 @@ void benchLayout(StripSetup& setup)
     compare("frame resized and painted, strip / none", 9, with(resizing), without(resizing));
 }
 
-void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs)
+void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs, int iDrawings = 0)
 {
     int iTab = iFirstTab;
-    const BareMenu bare(iXrefs);
+    const BareMenu bare(iXrefs, iDrawings);
     const auto rightClick = [&] {
         const CPoint point = setup.showTab(iTab);
         iTab += iStep;
@@ -159,6 +195,8 @@ int main(int iCount, char** aArguments)
     if (wanted("adding")) {
         benchAdding(100, 9);
         benchAdding(1000, 5);
+        benchSameNames(setup, 100, 9);
+        benchSameNames(setup, 400, 5);
     }
     setup.open(1);
     if (wanted("notification"))
@@ -173,6 +211,10 @@ int main(int iCount, char** aArguments)
         benchMenu("right click to menu, a drawing's first", setup, 1, 1, 0);
         benchMenu("right click to menu", setup, 3, 0, 0);
         benchMenu("right click to menu, 8 references", setup, 0, 0, XREFS);
+        setup.write("MDITabs.ini", "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
+                                   "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\n");
+        CMDITabSettings::clearDefaultSettings();
+        benchMenu("right click to menu, everything on", setup, 3, 0, 0, DRAWINGS);
     }
     if (wanted("options"))
         benchOptions(setup);

@@ -3,8 +3,8 @@
 
 #include "host/CrashReport.h"
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/drawing/Assumptions.h"
+#include "host/drawing/Paths.h"
 
 #include <cstdlib>
 

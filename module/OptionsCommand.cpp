@@ -45,6 +45,8 @@ void apply(const Decision& decision)
 
 void runOptionsCommand()
 {
+    if (CARXMDITabs::putOffOptions())
+        return;
     Tesk::guarded("runOptionsCommand", [] {
         const CTabOptions before = CTabOptions::read();
         if (CMDITabSettings::editOptions())

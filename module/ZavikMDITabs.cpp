@@ -12,6 +12,9 @@
 #include "settings/MDITabSettings.h"
 #include "settings/TabOptions.h"
 
+// Where this image begins, which is its instance; the linker's name for it.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
 std::unique_ptr<CARXMDITabs> m_pWndTabs;
 
 namespace {
@@ -32,14 +35,6 @@ void closeStrip(bool bAll)
     closeStep("CEditorReactor::detach", bAll || CEditorReactor::isAttached(), &CEditorReactor::detach);
     closeStep("CDocManagerReactor::detach", bAll || CDocManagerReactor::isAttached(), &CDocManagerReactor::detach);
     closeStep("destroyTabWindow", bAll || m_pWndTabs != nullptr, &destroyTabWindow);
-}
-
-// What a handler of one of our windows let out.
-void traceWindowException(const CException& exception)
-{
-    char sText[1024] = "";
-    exception.GetErrorMessage(sText, sizeof sText);
-    TESK_TRACE("a window's handler ended by an exception: %s\n", sText);
 }
 
 }  // namespace
@@ -71,8 +66,7 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt)
 
 void initApplication()
 {
-    AfxSetExceptionHook(&traceWindowException);
-    Tesk::initialiseLibrary(kApplicationName, AfxGetInstanceHandle(), false);
+    Tesk::initialiseLibrary(kApplicationName, reinterpret_cast<HINSTANCE>(&__ImageBase), false);
     CMDITabSettings::assertNoDefaultSettings();
     reapplyDiagnosticsLevel();
     // Whatever becomes of the strip, its options can be reached.
@@ -93,7 +87,6 @@ void unloadApplication()
     if (AcEdCommandStack* pStack = acedRegCmds)
         pStack->removeGroup(kApplicationName);
     Tesk::terminateLibrary();
-    AfxSetExceptionHook(nullptr);
 }
 
 void reapplyDiagnosticsLevel() { Tesk::setDiagnosticsLevel(Tesk::getDiagnosticsLevel() == 2 ? 2 : 0); }

@@ -1,6 +1,6 @@
 #include "settings/HelpBox.h"
 
-#include "library/diagnostics/Prerelease.h"
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/FileSearch.h"
 #include "library/files/Locator.h"
@@ -10,6 +10,7 @@
 #include "library/system/Explorer.h"
 #include "library/text/StringView.h"
 #include "settings/MDITabSettings.h"
+#include "settings/ResourceScope.h"
 #include "settings/resource.h"
 
 #include <vector>
@@ -86,19 +87,35 @@ CString CHelpBox::describe() const
            lines(titleBlockFiles(m_sFilename));
 }
 
+INT_PTR CHelpBox::DoModal()
+{
+    const CResourceScope resources;
+    return CDialog::DoModal();
+}
+
 BOOL CHelpBox::OnInitDialog()
 {
     CDialog::OnInitDialog();
-    GetDlgItem(IDC_HELP_TEXT)->SetWindowText(describe());
-    m_link.Attach(this, IDC_HELP_LINK, CMDITabSettings::getHelpAddress(m_sFilename));
-    if (m_sSupportAddress.IsEmpty())
-        ::DestroyWindow(::GetDlgItem(m_hWnd, IDC_MAIL_LOG));
+    Tesk::guarded("CHelpBox::OnInitDialog", [this] { fill(); });
     // Not on the text, which would show all of it selected.
     GetDlgItem(IDOK)->SetFocus();
     return FALSE;
 }
 
+void CHelpBox::fill()
+{
+    GetDlgItem(IDC_HELP_TEXT)->SetWindowText(describe());
+    m_link.Attach(this, IDC_HELP_LINK, CMDITabSettings::getHelpAddress(m_sFilename));
+    if (m_sSupportAddress.IsEmpty())
+        ::DestroyWindow(::GetDlgItem(m_hWnd, IDC_MAIL_LOG));
+}
+
 void CHelpBox::OnMailLog()
+{
+    Tesk::guarded("CHelpBox::OnMailLog", [this] { mailLog(); });
+}
+
+void CHelpBox::mailLog()
 {
     const CString sLog = logFile();
     const CString sSubject = productLabel() + ": help wanted";

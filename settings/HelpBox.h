@@ -10,10 +10,15 @@ class CHelpBox : public CDialog {
 public:
     explicit CHelpBox(const char* sFilename);
 
+    // With the template of the module.
+    INT_PTR DoModal() override;
+
 protected:
     BOOL OnInitDialog() override;
 
 private:
+    void fill();
+    void mailLog();
     CString describe() const;
     // Has the mail program show what goes out; without one shows the log's folder.
     void OnMailLog();

@@ -1,5 +1,6 @@
 #include "settings/OptionsDialog.h"
 
+#include "settings/ResourceScope.h"
 #include "settings/resource.h"
 
 BEGIN_MESSAGE_MAP(COptionsDialog, CDialog)
@@ -14,6 +15,12 @@ BEGIN_MESSAGE_MAP(COptionsDialog, CDialog)
 END_MESSAGE_MAP()
 
 COptionsDialog::COptionsDialog(CWnd* pParent) : CDialog(IDD_OPTIONS, pParent) {}
+
+INT_PTR COptionsDialog::DoModal()
+{
+    const CResourceScope resources;
+    return CDialog::DoModal();
+}
 
 void COptionsDialog::DoDataExchange(CDataExchange* pDX)
 {

@@ -9,6 +9,8 @@ class COptionsDialog : public CDialog {
 public:
     explicit COptionsDialog(CWnd* pParent = nullptr);
 
+    // With the template of the module.
+    INT_PTR DoModal() override;
     // Updates the controls' state before each message.
     BOOL PreTranslateMessage(MSG* pMsg) override;
 

@@ -1,5 +1,6 @@
 #include "tabs/ARXMDITabs.h"
 
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/KeywordExpansion.h"
 #include "library/files/PathParts.h"
@@ -67,8 +68,7 @@ void CARXMDITabs::addDocument(AcApDocument* pDocument)
     if (isDocumentPresent(pDocument))
         return;
 
-    updateSameNameTexts(m_sameNames.rename(pDocument, shownName(pDocument)));
-    CString sText = buildTabText(pDocument);
+    CString sText = renameTab(pDocument);
     TCITEMA tabItem = {};
     tabItem.mask = TCIF_TEXT | TCIF_PARAM | (CTabOptions::readIcons() ? static_cast<UINT>(TCIF_IMAGE) : 0U);
     tabItem.pszText = sText.GetBuffer(sText.GetLength());
@@ -153,18 +153,28 @@ AcApDocument* CARXMDITabs::getDocument(const CPoint point)
 
 CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
 {
-    if (!checkDocument(pDocument))
-        return CString();
+    return checkDocument(pDocument) ? buildTabText(pDocument, shownName(pDocument)) : CString();
+}
+
+CString CARXMDITabs::buildTabText(AcApDocument* pDocument, CString sName)
+{
     TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", pDocument->fileName());
     const char* sFilename = pDocument->fileName();
-    CString sText = shownName(pDocument);
     if (m_sameNames.isShared(pDocument))
-        sText += sameNameText(sFilename);
+        sName += sameNameText(sFilename);
     // Without the reactor the state is not known and no marker is shown.
     CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
     if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
-        sText += CMDITabSettings::getModifiedText(sFilename);
-    return sText;
+        sName += CMDITabSettings::getModifiedText(sFilename);
+    return sName;
+}
+
+// The name is looked up once, for it takes a read of the registry.
+CString CARXMDITabs::renameTab(AcApDocument* pDocument)
+{
+    const CString sName = shownName(pDocument);
+    updateSameNameTexts(m_sameNames.rename(pDocument, sName));
+    return buildTabText(pDocument, sName);
 }
 
 CString CARXMDITabs::buildTooltip(AcApDocument* pDocument)
@@ -194,8 +204,7 @@ void CARXMDITabs::updateTabText(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem == -1)
         return;
-    updateSameNameTexts(m_sameNames.rename(pDocument, shownName(pDocument)));
-    CString sText = buildTabText(pDocument);
+    CString sText = renameTab(pDocument);
     TCITEMA tabItem = {};
     tabItem.mask = TCIF_TEXT;
     tabItem.pszText = sText.GetBuffer(sText.GetLength());
@@ -237,13 +246,18 @@ const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
 void CARXMDITabs::OnSelChanging(NMHDR*, LRESULT* pResult)
 {
     TESK_TRACE("CARXMDITabs::OnSelChanging(...)\n");
-    *pResult = !acDocManager->isDocumentActivationEnabled();
+    Tesk::guarded("CARXMDITabs::OnSelChanging", [&] { *pResult = !acDocManager->isDocumentActivationEnabled(); });
 }
 
 void CARXMDITabs::OnSelChange(NMHDR*, LRESULT* pResult)
 {
     TESK_TRACE("CARXMDITabs::OnSelChange(...)\n");
     *pResult = 0;
+    Tesk::guarded("CARXMDITabs::OnSelChange", [this] { activateSelected(); });
+}
+
+void CARXMDITabs::activateSelected()
+{
     AcApDocument* pCurrent = acDocManager->curDocument();
     TESK_ASSERT(pCurrent != NULL);
     const int iSelected = GetCurSel();
@@ -256,7 +270,7 @@ void CARXMDITabs::OnSelChange(NMHDR*, LRESULT* pResult)
 void CARXMDITabs::OnMouseMove(UINT nFlags, CPoint point)
 {
     if (m_bToolTips)
-        trackToolTip(point);
+        Tesk::guarded("CARXMDITabs::OnMouseMove", [&] { trackToolTip(point); });
     CMDITabsEx::OnMouseMove(nFlags, point);
 }
 

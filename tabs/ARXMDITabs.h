@@ -68,6 +68,9 @@ public:
     void saveDocument(AcApDocument* pDocument);
     void closeDocument(AcApDocument* pDocument);
     void showOptions();
+    // Asked by the options command, which may delete the strip: true while a handler of
+    // the strip waits for the host. The command is then sent anew after it.
+    static bool putOffOptions();
     void openXREF(const CString& sPath);
     // Enables the menu's string items, which the frame has greyed for want of handlers.
     void enablePopupMenu(CMenu* pPopupMenu);
@@ -95,6 +98,7 @@ private:
     void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
     LRESULT OnMiddleButtonDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnMiddleButtonUp(WPARAM wParam, LPARAM lParam);
+    void activateSelected();
     void trackToolTip(CPoint point);
 
     // Items of the menu: nothing is added whose caption is empty or which would do nothing.
@@ -106,6 +110,11 @@ private:
     bool processExtraItem(AcApDocument* pDocument, UINT iItem);
     std::vector<AcApDocument*> getDocuments();
     std::vector<AcApDocument*> getUnmodifiedDocuments();
+    CString getTabText(int iItem);
+    CString buildTabText(AcApDocument* pDocument, CString sName);
+    // The tab's text for the name that the document has now; the texts of those that came
+    // to share it, or ceased to, are changed.
+    CString renameTab(AcApDocument* pDocument);
     void updateSameNameTexts(const std::vector<AcApDocument*>& vecDocuments);
 
     CString m_sToolTipDocument;  // whose tooltip the balloon shows; empty: none

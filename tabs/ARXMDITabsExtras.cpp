@@ -2,6 +2,7 @@
 #include "tabs/ARXMDITabs.h"
 #include "tabs/MenuIds.h"
 
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/network/UniversalName.h"
@@ -90,10 +91,9 @@ void CARXMDITabs::addDrawingsMenu(AcApDocument* pDocument, CMenu& menu)
     m_vecMenuDrawings.resize(
         std::min<std::size_t>(m_vecMenuDrawings.size(), IDC_DYNAMIC_MENU_DRAWINGS_END - IDC_DYNAMIC_MENU_DRAWINGS));
     const AcApDocument* pActive = acDocManager->mdiActiveDocument();
-    UINT iItem = IDC_DYNAMIC_MENU_DRAWINGS;
-    for (AcApDocument* pOpen : m_vecMenuDrawings)
-        TESK_VERIFY(menuDrawings.AppendMenu(MF_STRING | (pOpen == pActive ? MF_CHECKED : MF_UNCHECKED), iItem++,
-                                            asCaption(buildTabText(pOpen))));
+    for (std::size_t i = 0; i < m_vecMenuDrawings.size(); ++i)
+        TESK_VERIFY(menuDrawings.AppendMenu(MF_STRING | (m_vecMenuDrawings[i] == pActive ? MF_CHECKED : MF_UNCHECKED),
+                                            IDC_DYNAMIC_MENU_DRAWINGS + i, asCaption(getTabText(static_cast<int>(i)))));
     // The menu owns the submenu from here on.
     TESK_VERIFY(menu.AppendMenu(MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(menuDrawings.Detach()), sCaption));
 }
@@ -136,6 +136,17 @@ bool CARXMDITabs::processExtraItem(AcApDocument* pDocument, UINT iItem)
         TESK_VERIFY_TEXT(acDocManager->activateDocument(pChosen) == Acad::eOk,
                          "acDocManager->activateDocument(pDocument) == Acad::eOk");
     return true;
+}
+
+CString CARXMDITabs::getTabText(int iItem)
+{
+    char sText[1024] = "";
+    TCITEMA tabItem = {};
+    tabItem.mask = TCIF_TEXT;
+    tabItem.pszText = sText;
+    tabItem.cchTextMax = sizeof sText;
+    TESK_VERIFY(GetItem(iItem, &tabItem));
+    return CString(tabItem.pszText);
 }
 
 std::vector<AcApDocument*> CARXMDITabs::getDocuments()
@@ -209,7 +220,9 @@ void CARXMDITabs::showHelp(AcApDocument* pDocument)
 
 LRESULT CARXMDITabs::OnMiddleButtonDown(WPARAM, LPARAM lParam)
 {
-    m_pMiddlePressed = CTabOptions::readMiddleClickCloses() ? getDocument(CPoint(lParam)) : nullptr;
+    Tesk::guarded("CARXMDITabs::OnMiddleButtonDown", [&] {
+        m_pMiddlePressed = CTabOptions::readMiddleClickCloses() ? getDocument(CPoint(lParam)) : nullptr;
+    });
     return Default();
 }
 
@@ -217,8 +230,10 @@ LRESULT CARXMDITabs::OnMiddleButtonUp(WPARAM, LPARAM lParam)
 {
     const AcApDocument* pPressed = std::exchange(m_pMiddlePressed, nullptr);
     const LRESULT result = Default();
-    AcApDocument* pReleased = pPressed != nullptr ? getDocument(CPoint(lParam)) : nullptr;
-    if (pReleased != nullptr && pReleased == pPressed)
-        closeDocument(pReleased);
+    Tesk::guarded("CARXMDITabs::OnMiddleButtonUp", [&] {
+        AcApDocument* pReleased = pPressed != nullptr ? getDocument(CPoint(lParam)) : nullptr;
+        if (pReleased != nullptr && pReleased == pPressed)
+            closeDocument(pReleased);
+    });
     return result;
 }

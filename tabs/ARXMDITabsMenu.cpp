@@ -2,16 +2,27 @@
 #include "tabs/ARXMDITabs.h"
 #include "tabs/MenuIds.h"
 
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
 #include "library/files/PathParts.h"
+#include "library/system/Handles.h"
 #include "library/text/StringView.h"
 #include "mfc/afxwin.h"
 #include "objectarx/acdocman.h"
 #include "objectarx/rxmfcapi.h"
 #include "settings/MDITabSettings.h"
 
+#include <utility>
+
 namespace {
+
+constexpr const char* kOptionsCommand = "_ZavikMDITabs\n";
+
+// Has the host pick a command up at once. Whether it runs it from within the message,
+// nobody says.
+enum class Kick { none, sent, tooEarly };
+Kick g_kick = Kick::none;
 
 // A missing file cannot be written either.
 bool canWrite(const char* sPath)
@@ -28,10 +39,12 @@ bool isSingleDocumentMode() { return Tesk::CARXVariable("SDI").readBool(); }
 void CARXMDITabs::OnContextMenu(CWnd*, CPoint point)
 {
     TESK_TRACE("CARXMDITabs::OnContextMenu(...)\n");
-    CPoint client = point;
-    ScreenToClient(&client);
-    if (AcApDocument* pDocument = getDocument(client))
-        popupMenu(pDocument, point.x, point.y);
+    Tesk::guarded("CARXMDITabs::OnContextMenu", [&] {
+        CPoint client = point;
+        ScreenToClient(&client);
+        if (AcApDocument* pDocument = getDocument(client))
+            popupMenu(pDocument, point.x, point.y);
+    });
 }
 
 void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
@@ -83,7 +96,7 @@ void CARXMDITabs::addXrefsToMenu(AcApDocument* pDocument, CMenu& menu, UINT iBas
     TESK_TRACE("CARXMDITabs::addXrefsToMenu(...)\n");
     const CString sReadOnly = CMDITabSettings::getXrefsReadOnlyText(pDocument->fileName());
     for (UINT i = 0; i < xrefs.size(); ++i) {
-        CString sItem(Tesk::PathParts(Tesk::viewOf(xrefs[i])).fileName());
+        CString sItem = Tesk::toCString(Tesk::PathParts(Tesk::viewOf(xrefs[i])).fileName());
         if (!canWrite(xrefs[i]))
             sItem += sReadOnly;
         TESK_VERIFY(menu.AppendMenu(MF_STRING, iBaseID + i, sItem));
@@ -141,10 +154,22 @@ void CARXMDITabs::closeDocument(AcApDocument* pDocument)
 void CARXMDITabs::showOptions()
 {
     TESK_TRACE("CARXMDITabs::showOptions()\n");
-    sendCommand(acDocManager->mdiActiveDocument(), "_ZavikMDITabs\n");
-    // Has the host pick the command up at once. Posted, for the command may delete
-    // this window, whose handler is still running.
-    ::PostMessageA(acedGetAcadFrame()->m_hWnd, WM_KICKIDLE, 0, 0);
+    const HWND hFrame = acedGetAcadFrame()->m_hWnd;
+    sendCommand(acDocManager->mdiActiveDocument(), kOptionsCommand);
+    g_kick = Kick::sent;
+    ::SendMessageA(hFrame, WM_KICKIDLE, 0, 0);
+    if (std::exchange(g_kick, Kick::none) == Kick::tooEarly) {
+        sendCommand(acDocManager->mdiActiveDocument(), kOptionsCommand);
+        ::PostMessageA(hFrame, WM_KICKIDLE, 0, 0);
+    }
+}
+
+bool CARXMDITabs::putOffOptions()
+{
+    if (g_kick == Kick::none)
+        return false;
+    g_kick = Kick::tooEarly;
+    return true;
 }
 
 void CARXMDITabs::openXREF(const CString& sPath)
@@ -160,7 +185,7 @@ void CARXMDITabs::OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu)
     if (m_pMainFrame != nullptr)
         ::SendMessageA(m_pMainFrame->m_hWnd, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(pPopupMenu->m_hMenu),
                        MAKELPARAM(nIndex, bSysMenu));
-    enablePopupMenu(pPopupMenu);
+    Tesk::guarded("CARXMDITabs::OnInitMenuPopup", [&] { enablePopupMenu(pPopupMenu); });
 }
 
 void CARXMDITabs::enablePopupMenu(CMenu* pPopupMenu)

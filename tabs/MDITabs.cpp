@@ -32,7 +32,7 @@ void CMDITabs::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
     // Shown nowhere; a screen reader says it.
     SetWindowText("Drawing tabs");
     ModifyStyleEx(0, WS_EX_CLIENTEDGE);
-    SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
+    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), TRUE);
     ::SetWindowPos(m_hWnd, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 
     m_bImages = (dwStyle & MDITABS_IMAGES) != 0;

@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/registry/Registry.h"
+#include "library/system/Handles.h"
 #include "settings/MDITabSettings.h"
 #include "settings/TabOptions.h"
 
@@ -35,7 +36,7 @@ void CMDITabsEx::createToolTip(CMDIFrameWnd* pMainFrame)
     TESK_VERIFY(m_pToolTip->Create(pMainFrame, TTS_BALLOON));
     m_pToolTip->SetMaxTipWidth(kMaxTipWidth);
     m_pToolTip->SetTitle(TTI_INFO, CMDITabSettings::getTooltipTitle(""));
-    m_pToolTip->SetFont(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT)));
+    m_pToolTip->SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), TRUE);
     TESK_VERIFY(m_pToolTip->AddTool(this, _T("XXXX default line 1\nXXXX default line 2")));
 }
 

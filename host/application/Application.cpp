@@ -1,8 +1,8 @@
 #include "host/application/Application.h"
 
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
 #include "host/drawing/Counted.h"
+#include "host/drawing/Paths.h"
 #include "host/ui/MainFrame.h"
 #include "mfc/MessagePump.h"
 
@@ -86,11 +86,10 @@ bool Application::executeFile(const std::string& sPath)
 
 void Application::pumpUntilIdle()
 {
-    MessagePump pump;
     MSG message;
     do {
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
-            if (!pump.pumpMessage()) {
+            if (!toolkit::pumpMessage()) {
                 m_quitting = true;
                 return;
             }

@@ -2,7 +2,7 @@
 
 #include "host/application/CommandLine.h"
 #include "host/application/DynamicLinker.h"
-#include "host/application/Paths.h"
+#include "host/drawing/Paths.h"
 #include "library/system/Handles.h"
 
 #include <algorithm>

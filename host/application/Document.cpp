@@ -1,6 +1,6 @@
 #include "host/application/Document.h"
 
-#include "host/application/Paths.h"
+#include "host/drawing/Paths.h"
 
 namespace host {
 

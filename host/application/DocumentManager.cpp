@@ -2,9 +2,9 @@
 
 #include "host/application/DocumentWindows.h"
 #include "host/application/Editor.h"
-#include "host/application/Paths.h"
 #include "host/drawing/Assumptions.h"
 #include "host/drawing/Faults.h"
+#include "host/drawing/Paths.h"
 #include "objectarx/dbapserv.h"
 
 #include <algorithm>
@@ -34,15 +34,8 @@ public:
 private:
     void skipClosed()
     {
-        while (!done() && !isOpen(m_documents[m_next]))
+        while (!done() && !m_manager.owns(m_documents[m_next]))
             ++m_next;
-    }
-    bool isOpen(const AcApDocument* pDocument) const
-    {
-        for (std::size_t i = 0; i < m_manager.count(); ++i)
-            if (&m_manager.at(i) == pDocument)
-                return true;
-        return false;
     }
 
     const DocumentManager& m_manager;

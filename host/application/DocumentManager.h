@@ -64,6 +64,8 @@ public:
     Document* current() const { return m_pCurrent; }
     Document* active() const { return m_pActive; }
     Document* find(const std::string& sPath) const;
+    // Any pointer may be asked about.
+    bool owns(const AcApDocument* pDocument) const;
     std::size_t reactorCount() const { return m_reactors.size(); }
 
     // A new, untitled drawing, activated.
@@ -97,7 +99,6 @@ private:
     Acad::ErrorStatus setActivation(bool enabled);
     void switchTo(Document& document, bool windowToo);
     Document* admit(std::unique_ptr<Document> document);
-    bool owns(const AcApDocument* pDocument) const;
     void notifyOpened(Database& drawing, std::string sPath);
 
     Editor& m_editor;

@@ -2,7 +2,7 @@
 
 #include "host/application/Application.h"
 #include "host/application/CommandStack.h"
-#include "host/application/Paths.h"
+#include "host/drawing/Paths.h"
 
 #include <algorithm>
 

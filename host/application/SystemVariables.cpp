@@ -2,7 +2,7 @@
 
 #include "host/application/CommandStack.h"
 #include "host/application/DocumentManager.h"
-#include "host/application/Paths.h"
+#include "host/drawing/Paths.h"
 #include "objectarx/dbapserv.h"
 
 #include <cstdio>

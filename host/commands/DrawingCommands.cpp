@@ -1,8 +1,8 @@
 // The commands that edit the current drawing.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Paths.h"
 #include "host/ui/MainFrame.h"
 
 namespace host {

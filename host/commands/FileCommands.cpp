@@ -1,8 +1,8 @@
 // The commands that open, save and close drawings.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Paths.h"
 #include "host/ui/MainFrame.h"
 
 namespace host {

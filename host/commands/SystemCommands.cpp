@@ -1,9 +1,9 @@
 // The commands about the host itself.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
 #include "host/drawing/Faults.h"
+#include "host/drawing/Paths.h"
 
 namespace host {
 

@@ -4,10 +4,9 @@
 #include "host/drawing/Faults.h"
 #include "host/drawing/HostServices.h"
 #include "host/drawing/Objects.h"
+#include "host/drawing/Paths.h"
 #include "host/drawing/UndoList.h"
 #include "host/drawing/Xrefs.h"
-
-#include <windows.h>
 
 namespace host {
 
@@ -16,13 +15,6 @@ namespace {
 DatabaseObserver s_nobody;
 DatabaseObserver* s_pObserver = &s_nobody;
 int s_misuses = 0;
-
-std::string fullPath(const std::string& sPath)
-{
-    char full[MAX_PATH] = "";
-    const DWORD length = GetFullPathNameA(sPath.c_str(), MAX_PATH, full, nullptr);
-    return length == 0 || length >= MAX_PATH ? sPath : std::string(full, length);
-}
 
 }  // namespace
 
@@ -142,10 +134,6 @@ void Database::dxfIn(const std::string& sPath)
 bool Database::undo() { return m_undo->undo(); }
 
 bool Database::redo() { return m_undo->redo(); }
-
-void Database::beginUndoGroup() { m_undo->beginGroup(); }
-
-void Database::endUndoGroup() { m_undo->endGroup(); }
 
 void Database::notifyNoChange(int n)
 {

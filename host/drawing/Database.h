@@ -116,9 +116,6 @@ public:
     // Takes back the last edit, or does it again; false when there is none.
     bool undo();
     bool redo();
-    // Edits between the two are one undo step; calls nest.
-    void beginUndoGroup();
-    void endUndoGroup();
     // objectOpenedForModify and objectModified of one object, n times; the
     // drawing does not change.
     void notifyNoChange(int n);

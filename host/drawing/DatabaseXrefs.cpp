@@ -2,19 +2,13 @@
 
 #include "host/drawing/EntityText.h"
 #include "host/drawing/ObjectGraph.h"
+#include "host/drawing/Paths.h"
 #include "host/drawing/UndoList.h"
 #include "host/drawing/Xrefs.h"
 
 namespace host {
 
 namespace {
-
-std::string baseName(const std::string& sPath)
-{
-    const std::size_t slash = sPath.find_last_of("\\/:");
-    const std::string sFile = slash == std::string::npos ? sPath : sPath.substr(slash + 1);
-    return sFile.substr(0, sFile.find_last_of('.'));
-}
 
 // The record of the BLOCK_RECORD table that has the name, or, without a name,
 // the table's end; null in files without that table.
@@ -50,7 +44,7 @@ Acad::ErrorStatus load(Database& database, const std::string& sPath, std::unique
 
 Acad::ErrorStatus Database::attachXref(const std::string& sPath)
 {
-    const std::string sName = baseName(sPath);
+    const std::string sName = baseNameOf(sPath);
     if (sName.empty())
         return Acad::eInvalidInput;
     if (m_graph->block(sName) != nullptr)

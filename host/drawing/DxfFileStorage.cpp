@@ -1,46 +1,20 @@
 #include "host/drawing/DxfFile.h"
 #include "host/drawing/FileError.h"
-
-#include <windows.h>
-
-#include <utility>
+#include "host/drawing/Paths.h"
+#include "library/system/Handles.h"
 
 namespace host {
 
 namespace {
 
-class File {
-public:
-    explicit File(HANDLE handle) : m_handle(handle) {}
-    ~File() { close(); }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-
-    bool isOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
-    HANDLE get() const { return m_handle; }
-    void close()
-    {
-        if (isOpen())
-            CloseHandle(std::exchange(m_handle, INVALID_HANDLE_VALUE));
-    }
-
-private:
-    HANDLE m_handle;
-};
-
 [[noreturn]] void fail(const std::string& sPath, const std::string& sReason) { throw FileError(sPath, 0, sReason); }
-
-std::string folderOf(const std::string& sPath)
-{
-    const std::size_t slash = sPath.find_last_of("\\/:");
-    return slash == std::string::npos ? "." : sPath.substr(0, slash + 1);
-}
 
 void writeAll(const std::string& sPath, const std::string& sBytes)
 {
-    File file(CreateFileA(sPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const UniqueHandle file(
+        CreateFileA(sPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
-    if (!file.isOpen() || !WriteFile(file.get(), sBytes.data(), static_cast<DWORD>(sBytes.size()), &written, nullptr) ||
+    if (!file || !WriteFile(file.get(), sBytes.data(), static_cast<DWORD>(sBytes.size()), &written, nullptr) ||
         written != sBytes.size() || !FlushFileBuffers(file.get()))
         fail(sPath, FileError::systemReason(GetLastError()));
 }
@@ -52,9 +26,10 @@ std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
     const DWORD attributes = GetFileAttributesA(sPath.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         fail(sPath, "a folder, not a file");
-    const File file(CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file.isOpen())
+    const UniqueHandle file(CreateFileA(sPath.c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                        FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file)
         fail(sPath, FileError::systemReason(GetLastError()));
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.get(), &size))
@@ -91,7 +66,7 @@ void DxfFile::write(const std::string& sPath) const
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         fail(sPath, "the file is read-only");
     char temporary[MAX_PATH] = "";
-    if (GetTempFileNameA(folderOf(sPath).c_str(), "dwg", 0, temporary) == 0) {
+    if (GetTempFileNameA(folderOf(fullPath(sPath)).c_str(), "dwg", 0, temporary) == 0) {
         const DWORD code = GetLastError();
         fail(sPath, code == ERROR_DIRECTORY || code == ERROR_PATH_NOT_FOUND ? "the folder does not exist"
                                                                             : FileError::systemReason(code));

@@ -1,8 +1,5 @@
 #include "host/drawing/UndoList.h"
 
-#include "host/drawing/Counted.h"
-#include "host/drawing/Database.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -13,51 +10,6 @@ namespace {
 constexpr int kContents = Database::kObjects | Database::kVariables | Database::kField;
 
 }  // namespace
-
-template <class... Parameters, class... Arguments>
-void Notifier::tell(void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
-{
-    const Counted telling(m_database.telling());
-    m_database.reactors().notify(notification, &m_database, arguments...);
-}
-
-template <class... Parameters, class... Arguments>
-void Notifier::tellOf(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments)
-{
-    const Counted showing(node.notifying);  // reactors may read the object meanwhile
-    tell(notification, &node.object(), arguments...);
-}
-
-template <class... Parameters, class... Arguments>
-void Notifier::tellDone(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...),
-                        Arguments... arguments)
-{
-    tellOf(node, notification, arguments...);
-    m_database.changeIsTold();
-}
-
-void Notifier::openedForModify(AcDbStub& node) { tellOf(node, &AcDbDatabaseReactor::objectOpenedForModify); }
-
-void Notifier::modified(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectModified); }
-
-void Notifier::appended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectAppended); }
-
-void Notifier::unAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectUnAppended); }
-
-void Notifier::reAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectReAppended); }
-
-void Notifier::erased(AcDbStub& node, bool isErased) { tellDone(node, &AcDbDatabaseReactor::objectErased, isErased); }
-
-void Notifier::variableWillChange(const std::string& sName)
-{
-    tell(&AcDbDatabaseReactor::headerSysVarWillChange, sName.c_str());
-}
-
-void Notifier::variableChanged(const std::string& sName)
-{
-    tell(&AcDbDatabaseReactor::headerSysVarChanged, sName.c_str(), Adesk::kTrue);
-    m_database.changeIsTold();
-}
 
 void UndoList::changeObject(AcDbStub& node, std::string sText)
 {

@@ -3,6 +3,8 @@
 // Every edit of a drawing goes through here: it is carried out, remembered for
 // undo, marked in DBMOD and then told to the reactors, in this order.
 
+#include "host/drawing/Counted.h"
+#include "host/drawing/Database.h"
 #include "host/drawing/ObjectGraph.h"
 
 #include <cstddef>
@@ -16,23 +18,42 @@ class Notifier {
 public:
     explicit Notifier(Database& database) : m_database(database) {}
 
-    void openedForModify(AcDbStub& node);
-    void modified(AcDbStub& node);
-    void appended(AcDbStub& node);
-    void unAppended(AcDbStub& node);
-    void reAppended(AcDbStub& node);
-    void erased(AcDbStub& node, bool isErased);
-    void variableWillChange(const std::string& sName);
-    void variableChanged(const std::string& sName);
+    void openedForModify(AcDbStub& node) { tellOf(node, &AcDbDatabaseReactor::objectOpenedForModify); }
+    void modified(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectModified); }
+    void appended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectAppended); }
+    void unAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectUnAppended); }
+    void reAppended(AcDbStub& node) { tellDone(node, &AcDbDatabaseReactor::objectReAppended); }
+    void erased(AcDbStub& node, bool isErased) { tellDone(node, &AcDbDatabaseReactor::objectErased, isErased); }
+    void variableWillChange(const std::string& sName)
+    {
+        tell(&AcDbDatabaseReactor::headerSysVarWillChange, sName.c_str());
+    }
+    void variableChanged(const std::string& sName)
+    {
+        tell(&AcDbDatabaseReactor::headerSysVarChanged, sName.c_str(), Adesk::kTrue);
+        m_database.changeIsTold();
+    }
 
 private:
-    template <class... Parameters, class... Arguments>
-    void tell(void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
-    template <class... Parameters, class... Arguments>
-    void tellOf(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    template <class Notification, class... Arguments>
+    void tell(Notification notification, Arguments... arguments)
+    {
+        const Counted telling(m_database.telling());
+        m_database.reactors().notify(notification, &m_database, arguments...);
+    }
+    template <class Notification, class... Arguments>
+    void tellOf(AcDbStub& node, Notification notification, Arguments... arguments)
+    {
+        const Counted showing(node.notifying);  // reactors may read the object meanwhile
+        tell(notification, &node.object(), arguments...);
+    }
     // The last that is told of a change.
-    template <class... Parameters, class... Arguments>
-    void tellDone(AcDbStub& node, void (AcDbDatabaseReactor::*notification)(Parameters...), Arguments... arguments);
+    template <class Notification, class... Arguments>
+    void tellDone(AcDbStub& node, Notification notification, Arguments... arguments)
+    {
+        tellOf(node, notification, arguments...);
+        m_database.changeIsTold();
+    }
 
     Database& m_database;
 };

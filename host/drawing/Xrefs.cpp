@@ -2,8 +2,7 @@
 
 #include "host/drawing/Database.h"
 #include "host/drawing/Faults.h"
-
-#include <windows.h>
+#include "host/drawing/Paths.h"
 
 namespace host {
 
@@ -14,21 +13,11 @@ bool isAbsolute(const std::string& sPath)
     return (sPath.size() > 1 && sPath[1] == ':') || sPath.starts_with('\\') || sPath.starts_with('/');
 }
 
-std::string fullPath(const std::string& sPath)
-{
-    char full[MAX_PATH] = "";
-    const DWORD length = GetFullPathNameA(sPath.c_str(), MAX_PATH, full, nullptr);
-    return length == 0 || length >= MAX_PATH ? sPath : std::string(full, length);
-}
-
 }  // namespace
 
 std::string fullXrefPath(const Database& host, const std::string& sPath)
 {
-    const std::size_t slash = host.path().find_last_of("\\/");
-    if (isAbsolute(sPath) || slash == std::string::npos)
-        return fullPath(sPath);
-    return fullPath(host.path().substr(0, slash + 1) + sPath);
+    return fullPath(isAbsolute(sPath) ? sPath : folderOf(host.path()) + sPath);
 }
 
 void resolveXrefs(Database& database, bool load)
@@ -45,8 +34,7 @@ void resolveXrefs(Database& database, bool load)
 void resolveXref(Database& database, BlockNode& block)
 {
     const std::string sFull = fullXrefPath(database, block.xrefPath);
-    const DWORD attributes = GetFileAttributesA(sFull.c_str());
-    if (block.xrefPath.empty() || attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_DIRECTORY)) {
+    if (block.xrefPath.empty() || !fileExists(sFull)) {
         block.status = AcDb::kXrfFileNotFound;
         return;
     }

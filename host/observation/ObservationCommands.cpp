@@ -1,8 +1,8 @@
 // The commands that look at the windows from outside, as a person would.
 
 #include "host/application/Application.h"
-#include "host/application/Paths.h"
 #include "host/commands/Command.h"
+#include "host/drawing/Paths.h"
 #include "host/observation/Dialogs.h"
 #include "host/observation/PopupMenu.h"
 #include "host/observation/ResourceCount.h"
@@ -18,7 +18,9 @@ namespace {
 
 using namespace observation;
 
-constexpr DWORD kLongestHover = 1500;
+// Until the balloon is there: where nothing can show one, and where one is sure to come.
+constexpr DWORD kShortHover = 1500;
+constexpr DWORD kLongestHover = 8000;
 constexpr DWORD kPaintTime = 150;  // until what was drawn is on the screen
 
 void report(Application& application, const std::string& lines)
@@ -61,7 +63,7 @@ void hover(Application& application, const Arguments& a)
     ::SetCursorPos(0, 0);
     pumpUntil(20, never);
     postMouse(tabs.window(), WM_MOUSEMOVE, 0, middle);
-    pumpUntil(kLongestHover, &Tips::isShown);
+    pumpUntil(Tips::exist() ? kLongestHover : kShortHover, &Tips::isShown);
     report(application, Tips::describe());
 }
 

@@ -19,15 +19,6 @@ std::string rectangle(HWND frame, HWND window)
            std::to_string(rect.bottom);
 }
 
-bool isOpen(const AcApDocument* pDocument)
-{
-    DocumentManager& documents = Application::instance()->documents();
-    for (std::size_t i = 0; i < documents.count(); ++i)
-        if (&documents.at(i) == pDocument)
-            return true;
-    return false;
-}
-
 }  // namespace
 
 Strip::Strip(HWND frame) : m_frame(frame), m_window(::GetDlgItem(frame, kStripId))
@@ -75,7 +66,7 @@ std::string Strip::describeTab(int tab) const
     const AcApDocument* const pDocument = documentAt(tab);
     return "tab " + std::to_string(tab) + ": text=\"" + oneLine(item.pszText) +
            "\" image=" + std::to_string(item.iImage) + " document=\"" +
-           (isOpen(pDocument) ? pDocument->fileName() : "?") + "\"\n";
+           (Application::instance()->documents().owns(pDocument) ? pDocument->fileName() : "?") + "\"\n";
 }
 
 POINT Strip::middleOf(int tab) const

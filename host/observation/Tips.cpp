@@ -64,6 +64,8 @@ Tips::~Tips()
     watched().clear();
 }
 
+bool Tips::exist() { return !watched().empty(); }
+
 bool Tips::isShown() { return visibleWindow(TOOLTIPS_CLASSA) != nullptr; }
 
 void Tips::hide()

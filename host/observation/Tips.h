@@ -19,6 +19,8 @@ public:
 
     // The HOVER command's line, for the tooltip that shows now.
     static std::string describe();
+    // Whether there is a tooltip control, so that a balloon may come.
+    static bool exist();
     static bool isShown();
     static void hide();
 

@@ -81,12 +81,11 @@ HWND visibleWindow(const char* className)
 
 bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition)
 {
-    MessagePump pump;
     const DWORD start = ::GetTickCount();
     for (;;) {
         MSG message;
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
-            if (!pump.pumpMessage())
+            if (!toolkit::pumpMessage())
                 return false;
         if (condition())
             return true;

@@ -1,6 +1,7 @@
 #include "library/controls/HyperLink.h"
 
 #include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include <shellapi.h>
 
@@ -57,16 +58,16 @@ END_MESSAGE_MAP()
 
 CString CHyperLink::getTarget(const CString& sAddress)
 {
-    const std::string_view sText = Tesk::MultiByte::trim(sAddress.str());
+    const std::string_view sText = Tesk::MultiByte::trim(Tesk::viewOf(sAddress));
     if (hasBlankOrControl(sText))
         return CString();
     if (startsWith(sText, "http://") || startsWith(sText, "https://"))
-        return CString(std::string(sText));
+        return Tesk::toCString(sText);
     if (startsWith(sText, "www."))
-        return CString("http://" + std::string(sText));
+        return "http://" + Tesk::toCString(sText);
     if (startsWith(sText, "mailto:"))
-        return isMailAddress(sText.substr(7)) ? CString(std::string(sText)) : CString();
-    return isMailAddress(sText) ? CString("mailto:" + std::string(sText)) : CString();
+        return isMailAddress(sText.substr(7)) ? Tesk::toCString(sText) : CString();
+    return isMailAddress(sText) ? "mailto:" + Tesk::toCString(sText) : CString();
 }
 
 bool CHyperLink::Attach(CWnd* pDialog, int nID, const CString& sAddress)
@@ -97,7 +98,9 @@ void CHyperLink::fitToText()
     CRect needed(rect);
     const HDC hdc = ::GetDC(m_hWnd);
     const HGDIOBJ previous = ::SelectObject(hdc, m_font.get());
-    ::DrawTextA(hdc, GetWindowText(), -1, &needed, DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT);
+    CString sText;
+    GetWindowText(sText);
+    ::DrawTextA(hdc, sText, -1, &needed, DT_SINGLELINE | DT_NOPREFIX | DT_CALCRECT);
     ::SelectObject(hdc, previous);
     ::ReleaseDC(m_hWnd, hdc);
     if (needed.right < rect.right)
@@ -134,7 +137,9 @@ void CHyperLink::drawText(HDC hdc, RECT rect) const
     const HGDIOBJ previous = ::SelectObject(hdc, m_font.get());
     ::SetBkMode(hdc, TRANSPARENT);
     ::SetTextColor(hdc, linkColour());
-    ::DrawTextA(hdc, GetWindowText(), -1, &rect, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    CString sText;
+    GetWindowText(sText);
+    ::DrawTextA(hdc, sText, -1, &rect, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     ::SelectObject(hdc, previous);
     if (::GetFocus() == m_hWnd) {
         ::SetTextColor(hdc, ::GetSysColor(COLOR_BTNTEXT));

@@ -18,9 +18,6 @@ public:
     // Fills `sText` with the message; false when the error has none.
     virtual bool getErrorText(CString& sText) const = 0;
 
-    // getErrorText for a caller's buffer, cut between characters where it is too long.
-    BOOL GetErrorMessage(char* sBuffer, UINT uCapacity) const override;
-
 private:
     CString m_sExtraText;
 };

@@ -1,5 +1,7 @@
 #include "library/diagnostics/ExceptionText.h"
 
+#include "library/diagnostics/ExceptionBase.h"
+
 #include <memory>
 
 namespace Tesk {
@@ -15,6 +17,10 @@ struct CDelete {
 CString takeExceptionText(CException* pException)
 {
     const std::unique_ptr<CException, CDelete> owner(pException);
+    if (const auto* pOwn = dynamic_cast<const CExceptionBase*>(pException)) {
+        CString sText;
+        return pOwn->getErrorText(sText) ? sText : CString();
+    }
     char sText[1024 + 1] = "";
     return pException->GetErrorMessage(sText, sizeof sText) ? CString(sText) : CString();
 }

@@ -6,8 +6,8 @@
 
 namespace Tesk {
 
-// The message (at most 1,024 characters, empty when there is none); the exception
-// is deleted.
+// The message (of other exceptions than the library's at most 1,024 characters; empty
+// when there is none); the exception is deleted.
 CString takeExceptionText(CException* pException);
 
 }  // namespace Tesk

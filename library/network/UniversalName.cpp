@@ -1,5 +1,7 @@
 #include "library/network/UniversalName.h"
 
+#include "library/text/StringView.h"
+
 #include <windows.h>
 #include <winnetwk.h>
 
@@ -28,11 +30,11 @@ std::string connectionOf(const std::string& sDrive)
 
 CString getUniversalName(const CString& sPath)
 {
-    const std::string& sLocal = sPath.str();
+    const std::string sLocal = toString(sPath);
     if (sLocal.size() < 3 || sLocal.compare(1, 2, ":\\") != 0)
         return sPath;
     const std::string sShare = connectionOf(sLocal.substr(0, 2));
-    return sShare.compare(0, 2, "\\\\") == 0 ? CString(sShare + sLocal.substr(2)) : sPath;
+    return sShare.compare(0, 2, "\\\\") == 0 ? toCString(sShare + sLocal.substr(2)) : sPath;
 }
 
 }  // namespace Tesk::Network

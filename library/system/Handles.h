@@ -66,8 +66,8 @@ inline BOOL closeFind(HANDLE h) { return ::FindClose(h); }
 inline BOOL closeIcon(HICON h) { return ::DestroyIcon(h); }
 inline BOOL closeMenu(HMENU h) { return ::DestroyMenu(h); }
 inline BOOL closeWindow(HWND h) { return ::DestroyWindow(h); }
-inline BOOL closeModule(HMODULE h) { return ::FreeLibrary(h); }
 inline BOOL closeKey(HKEY h) { return ::RegCloseKey(h) == ERROR_SUCCESS; }
+inline BOOL closeModule(HMODULE h) { return ::FreeLibrary(h); }
 inline BOOL closeImageList(HIMAGELIST h) { return ::ImageList_Destroy(h); }
 template <class Object>
 BOOL closeGdi(Object h)
@@ -82,8 +82,8 @@ using UniqueFind = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeFind>;
 using UniqueIcon = Tesk::Detail::Unique<HICON, Tesk::Detail::closeIcon>;
 using UniqueMenu = Tesk::Detail::Unique<HMENU, Tesk::Detail::closeMenu>;
 using UniqueWindow = Tesk::Detail::Unique<HWND, Tesk::Detail::closeWindow>;
-using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
 using UniqueKey = Tesk::Detail::Unique<HKEY, Tesk::Detail::closeKey>;
+using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
 using UniqueImageList = Tesk::Detail::Unique<HIMAGELIST, Tesk::Detail::closeImageList>;
 using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeGdi<HFONT>>;
 using UniqueBitmap = Tesk::Detail::Unique<HBITMAP, Tesk::Detail::closeGdi<HBITMAP>>;

@@ -3,34 +3,50 @@
 #include "mfc/CMenu.h"
 #include "mfc/CWnd.h"
 
+#include <cstdlib>
+
+void* toolkit::allocate(std::size_t size) noexcept { return std::malloc(size); }
+
+void toolkit::release(void* memory) noexcept { std::free(memory); }
+
+CCmdTarget::~CCmdTarget() = default;
+
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
 {
     static const AFX_MSGMAP_ENTRY none[] = {{0, 0, 0, 0, nullptr}};
-    static const AFX_MSGMAP map = {nullptr, none};
+    static const AFX_MSGMAP map = {nullptr, none, nullptr};
     return &map;
 }
 
 const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return GetThisMessageMap(); }
 
-const AFX_MSGMAP_ENTRY* CCmdTarget::findEntry(UINT message, int code, UINT id) const
+CCmdTarget::Found CCmdTarget::find(UINT message, int code, UINT id) const
 {
     const bool byId = message == WM_COMMAND || message == WM_NOTIFY;
     for (const AFX_MSGMAP* map = GetMessageMap(); map; map = map->base) {
         for (const AFX_MSGMAP_ENTRY* entry = map->entries; entry->message; ++entry) {
             if (entry->message == message && entry->code == code &&
                 (!byId || (entry->firstId <= id && id <= entry->lastId)))
-                return entry;
+                return {map, entry};
         }
     }
-    return nullptr;
+    return {};
+}
+
+BOOL CCmdTarget::handle(int code, UINT id, toolkit::Call& call)
+{
+    const Found found = find(call.message, code, id);
+    if (!found.entry)
+        return FALSE;
+    found.map->run(found.entry->handler, *this, call);
+    return TRUE;
 }
 
 BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo)
 {
-    const AFX_MSGMAP_ENTRY* entry = findEntry(WM_COMMAND, nCode, nID);
-    if (!entry)
-        return FALSE;
     if (pHandlerInfo) {
+        if (!find(WM_COMMAND, nCode, nID).entry)
+            return FALSE;
         pHandlerInfo->pTarget = this;
         return TRUE;
     }
@@ -39,9 +55,10 @@ BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO*
     call.id = nID;
     if (nCode == CN_UPDATE_COMMAND_UI)
         call.ui = static_cast<CCmdUI*>(pExtra);
-    entry->handler(*this, call);
-    return TRUE;
+    return handle(nCode, nID, call);
 }
+
+CCmdUI::~CCmdUI() = default;
 
 void CCmdUI::Enable(BOOL bOn)
 {

@@ -4,17 +4,37 @@
 // control while its owner is asked about it.
 #include "mfc/MessageMap.h"
 
+#include <cstddef>
+#include <new>
+
 // Filled instead of calling when a caller only asks whether there is a handler.
 struct AFX_CMDHANDLERINFO {
     CCmdTarget* pTarget = nullptr;
 };
 
-class CCmdTarget {
+namespace toolkit {
+
+// The memory of the toolkit's library; null when there is none.
+CADMFC_API void* allocate(std::size_t size) noexcept;
+CADMFC_API void release(void* memory) noexcept;
+
+}  // namespace toolkit
+
+class CADMFC_API CCmdTarget {
 public:
     CCmdTarget() = default;
     CCmdTarget(const CCmdTarget&) = delete;
     CCmdTarget& operator=(const CCmdTarget&) = delete;
-    virtual ~CCmdTarget() = default;
+    virtual ~CCmdTarget();
+
+    // One image may delete what another has made, so objects lie in the library's memory.
+    static void* operator new(std::size_t size)
+    {
+        if (void* const memory = toolkit::allocate(size))
+            return memory;
+        throw std::bad_alloc();
+    }
+    static void operator delete(void* memory) { toolkit::release(memory); }
 
     // Runs the handler for a command (CN_COMMAND or a control's code) or an
     // update (CN_UPDATE_COMMAND_UI, pExtra is the CCmdUI). With pHandlerInfo,
@@ -25,13 +45,20 @@ protected:
     static const AFX_MSGMAP* GetThisMessageMap();
     virtual const AFX_MSGMAP* GetMessageMap() const;
 
-    // The nearest entry of this class or a base, or null. id counts for commands and parents' notifications.
-    const AFX_MSGMAP_ENTRY* findEntry(UINT message, int code, UINT id) const;
+    // Runs the handler of the nearest class that has one. id counts for commands and parents' notifications.
+    BOOL handle(int code, UINT id, toolkit::Call& call);
+
+private:
+    struct Found {
+        const AFX_MSGMAP* map = nullptr;
+        const AFX_MSGMAP_ENTRY* entry = nullptr;
+    };
+    Found find(UINT message, int code, UINT id) const;
 };
 
-class CCmdUI {
+class CADMFC_API CCmdUI {
 public:
-    virtual ~CCmdUI() = default;
+    virtual ~CCmdUI();
 
     virtual void Enable(BOOL bOn = TRUE);
 

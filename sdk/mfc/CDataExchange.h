@@ -1,13 +1,13 @@
 #pragma once
 
 // The direction of a dialog's data exchange and the exchanges themselves.
-#include "mfc/CString.h"
+#include "mfc/Toolkit.h"
 
 #include <windows.h>
 
 class CWnd;
 
-class CDataExchange {
+class CADMFC_API CDataExchange {
 public:
     CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate) : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
     HWND PrepareCtrl(int nIDC) const;  // the control, or null when the dialog has none of that number
@@ -17,6 +17,6 @@ public:
 };
 
 // A control that is not there leaves its member as it is.
-void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
+CADMFC_API void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
 // The index within the group that starts at nIDC (a WS_GROUP control), -1 for none.
-void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
+CADMFC_API void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);

@@ -67,7 +67,7 @@ bool isInput(UINT message)
 
 INT_PTR CDialog::DoModal()
 {
-    const DLGTEMPLATE* const dialogTemplate = m_template ? m_template : findTemplate(m_templateId);
+    const DLGTEMPLATE* const dialogTemplate = findTemplate(m_templateId);
     if (m_hWnd || !dialogTemplate)
         return -1;
     const HWND owner = m_parent ? ::GetAncestor(m_parent->m_hWnd, GA_ROOT) : defaultOwner();
@@ -107,10 +107,7 @@ INT_PTR CDialog::runModalLoop(HWND owner)
         while (idle && !::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
             if (idleCount == 0 && owner)
                 ::SendMessageA(owner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
-            // Offered as well, so that what the dialog does ahead of each of
-            // its messages is done once more before it waits.
-            MSG kick = {m_hWnd, WM_KICKIDLE, MSGF_DIALOGBOX, idleCount++, 0, {0, 0}};
-            idle = !AfxPreTranslate(kick, m_hWnd) && SendMessage(WM_KICKIDLE, kick.wParam, kick.lParam) != 0;
+            idle = SendMessage(WM_KICKIDLE, MSGF_DIALOGBOX, idleCount++) != 0;
             if (!m_running || !m_hWnd)
                 return m_result;
         }
@@ -118,7 +115,7 @@ INT_PTR CDialog::runModalLoop(HWND owner)
             ::PostQuitMessage(static_cast<int>(message.wParam));  // for the loop outside
             return m_result;
         }
-        if (!AfxPreTranslate(message, m_hWnd)) {
+        if (!toolkit::preTranslate(message, m_hWnd)) {
             ::TranslateMessage(&message);
             ::DispatchMessageA(&message);
         }
@@ -161,5 +158,5 @@ INT_PTR CALLBACK CDialog::dialogProc(HWND window, UINT message, WPARAM, LPARAM)
     if (message != WM_INITDIALOG)
         return FALSE;
     auto* const dialog = dynamic_cast<CDialog*>(FromHandlePermanent(window));
-    return toolkit::guarded(TRUE, [&] { return dialog ? dialog->OnInitDialog() : TRUE; });
+    return dialog ? dialog->OnInitDialog() : TRUE;
 }

@@ -5,15 +5,10 @@
 #include "mfc/CDataExchange.h"
 #include "mfc/CWnd.h"
 
-class CDialog : public CWnd {
+class CADMFC_API CDialog : public CWnd {
 public:
     // Template nIDTemplate of AfxGetResourceHandle().
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr) : m_templateId(nIDTemplate), m_parent(pParentWnd) {}
-    // A template in memory, which must outlive the call of DoModal.
-    explicit CDialog(const DLGTEMPLATE* pTemplate, CWnd* pParentWnd = nullptr)
-        : m_template(pTemplate), m_parent(pParentWnd)
-    {
-    }
 
     // Shows the dialog over its parent (by default the thread's active window),
     // which is disabled meanwhile; centred there when the template is at 0, 0.
@@ -36,9 +31,8 @@ private:
     static INT_PTR CALLBACK dialogProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR runModalLoop(HWND owner);
 
-    UINT m_templateId = 0;
-    const DLGTEMPLATE* m_template = nullptr;
-    CWnd* m_parent = nullptr;
+    UINT m_templateId;
+    CWnd* m_parent;
     INT_PTR m_result = -1;
     bool m_running = false;
 };

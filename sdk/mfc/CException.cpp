@@ -1,36 +1,30 @@
 #include "mfc/CException.h"
 
+#include <cerrno>
 #include <cstring>
 
-BOOL CException::GetErrorMessage(char* buffer, UINT capacity) const
+BOOL CException::GetErrorMessage(char* sError, UINT nMaxError, UINT*)
 {
-    if (buffer && capacity)
-        *buffer = '\0';
+    if (sError && nMaxError)
+        *sError = '\0';
     return FALSE;
 }
 
-BOOL CException::copyMessage(const CString& message, char* buffer, UINT capacity)
+CFileException::CFileException(int cause, LONG lOsError, const char* sFileName)
+    : m_cause(cause), m_lOsError(lOsError), m_strFileName(sFileName)
 {
-    if (!buffer || capacity == 0)
-        return FALSE;
-    const auto length = static_cast<UINT>(message.GetLength());
-    UINT copied = 0;
-    while (copied < length) {
-        const UINT next = copied + (copied + 1 < length && AfxIsLeadByte(message[static_cast<int>(copied)]) ? 2 : 1);
-        if (next >= capacity)
-            break;
-        copied = next;
-    }
-    std::memcpy(buffer, message.GetString(), copied);
-    buffer[copied] = '\0';
-    return TRUE;
 }
 
-CFileException::CFileException(int errorNumber, const char* path) : m_nErrno(errorNumber), m_strFileName(path) {}
-
-void CFileException::ThrowErrno(int errorNumber, const char* path) { throw new CFileException(errorNumber, path); }
-
-BOOL CFileException::GetErrorMessage(char* buffer, UINT capacity) const
+void CFileException::ThrowErrno(int nErrno, const char* sFileName)
 {
-    return copyMessage(m_strFileName + ": " + std::strerror(m_nErrno), buffer, capacity);
+    const int cause = nErrno == ENOENT ? fileNotFound : nErrno == EACCES ? accessDenied : genericException;
+    throw new CFileException(cause, nErrno, sFileName);
+}
+
+BOOL CFileException::GetErrorMessage(char* sError, UINT nMaxError, UINT*)
+{
+    if (!sError || nMaxError == 0)
+        return FALSE;
+    ::lstrcpynA(sError, m_strFileName + ": " + std::strerror(m_lOsError), static_cast<int>(nMaxError));
+    return TRUE;
 }

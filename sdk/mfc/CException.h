@@ -13,26 +13,25 @@ public:
     CException& operator=(const CException&) = delete;
     virtual ~CException() = default;
 
-    // Writes at most `capacity` bytes, terminator included. FALSE, with an
-    // empty text where there is room for one, when there is no message.
-    virtual BOOL GetErrorMessage(char* buffer, UINT capacity) const;
+    // Writes at most nMaxError bytes, terminator included. FALSE, with an empty
+    // text where there is room for one, when there is no message.
+    virtual BOOL GetErrorMessage(char* sError, UINT nMaxError, UINT* pnHelpContext = nullptr);
     void Delete() { delete this; }
-
-protected:
-    // Copies a message into a caller's buffer, never half a double-byte character.
-    static BOOL copyMessage(const CString& message, char* buffer, UINT capacity);
 };
 
 // A failed file operation: which file, and why.
 class CFileException : public CException {
 public:
-    CFileException(int errorNumber, const char* path);
+    enum { none, genericException, fileNotFound, accessDenied = 5 };
 
-    // Throws for an errno value. The message reads "path: reason".
-    [[noreturn]] static void ThrowErrno(int errorNumber, const char* path);
+    explicit CFileException(int cause = none, LONG lOsError = -1, const char* sFileName = nullptr);
 
-    BOOL GetErrorMessage(char* buffer, UINT capacity) const override;
+    // Throws for an errno value, whose text is the message.
+    static void ThrowErrno(int nErrno, const char* sFileName = nullptr);
 
-    int m_nErrno = 0;
+    BOOL GetErrorMessage(char* sError, UINT nMaxError, UINT* pnHelpContext = nullptr) override;
+
+    int m_cause;
+    LONG m_lOsError;  // here the errno value
     CString m_strFileName;
 };

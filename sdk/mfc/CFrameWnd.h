@@ -4,7 +4,7 @@
 #include "mfc/CMenu.h"
 #include "mfc/CWnd.h"
 
-class CFrameWnd : public CWnd {
+class CADMFC_API CFrameWnd : public CWnd {
 public:
     // Lays the children out (WM_SIZEPARENT); a call from within the pass is ignored.
     virtual void RecalcLayout(BOOL bNotify = TRUE);
@@ -27,7 +27,7 @@ private:
 
 class CMDIChildWnd;
 
-class CMDIFrameWnd : public CFrameWnd {
+class CADMFC_API CMDIFrameWnd : public CFrameWnd {
 public:
     HWND m_hWndMDIClient = nullptr;
 
@@ -35,7 +35,6 @@ public:
     // if any, lists the children, whose commands start at firstChildId.
     BOOL CreateClient(HMENU windowMenu, UINT firstChildId = 0xFF00);
 
-    // Objects of this image alone.
     CMDIChildWnd* MDIGetActive(BOOL* pbMaximized = nullptr) const;
     void MDIActivate(CWnd* pChild)
     {
@@ -50,7 +49,7 @@ protected:
     LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
-class CMDIChildWnd : public CWnd {
+class CADMFC_API CMDIChildWnd : public CWnd {
 public:
     // Creates a child window of the frame's MDI client and activates it.
     BOOL Create(const char* className, const char* title, CMDIFrameWnd* pFrame, DWORD dwStyle = 0);

@@ -1,12 +1,20 @@
 #pragma once
 
 // An owned image list.
-#include "library/system/Handles.h"
+#include "mfc/Toolkit.h"
 
-class CImageList {
+#include <windows.h>
+#include <commctrl.h>
+
+class CADMFC_API CImageList {
 public:
-    UniqueImageList m_hImageList;
-    HIMAGELIST GetSafeHandle() const { return m_hImageList.get(); }
+    CImageList() = default;
+    ~CImageList();
+    CImageList(const CImageList&) = delete;
+    CImageList& operator=(const CImageList&) = delete;
+
+    HIMAGELIST m_hImageList = nullptr;
+    HIMAGELIST GetSafeHandle() const { return m_hImageList; }
 
     // FALSE when this one has a list already or none could be made.
     BOOL Create(int cx, int cy, UINT nFlags, int nInitial, int nGrow);

@@ -3,13 +3,18 @@
 #include "mfc/CWnd.h"
 #include "mfc/ViewMap.h"
 
+#include <utility>
+
 namespace {
 
 struct MenuView : CMenu {
     explicit MenuView(HMENU menu) { m_hMenu = menu; }
+    ~MenuView() { m_hMenu = nullptr; }  // the menu is not ours to destroy
 };
 
 }  // namespace
+
+CMenu::~CMenu() { DestroyMenu(); }
 
 CMenu* CMenu::FromHandle(HMENU menu)
 {
@@ -23,23 +28,16 @@ BOOL CMenu::Attach(HMENU menu)
 {
     if (!menu || m_hMenu)
         return FALSE;
-    m_owned.reset(menu);
     m_hMenu = menu;
     return TRUE;
 }
 
-HMENU CMenu::Detach()
-{
-    m_hMenu = nullptr;
-    return m_owned.release();
-}
+HMENU CMenu::Detach() { return std::exchange(m_hMenu, nullptr); }
 
 BOOL CMenu::DestroyMenu()
 {
-    if (!m_owned)
-        return FALSE;
-    m_hMenu = nullptr;
-    return m_owned.reset();
+    const HMENU menu = Detach();
+    return menu && ::DestroyMenu(menu);
 }
 
 BOOL CMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, const RECT* rect)

@@ -1,14 +1,18 @@
 #pragma once
 
-// A menu: owning when created or attached here, a view when it comes from FromHandle.
-#include "library/system/Handles.h"
+// A menu: owned by the object, but for the views that come from FromHandle.
+#include "mfc/Toolkit.h"
+
+#include <windows.h>
 
 class CWnd;
 
-class CMenu {
+class CADMFC_API CMenu {
 public:
     CMenu() = default;
-    ~CMenu() = default;  // an owned menu is destroyed with its submenus
+    ~CMenu();  // destroys the menu with its submenus
+    CMenu(const CMenu&) = delete;
+    CMenu& operator=(const CMenu&) = delete;
 
     HMENU m_hMenu = nullptr;
 
@@ -19,7 +23,7 @@ public:
     BOOL CreatePopupMenu() { return Attach(::CreatePopupMenu()); }
     BOOL Attach(HMENU menu);  // FALSE for null or when this one has a menu already
     HMENU Detach();           // gives it away, as to the menu that it was appended to
-    BOOL DestroyMenu();       // FALSE when there is no owned menu
+    BOOL DestroyMenu();       // FALSE when there is none
 
     BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem = 0, const char* text = nullptr)
     {
@@ -38,7 +42,4 @@ public:
     DWORD CheckMenuItem(UINT item, UINT nFlags) { return ::CheckMenuItem(m_hMenu, item, nFlags); }
     // With TPM_RETURNCMD the chosen command or 0, else success.
     BOOL TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, const RECT* rect = nullptr);
-
-private:
-    UniqueMenu m_owned;
 };

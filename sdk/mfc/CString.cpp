@@ -10,10 +10,16 @@ namespace {
 
 std::size_t clip(int count, std::size_t limit) { return std::min(static_cast<std::size_t>(std::max(count, 0)), limit); }
 
+bool isLeadByte(char byte)
+{
+    const auto value = static_cast<BYTE>(byte);
+    return value >= 0x80 && ::IsDBCSLeadByteEx(CP_THREAD_ACP, value) != FALSE;
+}
+
 // Length in bytes of the character at `at`; half a character at the end counts as one byte.
 std::size_t characterLength(const std::string& text, std::size_t at)
 {
-    return at + 1 < text.size() && AfxIsLeadByte(text[at]) ? 2 : 1;
+    return at + 1 < text.size() && isLeadByte(text[at]) ? 2 : 1;
 }
 
 bool isOneOf(const char* set, const std::string& text, std::size_t at)
@@ -60,12 +66,6 @@ int replaceAll(std::string& text, const std::string& from, const std::string& to
 
 }  // namespace
 
-bool AfxIsLeadByte(char byte)
-{
-    const auto value = static_cast<BYTE>(byte);
-    return value >= 0x80 && ::IsDBCSLeadByteEx(CP_THREAD_ACP, value) != FALSE;
-}
-
 CString::CString(const char* text, int length)
 {
     if (text)
@@ -106,13 +106,15 @@ void CString::Format(const char* format, ...)
     va_end(arguments);
 }
 
-CString CString::Left(int count) const { return m_text.substr(0, clip(count, m_text.size())); }
+CString CString::Left(int count) const { return Mid(0, count); }
 
-CString CString::Mid(int first) const { return m_text.substr(clip(first, m_text.size())); }
+CString CString::Mid(int first) const { return Mid(first, GetLength()); }
 
 CString CString::Mid(int first, int count) const
 {
-    return m_text.substr(clip(first, m_text.size()), clip(count, m_text.size()));
+    CString part;
+    part.m_text.assign(m_text, clip(first, m_text.size()), clip(count, m_text.size()));
+    return part;
 }
 
 int CString::Find(char character, int start) const

@@ -3,7 +3,6 @@
 // A narrow string in the thread's ANSI code page. Positions and lengths are
 // bytes; searching, trimming and case changes never split a double-byte
 // character (a trail byte such as 0x5C is not taken for a backslash).
-#include <compare>
 #include <cstdarg>
 #include <cstdio>
 #include <string>
@@ -13,12 +12,10 @@ public:
     CString() = default;
     CString(const char* text) : m_text(text ? text : "") {}  // null reads as empty
     CString(const char* text, int length);
-    CString(std::string text) : m_text(std::move(text)) {}
     explicit CString(char character, int repeat = 1);
 
     operator const char*() const { return m_text.c_str(); }
     const char* GetString() const { return m_text.c_str(); }
-    const std::string& str() const { return m_text; }
     int GetLength() const { return static_cast<int>(m_text.size()); }
     bool IsEmpty() const { return m_text.empty(); }
     void Empty() { m_text.clear(); }
@@ -75,14 +72,6 @@ public:
     int Compare(const char* other) const;
     int CompareNoCase(const char* other) const;
 
-    friend bool operator==(const CString& a, const CString& b) { return a.m_text == b.m_text; }
-    friend bool operator==(const CString& a, const char* b) { return a.Compare(b) == 0; }
-    friend std::strong_ordering operator<=>(const CString& a, const CString& b)
-    {
-        return a.m_text.compare(b.m_text) <=> 0;
-    }
-    friend std::strong_ordering operator<=>(const CString& a, const char* b) { return a.Compare(b) <=> 0; }
-
 private:
     std::string m_text;
 };
@@ -105,5 +94,13 @@ inline CString operator+(CString a, char b)
 }
 inline CString operator+(char a, const CString& b) { return CString(a) + b; }
 
-// True when the byte starts a double-byte character in the thread's ANSI code page.
-bool AfxIsLeadByte(char byte);
+inline bool operator==(const CString& a, const CString& b) { return a.Compare(b) == 0; }
+inline bool operator==(const CString& a, const char* b) { return a.Compare(b) == 0; }
+inline bool operator==(const char* a, const CString& b) { return b.Compare(a) == 0; }
+inline bool operator!=(const CString& a, const CString& b) { return a.Compare(b) != 0; }
+inline bool operator!=(const CString& a, const char* b) { return a.Compare(b) != 0; }
+inline bool operator!=(const char* a, const CString& b) { return b.Compare(a) != 0; }
+inline bool operator<(const CString& a, const CString& b) { return a.Compare(b) < 0; }
+inline bool operator<(const CString& a, const char* b) { return a.Compare(b) < 0; }
+inline bool operator<(const char* a, const CString& b) { return b.Compare(a) > 0; }
+inline bool operator>(const CString& a, const CString& b) { return a.Compare(b) > 0; }

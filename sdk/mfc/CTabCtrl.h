@@ -4,7 +4,7 @@
 #include "mfc/CImageList.h"
 #include "mfc/CWnd.h"
 
-class CTabCtrl : public CWnd {
+class CADMFC_API CTabCtrl : public CWnd {
 public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 

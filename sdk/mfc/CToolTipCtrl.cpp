@@ -1,7 +1,5 @@
 #include "mfc/CToolTipCtrl.h"
 
-#include <iterator>
-
 namespace {
 
 // The whole window as one tool; the older size is what every version of the control accepts.
@@ -37,19 +35,4 @@ void CToolTipCtrl::UpdateTipText(const char* text, CWnd* pWnd, UINT)
     TOOLINFOA tool = toolOf(pWnd);
     tool.lpszText = const_cast<char*>(text);
     SendMessage(TTM_UPDATETIPTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
-}
-
-// In the wide form: the narrow one cuts off at 80 characters.
-CString CToolTipCtrl::GetText(CWnd* pWnd) const
-{
-    WCHAR wide[1024] = L"";
-    TOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.hwnd = ::GetParent(pWnd->m_hWnd);
-    tool.uId = reinterpret_cast<UINT_PTR>(pWnd->m_hWnd);
-    tool.lpszText = wide;
-    SendMessage(TTM_GETTEXTW, std::size(wide), reinterpret_cast<LPARAM>(&tool));
-    char text[2 * std::size(wide)] = "";
-    ::WideCharToMultiByte(CP_THREAD_ACP, 0, wide, -1, text, sizeof text, nullptr, nullptr);
-    return text;
 }

@@ -6,14 +6,13 @@
 
 #include <commctrl.h>
 
-class CToolTipCtrl : public CWnd {
+class CADMFC_API CToolTipCtrl : public CWnd {
 public:
     BOOL Create(CWnd* pParentWnd, DWORD dwStyle = 0);
 
     BOOL AddTool(CWnd* pWnd, const char* text);
     void UpdateTipText(const char* text, CWnd* pWnd, UINT nIDTool = 0);
     int GetToolCount() const { return static_cast<int>(SendMessage(TTM_GETTOOLCOUNT)); }
-    CString GetText(CWnd* pWnd) const;  // at most 1023 characters
     void RelayEvent(MSG* pMsg) { SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(pMsg)); }
     int SetMaxTipWidth(int width) { return static_cast<int>(SendMessage(TTM_SETMAXTIPWIDTH, 0, width)); }
     BOOL SetTitle(UINT icon, const char* title)

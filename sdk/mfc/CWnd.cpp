@@ -4,6 +4,8 @@
 #include "mfc/ViewMap.h"
 #include "mfc/WindowMap.h"
 
+#include <optional>
+
 namespace {
 
 struct WindowView : CWnd {
@@ -53,9 +55,9 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, const char* className, const char* windowNa
                      WindowMap::isOwnProcedure(description.lpfnWndProc);
     HWND window = nullptr;
     {
-        std::unique_ptr<WindowMap::Creation> creation;
+        std::optional<WindowMap::Creation> creation;
         if (own)
-            creation = std::make_unique<WindowMap::Creation>(*this);
+            creation.emplace(*this);
         window = ::CreateWindowExA(dwExStyle, className, windowName, dwStyle, rect.left, rect.top,
                                    rect.left == CW_USEDEFAULT ? CW_USEDEFAULT : rect.right - rect.left,
                                    rect.left == CW_USEDEFAULT ? CW_USEDEFAULT : rect.bottom - rect.top,
@@ -77,7 +79,8 @@ BOOL CWnd::SubclassWindow(HWND window)
         return FALSE;
     // Known before the procedure is ours: a message may come in between.
     const auto super = reinterpret_cast<WNDPROC>(::GetWindowLongPtrA(window, GWLP_WNDPROC));
-    WindowMap::attach(*this, window, super);
+    if (!WindowMap::attach(*this, window, super))
+        return FALSE;
     ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowMap::procedure));
     return TRUE;
 }
@@ -93,7 +96,6 @@ HWND CWnd::UnsubclassWindow()
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     LRESULT result = 0;
-    int code = 0;
     switch (message) {
     case WM_COMMAND:
         if (OnCommand(wParam, lParam))
@@ -103,11 +105,8 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         if (OnNotify(wParam, lParam, &result))
             return result;
         break;
-    case WM_REFLECT_BASE + WM_NOTIFY:
-        code = static_cast<int>(reinterpret_cast<NMHDR*>(lParam)->code);
-        [[fallthrough]];
     default:
-        if (dispatchEntry(message, code, wParam, lParam, 0, result))
+        if (dispatchEntry(message, 0, wParam, lParam, 0, result))
             return result;
     }
     return DefWindowProc(message, wParam, lParam);
@@ -126,40 +125,35 @@ LRESULT CWnd::Default()
 
 BOOL CWnd::dispatchEntry(UINT message, int code, WPARAM wParam, LPARAM lParam, UINT id, LRESULT& result)
 {
-    const AFX_MSGMAP_ENTRY* const entry = findEntry(message, code, id);
-    if (!entry)
-        return FALSE;
+    const HWND window = m_hWnd;
     toolkit::Call call;
     call.message = message;
     call.wParam = wParam;
     call.lParam = lParam;
     call.id = id;
-    entry->handler(*this, call);
+    if (!handle(code, id, call))
+        return FALSE;
     result = call.result;
+    if (call.failed && message == WM_PAINT)
+        ::ValidateRect(window, nullptr);  // or it would come again for ever
+    if (call.failed && message == WM_CREATE)
+        result = -1;
     return TRUE;
-}
-
-// By message, not through the map: the sender may belong to another image.
-LRESULT CWnd::reflect(HWND sender, UINT message, WPARAM wParam, LPARAM lParam)
-{
-    return sender && sender != m_hWnd ? ::SendMessageA(sender, WM_REFLECT_BASE + message, wParam, lParam) : 0;
 }
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 {
-    const HWND control = reinterpret_cast<HWND>(lParam);
-    if (!control)
-        return OnCmdMsg(LOWORD(wParam), CN_COMMAND, nullptr, nullptr);
-    return reflect(control, WM_COMMAND, wParam, lParam) != 0 ||
-           OnCmdMsg(LOWORD(wParam), HIWORD(wParam), nullptr, nullptr);
+    return OnCmdMsg(LOWORD(wParam), lParam ? HIWORD(wParam) : CN_COMMAND, nullptr, nullptr);
 }
 
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
 {
     const NMHDR& header = *reinterpret_cast<NMHDR*>(lParam);
-    *pResult = reflect(header.hwndFrom, WM_NOTIFY, wParam, lParam);
-    return *pResult != 0 || dispatchEntry(WM_NOTIFY, static_cast<int>(header.code), wParam, lParam,
-                                          static_cast<UINT>(header.idFrom), *pResult);
+    const int code = static_cast<int>(header.code);
+    const auto id = static_cast<UINT>(header.idFrom);
+    CWnd* const sender = FromHandlePermanent(header.hwndFrom);
+    return (sender && sender->dispatchEntry(WM_REFLECT_BASE + WM_NOTIFY, code, wParam, lParam, id, *pResult)) ||
+           dispatchEntry(WM_NOTIFY, code, wParam, lParam, id, *pResult);
 }
 
 BOOL CWnd::changeStyle(int index, DWORD dwRemove, DWORD dwAdd, UINT nFlags)
@@ -182,15 +176,6 @@ BOOL CWnd::SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, 
 void CWnd::MoveWindow(const RECT& rect, BOOL bRepaint)
 {
     ::MoveWindow(m_hWnd, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top, bRepaint);
-}
-
-CString CWnd::GetWindowText() const
-{
-    CString text;
-    const int length = ::GetWindowTextLengthA(m_hWnd);
-    const int copied = ::GetWindowTextA(m_hWnd, text.GetBuffer(length + 1), length + 1);
-    text.ReleaseBuffer(copied);
-    return text;
 }
 
 BOOL CWnd::UpdateData(BOOL bSaveAndValidate)

@@ -1,11 +1,8 @@
 #pragma once
 
-// A window and its message map. Each image (program or library) that links the
-// toolkit keeps its own map of windows to objects; what reaches a window of
-// another image goes through messages:
-//  - a parent offers WM_NOTIFY and WM_COMMAND to the sender as WM_REFLECT_BASE + message;
-//  - the message pump offers messages through AfxPreTranslateMessageId().
-// A method called on an object of another image must be virtual or use m_hWnd alone.
+// A window and its message map. What a frame, a parent or the message pump does
+// for a window (layout, reflection, PreTranslateMessage) it does for those that
+// have an object, and for no others. An override ends its own exceptions.
 #include "mfc/CCmdTarget.h"
 #include "mfc/CString.h"
 
@@ -27,12 +24,9 @@ using LPAFX_SIZEPARENTPARAMS = AFX_SIZEPARENTPARAMS*;
 
 // Defers a move to `rect` (parent's client coordinates); nothing when the
 // window is there already or the pass only measures.
-void AfxRepositionWindow(AFX_SIZEPARENTPARAMS* layout, HWND window, const RECT* rect);
+CADMFC_API void AfxRepositionWindow(AFX_SIZEPARENTPARAMS* layout, HWND window, const RECT* rect);
 
-// The registered message that asks a window of any image to pre-translate the MSG in lParam.
-UINT AfxPreTranslateMessageId();
-
-class CWnd : public CCmdTarget {
+class CADMFC_API CWnd : public CCmdTarget {
 public:
     enum { reposDefault = 0, reposQuery = 1 };
 
@@ -45,7 +39,7 @@ public:
     // TRUE when the message is dealt with and must not be dispatched.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
-    static CWnd* FromHandlePermanent(HWND window);  // this image's object, or null
+    static CWnd* FromHandlePermanent(HWND window);  // its object, or null
     // Its object, or a view that carries the handle and lives as long as the window. Null for null.
     static CWnd* FromHandle(HWND window);
 
@@ -91,8 +85,11 @@ public:
     int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
     CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
     void SetWindowText(const char* text) { ::SetWindowTextA(m_hWnd, text); }
-    CString GetWindowText() const;
-    void SetFont(HFONT font, BOOL bRedraw = TRUE) { SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), bRedraw); }
+    void GetWindowText(CString& text) const
+    {
+        const int length = ::GetWindowTextLengthA(m_hWnd);
+        text.ReleaseBuffer(::GetWindowTextA(m_hWnd, text.GetBuffer(length + 1), length + 1));
+    }
     int MessageBox(const char* text, const char* caption = nullptr, UINT nType = MB_OK)
     {
         return ::MessageBoxA(m_hWnd, text, caption, nType);
@@ -136,26 +133,17 @@ private:
 
     BOOL changeStyle(int index, DWORD dwRemove, DWORD dwAdd, UINT nFlags);
     BOOL dispatchEntry(UINT message, int code, WPARAM wParam, LPARAM lParam, UINT id, LRESULT& result);
-    LRESULT reflect(HWND sender, UINT message, WPARAM wParam, LPARAM lParam);
 
     WNDPROC m_super = nullptr;
     const MSG* m_current = nullptr;
 };
 
-// Registers (once) a window class of this image whose windows CreateEx can
-// create and attach from their first message on; freed with the image.
-const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr, HBRUSH background = nullptr,
-                                HICON icon = nullptr);
+// Registers (once) a window class whose windows CreateEx can create and attach
+// from their first message on.
+CADMFC_API const char* AfxRegisterWndClass(UINT classStyle, HCURSOR cursor = nullptr, HBRUSH background = nullptr,
+                                           HICON icon = nullptr);
 
-int AfxMessageBox(const char* text, UINT nType = MB_OK);
-
-// The image this toolkit is linked into; resources come from there unless told otherwise.
-HINSTANCE AfxGetInstanceHandle();
-HINSTANCE AfxGetResourceHandle();
-void AfxSetResourceHandle(HINSTANCE instance);
-
-// What happens to an exception that a window's handler let out, before it is
-// freed; by default it is written to the debugger. Null restores the default.
-class CException;
-using AfxExceptionHook = void (*)(const CException& exception);
-void AfxSetExceptionHook(AfxExceptionHook hook);
+// The program, never a module of it; resources come from there unless told otherwise.
+CADMFC_API HINSTANCE AfxGetInstanceHandle();
+CADMFC_API HINSTANCE AfxGetResourceHandle();
+CADMFC_API void AfxSetResourceHandle(HINSTANCE instance);

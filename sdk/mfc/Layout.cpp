@@ -31,7 +31,7 @@ void CWnd::RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nF
         const UINT id = LOWORD(::GetDlgCtrlID(child));
         if (id == nIDLeftOver)
             leftOver = child;
-        else if (id >= nIDFirst && id <= nIDLast)
+        else if (id >= nIDFirst && id <= nIDLast && FromHandlePermanent(child))
             ::SendMessageA(child, WM_SIZEPARENT, 0, reinterpret_cast<LPARAM>(&layout));
     }
     if (nFlag == reposQuery) {

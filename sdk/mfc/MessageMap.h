@@ -10,7 +10,11 @@
 //     BEGIN_MESSAGE_MAP(CStrip, CTabCtrl)
 //         ON_WM_MOUSEMOVE()
 //     END_MESSAGE_MAP()
+//
+// A handler's exception ends in the handler's own image: each map names the code
+// of its image that runs the handlers.
 #include "mfc/Geometry.h"
+#include "mfc/Toolkit.h"
 
 #include <windows.h>
 
@@ -19,7 +23,7 @@ class CCmdUI;
 class CMenu;
 class CWnd;
 
-constexpr UINT WM_REFLECT_BASE = 0xBC00;  // + WM_NOTIFY or WM_COMMAND: offered to its sender first
+constexpr UINT WM_REFLECT_BASE = 0xBC00;  // + WM_NOTIFY: a notification on its way back to its sender
 constexpr int CN_COMMAND = 0;
 constexpr int CN_UPDATE_COMMAND_UI = -1;
 
@@ -33,8 +37,14 @@ struct Call {
     UINT id = 0;
     CCmdUI* ui = nullptr;
     LRESULT result = 0;
+    bool failed = false;  // the handler ended by an exception
 };
 using Handler = void (*)(CCmdTarget& target, Call& call);
+using Runner = void (*)(Handler handler, CCmdTarget& target, Call& call);
+
+// Runs a handler of this image. An exception that it lets out is written to the
+// debugger and freed.
+void runHandler(Handler handler, CCmdTarget& target, Call& call) noexcept;
 
 template <class>
 struct Member;
@@ -49,8 +59,8 @@ auto invoke(CCmdTarget& target, Arguments... arguments)
     return (static_cast<Owner&>(target).*Method)(arguments...);
 }
 
-CWnd* windowOf(WPARAM handle);
-CMenu* menuOf(WPARAM handle);
+CADMFC_API CWnd* windowOf(WPARAM handle);
+CADMFC_API CMenu* menuOf(WPARAM handle);
 
 template <auto Method>
 void onMessage(CCmdTarget& t, Call& c)
@@ -112,6 +122,7 @@ struct AFX_MSGMAP_ENTRY {
 struct AFX_MSGMAP {
     const AFX_MSGMAP* base;
     const AFX_MSGMAP_ENTRY* entries;
+    toolkit::Runner run;
 };
 
 #define DECLARE_MESSAGE_MAP() \
@@ -132,7 +143,7 @@ protected: \
     } \
     } \
     ; \
-    static const AFX_MSGMAP map = {base, entries}; \
+    static const AFX_MSGMAP map = {base, entries, &toolkit::runHandler}; \
     return &map; \
     }
 

@@ -1,27 +1,18 @@
 #pragma once
 
-// The message loop of a program, and the offering of messages to
+// The message loop of the host, and the offering of messages to
 // PreTranslateMessage that it shares with modal loops.
+#include "mfc/Toolkit.h"
+
 #include <windows.h>
 
-// Offers the message to msg.hwnd and its parents in turn, up to `stop`
-// (included), whichever image they belong to. True when one of them took it.
-bool AfxPreTranslate(MSG& message, HWND stop = nullptr);
+namespace toolkit {
 
-class MessagePump {
-public:
-    virtual ~MessagePump() = default;
+// Offers the message to the objects of msg.hwnd and its parents in turn, up to
+// `stop` (included). True when one of them took it.
+CADMFC_API bool preTranslate(MSG& message, HWND stop = nullptr);
 
-    // Runs until WM_QUIT and returns its code. With no message waiting, calls
-    // onIdle with 0, 1, 2… until it returns false.
-    int run();
-    // Handles the next message, waiting for it. False for WM_QUIT.
-    bool pumpMessage();
+// Handles the next message, waiting for it. False for WM_QUIT.
+CADMFC_API bool pumpMessage();
 
-protected:
-    virtual bool onIdle(long count);  // true: there is more to do
-    virtual bool preTranslate(MSG& message) { return AfxPreTranslate(message); }
-
-private:
-    MSG m_message{};
-};
+}  // namespace toolkit

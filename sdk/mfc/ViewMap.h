@@ -1,7 +1,8 @@
 #pragma once
 
 // Objects that only carry somebody else's handle. A view lives at least as
-// long as its handle; those of dead handles are swept as the map grows.
+// long as its handle; those of dead handles are swept as the map grows. Without
+// memory there is no view: null.
 #include <algorithm>
 #include <memory>
 #include <unordered_map>
@@ -11,14 +12,18 @@ namespace toolkit {
 template <class Handle, class View, auto IsAlive>
 class ViewMap {
 public:
-    View* of(Handle handle)
+    View* of(Handle handle) noexcept
     {
-        if (m_views.size() >= m_limit)
-            sweep();
-        auto& view = m_views[handle];
-        if (!view)
-            view = std::make_unique<View>(handle);
-        return view.get();
+        try {
+            if (m_views.size() >= m_limit)
+                sweep();
+            auto& view = m_views[handle];
+            if (!view)
+                view = std::make_unique<View>(handle);
+            return view.get();
+        } catch (...) {
+            return nullptr;
+        }
     }
 
 private:

@@ -1,13 +1,14 @@
 #pragma once
 
-// This image's windows: which object stands for which HWND, the one window
-// procedure they share, and the guard that keeps exceptions inside it.
+// The library's windows: which object stands for which HWND, and the one window
+// procedure that they share.
 #include "mfc/CWnd.h"
 
 struct WindowMap {
     // The object of a window, or null.
     static CWnd* find(HWND window);
-    static void attach(CWnd& object, HWND window, WNDPROC super);
+    // False without memory.
+    static bool attach(CWnd& object, HWND window, WNDPROC super) noexcept;
     // Forgets the window and gives it its procedure back where we are still the outermost.
     static void detach(CWnd& object);
     static bool isOwnProcedure(WNDPROC procedure) { return procedure == &WindowMap::procedure; }
@@ -25,39 +26,5 @@ struct WindowMap {
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
 private:
-    static LRESULT dispatch(CWnd& object, const MSG& message) noexcept;
-    static LRESULT forgotten(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
     static CWnd* creating;
 };
-
-namespace toolkit {
-
-// Tells the hook and frees the exception.
-void reportException(CException* exception) noexcept;
-void reportException(const char* what) noexcept;
-
-// Runs `body`; an exception that it lets out is reported and `failed` returned.
-template <class Result, class Body>
-Result guarded(Result failed, Body&& body) noexcept;
-
-}  // namespace toolkit
-
-#include "mfc/CException.h"
-
-#include <exception>
-
-template <class Result, class Body>
-Result toolkit::guarded(Result failed, Body&& body) noexcept
-{
-    try {
-        return body();
-    } catch (CException* exception) {
-        reportException(exception);
-    } catch (const std::exception& exception) {
-        reportException(exception.what());
-    } catch (...) {
-        reportException("unknown exception");
-    }
-    return failed;
-}

@@ -1,7 +1,6 @@
 #pragma once
 
 // Windows, menus, dialogs, frames and the message pump.
-#include "library/system/Handles.h"
 #include "mfc/CCmdTarget.h"
 #include "mfc/CDataExchange.h"
 #include "mfc/CDialog.h"

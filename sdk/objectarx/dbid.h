@@ -18,7 +18,8 @@ public:
 
     bool isNull() const { return m_pStub == nullptr; }
     AcDbStub* stub() const { return m_pStub; }
-    bool operator==(const AcDbObjectId&) const = default;
+    bool operator==(const AcDbObjectId& other) const { return m_pStub == other.m_pStub; }
+    bool operator!=(const AcDbObjectId& other) const { return m_pStub != other.m_pStub; }
 
 private:
     AcDbStub* m_pStub = nullptr;

@@ -29,12 +29,13 @@ class ModuleFileTest(unittest.TestCase):
     def test_imports_only_what_windows_2000_and_the_host_have(self):
         self.assertEqual(self.image.machine, MACHINE)
         self.assertEqual(self.image.is_64, ARCH == "x64")
-        offered = set(Image(BUILD / "cadhost.exe").exports)
+        offered = {dll: set(Image(BUILD / dll).exports) for dll in ("cadhost.exe", "cadmfc.dll")}
         allowed = allowed_imports()
         imports = self.image.imports
         self.assertIn(("kernel32.dll", "GetModuleFileNameA"), imports, "the table was read")
+        self.assertTrue(offered.keys() <= {dll for dll, name in imports}, "the host's toolkit is shared")
         strangers = {(dll, name) for dll, name in imports
-                     if (name not in offered if dll == "cadhost.exe" else (dll, name) not in allowed)}
+                     if name not in offered.get(dll, ()) and (dll, name) not in allowed}
         if ARCH == "x64":  # Windows 2000 is 32-bit; here the libraries alone count
             libraries = {dll for dll, name in allowed}
             strangers = {(dll, name) for dll, name in strangers if dll not in libraries}

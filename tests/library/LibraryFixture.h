@@ -56,7 +56,7 @@ public:
     CString logFile() const
     {
         const CString sModule = moduleName();
-        return m_folder.path("Zavik Diagnostics\\") + sModule.Left(sModule.ReverseFind('.')).str() + ".log";
+        return m_folder.path("Zavik Diagnostics\\").c_str() + sModule.Left(sModule.ReverseFind('.')) + ".log";
     }
 
     std::string log() const { return CTestFolder::read(logFile()); }

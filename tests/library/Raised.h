@@ -13,7 +13,7 @@ std::string messageOf(Action action)
     try {
         action();
     } catch (CException* pException) {
-        return Tesk::takeExceptionText(pException).str();
+        return Tesk::takeExceptionText(pException).GetString();
     }
     return {};
 }
@@ -25,7 +25,7 @@ std::string fileErrorOf(Action action)
     try {
         action();
     } catch (CFileException* pException) {
-        const std::string sError = std::to_string(pException->m_nErrno) + " " + pException->m_strFileName.str();
+        const std::string sError = std::to_string(pException->m_lOsError) + " " + pException->m_strFileName.GetString();
         pException->Delete();
         return sError;
     }

@@ -39,15 +39,15 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a failed assertion shows its box, is written
     REQUIRE(answers.boxes().size() == 1);
     const Box& box = answers.boxes()[0];
     const CString sModule = moduleName();
-    CHECK(box.title == "Assertion Failure: " + sModule.str());
+    CHECK(box.title == "Assertion Failure: " + std::string(sModule));
     CString sStart;
     sStart.Format("Module : <%s>\nAssertion : <iValue == 4>\nFile : <test_Assertion>\nLine : %d\n\n%s + 0x",
                   sModule.GetString(), iLine, sModule.GetString());
     CAPTURE(box.text);
-    CHECK(box.text.starts_with(sStart.str()));
+    CHECK(box.text.starts_with(sStart.GetString()));
     CString sShort;
     sShort.Format("] test_Assertion(%d): Assertion in \"%s\" (iValue == 4).\r\n[", iLine, sModule.GetString());
-    CHECK(log().find(sShort.str()) != std::string::npos);
+    CHECK(log().find(sShort.GetString()) != std::string::npos);
     CHECK(commandLinePieces().empty());  // reports are not echoed
 }
 
@@ -87,7 +87,7 @@ TEST_CASE_FIXTURE(CLibraryFixture,
     CHECK(boxes == 1);
     std::string sAll;
     const std::string sLog = log();
-    const std::string sBefore = "Assertion in \"" + moduleName().str() + "\" (";
+    const std::string sBefore = ("Assertion in \"" + moduleName() + "\" (").GetString();
     for (std::size_t at = 0; (at = sLog.find(sBefore, at)) != std::string::npos;) {
         at += sBefore.size();
         sAll += sLog.substr(at, sLog.find(").\r\n", at) - at) + "; ";

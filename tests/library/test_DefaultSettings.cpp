@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/text/CodePage.h"
+#include "library/text/StringView.h"
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
@@ -24,13 +25,13 @@ Lines toLines(const std::vector<CString>& vLines)
 {
     Lines lines;
     for (const CString& sLine : vLines)
-        lines.push_back(sLine.str());
+        lines.push_back(Tesk::toString(sLine));
     return lines;
 }
 
 Lines contentsOf(const CTestFolder& folder, const std::string& sBytes)
 {
-    return toLines(CDefaultSettings({folder.write("s.ini", sBytes)}, false).getContents());
+    return toLines(CDefaultSettings({folder.write("s.ini", sBytes).c_str()}, false).getContents());
 }
 
 struct Case {
@@ -117,8 +118,8 @@ TEST_CASE("double-byte characters whose second byte looks like syntax")
 TEST_CASE("later files override, and the section runs on into the next file")
 {
     const CTestFolder folder;
-    const CString sFirst = folder.write("a.ini", "[S]\nk=1\nonly=a");
-    const CString sSecond = folder.write("b.ini", "K=2\n[T]\nk=3");
+    const CString sFirst = folder.write("a.ini", "[S]\nk=1\nonly=a").c_str();
+    const CString sSecond = folder.write("b.ini", "K=2\n[T]\nk=3").c_str();
     const CDefaultSettings settings({sFirst, sSecond}, true);
     CHECK(toLines(settings.getContents()) == Lines{"[S]", "k=2", "only=a", "[T]", "k=3"});
     CHECK(toLines(settings.getKeyLines()) == Lines{"k=1", "only=a", "K=2", "k=3"});
@@ -128,7 +129,7 @@ TEST_CASE("later files override, and the section runs on into the next file")
 TEST_CASE("lookups")
 {
     const CTestFolder folder;
-    CDefaultSettings settings({folder.write("a.ini", "free=1\n[Tabs]\nWidth=2")}, false);
+    CDefaultSettings settings({folder.write("a.ini", "free=1\n[Tabs]\nWidth=2").c_str()}, false);
     CHECK(settings.isDefined("TABS", "width"));
     CHECK(settings.getValue("tabs", "WIDTH") == "2");
     CHECK(settings.getValue("", "FREE") == "1");
@@ -144,11 +145,11 @@ TEST_CASE("lookups")
 TEST_CASE("a key line without = names file and line, blank lines and comments counted")
 {
     const CTestFolder folder;
-    const CString sFile = folder.write("a.ini", "; c\n\n[S]\nk=v\nTabs\nx=y");
-    const CString sNext = folder.write("b.ini", "z=1");
+    const CString sFile = folder.write("a.ini", "; c\n\n[S]\nk=v\nTabs\nx=y").c_str();
+    const CString sNext = folder.write("b.ini", "z=1").c_str();
     CHECK(messageOf([&] {
               CDefaultSettings({sFile, sNext}, false);
-          }) == ("Error (<<" + sFile + ">> @ line 5) : Tokenising error.").str());
+          }) == ("Error (<<" + sFile + ">> @ line 5) : Tokenising error.").GetString());
 
     CDefaultSettings settings({}, false);
     messageOf([&] { settings.readAFile(sFile); });
@@ -183,7 +184,7 @@ TEST_CASE("a hundred thousand keys, and lines of a megabyte")
         sBytes += "Key" + std::to_string(i * 7919 % 100'003) + " = value " + std::to_string(i) + "\r\n";
     const std::string sLong(1'000'000, 'x');
     sBytes += sLong + "=" + sLong + "\n[" + sLong + "]\nk=v";
-    const CDefaultSettings settings({folder.write("a.ini", sBytes)}, false);
+    const CDefaultSettings settings({folder.write("a.ini", sBytes).c_str()}, false);
     CHECK(settings.getValue("", "KEY7919") == "value 1");
     CHECK(settings.getValue("", sLong.c_str()) == sLong.c_str());
     CHECK(settings.getValue(sLong.c_str(), "k") == "v");
@@ -211,7 +212,7 @@ TEST_CASE("generated and mutated files for a bounded time")
         for (std::size_t n = random.below(4); n > 0 && !sBytes.empty(); --n)
             sBytes[random.below(sBytes.size())] = static_cast<char>(random.below(256));
         CAPTURE(sBytes);
-        const CString sFile = folder.write("a.ini", sBytes);
+        const CString sFile = folder.write("a.ini", sBytes).c_str();
         CDefaultSettings settings({}, true);
         const std::string sMessage = messageOf([&] { settings.readAFile(sFile); });
         REQUIRE((sMessage.empty() || sMessage.find("Tokenising error.") != std::string::npos));

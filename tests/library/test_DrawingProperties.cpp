@@ -31,7 +31,7 @@ std::string fields(CARXDrawingProperties& properties)
     return (properties.getTitle() + "/" + properties.getSubject() + "/" + properties.getAuthor() + "/" +
             properties.getComments() + "/" + properties.getKeywords() + "/" + properties.getLastSavedBy() + "/" +
             properties.getRevisionNumber() + "/" + properties.getHyperLink())
-        .str();
+        .GetString();
 }
 
 // Keys and values in the drawing's own order.

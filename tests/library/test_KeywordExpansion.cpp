@@ -72,10 +72,11 @@ TEST_CASE_FIXTURE(DrawingFixture, "without a file name there are the folders, th
     CHECK(none.value("DIR_PROGRAM") == tree().path("Office\\Suite\\Components\\"));
     CHECK(none.value("DIR_APPLICATION_ROOT") == tree().path("Office\\Suite\\"));
     CHECK(none.value("DIR_DOMAIN_SETTINGS") == tree().path("Office\\DomainSettings\\"));
-    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).str());
-    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).str());
-    CHECK(none.value("DIR_WINDOWS_SYSTEM") == Tesk::getLocation(Tesk::LOCATION_DIR_WINDOWS_SYSTEM).str());
-    CHECK(none.value("DIR_WINDOWS_COMMONFILES") == Tesk::getLocation(Tesk::LOCATION_DIR_WINDOWS_COMMONFILES).str());
+    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).GetString());
+    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).GetString());
+    CHECK(none.value("DIR_WINDOWS_SYSTEM") == Tesk::getLocation(Tesk::LOCATION_DIR_WINDOWS_SYSTEM).GetString());
+    CHECK(none.value("DIR_WINDOWS_COMMONFILES") ==
+          Tesk::getLocation(Tesk::LOCATION_DIR_WINDOWS_COMMONFILES).GetString());
     char sName[256] = "";
     DWORD dwSize = sizeof sName;
     ::GetUserNameA(sName, &dwSize);
@@ -92,7 +93,7 @@ TEST_CASE_FIXTURE(DrawingFixture, "without a file name there are the folders, th
         const std::string sNow =
             CExpansion("")
                 .expandString(bUTC ? "%CURRENT_DATE_UTC::|Y-|m-|d |H:|M:|S%" : "%CURRENT_DATE::|Y-|m-|d |H:|M:|S%")
-                .str();
+                .GetString();
         CHECK(sBefore <= sNow);
         CHECK(sNow <= Tesk::formatTime(::_time64(nullptr), sFormat, bUTC));
     }

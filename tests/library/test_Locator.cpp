@@ -1,4 +1,5 @@
 #include "library/files/Locator.h"
+#include "library/text/StringView.h"
 
 #include "host/application/Application.h"
 #include "library/diagnostics/Maintenance.h"
@@ -35,7 +36,7 @@ struct AppFixture {
     const CTestFolder& tree = installation.tree();
 };
 
-std::string location(int iWhere) { return getLocation(iWhere).str(); }
+std::string location(int iWhere) { return Tesk::toString(getLocation(iWhere)); }
 
 }  // namespace
 
@@ -68,19 +69,19 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
     tree.write("Jobs\\ProjectSettings.txt");
     tree.write("Jobs\\1234\\ProjectSettings.txt");
     tree.folder("Jobs\\1234\\Dwg\\Arch\\");
-    const auto find = [&](const char* sBelow) { return findProjectFolder(tree.path(sBelow).c_str()).str(); };
+    const auto find = [&](const char* sBelow) { return Tesk::toString(findProjectFolder(tree.path(sBelow).c_str())); };
     CHECK(find("Jobs\\1234\\Dwg\\Arch") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\1234\\") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\5678\\missing") == tree.path("Jobs\\"));
     CHECK(find("Other\\") == "");
     for (const char* sNowhere : {"", "\\\\nowhere.invalid\\share\\Jobs\\1234", "\\\\?\\C:\\none", "relative\\folder"})
-        CHECK(findProjectFolder(sNowhere).str() == "");
+        CHECK(findProjectFolder(sNowhere) == "");
 
     const std::string sRoot = tree.path("").substr(0, 3);
     const std::string sName = "at the root " + std::to_string(::GetCurrentProcessId());
-    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == "");
+    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()) == "");
     std::ofstream(sRoot + sName);
-    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()).str() == sRoot);
+    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()) == sRoot.c_str());
     ::DeleteFileA((sRoot + sName).c_str());
 }
 
@@ -137,7 +138,7 @@ TEST_CASE_FIXTURE(
         tree.folder(sFolder);
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const char* const sName = "Domain Settings";
-    const auto registered = [&] { return getDomainSettingsFolder().str(); };
+    const auto registered = [&] { return Tesk::toString(getDomainSettingsFolder()); };
 
     Registry::SetValue(HKEY_CURRENT_USER, sKey, sName, tree.path("gone").c_str());
     CHECK(location(LOCATION_DIR_DOMAIN_SETTINGS) == tree.path("DomainSettings\\"));
@@ -225,12 +226,12 @@ TEST_CASE_FIXTURE(AppFixture, "copies of a settings file run from the most gener
                                 "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
         for (const std::string& sName :
              {std::string("Tabs.ini"), std::string("Tabs16.0.ini"), "Tabs" + sProduct + "_16.0.ini"})
-            vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName));
+            vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName).c_str());
     }
     tree.write("Job1\\ProjectSettings.txt");
     tree.write("Job2\\ProjectSettings.txt");
-    const CStringList vecDrawings{tree.path("Job2\\C.dwg"), tree.path("Job1\\Dwg2\\B.dwg"),
-                                  tree.path("Job1\\Dwg\\A.dwg"), tree.path("Job1\\Dwg\\A2.dwg")};
+    const CStringList vecDrawings{tree.path("Job2\\C.dwg").c_str(), tree.path("Job1\\Dwg2\\B.dwg").c_str(),
+                                  tree.path("Job1\\Dwg\\A.dwg").c_str(), tree.path("Job1\\Dwg\\A2.dwg").c_str()};
 
     CLocator locator;
     CStringList vecFiles;
@@ -296,7 +297,7 @@ TEST_CASE_FIXTURE(AppFixture, "settings are made for a drawing or for none, from
     REQUIRE(application.execute("SAVEAS \"" + tree.path("B.dwg") + "\"").succeeded);
     CHECK(!manager.resetForCurrentDocument(false));
     CHECK(manager.resetForCurrentDocument(true));
-    CHECK(manager.files() == Lines{tree.path("B.dwg")});
+    CHECK(manager.files() == Lines{tree.path("B.dwg").c_str()});
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "a manager deletes the locator that it made, and no other")

@@ -110,11 +110,11 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description
     char sPath[MAX_PATH];
     ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
     const CString sFile = CString(sPath).Left(CString(sPath).ReverseFind('.')) + ".avf";
-    std::ofstream(sFile.str(), std::ios::binary) << "ProductName=Halvoran Desk";
+    std::ofstream(sFile.GetString(), std::ios::binary) << "ProductName=Halvoran Desk";
     start();
     CHECK(Tesk::getApplicationVersionLabel().IsEmpty());  // a name without a version is no label
     Tesk::terminateLibrary();
-    std::ofstream(sFile.str(), std::ios::binary)
+    std::ofstream(sFile.GetString(), std::ios::binary)
         << "; comment\r\n productname = Halvoran Desk \r\nother\r\nPRODUCTVERSION=4.1";
     start();
     ::DeleteFileA(sFile);

@@ -1,5 +1,6 @@
 #include "library/files/SettingsFile.h"
 #include "library/files/SettingsFileReader.h"
+#include "library/text/StringView.h"
 
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
@@ -41,9 +42,9 @@ std::string border(const std::string& sFields)
     if (group.m_vecBorders.empty())
         return "";
     const Tesk::CBorderEntry& entry = group.m_vecBorders[0];
-    std::string sAll = entry.m_sDescription.str() + "/" + entry.m_sBlockName.str();
+    std::string sAll = Tesk::toString(entry.m_sDescription) + "/" + Tesk::toString(entry.m_sBlockName);
     for (const CString& sField : entry.m_aFields)
-        sAll += "/" + sField.str();
+        sAll += "/" + Tesk::toString(sField);
     return sAll;
 }
 
@@ -157,8 +158,8 @@ TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
     tree.write("ProjectSettings.txt", "PROJECTLABEL\r\n{\r\nLa\0bel\r\n}\r\nPROJECTPATH\n{\n.\n}"s);
     CSettingsFile settings(tree.path("ProjectSettings.txt").c_str());
     CHECK(settings.m_bValid);
-    CHECK(settings.m_sProjectLabel == "La\0bel"s);
-    CHECK(settings.m_sProjectPaths.str() == ";" + tree.path(""));
+    CHECK(Tesk::toString(settings.m_sProjectLabel) == "La\0bel"s);
+    CHECK(Tesk::toString(settings.m_sProjectPaths) == ";" + tree.path(""));
 
     const std::string sOther = tree.path("other.txt");
     CHECK(fileErrorOf([&] { settings.read(sOther.c_str()); }) == "2 " + sOther);

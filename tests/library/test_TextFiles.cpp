@@ -1,4 +1,6 @@
 #include "library/files/FileUtilities_TextFiles.h"
+#include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
 
 #include "library/diagnostics/Prerelease.h"
 #include "tests/library/Raised.h"
@@ -21,7 +23,7 @@ Lines ansiLines(const CString& sFile)
     Tesk::readAnsiTextFileLines(sFile, vLines);
     Lines lines;
     for (const CString& sLine : vLines)
-        lines.push_back(sLine.str());
+        lines.push_back(Tesk::toString(sLine));
     return lines;
 }
 
@@ -50,7 +52,7 @@ TEST_CASE("lines of narrow files")
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
-        const CString sFile = folder.write("a.txt", each.m_sBytes);
+        const CString sFile = folder.write("a.txt", each.m_sBytes).c_str();
         CHECK(ansiLines(sFile) == each.m_lines);
         CHECK(wideLines(sFile).size() == each.m_lines.size());
         CHECK_FALSE(Tesk::isUnicodeTextFile(sFile));
@@ -75,7 +77,7 @@ TEST_CASE("lines of UTF-16 files")
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
-        const CString sFile = folder.write("a.txt", each.m_sBytes);
+        const CString sFile = folder.write("a.txt", each.m_sBytes).c_str();
         CHECK(wideLines(sFile) == each.m_lines);
         CHECK(Tesk::isUnicodeTextFile(sFile));
     }
@@ -85,7 +87,7 @@ TEST_CASE("lines of UTF-16 files")
 TEST_CASE("narrow lines become wide by the thread's code page, the list is added to")
 {
     const CTestFolder folder;
-    const CString sFile = folder.write("a.txt", "\x83\x5C\n\xE9");
+    const CString sFile = folder.write("a.txt", "\x83\x5C\n\xE9").c_str();
     WideLines lines = {L"before"};
     Tesk::readTextFileLines(sFile, lines);
     CHECK(lines == WideLines{L"before", L"\x0192\\", L"\xE9"});
@@ -107,7 +109,7 @@ TEST_CASE("the byte-order mark is looked for without moving the file")
 TEST_CASE("lines are written with CR LF")
 {
     const CTestFolder folder;
-    const CString sFile = folder.path("a.txt");
+    const CString sFile = folder.path("a.txt").c_str();
     Tesk::writeTextFileLines(sFile, {"a", "", "\xE9"}, true);
     CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\n");
     Tesk::writeTextFileLines(sFile, {"b"}, true);
@@ -119,15 +121,15 @@ TEST_CASE("lines are written with CR LF")
 TEST_CASE("a file that does not open raises its error number and path")
 {
     const CTestFolder folder;
-    const CString sFolder = folder.path(), sMissing = sFolder + "none\\a.txt";
-    const std::string sError = "2 " + sMissing.str();
+    const CString sFolder = folder.path().c_str(), sMissing = sFolder + "none\\a.txt";
+    const std::string sError = "2 " + std::string(sMissing);
     std::vector<CString> vNarrow;
     WideLines vWide;
     CHECK(fileErrorOf([&] { Tesk::isUnicodeTextFile(sMissing); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::readTextFileLines(sMissing, vWide); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::readAnsiTextFileLines(sMissing, vNarrow); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sMissing, {"a"}, true); }) == sError);
-    CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + sFolder.str());
+    CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + std::string(sFolder));
     CHECK(vNarrow.empty());
     CHECK(vWide.empty());
     // On a full device, seen in the text or at its line's end; closing fails as well.
@@ -140,4 +142,15 @@ TEST_CASE("a file that does not open raises its error number and path")
     Tesk::setDiagnosticsLevel(0);
     const std::string sReport = "FileUtilities_TextFiles: ::fclose(pOutput) == 0\n";
     CHECK(answers.assertions() == sReport + sReport);
+}
+
+TEST_CASE("a capital that the code page lacks leaves the rest of the text alone")
+{
+    const CThreadLocale locale(CThreadLocale::chinese);
+    REQUIRE(Tesk::getThreadCodePage() == 936);
+    // "n" with an acute has two bytes there, and its capital none of its own.
+    const std::string sUpper = Tesk::MultiByte::upper("key \xA8\xBD end");
+    CHECK(sUpper.substr(0, 4) == "KEY ");
+    CHECK(sUpper.substr(sUpper.size() - 4) == " END");
+    CHECK(sUpper.size() == 9);
 }

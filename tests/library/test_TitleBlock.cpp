@@ -16,7 +16,7 @@ namespace {
 std::string expand(host::Database& database, const char* sTemplate)
 {
     const CWorkingDatabase working(&database);
-    return CARXKeywordExpansion(&database, database.path().c_str(), 1, 1).expandString(sTemplate).str();
+    return CARXKeywordExpansion(&database, database.path().c_str(), 1, 1).expandString(sTemplate).GetString();
 }
 
 const char kSTemplate[] = "%HALVORAN::NO%|%HALVORAN_PROJECT_LABEL%";

@@ -19,7 +19,7 @@ std::string raisedBy(const Call& call)
         const bool bText = e->getErrorText(sText);
         const std::string sCode = std::to_string(e->getCode());
         e->Delete();
-        return sCode + (bText ? " " : " no ") + sText.str();
+        return sCode + (bText ? " " : " no ") + sText.GetString();
     }
     return "";
 }

@@ -39,7 +39,7 @@ struct DrawingHost : ModuleFixture {
         std::vector<std::string> paths;
         CDatabaseData data(pDatabase);
         for (const CString& path : data.xrefPaths())
-            paths.push_back(path.str());
+            paths.push_back(path.GetString());
         return paths;
     }
 };
@@ -158,7 +158,7 @@ namespace {
 // What a fault does, in turn: the call fails, or throws one of these.
 void (*const kFaults[])() = {
     nullptr,
-    [] { throw new CFileException(2, "fault"); },
+    [] { throw new CFileException(CFileException::fileNotFound, 2, "fault"); },
     [] { throw std::runtime_error("fault"); },
     [] { throw 5; },
 };
@@ -246,7 +246,10 @@ TEST_CASE_FIXTURE(DrawingHost, "a notification in which the host fails ends quie
     char name[] = "a.dwg";
 
     const auto number = [&] {
-        return pReactor->getDatabaseData(document(pDatabase)).keywordExpansion().expandString("%HALVORAN::NO%").str();
+        return pReactor->getDatabaseData(document(pDatabase))
+            .keywordExpansion()
+            .expandString("%HALVORAN::NO%")
+            .GetString();
     };
     for (void (*pThrow)() : kFaults) {
         if (pThrow == nullptr)

@@ -21,10 +21,10 @@ struct EditorFixture : ModuleFixture {
         return app.documents().active();
     }
     CDatabaseData& data(AcApDocument* pDocument) { return CEditorReactor::getReactor()->getDatabaseData(pDocument); }
-    std::string title(AcApDocument* pDocument) { return data(pDocument).drawingProperties().getTitle().str(); }
+    std::string title(AcApDocument* pDocument) { return data(pDocument).drawingProperties().getTitle().GetString(); }
     std::string expand(AcApDocument* pDocument, const char* text)
     {
-        return data(pDocument).keywordExpansion().expandString(text).str();
+        return data(pDocument).keywordExpansion().expandString(text).GetString();
     }
     static host::Database& drawing(AcApDocument* pDocument) { return *host::Database::of(pDocument->database()); }
 

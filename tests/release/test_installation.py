@@ -27,6 +27,7 @@ OURS = re.compile(r"Software\\(Wow6432Node\\)?(Zavik|Autodesk\\AutoCAD\\.*\\Appl
 # Where Windows Installer lists all products; the lists stay, empty. The last is Wine's own, made at each of its starts.
 BOOKS = re.compile(r"Installer\\(UserData\\S-1-5-18\\)?(Features|Products|UpgradeCodes|Components)$"
                    r"|CurrentVersion\\Uninstall$|NetworkCards$")
+NEXT = re.sub(r"\d+$", lambda patch: str(int(patch[0]) + 1), installer.version())
 OLD, NEW = "R16.0\\ACAD-201:409", "R16.2\\ACAD-4004:407"  # hosts from the start
 LATER = "R16.1\\ACAD-301:40C"  # installed after the tabs
 
@@ -144,9 +145,7 @@ class Machine(unittest.TestCase):
 class Installation(Machine):
     def test_rolled_out_upgraded_and_removed_without_a_trace(self):
         first = released()
-        major, minor, patch = installer.version().split(".")
-        second_version = f"{major}.{minor}.{int(patch) + 1}"
-        second = package(second_version)
+        second = package(NEXT)
         folder = PREFIX / "drive_c/Program Files/Zavik/ZavikMDITabs"
         texts, module = folder / "support/MDITabs.ini", folder / "ZavikMDITabs.arx"
         before, files_before = software(), files()
@@ -160,12 +159,12 @@ class Installation(Machine):
         domain = folder.parent / "DomainSettings/support"
         domain.mkdir(parents=True)
         self.msiexec("/i", second.name)
-        self.assertEqual(self.installed_versions(), [second_version])
-        self.assertEqual(module.read_bytes(), (WORK / second_version / "ZavikMDITabs.arx").read_bytes())
+        self.assertEqual(self.installed_versions(), [NEXT])
+        self.assertEqual(module.read_bytes(), (WORK / NEXT / "ZavikMDITabs.arx").read_bytes())
         self.assertIn(b"Keep", texts.read_bytes())
 
         self.msiexec("/i", first.name)
-        self.assertEqual(self.installed_versions(), [second_version])
+        self.assertEqual(self.installed_versions(), [NEXT])
 
         self.add_host(LATER)
         self.lose_host(NEW)
@@ -191,12 +190,21 @@ class Installation(Machine):
 
 
 class SixtyFourBitMachine(Machine):
-    def test_rolled_out_into_the_32_bit_views_and_removed(self):
-        path = released()
+    def test_in_its_32_bit_views_and_in_a_folder_of_the_managers_choice(self):
+        first = released()
         before, files_before = software(), files()
-        self.msiexec("/i", path.name)
+        self.msiexec("/i", first.name)
         self.check_installed(before, "Program Files (x86)")
-        self.msiexec("/x", path.name)
+        self.msiexec("/x", first.name)
+
+        second = package(NEXT)
+        module = PREFIX / "drive_c/CAD/Tabs/ZavikMDITabs.arx"
+        self.msiexec("/i", first.name, r"INSTALLDIR=C:\CAD\Tabs")
+        self.assertTrue(module.exists())
+        self.msiexec("/i", second.name)
+        self.assertEqual(module.read_bytes(), (WORK / NEXT / "ZavikMDITabs.arx").read_bytes())
+        self.msiexec("/x", second.name)
+        (PREFIX / "drive_c/CAD").rmdir()  # only the tabs' own folder leaves
         self.check_as_before(before, files_before)
 
 

@@ -1,18 +1,20 @@
 #include "TestWindows.h"
 
+#include "mfc/MessagePump.h"
+
 #include <utility>
 
-ForeignWindow::ForeignWindow(HWND parent, UINT id, Procedure procedure, const char* className)
+PlainWindow::PlainWindow(HWND parent, UINT id, Procedure procedure)
     : m_procedure(std::move(procedure)),
-      m_window(::CreateWindowExA(0, className, "", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent,
+      m_window(::CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent,
                                  reinterpret_cast<HMENU>(static_cast<UINT_PTR>(id)), nullptr, nullptr))
 {
     ::SetWindowLongPtrA(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     m_super = reinterpret_cast<WNDPROC>(
-        ::SetWindowLongPtrA(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ForeignWindow::windowProcedure)));
+        ::SetWindowLongPtrA(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&PlainWindow::windowProcedure)));
 }
 
-ForeignWindow::~ForeignWindow()
+PlainWindow::~PlainWindow()
 {
     if (::IsWindow(m_window)) {
         ::SetWindowLongPtrA(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_super));
@@ -20,17 +22,18 @@ ForeignWindow::~ForeignWindow()
     }
 }
 
-LRESULT CALLBACK ForeignWindow::windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK PlainWindow::windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    auto* const self = reinterpret_cast<ForeignWindow*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
-    const LRESULT result = self->m_procedure(message, wParam, lParam);
-    return result ? result : ::CallWindowProcA(self->m_super, window, message, wParam, lParam);
+    auto* const self = reinterpret_cast<PlainWindow*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
+    self->m_procedure(message);
+    return ::CallWindowProcA(self->m_super, window, message, wParam, lParam);
 }
 
-void pumpWaiting()
+int pumpWaiting()
 {
-    MessagePump pump;
     MSG message;
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) && pump.pumpMessage()) {
-    }
+    while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
+        if (!toolkit::pumpMessage())
+            return static_cast<int>(message.wParam);
+    return -1;
 }

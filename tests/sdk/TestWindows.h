@@ -18,15 +18,15 @@ public:
     }
 };
 
-// A window of another image: its procedure knows nothing of the toolkit but its messages.
-class ForeignWindow {
+// A window without an object, which sees all that is sent or posted to it.
+class PlainWindow {
 public:
-    using Procedure = std::function<LRESULT(UINT message, WPARAM wParam, LPARAM lParam)>;
+    using Procedure = std::function<void(UINT message)>;
 
-    ForeignWindow(HWND parent, UINT id, Procedure procedure, const char* className = "STATIC");
-    ~ForeignWindow();
-    ForeignWindow(const ForeignWindow&) = delete;
-    ForeignWindow& operator=(const ForeignWindow&) = delete;
+    PlainWindow(HWND parent, UINT id, Procedure procedure);
+    ~PlainWindow();
+    PlainWindow(const PlainWindow&) = delete;
+    PlainWindow& operator=(const PlainWindow&) = delete;
 
     HWND handle() const { return m_window; }
 
@@ -38,5 +38,5 @@ private:
     HWND m_window = nullptr;
 };
 
-// Dispatches what waits in the queue, through a pump.
-void pumpWaiting();
+// Dispatches what waits in the queue, through the pump. The code of WM_QUIT, or -1.
+int pumpWaiting();

@@ -13,6 +13,7 @@
 #include "tests/module/ModuleFixture.h"
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdlib>
 #include <random>
@@ -243,21 +244,31 @@ TEST_CASE("strip and documents agree at random, and nothing is held at the end")
     MESSAGE("SOAK_SEED=", seed);
     Soak soak(seed);
     // What Windows and the runtime keep from the first times of everything.
-    const int steps = soak.run(secondsToRun() / 4, INT_MAX);
+    const int steps = soak.run(secondsToRun() / 8, INT_MAX);
     CHECK(steps > 20);
-    for (int i = 0; i < 2; ++i)
-        soak.run(secondsToRun(), steps);
-    const ResourceCount before = ResourceCount::now();
+    // The system's own part of the heap goes up and down from round to round, by the mouse's
+    // and the dialogs' timing. What it comes down to in three rounds stays, without a leak.
+    const auto lowestOfThree = [&] {
+        ResourceCount lowest = ResourceCount::now();
+        lowest.heap = LONG_MAX;
+        for (int round = 0; round < 3; ++round) {
+            soak.run(secondsToRun(), steps);
+            ResourceCount now = ResourceCount::now();
+            now.heap = std::min(now.heap, lowest.heap);
+            lowest = now;
+        }
+        return lowest;
+    };
+    const ResourceCount before = lowestOfThree();
     const long handles = liveHandles();
     const long strings = host::liveAllocations();
     const int misuses = host::Database::misuses();
 
-    soak.run(secondsToRun(), steps);
-    const ResourceCount after = ResourceCount::now();
+    const ResourceCount after = lowestOfThree();
     MESSAGE(steps, " steps; before: ", before.text(), "; after: ", after.text());
     CHECK(after.sameObjects(before));
     CHECK(liveHandles() == handles);
     CHECK(host::liveAllocations() == strings);
     CHECK(host::Database::misuses() == misuses);
-    CHECK(after.heap - before.heap < 4);  // a block lost at every step of a kind is more
+    CHECK(after.heap - before.heap < 3);  // a block lost in each round is three
 }

@@ -53,7 +53,7 @@ public:
         bytes << std::ifstream(sFile, std::ios::binary).rdbuf();
         return bytes.str();
     }
-    static std::string read(const CString& sFile) { return read(sFile.str()); }
+    static std::string read(const CString& sFile) { return read(std::string(sFile)); }
 
 private:
     static void remove(const std::string& sFolder)

@@ -1,4 +1,4 @@
-#include "host/application/Paths.h"
+#include "host/drawing/Paths.h"
 
 #include "library/system/Handles.h"
 
