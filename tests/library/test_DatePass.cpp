@@ -47,32 +47,24 @@ TEST_CASE("a time by its format")
     CHECK(formatTime(moment, "|d |H", false) == "07 08");  // New York's
 }
 
-TEST_CASE("a directive that the C runtime does not know gives an empty text")
+TEST_CASE("a directive that the C runtime does not know gives an empty text, and the process goes on")
 {
-    // Whatever byte follows the "%", the process goes on.
     int iKnown = 0;
-    for (int c = 1; c < 256; ++c) {
-        const std::string sFormat = std::string("x%") + static_cast<char>(c);
-        const std::string sTime = formatTime(moment, sFormat, true);
-        iKnown += !sTime.empty();
-    }
+    for (int c = 1; c < 256; ++c)
+        iKnown += !formatTime(moment, std::string("x%") + static_cast<char>(c), true).empty();
     CHECK(iKnown == 24);  // 22 letters, "%", and "|" that stands for it
     CHECK(formatTime(moment, "|Y|", true) == "");
     CHECK(formatTime(moment, "|Y|#", true) == "");
-    CHECK(formatTime(moment, "|e", true) == "");
 }
 
 TEST_CASE("date tokens expand from the last to the first, each with its own format")
 {
     CHECK(expand("%DATE::|H:|M% on %DATE::|Y%") == "13:05 on 2005");
     CHECK(expand("%DATE% %DATE:|Y% %DATE::%, %DATE::|Y") == "%DATE% %DATE:|Y% DATE::|Y");
-    CHECK(expand("%DATE::%%") == "");  // the format is "%": no directive
-    CHECK(expand("line\n%DATE::|Y%\nline") == "line\n2005\nline");
-    CHECK(expand("%DATE::a\nb%") == "a\nb");
+    CHECK(expand("%DATE::%%") == "");                 // the format is "%": no directive
     CHECK(expand("%DATE::||DATE::||||Y%%") == "Y%");  // by way of "%DATE::%%Y%"
     CHECK(expand("[DATE::%Y] %DATE::|Y%", "[", "]") == "2005 %DATE::|Y%");
     CHECK(expand("%%DATE::|Y%%", "%%", "%%") == "2005");
-    CHECK(expand("a <DATE::|Y> b", "<", ">") == reference("a <DATE::|Y> b", "<", ">"));
 }
 
 TEST_CASE("by hand and by regular expression generated texts come out the same")

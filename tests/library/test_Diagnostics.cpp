@@ -43,8 +43,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
         int m_iLevel;
         bool m_bOldLogKept;
     } cases[] = {
-        {-1, -1, 0, true}, {0, 0, 0, true}, {1, -1, 2, false}, {1, 0, 2, false},
-        {-1, 1, 1, true},  {0, 1, 1, true}, {1, 1, 1, false},
+        {-1, -1, 0, true}, {0, 0, 0, true}, {1, 0, 2, false}, {0, 1, 1, true}, {1, 1, 1, false},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_iDebug);
@@ -62,38 +61,19 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
         CHECK(Tesk::isTraceEnabled() == (each.m_iLevel == 2));
         CHECK(Tesk::isAssertionEnabled() == (each.m_iLevel >= 1));
         CHECK((log() == "old") == each.m_bOldLogKept);
-        TESK_TRACE("message\n");
-        CHECK((log().find("message") != std::string::npos) == (each.m_iLevel == 2));
-        CHECK(commandLinePieces().empty() == (each.m_iLevel != 2));
-        commandLinePieces().clear();
         Tesk::terminateLibrary();
     }
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "a startup value of another type or number is off")
-{
-    for (const DWORD dwValue : {0u, 2u})
-        CHECK(Tesk::Registry::SetValue(HKEY_CURRENT_USER, "Software\\Zavik\\Halvoran", "DebugStartup", dwValue));
-    CHECK(Tesk::Registry::SetValue(HKEY_CURRENT_USER, "Software\\Zavik\\Halvoran", "AssertStartup", "1"));
-    start();
-    CHECK(Tesk::getDiagnosticsLevel() == 0);
-    for (const int iLevel : {-1, 3}) {
-        Tesk::setDiagnosticsLevel(1);
-        Tesk::setDiagnosticsLevel(iLevel);
-        CHECK(Tesk::getDiagnosticsLevel() == 1);
-        CHECK(Tesk::isAssertionEnabled());
-    }
-}
-
-TEST_CASE_FIXTURE(CLibraryFixture, "a disabled trace does not look at its arguments")
+TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 a trace does not look at its arguments; other numbers are no level")
 {
     startAt(1);
+    Tesk::setDiagnosticsLevel(3);
+    Tesk::setDiagnosticsLevel(-1);
+    CHECK(Tesk::getDiagnosticsLevel() == 1);
     int iLooked = 0;
     TESK_TRACE("%d\n", ++iLooked);
     CHECK(iLooked == 0);
-    Tesk::setDiagnosticsLevel(2);
-    TESK_TRACE("%d\n", ++iLooked);
-    CHECK(iLooked == 1);
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
@@ -103,15 +83,8 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
     TESK_TRACE("second\n");
     const std::string sLog = log();
     CAPTURE(sLog);
-    CHECK(sLog.starts_with("Diagnostics started: "));
-    CHECK(count(sLog, "Diagnostics started") == 1);
-    char sHost[MAX_COMPUTERNAME_LENGTH + 1];
-    DWORD dwSize = sizeof sHost;
-    ::GetComputerNameA(sHost, &dwSize);
-    CHECK(count(sLog, std::string("\r\n::HostName=") + sHost + "\r\n") == 1);
     CHECK(count(sLog, "\r\nOS::ProductName=") == 1);
     CHECK(count(sLog, "\r\nFolders::SystemRoot=") == 1);
-    CHECK(count(sLog, "\r\nPathLocation::LOCATION_FILE_MODULE=") == 1);
     CHECK(count(sLog, "\r\nPathLocation::LOCATION_DIR_USERZAVIKDATA=") == 1);
     const std::size_t end = sLog.find("\r\n:-------------------------\r\n:\r\n");
     REQUIRE(end != std::string::npos);
@@ -122,29 +95,25 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
     CHECK(count(log(), "Diagnostics started") == 1);
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "a log that cannot be written disturbs nobody")
-{
-    startAt(2);
-    folder().folder("Zavik Diagnostics\\");
-    ::CreateDirectoryA(logFile(), nullptr);
-    TESK_TRACE("message\n");
-    CHECK(joined().ends_with("Test : message\n"));
-}
-
 TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 characters")
 {
     startAt(2);
-    for (const std::size_t length : {0u, 50u, 113u, 114u, 115u, 1000u, 5000u}) {
+    for (const std::size_t length : {0u, 113u, 114u, 5000u}) {
         CAPTURE(length);
         commandLinePieces().clear();
         TESK_TRACE("%s\n\n", std::string(length, 'x').c_str());
         const std::size_t whole = 18 + length + 1;  // "[hh:mm:ss] Test : " and the line feed
         CHECK(joined().size() == whole);
-        CHECK(count(joined(), "\n") == 1);
         CHECK(commandLinePieces().size() == (whole + 131) / 132);
         for (const std::string& sPiece : commandLinePieces())
             CHECK(sPiece.size() <= 132);
     }
+    // A log that cannot be written disturbs nobody.
+    ::DeleteFileA(logFile());
+    ::CreateDirectoryA(logFile(), nullptr);
+    commandLinePieces().clear();
+    TESK_TRACE("message\n");
+    CHECK(joined().ends_with("Test : message\n"));
     const CThreadLocale japanese(CThreadLocale::japanese);
     commandLinePieces().clear();
     std::string sText = "x";

@@ -3,6 +3,7 @@
 
 #include "library/expansion/DatePass.h"
 #include "library/files/SupportFileLocator.h"
+#include "tests/library/DrawingFixture.h"
 #include "tests/library/ThreadCodePage.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
@@ -64,15 +65,26 @@ TEST_CASE("the keywords of a file name")
     CHECK(CExpansion("C:\\\x95\\\\A.dwg").value("X_FOLDER") == "C:/\x95\\/");
 }
 
-TEST_CASE("without a file name there are the folders, the names and the current time")
+TEST_CASE_FIXTURE(DrawingFixture, "without a file name there are the folders, the names and the current time")
 {
     const CExpansion none("");
     CHECK(none.value("PATH") == "(none)");
     CHECK(none.value("DIR_PROJECT_DWG_ROOT") == "(none)");
-    CHECK(none.value("DIR_TEMP") == Tesk::toString(Tesk::getLocation(Tesk::LOCATION_DIR_TEMP)));
-    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::toString(Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA)));
-    CHECK(none.value("USER_NAME") != "");
-    CHECK(none.value("COMPUTER_NAME") != "");
+    CHECK(none.value("DIR_PROGRAM") == tree().path("Office\\Suite\\Components\\"));
+    CHECK(none.value("DIR_APPLICATION_ROOT") == tree().path("Office\\Suite\\"));
+    CHECK(none.value("DIR_DOMAIN_SETTINGS") == tree().path("Office\\DomainSettings\\"));
+    CHECK(none.value("DIR_TEMP") == Tesk::getLocation(Tesk::LOCATION_DIR_TEMP).GetString());
+    CHECK(none.value("DIR_USERPLENDADATA") == Tesk::getLocation(Tesk::LOCATION_DIR_USERPLENDADATA).GetString());
+    CHECK(none.value("DIR_WINDOWS_SYSTEM") == Tesk::getLocation(Tesk::LOCATION_DIR_WINDOWS_SYSTEM).GetString());
+    CHECK(none.value("DIR_WINDOWS_COMMONFILES") ==
+          Tesk::getLocation(Tesk::LOCATION_DIR_WINDOWS_COMMONFILES).GetString());
+    char sName[256] = "";
+    DWORD dwSize = sizeof sName;
+    ::GetUserNameA(sName, &dwSize);
+    CHECK(none.value("USER_NAME") == sName);
+    dwSize = sizeof sName;
+    ::GetComputerNameA(sName, &dwSize);
+    CHECK(none.value("COMPUTER_NAME") == sName);
     CHECK(none.expandString("a%NEWLINE%b") == "a\nb");
     CHECK(none.expandString("%UPDATE_DATE::|Y%") == "%UPDATE_DATE::|Y%");
     // The current time, local and UTC, lies between ours before and after.

@@ -11,6 +11,8 @@
 #include "library/registry/Registry.h"
 #include "objectarx/dbapserv.h"
 #include "tests/library/Environment.h"
+#include "tests/library/Installation.h"
+#include "tests/library/LibraryFixture.h"
 #include "tests/library/ThreadCodePage.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
@@ -19,6 +21,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <memory>
 
 using namespace Tesk;
@@ -27,56 +30,22 @@ using Support::File::CStringList;
 
 namespace {
 
-// An installation in a tree of its own: a copy of this program stands for the module.
-class CInstallation {
-public:
-    explicit CInstallation(const std::string& sFolder) : m_hPrevious(G_hCurrentModule)
-    {
-        char sProgram[MAX_PATH];
-        ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-        m_tree.folder(sFolder);
-        const std::string sModule = m_tree.path(sFolder + "Module.arx");
-        REQUIRE(::CopyFileA(sProgram, sModule.c_str(), TRUE));
-        m_hModule = ::LoadLibraryExA(sModule.c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
-        REQUIRE(m_hModule);
-        G_hCurrentModule = m_hModule;
-    }
-    ~CInstallation()
-    {
-        G_hCurrentModule = m_hPrevious;
-        ::FreeLibrary(m_hModule);
-    }
-    CInstallation(const CInstallation&) = delete;
-    CInstallation& operator=(const CInstallation&) = delete;
-
-    const CTestFolder& tree() const { return m_tree; }
-
-private:
-    CTestFolder m_tree;
-    HINSTANCE m_hPrevious;
-    HMODULE m_hModule = nullptr;
+struct AppFixture {
+    CTestHive hive;
+    CInstallation installation{"App\\"};
+    const CTestFolder& tree = installation.tree();
 };
 
 std::string location(int iWhere) { return Tesk::toString(getLocation(iWhere)); }
 
 }  // namespace
 
-TEST_CASE("paths come apart by characters")
+TEST_CASE("paths come apart by characters, and end in one backslash")
 {
-    const PathParts parts("C:\\Jobs\\1234\\A-100.rev2.dwg");
-    CHECK(parts.parent() == "C:\\Jobs\\1234\\");
-    CHECK(parts.sBase == "A-100.rev2");
-    CHECK(parts.sExtension == ".dwg");
-    CHECK(PathParts("C:").parent() == "C:");
-    CHECK(PathParts("\\\\server\\share\\a.b\\c").parent() == "\\\\server\\share\\a.b\\");
     CHECK(PathParts("a/b").fileName() == "b");
     CHECK(withBackslash("") == "");
-    CHECK(withBackslash("C:") == "C:\\");
     CHECK(withoutBackslash("a\\\\") == "a\\");
-
     const CThreadLocale locale(CThreadLocale::japanese);
-    REQUIRE(::IsDBCSLeadByteEx(CP_THREAD_ACP, 0x95) != FALSE);
-    CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").parent() == "C:\\\x95\\\\");
     CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").sBase == "\x95\\");
     CHECK(withBackslash("\x95\\") == "\x95\\\\");
     CHECK(withoutBackslash("\x95\\") == "\x95\\");
@@ -85,19 +54,13 @@ TEST_CASE("paths come apart by characters")
 TEST_CASE("files and folders are told apart")
 {
     const CTestFolder tree;
-    const std::string sFile = tree.write("A\\file.txt");
-    CHECK(fileExists(sFile.c_str()));
-    CHECK(!folderExists(sFile.c_str()));
-    CHECK(!fileExists(tree.path("A").c_str()));
-    CHECK(folderExists(tree.path("A").c_str()));
-    CHECK(folderExists(tree.path("A\\").c_str()));
-    for (const std::string& sNone : {tree.path("B"), tree.path("B\\C"), std::string(), std::string(40000, 'x')}) {
-        CHECK(!fileExists(sNone.c_str()));
-        CHECK(!folderExists(sNone.c_str()));
-    }
-    char sCurrent[MAX_PATH];
-    ::GetCurrentDirectoryA(sizeof sCurrent, sCurrent);
-    CHECK(folderExists(std::string(sCurrent, 3).c_str()));
+    const std::string sFile = tree.write("A\\file.txt"), sFolder = tree.path("A");
+    CHECK((fileExists(sFile.c_str()) && !folderExists(sFile.c_str())));
+    CHECK((folderExists(sFolder.c_str()) && !fileExists(sFolder.c_str())));
+    CHECK(folderExists((sFolder + "\\").c_str()));
+    CHECK(folderExists(sFolder.substr(0, 3).c_str()));
+    for (const std::string& sNone : {tree.path("B"), std::string(), std::string(40000, 'x')})
+        CHECK_FALSE((fileExists(sNone.c_str()) || folderExists(sNone.c_str())));
 }
 
 TEST_CASE("the search upwards takes the nearest folder and ends at the root")
@@ -108,27 +71,17 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
     tree.folder("Jobs\\1234\\Dwg\\Arch\\");
     const auto find = [&](const char* sBelow) { return Tesk::toString(findProjectFolder(tree.path(sBelow).c_str())); };
     CHECK(find("Jobs\\1234\\Dwg\\Arch") == tree.path("Jobs\\1234\\"));
-    CHECK(find("Jobs\\1234\\Dwg\\Arch\\") == tree.path("Jobs\\1234\\"));
-    CHECK(find("Jobs\\1234") == tree.path("Jobs\\1234\\"));
+    CHECK(find("Jobs\\1234\\") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\5678\\missing") == tree.path("Jobs\\"));
     CHECK(find("Other\\") == "");
-    CHECK(Tesk::toString(findProjectFolder("")) == "");
-    CHECK(Tesk::toString(findProjectFolder("\\\\nowhere.invalid\\share\\Jobs\\1234")) == "");
-    CHECK(Tesk::toString(findProjectFolder("\\\\?\\"
-                                           "C:\\none")) == "");
-    CHECK(Tesk::toString(findProjectFolder("relative\\folder")) == "");
+    for (const char* sNowhere : {"", "\\\\nowhere.invalid\\share\\Jobs\\1234", "\\\\?\\C:\\none", "relative\\folder"})
+        CHECK(findProjectFolder(sNowhere) == "");
 
     const std::string sRoot = tree.path("").substr(0, 3);
     const std::string sName = "at the root " + std::to_string(::GetCurrentProcessId());
-    const HANDLE hFile = ::CreateFileA((sRoot + sName).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
-                                       FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    REQUIRE(hFile != INVALID_HANDLE_VALUE);
-    ::CloseHandle(hFile);
-    CHECK(Tesk::toString(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str())) == "");
-    FILE* const pFile = std::fopen((sRoot + sName).c_str(), "w");
-    REQUIRE(pFile);
-    std::fclose(pFile);
-    CHECK(Tesk::toString(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str())) == sRoot);
+    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()) == "");
+    std::ofstream(sRoot + sName);
+    CHECK(findFolderUpwards(tree.path("Jobs").c_str(), sName.c_str()) == sRoot.c_str());
     ::DeleteFileA((sRoot + sName).c_str());
 }
 
@@ -138,7 +91,7 @@ TEST_CASE("the installation's own folders")
     {
         const CInstallation plain("App\\Bin\\");
         const std::string sRoot = plain.tree().path("App\\Bin\\");
-        CHECK(location(LOCATION_FILE_MODULE) == sRoot + "Module.arx");
+        CHECK(location(LOCATION_FILE_MODULE) == sRoot + "TheModule.arx");
         CHECK(location(LOCATION_DIR_PROGRAM) == sRoot);
         CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == sRoot);
         CHECK(location(LOCATION_FILE_HELP) == sRoot + "HelpDocs\\Draftrix.hlp");
@@ -146,22 +99,43 @@ TEST_CASE("the installation's own folders")
         plain.tree().folder("App\\DomainSettings\\");
         CHECK(location(LOCATION_FILE_DOMAIN_SETTINGS) == plain.tree().path("App\\DomainSettings\\DomainSettings.txt"));
     }
-    const CInstallation components("App\\COMPONENTS\\");
-    CHECK(location(LOCATION_DIR_PROGRAM) == components.tree().path("App\\COMPONENTS\\"));
-    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == components.tree().path("App\\"));
-    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) == components.tree().path("App\\support\\StandardSettings.txt"));
-    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) == location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\Module.log");
+    const CInstallation components("App\\COMPONENTS\\", true);
+    const std::string sProgram = location(LOCATION_DIR_PROGRAM);
+    CHECK(sProgram.find('~') != std::string::npos);
+    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == PathParts(withoutBackslash(sProgram)).parent());
+    CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) ==
+          location(LOCATION_DIR_APPLICATION_ROOT) + "support\\StandardSettings.txt");
+    CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) == location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\TheModule.log");
 }
 
-TEST_CASE("the registered domain settings folder comes first, and an administrator's change reaches the user once")
+TEST_CASE_FIXTURE(
+    AppFixture,
+    "the program files of drive P: come before the installation's domain settings, but not for Courier Desk")
 {
-    const CTestHive hive;
-    const CTestHive machine(HKEY_LOCAL_MACHINE);
-    const CInstallation installation("App\\");
-    const CTestFolder& tree = installation.tree();
-    tree.folder("User\\");
-    tree.folder("Admin\\");
     tree.folder("DomainSettings\\");
+    // Wine takes a folder of that name in its own for the drive.
+    char sWine[MAX_PATH] = "";
+    REQUIRE(::GetEnvironmentVariableA("WINECONFIGDIR", sWine, sizeof sWine) > 4);
+    const std::string aFolders[] = {"\\\\?\\" + std::string(sWine + 4) + "\\dosdevices\\p:", "P:\\Program Files",
+                                    "P:\\Program Files\\Zavik", "P:\\Program Files\\Zavik\\DomainSettings"};
+    for (const std::string& sFolder : aFolders)
+        ::CreateDirectoryA(sFolder.c_str(), nullptr);
+    for (const char* sName : {"", "courier desk", "Courier Desk"}) {
+        G_sApplicationName = sName;
+        CHECK((location(LOCATION_DIR_DOMAIN_SETTINGS) == aFolders[3] + "\\") == (*sName != 'C'));
+    }
+    G_sApplicationName.Empty();
+    for (std::size_t i = std::size(aFolders); i > 0; --i)
+        CHECK(::RemoveDirectoryA(aFolders[i - 1].c_str()));
+}
+
+TEST_CASE_FIXTURE(
+    AppFixture,
+    "the registered domain settings folder comes first, and an administrator's change reaches the user once")
+{
+    const CTestHive machine(HKEY_LOCAL_MACHINE);
+    for (const char* sFolder : {"User\\", "Admin\\", "DomainSettings\\"})
+        tree.folder(sFolder);
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const char* const sName = "Domain Settings";
     const auto registered = [&] { return Tesk::toString(getDomainSettingsFolder()); };
@@ -186,34 +160,43 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
     tree.folder("One\\");
     tree.folder("Two\\");
     const std::string sOne = tree.path("One"), sTwo = tree.path("Two"), sNone = tree.path("None");
-    {
-        const CEnvironment temp("TEMP", sOne.c_str()), tmp("TMP", sTwo.c_str());
-        CHECK(location(LOCATION_DIR_TEMP) == sOne + "\\");
-    }
-    {
-        const CEnvironment temp("TEMP", sNone.c_str()), tmp("TMP", sTwo.c_str());
-        CHECK(Tesk::toString(getTempFolder()) == sTwo);
-    }
-    {
-        const CEnvironment temp("TEMP", nullptr), tmp("TMP", sTwo.c_str());
-        CHECK(Tesk::toString(getTempFolder()) == sTwo);
+    for (const char* sTemp : {sOne.c_str(), sNone.c_str(), static_cast<const char*>(nullptr)}) {
+        const CEnvironment temp("TEMP", sTemp), tmp("TMP", sTwo.c_str());
+        CHECK(location(LOCATION_DIR_TEMP) == (sTemp == sOne.c_str() ? sOne : sTwo) + "\\");
     }
     const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
-    CHECK(folderExists(getTempFolder()));
+    CHECK(getTempFolder() == "\\");
+    const std::string sSystem = location(LOCATION_DIR_WINDOWS_SYSTEM), sDrive = sSystem.substr(0, 3);
+    const std::string aDefaults[] = {sSystem + "Tmp\\", sSystem + "Temp\\", sDrive + "Tmp\\", sDrive + "Temp\\"};
+    for (const std::string& sDefault : aDefaults) {
+        ::CreateDirectoryA(sDefault.c_str(), nullptr);
+        CHECK(location(LOCATION_DIR_TEMP) == sDefault);
+    }
+    for (const std::string& sDefault : aDefaults)
+        ::RemoveDirectoryA(sDefault.c_str());
 }
 
-TEST_CASE("every location is a full path of its kind, and what is no location is empty")
+TEST_CASE("the system's and the user's folders, and what is no location")
 {
-    for (int iWhere : {-1, 0, 19, 26, 1000})
+    for (int iWhere : {-1, 0, 19, 26})
         CHECK(location(iWhere) == "");
-    for (int iWhere = LOCATION_DIR_PROGRAM; iWhere <= LOCATION_DIR_PROGRAMFILES; ++iWhere) {
-        CAPTURE(iWhere);
-        CHECK(location(iWhere).substr(1, 2) == ":\\");
-        CHECK(location(iWhere).back() == '\\');
-        CHECK(location(iWhere).find("..") == std::string::npos);
+    const std::pair<int, const char*> aFolders[] = {
+        {LOCATION_DIR_USERAPPDATA, "%APPDATA%\\"},
+        {LOCATION_DIR_USERLOCALAPPDATA, "%LOCALAPPDATA%\\"},
+        {LOCATION_DIR_USERZAVIKDATA, "%APPDATA%\\Zavik\\"},
+        {LOCATION_DIR_USERLOCALZAVIKDATA, "%LOCALAPPDATA%\\Zavik\\"},
+        {LOCATION_DIR_USERPLENDADATA, "%APPDATA%\\Draftrix\\"},
+        {LOCATION_DIR_COMMONZAVIKFILES, "%CommonProgramFiles%\\Zavik\\"},
+        {LOCATION_DIR_WINDOWS, "%SystemRoot%\\"},
+        {LOCATION_DIR_WINDOWS_SYSTEM, "%SystemRoot%\\system32\\"},
+        {LOCATION_DIR_WINDOWS_COMMONFILES, "%CommonProgramFiles%\\"},
+        {LOCATION_DIR_PROGRAMFILES, "%ProgramFiles%\\"},
+    };
+    for (const auto& [iWhere, sFolder] : aFolders) {
+        char sExpected[MAX_PATH] = "";
+        ::ExpandEnvironmentStringsA(sFolder, sExpected, sizeof sExpected);
+        CHECK(location(iWhere) == sExpected);
     }
-    CHECK(folderExists(getLocation(LOCATION_DIR_WINDOWS_SYSTEM)));
-    CHECK(location(LOCATION_DIR_USERPLENDADATA) == location(LOCATION_DIR_USERAPPDATA) + "Draftrix\\");
 }
 
 TEST_CASE("the current drawing's project")
@@ -230,25 +213,19 @@ TEST_CASE("the current drawing's project")
     CHECK(location(LOCATION_DIR_PROJECT_DWG_SETTINGS) == tree.path("1234\\Settings\\"));
     CHECK(location(LOCATION_FILE_PROJECT_SETTINGS) == tree.path("1234\\ProjectSettings.txt"));
     REQUIRE(application.execute("SAVEAS \"" + tree.path("B.dwg") + "\"").succeeded);
-    CHECK(location(LOCATION_DIR_PROJECT_DWG_ROOT) == "");
-    CHECK(location(LOCATION_DIR_PROJECT_DWG_SETTINGS) == "");
-    CHECK(location(LOCATION_FILE_PROJECT_SETTINGS) == "");
+    for (const int iWhere :
+         {LOCATION_DIR_PROJECT_DWG_ROOT, LOCATION_DIR_PROJECT_DWG_SETTINGS, LOCATION_FILE_PROJECT_SETTINGS})
+        CHECK(location(iWhere) == "");
 }
 
-TEST_CASE("copies of a settings file run from the most general to the most specific")
+TEST_CASE_FIXTURE(AppFixture, "copies of a settings file run from the most general to the most specific")
 {
-    const CTestHive hive;
-    const CInstallation installation("App\\");
-    const CTestFolder& tree = installation.tree();
-    const std::string sRelease = acdbHostApplicationServices()->releaseMajorMinorString();
     const std::string sProduct = acdbHostApplicationServices()->product();
-    CHECK(sRelease == "16.0");
-
     CStringList vecExpected;
     for (const char* sFolder : {"App\\support\\", "DomainSettings\\support\\", "Job1\\Settings\\support\\",
                                 "Job2\\Settings\\support\\", "Job1\\Dwg2\\", "Job1\\Dwg\\", "Job2\\"}) {
         for (const std::string& sName :
-             {std::string("Tabs.ini"), "Tabs" + sRelease + ".ini", "Tabs" + sProduct + "_" + sRelease + ".ini"})
+             {std::string("Tabs.ini"), std::string("Tabs16.0.ini"), "Tabs" + sProduct + "_16.0.ini"})
             vecExpected.push_back(tree.write(sFolder + sName, "where = " + sName).c_str());
     }
     tree.write("Job1\\ProjectSettings.txt");
@@ -275,8 +252,6 @@ TEST_CASE("copies of a settings file run from the most general to the most speci
     ::DeleteFileA(vecExpected[0]);
     ::DeleteFileA(vecExpected[1]);
     CHECK(locator.findFileIn({tree.path("App\\").c_str()}, {}, "Tabs.ini", "") == vecExpected[2]);
-    CHECK(locator.findFileIn({}, {}, "Tabs.ini", "") == "");
-    CHECK(locator.findFile({tree.path("none\\D.dwg").c_str()}, "None.ini", "") == "");
     CHECK(locator.splitPathList(";C:\\A B;;D:\\x;") == CStringList{"C:\\A B", "D:\\x"});
 }
 
@@ -284,62 +259,56 @@ namespace {
 
 class CManager : public CDefaultSettingsManager {
 public:
-    CManager(const char* sFile, CLocator* pLocator) : CDefaultSettingsManager(sFile, pLocator) {}
-    bool reset(const std::vector<CString>& vecFiles, bool) override
+    using CDefaultSettingsManager::CDefaultSettingsManager;
+    bool reset(const std::vector<CString>& vecFiles, bool bForce) override
     {
         m_vecFiles = vecFiles;
-        return true;
+        return bForce;
     }
     void traceContents(int) override {}
-    CString getSupportSubfolderName() override { return ""; }
+    CString getSupportSubfolderName() override { return m_sSubfolder; }
+    CString getSectionValue(const char* sSection, const char* sKey) override { return CString(sSection) + "/" + sKey; }
     const std::vector<CString>& files() const { return m_vecFiles; }
-};
 
-class CCountedLocator : public CLocator {
-public:
-    explicit CCountedLocator(int& iAlive) : m_iAlive(iAlive) { ++m_iAlive; }
-    ~CCountedLocator() override { --m_iAlive; }
-
-private:
-    int& m_iAlive;
+    CString m_sSubfolder;
 };
 
 }  // namespace
 
-TEST_CASE("settings made for a drawing: the nearest copy wins, key by key")
+TEST_CASE_FIXTURE(AppFixture, "settings are made for a drawing or for none, from the manager's own sub-folder")
 {
-    const CTestHive hive;
-    const CInstallation installation("App\\");
-    const CTestFolder& tree = installation.tree();
     tree.write("App\\support\\Tabs.ini", "a = standard\r\nb = standard\r\n");
+    tree.write("App\\Own\\Tabs.ini", "a = own\r\n");
     tree.write("Dwg\\Tabs.ini", "b = drawing\r\n");
     CManager manager(tree.path("Dwg\\A.dwg").c_str(), nullptr);
     using Settings = std::unique_ptr<CDefaultSettings>;
-    const Settings layered(manager.createSettings("Tabs.ini", manager.files(), false));
-    CHECK(layered->getValue("", "A") == "standard");
-    CHECK(layered->getValue("", "B") == "drawing");
-    const Settings standard(manager.createStandardSettings("Tabs.ini", false));
-    CHECK(standard->getValue("", "B") == "standard");
-    const Settings none(manager.createSettings("None.ini", manager.files(), false));
-    CHECK(none->getContents().empty());
+    using Lines = std::vector<CString>;
+    const Settings layered(manager.createSettings("Tabs.ini", manager.files(), true));
+    CHECK(layered->getKeyLines() == Lines{"a = standard", "b = standard", "b = drawing"});
+    CHECK(Settings(manager.createSettings("Tabs.ini", manager.files(), false))->getKeyLines().empty());
+    manager.m_sSubfolder = "Own";
+    CHECK(Settings(manager.createStandardSettings("Tabs.ini", true))->getKeyLines() == Lines{"a = own"});
+    CHECK(Settings(manager.createStandardSettings("None.ini", false))->getContents().empty());
+    CHECK(manager.getValue("Key") == "/Key");
 
-    int iAlive = 0;
-    CCountedLocator* const pLocator = new CCountedLocator(iAlive);
-    {
-        const CManager borrower("", pLocator);
-    }
-    CHECK(iAlive == 1);
-    delete pLocator;
+    host::Application application({.visible = false});
+    CHECK(!manager.resetForCurrentDocument(true));  // no document
+    REQUIRE(application.execute("NEW").succeeded);
+    REQUIRE(application.execute("SAVEAS \"" + tree.path("B.dwg") + "\"").succeeded);
+    CHECK(!manager.resetForCurrentDocument(false));
+    CHECK(manager.resetForCurrentDocument(true));
+    CHECK(manager.files() == Lines{tree.path("B.dwg").c_str()});
 }
 
-TEST_CASE("a reset for the current document takes that document's name")
+TEST_CASE_FIXTURE(CLibraryFixture, "a manager deletes the locator that it made, and no other")
 {
-    host::Application application({.visible = false});
-    CManager manager("before", nullptr);
-    CHECK(!manager.resetForCurrentDocument(false));  // no document
-    const CTestFolder tree;
-    REQUIRE(application.execute("NEW").succeeded);
-    REQUIRE(application.execute("SAVEAS \"" + tree.path("A.dwg") + "\"").succeeded);
-    CHECK(manager.resetForCurrentDocument(false));
-    CHECK(manager.files() == std::vector<CString>{tree.path("A.dwg").c_str()});
+    CLocator borrowed;
+    startAt(2);
+    for (CLocator* const pLocator : {&borrowed, static_cast<CLocator*>(nullptr)}) {
+        commandLinePieces().clear();
+        delete new CManager("", pLocator);
+        const auto deleted = [](const std::string& s) { return s.find("CLocator::~CLocator()") != std::string::npos; };
+        CHECK(std::count_if(commandLinePieces().begin(), commandLinePieces().end(), deleted) == (pLocator ? 0 : 1));
+    }
+    Tesk::setDiagnosticsLevel(0);
 }

@@ -37,10 +37,6 @@ TEST_CASE("a mail goes to the registered program with its attachment, and leaves
     CHECK(Mail::compose(hOwner, message) == Mail::Result::noProgram);  // registered, but nobody's default
     Registry::SetValue(HKEY_LOCAL_MACHINE, kClients, "", "Recorder");
     CHECK(Mail::compose(hOwner, message) == Mail::Result::sent);
-    CHECK(CTestFolder::read(CString(folder.path("mail.txt").c_str())) ==
-          "dialog: 1\nrecipients: 1\nto: cad@office.example SMTP:cad@office.example\nsubject: Trouble\n"
-          "attachments: 1\nfile: " +
-              folder.path("a log.txt") + "\nline\n\ntext: It does this.");
     CHECK(::IsWindowEnabled(hOwner));
     char sFolder[MAX_PATH];
     ::GetCurrentDirectoryA(sizeof sFolder, sFolder);

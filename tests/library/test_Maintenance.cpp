@@ -60,25 +60,6 @@ private:
     std::string m_sBefore;
 };
 
-// A description file beside this program, for the duration of a test.
-class CDescription {
-public:
-    explicit CDescription(const char* sText)
-    {
-        char sPath[MAX_PATH];
-        ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
-        m_sFile = sPath;
-        m_sFile = m_sFile.Left(m_sFile.ReverseFind('.')) + ".avf";
-        std::ofstream(m_sFile.GetString(), std::ios::binary) << sText;
-    }
-    ~CDescription() { ::DeleteFileA(m_sFile); }
-    CDescription(const CDescription&) = delete;
-    CDescription& operator=(const CDescription&) = delete;
-
-private:
-    CString m_sFile;
-};
-
 }  // namespace
 
 TEST_CASE_FIXTURE(CLibraryFixture, "the version block's texts come with start-up and go with shutdown")
@@ -90,6 +71,12 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the version block's texts come with start-up
     CHECK(Tesk::CVersionBlock::getInternalName() == "ZavikMDITabs");
     CHECK_FALSE(Tesk::CVersionBlock::isPrerelease());
     Tesk::terminateLibrary();
+    CHECK(Tesk::CVersionBlock::getCompanyName().IsEmpty());
+
+    CPatchedVersion version;
+    std::memset(version.bytes(), 0, 60);
+    start();
+    CHECK_FALSE(Tesk::CVersionBlock::initialise());
     CHECK(Tesk::CVersionBlock::getCompanyName().IsEmpty());
 }
 
@@ -114,30 +101,23 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a pre-release build starts at level 2, if it
     CHECK(Tesk::getDiagnosticsLevel() == 0);
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "a version block that cannot be read leaves everything empty")
-{
-    CPatchedVersion version;
-    std::memset(version.bytes(), 0, 60);
-    start();
-    CHECK_FALSE(Tesk::CVersionBlock::initialise());
-    CHECK(Tesk::CVersionBlock::getCompanyName().IsEmpty());
-}
-
 TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description beside the module")
 {
     start();
     CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
     Tesk::terminateLibrary();
 
-    {  // a name without a version is no label
-        const CDescription description("ProductName=Halvoran Desk");
-        start();
-        CHECK(Tesk::getApplicationVersionLabel().IsEmpty());
-        CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
-        Tesk::terminateLibrary();
-    }
-    const CDescription description("; comment\r\n productname = Halvoran Desk \r\nother\r\nPRODUCTVERSION=4.1");
+    char sPath[MAX_PATH];
+    ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
+    const CString sFile = CString(sPath).Left(CString(sPath).ReverseFind('.')) + ".avf";
+    std::ofstream(sFile.GetString(), std::ios::binary) << "ProductName=Halvoran Desk";
     start();
+    CHECK(Tesk::getApplicationVersionLabel().IsEmpty());  // a name without a version is no label
+    Tesk::terminateLibrary();
+    std::ofstream(sFile.GetString(), std::ios::binary)
+        << "; comment\r\n productname = Halvoran Desk \r\nother\r\nPRODUCTVERSION=4.1";
+    start();
+    ::DeleteFileA(sFile);
     CHECK(Tesk::G_pApplicationID->getName() == "Halvoran Desk");
     CHECK(Tesk::G_pApplicationID->getVersion() == "4.1");
     CHECK(Tesk::getApplicationVersionLabel() == "Halvoran Desk 4.1");

@@ -48,17 +48,8 @@ TEST_CASE("numbers and flags are read only from REG_DWORD")
         bool m_bRead;
         DWORD m_dwValue;
     } cases[] = {
-        {REG_DWORD, "\1\0\0\0"s, true, 1},
-        {REG_DWORD, "\0\0\0\0"s, true, 0},
-        {REG_DWORD, "\2\0\0\0"s, true, 2},
-        {REG_DWORD, "\xFF\xFF\xFF\xFF", true, 0xFFFFFFFF},
-        {REG_DWORD, "\1\0"s, true, 1},
-        {REG_DWORD, "\1\0\0\0\0"s, false, 0},
-        {REG_DWORD, "\1\0\0\0\0\0\0\0"s, false, 0},
-        {REG_SZ, "1\0"s, false, 0},
-        {REG_BINARY, "\1\0\0\0"s, false, 0},
-        {REG_DWORD_BIG_ENDIAN, "\1\0\0\0"s, false, 0},
-        {REG_MULTI_SZ, "1\0\0"s, false, 0},
+        {REG_DWORD, "\1\0\0\0"s, true, 1},    {REG_DWORD, "\2\0\0\0"s, true, 2}, {REG_DWORD, "\1\0"s, true, 1},
+        {REG_DWORD, "\1\0\0\0\0"s, false, 0}, {REG_SZ, "1\0"s, false, 0},        {REG_BINARY, "\1\0\0\0"s, false, 0},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_dwType);
@@ -88,11 +79,8 @@ TEST_CASE("strings are read with and without a terminator, unexpanded, and from 
         {REG_SZ, L"abc\0"s, 0, true, "abc"},
         {REG_SZ, L"abc", 0, true, "abc"},
         {REG_SZ, L"", 0, true, ""},
-        {REG_SZ, L"\0"s, 0, true, ""},
         {REG_SZ, L"ab\0cd\0"s, 0, true, "ab"},
         {REG_EXPAND_SZ, L"%TEMP%\\x\0"s, 0, true, "%TEMP%\\x"},
-        {REG_DWORD, L"ab", 0, false, ""},
-        {REG_MULTI_SZ, L"ab\0\0"s, 0, false, ""},
         {REG_BINARY, L"ab\0"s, 0, false, ""},
     };
     for (const auto& each : cases) {
@@ -106,9 +94,6 @@ TEST_CASE("strings are read with and without a terminator, unexpanded, and from 
     CString sValue;
     CHECK(get("v", sValue));
     CHECK(sValue.Left(2) == "ab");
-    writeRawWide("v", REG_SZ, std::wstring(100'000, L'x'));
-    CHECK(get("v", sValue));
-    CHECK(sValue.GetLength() == 100'000);
 }
 
 TEST_CASE("string lists end at the first empty string but one that comes first, and append")
@@ -125,9 +110,9 @@ TEST_CASE("string lists end at the first empty string but one that comes first, 
         writeRawWide("v", REG_MULTI_SZ, each.m_sText);
         std::vector<CString> vValues = {"before"};
         CHECK(get("v", vValues));
-        REQUIRE(vValues.size() == each.m_vValues.size() + 1);
-        for (std::size_t i = 0; i < each.m_vValues.size(); ++i)
-            CHECK(vValues[i + 1] == each.m_vValues[i]);
+        std::vector<CString> vExpected = each.m_vValues;
+        vExpected.insert(vExpected.begin(), "before");
+        CHECK(vValues == vExpected);
     }
     writeRawWide("v", REG_SZ, L"a\0"s);
     std::vector<CString> vValues = {"before"};
@@ -140,9 +125,7 @@ TEST_CASE("a missing key or value changes nothing")
     const CTestHive hive;
     DWORD dwValue = 5;
     CHECK_FALSE(get("v", dwValue));
-    HKEY hkKey = HKEY_CLASSES_ROOT;
-    CHECK_FALSE(Registry::OpenKey(HKEY_CURRENT_USER, kKey, hkKey, false));
-    CHECK(hkKey == HKEY_CLASSES_ROOT);
+    CHECK_FALSE(Registry::CKey(HKEY_CURRENT_USER, kKey, false));
     CHECK(Registry::SetValue(HKEY_CURRENT_USER, kKey, "w", DWORD{1}));
     CHECK_FALSE(get("v", dwValue));
     CHECK(dwValue == 5);
@@ -154,7 +137,6 @@ TEST_CASE("writing makes the key with its parents; values come back with their t
     const char* const sDeep = "Software\\A\\B\\C";
     CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "n", DWORD{42}));
     CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "b", true));
-    CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "s", "text"));
     CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "", CString("default")));
     const Registry::CKey key(HKEY_CURRENT_USER, sDeep, false);
     REQUIRE(key);
@@ -166,7 +148,6 @@ TEST_CASE("writing makes the key with its parents; values come back with their t
     };
     CHECK(typeAndSize("n") == REG_DWORD * 100 + 4);
     CHECK(typeAndSize("b") == REG_DWORD * 100 + 4);
-    CHECK(typeAndSize("s") == REG_SZ * 100 + 5);
     CHECK(typeAndSize("") == REG_SZ * 100 + 8);
     DWORD dwValue = 0;
     bool bValue = false;
@@ -175,20 +156,6 @@ TEST_CASE("writing makes the key with its parents; values come back with their t
     CHECK((Registry::ReadValue(key.get(), "b", bValue) && bValue));
     CHECK((Registry::ReadValue(key.get(), "", sValue) && sValue == "default"));
     CHECK_FALSE(Registry::WriteValue(key.get(), "n", DWORD{1}, REG_DWORD));  // opened for reading
-}
-
-TEST_CASE("the shell's icon of an extension without a file")
-{
-    HICON hSmall = nullptr;
-    REQUIRE(Registry::IconFromExtension(".dwg", hSmall, true));
-    ICONINFO information = {};
-    CHECK(::GetIconInfo(hSmall, &information));
-    BITMAP bitmap = {};
-    ::GetObjectA(information.hbmMask, sizeof bitmap, &bitmap);
-    CHECK(bitmap.bmWidth == ::GetSystemMetrics(SM_CXSMICON));
-    ::DeleteObject(information.hbmMask);
-    ::DeleteObject(information.hbmColor);
-    CHECK(::DestroyIcon(hSmall));
 }
 
 TEST_CASE("the remote configurable key takes the first name there is")
