@@ -18,9 +18,7 @@ namespace {
 
 using namespace observation;
 
-// Until the balloon is there: where nothing can show one, and where one is sure to come.
-constexpr DWORD kShortHover = 1500;
-constexpr DWORD kLongestHover = 8000;
+constexpr DWORD kLongestHover = 2500;
 constexpr DWORD kPaintTime = 150;  // until what was drawn is on the screen
 
 void report(Application& application, const std::string& lines)
@@ -59,11 +57,15 @@ void hover(Application& application, const Arguments& a)
     const POINT middle = tabs.middleOf(a.integer(0));
     ::SetForegroundWindow(application.frame().m_hWnd);
     Tips::hide();
-    // From somewhere else, so that the strip sees the mouse come.
-    ::SetCursorPos(0, 0);
-    pumpUntil(20, never);
-    postMouse(tabs.window(), WM_MOUSEMOVE, 0, middle);
-    pumpUntil(Tips::exist() ? kLongestHover : kShortHover, &Tips::isShown);
+    // Something else may have the one mouse of the display for a moment: up to three moves,
+    // where a balloon can come at all.
+    int moves = Tips::exist() ? 3 : 1;
+    do {
+        // From somewhere else, so that the strip sees the mouse come.
+        ::SetCursorPos(0, 0);
+        pumpUntil(20, never);
+        postMouse(tabs.window(), WM_MOUSEMOVE, 0, middle);
+    } while (!pumpUntil(kLongestHover, &Tips::isShown) && --moves > 0);
     report(application, Tips::describe());
 }
 
