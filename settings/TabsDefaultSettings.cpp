@@ -13,7 +13,10 @@ namespace {
 constexpr const char* kSettingsFile = "MDITabs.ini";
 constexpr const char* kUnnamedSection = "";
 
-CString withoutQuotes(CString sText) { return sText.Trim("\"'"); }
+CString withoutQuotes(const CString& sText)
+{
+    return Tesk::toCString(Tesk::MultiByte::withoutQuotes(Tesk::viewOf(sText)));
+}
 
 // All zero when the file is not there.
 WIN32_FILE_ATTRIBUTE_DATA stateOf(const char* sPath)

@@ -43,6 +43,25 @@ CString asCaption(CString sText)
     return sText;
 }
 
+// Of an item that is there only with a caption; empty for every other.
+CString captionOf(const char* sFilename, UINT iItem)
+{
+    switch (iItem) {
+    case IDC_DYNAMIC_MENU_CLOSE_OTHERS:
+        return CMDITabSettings::getPopupCloseOthersText(sFilename);
+    case IDC_DYNAMIC_MENU_CLOSE_SAVED:
+        return CMDITabSettings::getPopupCloseSavedText(sFilename);
+    case IDC_DYNAMIC_MENU_COPY_PATH:
+        return CMDITabSettings::getPopupCopyPathText(sFilename);
+    case IDC_DYNAMIC_MENU_OPEN_FOLDER:
+        return CMDITabSettings::getPopupOpenFolderText(sFilename);
+    case IDC_DYNAMIC_MENU_HELP:
+        return CMDITabSettings::getPopupHelpText(sFilename);
+    default:
+        return CString();
+    }
+}
+
 void report(HWND hOwner, const char* sMessage)
 {
     const CString sTitle = Tesk::CVersionBlock::getCompanyName() + " " + Tesk::CVersionBlock::getInternalName();
@@ -58,8 +77,8 @@ void CARXMDITabs::addClosingItems(AcApDocument* pDocument, CMenu& menu)
         return;
     const char* sFilename = pDocument->fileName();
     if (GetItemCount() > 1)
-        appendItem(menu, IDC_DYNAMIC_MENU_CLOSE_OTHERS, CMDITabSettings::getPopupCloseOthersText(sFilename));
-    const CString sCloseSaved = CMDITabSettings::getPopupCloseSavedText(sFilename);
+        appendItem(menu, IDC_DYNAMIC_MENU_CLOSE_OTHERS, captionOf(sFilename, IDC_DYNAMIC_MENU_CLOSE_OTHERS));
+    const CString sCloseSaved = captionOf(sFilename, IDC_DYNAMIC_MENU_CLOSE_SAVED);
     if (!sCloseSaved.IsEmpty() && !getUnmodifiedDocuments().empty())
         appendItem(menu, IDC_DYNAMIC_MENU_CLOSE_SAVED, sCloseSaved);
 }
@@ -68,8 +87,8 @@ void CARXMDITabs::addPlaceItems(AcApDocument* pDocument, CMenu& menu)
 {
     const char* sFilename = pDocument->fileName();
     const int iBefore = menu.GetMenuItemCount();
-    const CString sCopyPath = CMDITabSettings::getPopupCopyPathText(sFilename);
-    const CString sOpenFolder = CMDITabSettings::getPopupOpenFolderText(sFilename);
+    const CString sCopyPath = captionOf(sFilename, IDC_DYNAMIC_MENU_COPY_PATH);
+    const CString sOpenFolder = captionOf(sFilename, IDC_DYNAMIC_MENU_OPEN_FOLDER);
     // Asked for only where it matters: the disk may be far away.
     if ((!sCopyPath.IsEmpty() || !sOpenFolder.IsEmpty()) && hasFile(pDocument)) {
         appendItem(menu, IDC_DYNAMIC_MENU_COPY_PATH, sCopyPath);
@@ -100,13 +119,13 @@ void CARXMDITabs::addDrawingsMenu(AcApDocument* pDocument, CMenu& menu)
 
 void CARXMDITabs::addHelpItem(AcApDocument* pDocument, CMenu& menu)
 {
-    appendItem(menu, IDC_DYNAMIC_MENU_HELP, CMDITabSettings::getPopupHelpText(pDocument->fileName()));
+    appendItem(menu, IDC_DYNAMIC_MENU_HELP, captionOf(pDocument->fileName(), IDC_DYNAMIC_MENU_HELP));
 }
 
 bool CARXMDITabs::processExtraItem(AcApDocument* pDocument, UINT iItem)
 {
     std::vector<AcApDocument*> vecDocuments;
-    switch (iItem) {
+    switch (captionOf(pDocument->fileName(), iItem).IsEmpty() ? 0 : iItem) {
     case IDC_DYNAMIC_MENU_CLOSE_OTHERS:
         vecDocuments = getDocuments();
         vecDocuments.erase(std::remove(vecDocuments.begin(), vecDocuments.end(), pDocument), vecDocuments.end());

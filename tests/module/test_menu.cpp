@@ -175,9 +175,10 @@ TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, op
         const std::vector<CString> xrefs = m_pWndTabs->getXrefs(pDocument);
         CHECK(xrefs == std::vector<CString>{free.c_str(), fixed.c_str()});
         Tesk::setDiagnosticsLevel(1);
-        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, 0U})
+        // Close others is not switched on.
+        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, IDC_DYNAMIC_MENU_CLOSE_OTHERS, 0U})
             m_pWndTabs->processPopupMenuItem(pDocument, id, xrefs);
-        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
+        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
         CHECK(app.documents().count() == 1);
     }
     ::SetFileAttributesA(fixed.c_str(), FILE_ATTRIBUTE_NORMAL);
