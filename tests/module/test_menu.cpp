@@ -57,6 +57,18 @@ private:
 };
 MenuWatch* MenuWatch::s_pCurrent = nullptr;
 
+// Runs what is queued from within the kick, as no host is known not to.
+struct EagerFrame {
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        if (message == WM_KICKIDLE)
+            s_pHost->pumpUntilIdle();
+        return ::CallWindowProcA(s_original, window, message, wParam, lParam);
+    }
+    static inline host::Application* s_pHost = nullptr;
+    static inline WNDPROC s_original = nullptr;
+};
+
 constexpr const char* kClose = "item 22393: \"Close it\" enabled=1\nitem -\nitem 22391: \"Options of it\" enabled=1\n";
 
 }  // namespace
@@ -95,6 +107,23 @@ TEST_CASE_FIXTURE(MenuFixture, "the menu offers what the drawing allows, and wor
         m_pWndTabs->processPopupMenuItem(pFirst, IDC_DYNAMIC_MENU_OPTIONS, {});
         app.pumpUntilIdle();
         CHECK(current == std::vector{pSecond});
+    }
+    SUBCASE("a host that runs Options from within the kick shows the dialog when the strip's handler is over")
+    {
+        std::vector<bool> inHandler;
+        bool handling = true;
+        const Answers answers([&](HWND dialog, int) {
+            inHandler.push_back(handling);
+            Answers::press(dialog, IDCANCEL);
+        });
+        EagerFrame::s_pHost = &app;
+        EagerFrame::s_original = reinterpret_cast<WNDPROC>(
+            ::SetWindowLongPtrA(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&EagerFrame::procedure)));
+        m_pWndTabs->processPopupMenuItem(pFirst, IDC_DYNAMIC_MENU_OPTIONS, {});
+        handling = false;
+        app.pumpUntilIdle();
+        ::SetWindowLongPtrA(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EagerFrame::s_original));
+        CHECK(inHandler == std::vector{false});
     }
     SUBCASE("between the tabs there is none")
     {
@@ -204,6 +233,7 @@ TEST_CASE_FIXTURE(MenuFixture, "string items are enabled whatever the frame made
 TEST_CASE_FIXTURE(MenuFixture,
                   "a person who keeps one of the drawings to be closed keeps those behind it, now and later")
 {
+    folder.write("MDITabs.ini", "PopupCloseOthersText = Close the others\n");
     std::vector<AcApDocument*> documents;
     for (const char* sName : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"})
         documents.push_back(open(sName));
