@@ -170,15 +170,17 @@ class OutsideTest(ExtrasBase):
         box = transcript.dialogs[0]
         self.assertEqual(sorted(box), [OK, HELP_TEXT, HELP_LINK], "nobody to mail to")
         self.assertEqual(box[HELP_LINK][0], "www.office.example/cad")
-        lines = box[HELP_TEXT][0].split("\\n")
+        # A folder's name may begin with the letter that ends a line here.
+        root = self.path("install")[:-len("install")]
+        lines = box[HELP_TEXT][0].replace(root, "").replace("\\n", "\n").replace("\\", "/").split("\n")
         self.assertRegex(lines[0], r"^Product: Zavik ZavikMDITabs \d+\.\d+\.\d+ \(Halvoran\)$")
-        self.assertEqual(lines[1], "Module: " + self.path("install/ZavikMDITabs/ZavikMDITabs.arx"))
+        self.assertEqual(lines[1], "Module: install/ZavikMDITabs/ZavikMDITabs.arx")
         files = [line.strip() for line in lines if line.startswith("    ")]
-        self.assertEqual(files, [self.path(name) for name in (
+        self.assertEqual(files, [
             "install/ZavikMDITabs/support/MDITabs.ini", "install/DomainSettings/support/MDITabs.ini",
             "Projects/Riverside/Settings/support/MDITabs.ini",
             "install/ZavikMDITabs/support/StandardSettings.txt", "install/DomainSettings/DomainSettings.txt",
-            "Projects/Riverside/ProjectSettings.txt")])
+            "Projects/Riverside/ProjectSettings.txt"])
         self.assertEqual([command.split()[-1] for command in self.commands()], ['"http://www.office.example/cad"'] * 2)
 
     def test_the_log_by_mail(self):
