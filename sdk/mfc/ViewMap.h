@@ -1,9 +1,9 @@
 #pragma once
 
-// Objects that only carry somebody else's handle. A view lives at least as
-// long as its handle; those of dead handles are swept as the map grows. Without
-// memory there is no view: null.
-#include <algorithm>
+// Objects that only carry somebody else's handle. A view lives at least as long as its
+// handle; those of dead handles go when the next one comes. Without memory there is no
+// view: null.
+#include <iterator>
 #include <memory>
 #include <unordered_map>
 
@@ -15,12 +15,11 @@ public:
     View* of(Handle handle) noexcept
     {
         try {
-            if (m_views.size() >= m_limit)
-                sweep();
-            auto& view = m_views[handle];
-            if (!view)
-                view = std::make_unique<View>(handle);
-            return view.get();
+            const auto known = m_views.find(handle);
+            if (known != m_views.end())
+                return known->second.get();
+            sweep();
+            return m_views.emplace(handle, std::make_unique<View>(handle)).first->second.get();
         } catch (...) {
             return nullptr;
         }
@@ -29,12 +28,10 @@ public:
 private:
     void sweep()
     {
-        std::erase_if(m_views, [](const auto& entry) { return !IsAlive(entry.first); });
-        m_limit = std::max(minimum, m_views.size() * 2);
+        for (auto view = m_views.begin(); view != m_views.end();)
+            view = IsAlive(view->first) ? std::next(view) : m_views.erase(view);
     }
 
-    static constexpr std::size_t minimum = 32;
-    std::size_t m_limit = minimum;
     std::unordered_map<Handle, std::unique_ptr<View>> m_views;
 };
 
