@@ -1,4 +1,4 @@
-#include "library/diagnostics/GUIConsole.h"
+#include "library/maintenance/GUIConsole.h"
 
 #include "library/diagnostics/Guard.h"
 

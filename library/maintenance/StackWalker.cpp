@@ -1,4 +1,4 @@
-#include "library/diagnostics/StackWalker.h"
+#include "library/maintenance/StackWalker.h"
 
 #include "library/diagnostics/Compiler.h"
 #include "library/files/PathParts.h"

@@ -1,7 +1,7 @@
-#include "library/diagnostics/MiniDumper.h"
+#include "library/maintenance/MiniDumper.h"
 
-#include "library/diagnostics/DiagnosticsLog.h"
 #include "library/files/FileCleanup.h"
+#include "library/maintenance/DiagnosticsLog.h"
 #include "library/system/Handles.h"
 #include "library/system/SystemLibrary.h"
 

@@ -1,4 +1,4 @@
-#include "library/diagnostics/DiagnosticsLog.h"
+#include "library/maintenance/DiagnosticsLog.h"
 
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"

@@ -1,4 +1,4 @@
-#include "library/drawing/TitleBlock.h"
+#include "library/titleblock/TitleBlock.h"
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/CurrentBorder.h"
