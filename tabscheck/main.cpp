@@ -3,12 +3,12 @@
 // wrong where. It never writes.
 
 #include "host/drawing/HostServices.h"
-#include "library/diagnostics/ApplicationID.h"
 #include "library/diagnostics/ExceptionText.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/maintenance/ApplicationID.h"
 #include "tabscheck/Console.h"
 #include "tabscheck/DrawingCheck.h"
 #include "tabscheck/Folders.h"
