@@ -2,12 +2,12 @@
 
 #include "dxf/Drawing.h"
 #include "library/drawing/ARXDrawingProperties.h"
-#include "library/drawing/TitleBlock.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/titleblock/TitleBlock.h"
 #include "settings/TooltipRule.h"
 #include "tabscheck/Folders.h"
 #include "tabscheck/LoadEntries.h"

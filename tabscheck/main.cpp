@@ -2,12 +2,12 @@
 // file said so. It shows for each drawing where the strip's texts come from, and what is
 // wrong where. It never writes.
 
-#include "library/diagnostics/ApplicationID.h"
 #include "library/diagnostics/ExceptionText.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/maintenance/ApplicationID.h"
 #include "tabscheck/Console.h"
 #include "tabscheck/DrawingCheck.h"
 #include "tabscheck/Folders.h"

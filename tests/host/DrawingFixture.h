@@ -51,8 +51,8 @@ inline std::string drawing(const std::string& sVersion, const std::string& sHead
                            const std::string& sEntities, const std::string& sEnd = "\r\n")
 {
     return dxfText("0=SECTION|2=HEADER|9=$ACADVER|1=" + sVersion + sHeader + "|0=ENDSEC|0=SECTION|2=BLOCKS" + sBlocks +
-                   "|0=ENDSEC|0=SECTION|2=ENTITIES" + sEntities + "|0=ENDSEC|0=EOF",
-               sEnd);
+                       "|0=ENDSEC|0=SECTION|2=ENTITIES" + sEntities + "|0=ENDSEC|0=EOF",
+                   sEnd);
 }
 
 // A border with two attributes, inserted once.

@@ -1,7 +1,7 @@
 #pragma once
 
-// Who called whom, as text: one line a frame, the innermost first, with module
-// and offset, and the exported function where one is known.
+// Who called whom, as text: one line a frame, the innermost first, with module and
+// offset, which the symbols kept with a release turn into a function and a line.
 
 #include "mfc/afx.h"
 
@@ -18,8 +18,11 @@ public:
 
     const std::vector<const void*>& getFrames() const { return m_vFrames; }
 
-    // "module.dll + 0x1234 (function + 0x12)", a line a frame, joined by line feeds.
+    // The frames' descriptions, joined by line feeds.
     CString describe() const;
+
+    // "module.dll + 0x1234"; the bare address where it is in no module.
+    static CString describeAddress(const void* pAddress);
 
 private:
     std::vector<const void*> m_vFrames;

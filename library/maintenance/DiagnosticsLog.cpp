@@ -1,4 +1,4 @@
-#include "library/diagnostics/DiagnosticsLog.h"
+#include "library/maintenance/DiagnosticsLog.h"
 
 #include "library/diagnostics/Guard.h"
 #include "library/files/FileUtilities_TextFiles.h"

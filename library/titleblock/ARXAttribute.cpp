@@ -1,4 +1,4 @@
-#include "library/drawing/ARXAttribute.h"
+#include "library/titleblock/ARXAttribute.h"
 
 #include "library/drawing/ObjectPointer.h"
 

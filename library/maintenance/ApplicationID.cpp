@@ -1,4 +1,4 @@
-#include "library/diagnostics/ApplicationID.h"
+#include "library/maintenance/ApplicationID.h"
 
 #include "library/files/PathParts.h"
 #include "library/files/TextFileContents.h"

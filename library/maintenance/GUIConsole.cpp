@@ -1,4 +1,4 @@
-#include "library/diagnostics/GUIConsole.h"
+#include "library/maintenance/GUIConsole.h"
 
 #include "library/diagnostics/Guard.h"
 
@@ -22,23 +22,17 @@ void disarmClosing()
 // Neither Ctrl+C nor Ctrl+Break in the window is meant for the program that we are part of.
 BOOL WINAPI keepRunning(DWORD dwEvent) { return dwEvent == CTRL_C_EVENT || dwEvent == CTRL_BREAK_EVENT; }
 
-// A new console replaces the process's standard streams; they are not ours.
-bool openConsoleKeepingStreams()
-{
-    constexpr DWORD kStreams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
-    HANDLE before[3];
-    for (int i = 0; i < 3; ++i)
-        before[i] = ::GetStdHandle(kStreams[i]);
-    const bool bOpened = ::AllocConsole() != FALSE;
-    for (int i = 0; i < 3; ++i)
-        ::SetStdHandle(kStreams[i], before[i]);
-    return bOpened;
-}
+constexpr DWORD kStreams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
 
-void closeConsole()
+// Puts others into the place of the process's standard streams, and gives those back.
+CStandardStreams exchangeStreams(const CStandardStreams& streams)
 {
-    ::SetConsoleCtrlHandler(keepRunning, FALSE);
-    ::FreeConsole();
+    CStandardStreams before;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        before[i] = ::GetStdHandle(kStreams[i]);
+        ::SetStdHandle(kStreams[i], streams[i]);
+    }
+    return before;
 }
 
 }  // namespace
@@ -54,18 +48,31 @@ bool CGUIConsole::open()
         m_hOutput = hError;
         return true;
     }
-    if (!openConsoleKeepingStreams())
+    // A new console replaces the process's standard streams, and its end closes what then
+    // stands there: while it is up, and when it is gone, that is what the host had.
+    const CStandardStreams hosts = exchangeStreams({});
+    const bool bOpened = ::AllocConsole() != FALSE;
+    m_streams = exchangeStreams(hosts);
+    if (!bOpened)
         return false;
     ::SetConsoleCtrlHandler(keepRunning, TRUE);
     disarmClosing();
     m_window = UniqueHandle(::CreateFileA("CONOUT$", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                           OPEN_EXISTING, 0, nullptr));
     if (!m_window) {
-        closeConsole();
+        close();
         return false;
     }
     m_hOutput = m_window.get();
     return true;
+}
+
+void CGUIConsole::close()
+{
+    ::SetConsoleCtrlHandler(keepRunning, FALSE);
+    const CStandardStreams hosts = exchangeStreams(m_streams);
+    ::FreeConsole();
+    exchangeStreams(hosts);
 }
 
 void CGUIConsole::writeLine(std::string_view sLine) noexcept
@@ -85,7 +92,7 @@ void CGUIConsole::release() noexcept
     const CLock lock(m_section);
     if (m_window) {
         m_window.reset();
-        closeConsole();
+        close();
     }
     m_hOutput = nullptr;
 }

@@ -1,8 +1,9 @@
-#include "library/diagnostics/MiniDumper.h"
+#include "library/maintenance/MiniDumper.h"
 
-#include "library/diagnostics/DiagnosticsLog.h"
 #include "library/files/FileCleanup.h"
+#include "library/maintenance/DiagnosticsLog.h"
 #include "library/system/Handles.h"
+#include "library/system/SystemLibrary.h"
 
 #include <dbghelp.h>
 
@@ -28,7 +29,7 @@ CMiniDumper::~CMiniDumper()
 
 bool CMiniDumper::write(EXCEPTION_POINTERS* pException) const
 {
-    const UniqueModule dbghelp(::LoadLibraryA("dbghelp.dll"));
+    const UniqueModule dbghelp = loadSystemLibrary("dbghelp.dll");
     if (!dbghelp)
         return false;
     const auto pWriteDump = reinterpret_cast<decltype(&::MiniDumpWriteDump)>(

@@ -1,9 +1,9 @@
-#include "library/drawing/ARXTitleBlock.h"
+#include "library/titleblock/ARXTitleBlock.h"
 
 #include "library/diagnostics/Prerelease.h"
-#include "library/drawing/ARXBlockDefinition.h"
 #include "library/drawing/ObjectPointer.h"
 #include "library/drawing/WorkingDatabase.h"
+#include "library/titleblock/ARXBlockDefinition.h"
 
 #include <memory>
 #include <optional>

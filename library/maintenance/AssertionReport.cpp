@@ -1,13 +1,13 @@
-#include "library/diagnostics/AssertionReport.h"
+#include "library/maintenance/AssertionReport.h"
 
 #include "library/diagnostics/CriticalSection.h"
-#include "library/diagnostics/DiagnosticsLog.h"
-#include "library/diagnostics/GUIConsole.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
-#include "library/diagnostics/StackWalker.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/maintenance/DiagnosticsLog.h"
+#include "library/maintenance/GUIConsole.h"
+#include "library/maintenance/StackWalker.h"
 #include "library/text/StringView.h"
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-#include "library/diagnostics/DiagnosticsLog.h"
+#include "library/maintenance/DiagnosticsLog.h"
 
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"
@@ -88,10 +88,10 @@ std::vector<CString> describeMachine()
     header.addTitled("PathLocation", "LOCATION_FILE_MODULE", getLocation(LOCATION_FILE_MODULE));
     header.addTitled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM));
     header.addTitled("PathLocation", "LOCATION_DIR_USERZAVIKDATA", getLocation(LOCATION_DIR_USERZAVIKDATA));
-    header.addTitled("Module", "FileVersion", CVersionBlock::getFileVersion());
-    header.addTitled("Module", "Comments", CVersionBlock::getComments());
     header.add(":-------------------------");
     header.add(":");
+    header.addTitled("Module", "FileVersion", CVersionBlock::getFileVersion());
+    header.addTitled("Module", "Comments", CVersionBlock::getComments());
     return header.m_vLines;
 }
 

@@ -1,4 +1,4 @@
-#include "library/drawing/TitleBlock.h"
+#include "library/titleblock/TitleBlock.h"
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/CurrentBorder.h"
@@ -20,6 +20,11 @@ void CTitleBlock::search()
 {
     TESK_TRACE("CTitleBlock::search()\n");
     m_bSearch = true;
+    // What an earlier search found may be gone.
+    m_bProject = m_bDefinition = m_bInstance = false;
+    for (CString* pText : {&m_sHandle, &m_sProjectLabel, &m_sSettingsFile, &m_sBorderBlock, &m_sBorder})
+        pText->Empty();
+    m_mapAttributes.clear();
     if (!getMapping())
         return;
     const CString sBorder = getCurrentBorder().m_border.m_sBlockName;

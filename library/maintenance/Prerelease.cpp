@@ -1,9 +1,9 @@
 #include "library/diagnostics/Prerelease.h"
 
-#include "library/diagnostics/AssertionReport.h"
-#include "library/diagnostics/DiagnosticsLog.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Maintenance.h"
+#include "library/maintenance/AssertionReport.h"
+#include "library/maintenance/DiagnosticsLog.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
 #include "mfc/afx.h"

@@ -8,9 +8,13 @@
 
 #include <windows.h>
 
+#include <array>
 #include <string_view>
 
 namespace Tesk {
+
+// Input, output, errors.
+using CStandardStreams = std::array<HANDLE, 3>;
 
 class CGUIConsole {
 public:
@@ -25,11 +29,13 @@ public:
 private:
     CGUIConsole() = default;
     bool open();
+    void close();
 
     static CGUIConsole s_console;  // there before any thread asks for it
 
     CCriticalSection m_section;
-    UniqueHandle m_window;  // set only while a window of our own is open
+    CStandardStreams m_streams = {};  // that came with the window
+    UniqueHandle m_window;            // set only while a window of our own is open
     HANDLE m_hOutput = nullptr;
 };
 

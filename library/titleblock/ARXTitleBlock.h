@@ -2,8 +2,8 @@
 
 // The title block of an open drawing, found and read through its database.
 
-#include "library/drawing/ARXAttribute.h"
-#include "library/drawing/TitleBlock.h"
+#include "library/titleblock/ARXAttribute.h"
+#include "library/titleblock/TitleBlock.h"
 
 #include <map>
 

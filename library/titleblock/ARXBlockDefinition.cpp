@@ -1,4 +1,4 @@
-#include "library/drawing/ARXBlockDefinition.h"
+#include "library/titleblock/ARXBlockDefinition.h"
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ObjectPointer.h"

@@ -1,11 +1,11 @@
 #include "library/diagnostics/Maintenance.h"
 
-#include "library/diagnostics/ApplicationID.h"
-#include "library/diagnostics/DiagnosticsLog.h"
-#include "library/diagnostics/GUIConsole.h"
-#include "library/diagnostics/MiniDumper.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/maintenance/ApplicationID.h"
+#include "library/maintenance/DiagnosticsLog.h"
+#include "library/maintenance/GUIConsole.h"
+#include "library/maintenance/MiniDumper.h"
 #include "library/registry/Registry.h"
 
 namespace Tesk {
@@ -77,6 +77,12 @@ HINSTANCE getCurrentModule()
 {
     TESK_ASSERT(G_bLibraryInitialised);
     return G_hCurrentModule;
+}
+
+CString getApplicationName()
+{
+    const CString sName = G_pApplicationID ? G_pApplicationID->getName() : CString();
+    return sName.IsEmpty() ? G_sApplicationName : sName;
 }
 
 CString getApplicationVersionLabel()
