@@ -1,7 +1,7 @@
 #include "tests/library/LibraryFixture.h"
 #include "tests/support/Answers.h"
 
-#include "library/diagnostics/StackWalker.h"
+#include "library/maintenance/StackWalker.h"
 
 #include <doctest/doctest.h>
 

@@ -1,4 +1,4 @@
-#include "library/diagnostics/AssertionReport.h"
+#include "library/maintenance/AssertionReport.h"
 #include "tests/library/LibraryFixture.h"
 #include "tests/library/ThreadCodePage.h"
 
