@@ -40,7 +40,7 @@ class ExtrasTest(ExtrasBase):
         alone, river, issued, locked = transcript.menus[:4]
         texts = [item[1:3] if item else None for item in river]
         self.assertEqual(texts, [
-            (SAVE, "Save to &Riverside"), (CLOSE, "&Close"), (CLOSE_OTHERS, "Close others"),
+            (SAVE, "&Save to Riverside"), (CLOSE, "&Close"), (CLOSE_OTHERS, "Close others"),
             (CLOSE_SAVED, "Close unchanged"), None,
             (COPY_PATH, "Copy path"), (OPEN_FOLDER, "Open folder"), (0, "Drawings"),
             (DRAWINGS, "Drawing1"), (DRAWINGS + 1, "A-100.rev2 *"), (DRAWINGS + 2, "S-201 issued"), None,
