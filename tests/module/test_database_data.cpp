@@ -2,7 +2,7 @@
 // and that a host which fails in the midst of it leaves no trace.
 #include "ModuleFixture.h"
 #include "host/drawing/Faults.h"
-#include "host/drawing/Memory.h"
+#include "dxf/Memory.h"
 #include "host/observation/ResourceCount.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"

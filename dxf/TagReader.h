@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace host {
+namespace dxf {
 
 struct DxfTag {
     int code = 0;
@@ -42,4 +42,4 @@ unsigned long long toHandle(std::string_view text);
 // Names of blocks, layers and variables, compared as the host does.
 bool sameName(std::string_view a, std::string_view b);
 
-}  // namespace host
+}  // namespace dxf

@@ -1,8 +1,8 @@
-#include "host/drawing/GraphBuilder.h"
+#include "dxf/GraphBuilder.h"
 
 #include <algorithm>
 
-namespace host {
+namespace dxf {
 
 namespace {
 
@@ -186,4 +186,4 @@ BlockNode& GraphBuilder::spaceOf(const DxfRecord& record) const
     return toInt(record.value(67)) == 1 ? *m_paperSpace : *m_graph.m_modelSpace;
 }
 
-}  // namespace host
+}  // namespace dxf

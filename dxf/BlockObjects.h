@@ -2,9 +2,9 @@
 
 // Block table, its records, and references to blocks.
 
-#include "host/drawing/Objects.h"
+#include "dxf/Objects.h"
 
-namespace host {
+namespace dxf {
 
 class BlockTable final : public ObjectFace<AcDbBlockTable> {
 public:
@@ -70,4 +70,4 @@ private:
     std::size_t m_position = 0;
 };
 
-}  // namespace host
+}  // namespace dxf

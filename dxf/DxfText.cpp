@@ -1,16 +1,17 @@
-#include "host/drawing/DxfText.h"
+#include "dxf/DxfText.h"
 
-#include "host/drawing/TagReader.h"
+#include "dxf/TagReader.h"
 
 #include <windows.h>
 
 #include <cstdlib>
 
-namespace host {
+namespace dxf {
 
 namespace {
 
 constexpr unsigned kUtf8 = CP_UTF8;
+constexpr std::size_t kEscape = 7;  // the length of \U+XXXX
 
 unsigned ansiCodePage()
 {
@@ -104,42 +105,25 @@ int hexValue(std::wstring_view digits)
     return value;
 }
 
-// The characters of a \U+XXXX or \M+nXXXX escape at the text's start; its length
-// in `used`, 0 when there is none.
-std::wstring escaped(std::wstring_view text, std::size_t& used)
+// With \U+XXXX escapes as the characters that they stand for.
+std::wstring unescaped(std::wstring_view text)
 {
-    used = 0;
-    if (text.starts_with(L"\\U+") && text.size() >= 7) {
-        if (const int value = hexValue(text.substr(3, 4)); value > 0) {
-            used = 7;
-            return {static_cast<wchar_t>(value)};
-        }
+    std::wstring result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool escape = text.substr(i).starts_with(L"\\U+") && text.size() >= i + kEscape;
+        const int value = escape ? hexValue(text.substr(i + 3, 4)) : 0;
+        result += value > 0 ? static_cast<wchar_t>(value) : text[i];
+        i += value > 0 ? kEscape - 1 : 0;
     }
-    if (text.starts_with(L"\\M+") && text.size() >= 8 && text[3] >= L'1' && text[3] <= L'5') {
-        static constexpr unsigned kPages[] = {932, 950, 949, 1361, 936};
-        if (const int value = hexValue(text.substr(4, 4)); value > 0) {
-            used = 8;
-            const char bytes[] = {static_cast<char>(value >> 8), static_cast<char>(value & 0xFF)};
-            return widen({bytes, 2}, kPages[text[3] - L'1']);
-        }
-    }
-    return {};
+    return result;
 }
 
-std::wstring resolved(const std::wstring& wide)
+// With caret marks as the control characters that they stand for.
+std::wstring withControls(const std::wstring& wide)
 {
     std::wstring result;
     for (std::size_t i = 0; i < wide.size(); ++i) {
         const wchar_t c = wide[i];
-        if (c == L'\\') {
-            std::size_t used = 0;
-            const std::wstring characters = escaped(std::wstring_view(wide).substr(i), used);
-            if (used != 0) {
-                result += characters;
-                i += used - 1;
-                continue;
-            }
-        }
         if (c == L'^' && i + 1 < wide.size()) {
             const wchar_t mark = wide[i + 1];
             if (mark == L' ' || (mark >= L'@' && mark <= L'_')) {
@@ -173,7 +157,7 @@ std::string DxfText::decode(std::string_view raw) const
 {
     if (isPlain(raw, false))
         return std::string(raw);
-    return narrowWithEscapes(resolved(widen(raw, m_codePage)), ansiCodePage());
+    return narrowWithEscapes(withControls(unescaped(widen(raw, m_codePage))), ansiCodePage());
 }
 
 std::string DxfText::encode(std::string_view text) const
@@ -191,19 +175,9 @@ std::string DxfText::encode(std::string_view text) const
     }
     // What could not be shown in ANSI came as an escape: where the file can hold
     // the character itself, it gets it back.
-    if (m_codePage == kUtf8) {
-        std::wstring whole;
-        for (std::size_t i = 0; i < line.size();) {
-            std::size_t used = 0;
-            const std::wstring characters = escaped(std::wstring_view(line).substr(i), used);
-            whole += used != 0 ? characters : std::wstring(1, line[i]);
-            i += used != 0 ? used : 1;
-        }
-        line = whole;
-    }
-    return narrowWithEscapes(line, m_codePage);
+    return narrowWithEscapes(m_codePage == kUtf8 ? unescaped(line) : line, m_codePage);
 }
 
 std::string DxfText::ansiName() { return "ANSI_" + std::to_string(ansiCodePage()); }
 
-}  // namespace host
+}  // namespace dxf

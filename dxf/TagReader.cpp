@@ -1,9 +1,9 @@
-#include "host/drawing/TagReader.h"
+#include "dxf/TagReader.h"
 
 #include <charconv>
 #include <cstring>
 
-namespace host {
+namespace dxf {
 
 namespace {
 
@@ -94,4 +94,4 @@ bool sameName(std::string_view a, std::string_view b)
     return true;
 }
 
-}  // namespace host
+}  // namespace dxf

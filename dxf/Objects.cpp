@@ -1,12 +1,15 @@
-#include "host/drawing/Objects.h"
+#include "dxf/Objects.h"
 
-#include "host/drawing/BlockObjects.h"
-#include "host/drawing/Database.h"
-#include "host/drawing/Faults.h"
-#include "host/drawing/TextObjects.h"
-#include "host/drawing/UndoList.h"
+#include "dxf/ApiCalls.h"
+#include "dxf/BlockObjects.h"
+#include "dxf/Drawing.h"
+#include "dxf/TextObjects.h"
 
-namespace host {
+#include "objectarx/dbapserv.h"
+
+#include <utility>
+
+namespace dxf {
 
 std::unique_ptr<AcDbObject> newObject(AcDbStub& node)
 {
@@ -47,9 +50,9 @@ Acad::ErrorStatus openNode(AcDbStub& node, AcDb::OpenMode mode, bool openErased)
 Acad::ErrorStatus closeNode(AcDbStub& node)
 {
     // The object is closed all the same: a caller cannot close it again.
-    const Acad::ErrorStatus status = Faults::hit("AcDbObject::close") ? Acad::eNotOpenForRead : Acad::eOk;
+    const Acad::ErrorStatus status = callFails("AcDbObject::close") ? Acad::eNotOpenForRead : Acad::eOk;
     if (node.readers == 0 && !node.writer) {
-        Database::countMisuse();
+        Drawing::countMisuse();
         return Acad::eNotOpenForRead;
     }
     node.database->countOpen(-1);
@@ -58,10 +61,8 @@ Acad::ErrorStatus closeNode(AcDbStub& node)
         return status;
     }
     node.writer = false;
-    if (node.modified) {
-        node.modified = false;
-        Notifier(*node.database).modified(node);
-    }
+    if (std::exchange(node.modified, false))
+        node.database->tellModified(node);
     return status;
 }
 
@@ -75,7 +76,7 @@ template <class Base>
 bool ObjectFace<Base>::mayRead() const
 {
     if (!m_node.isReadable())
-        Database::countMisuse();
+        Drawing::countMisuse();
     return m_node.isReadable();
 }
 
@@ -86,20 +87,42 @@ template class ObjectFace<AcDbBlockReference>;
 template class ObjectFace<AcDbText>;
 template class ObjectFace<AcDbAttribute>;
 
-}  // namespace host
+}  // namespace dxf
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& pObject, AcDbObjectId id, AcDb::OpenMode mode, bool bOpenErased)
 {
     pObject = nullptr;
-    if (host::Faults::hit("acdbOpenAcDbObject"))
+    if (dxf::callFails("acdbOpenAcDbObject"))
         return Acad::eNullObjectId;
-    return id.isNull() ? Acad::eNullObjectId : host::openAs(pObject, *id.stub(), mode, bOpenErased);
+    return id.isNull() ? Acad::eNullObjectId : dxf::openAs(pObject, *id.stub(), mode, bOpenErased);
 }
 
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& pEntity, AcDbObjectId id, AcDb::OpenMode mode, bool bOpenErased)
 {
     pEntity = nullptr;
-    if (host::Faults::hit("acdbOpenAcDbEntity"))
+    if (dxf::callFails("acdbOpenAcDbEntity"))
         return Acad::eNullObjectId;
-    return id.isNull() ? Acad::eNullObjectId : host::openAs(pEntity, *id.stub(), mode, bOpenErased);
+    return id.isNull() ? Acad::eNullObjectId : dxf::openAs(pEntity, *id.stub(), mode, bOpenErased);
+}
+
+int acdbHandEnt(const char* sHandle, ads_name entity)
+{
+    entity[0] = entity[1] = 0;
+    dxf::Drawing* pDatabase = dxf::Drawing::of(acdbHostApplicationServices()->workingDatabase());
+    if (dxf::callFails("acdbHandEnt") || sHandle == nullptr || pDatabase == nullptr)
+        return RTERROR;
+    AcDbStub* pNode = pDatabase->graph().find(dxf::toHandle(sHandle));
+    if (pNode == nullptr || !pNode->isEntity() || pNode->erased)
+        return RTERROR;
+    entity[0] = reinterpret_cast<LONG_PTR>(pNode);
+    return RTNORM;
+}
+
+Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name entity)
+{
+    id = AcDbObjectId();
+    if (dxf::callFails("acdbGetObjectId") || entity == nullptr || entity[0] == 0)
+        return Acad::eInvalidInput;
+    id = AcDbObjectId(reinterpret_cast<AcDbStub*>(entity[0]));
+    return Acad::eOk;
 }

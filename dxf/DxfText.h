@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace host {
+namespace dxf {
 
 class DxfText {
 public:
@@ -29,4 +29,4 @@ private:
     unsigned m_codePage = 1252;
 };
 
-}  // namespace host
+}  // namespace dxf

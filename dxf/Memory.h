@@ -2,9 +2,9 @@
 
 // What the API allocates for its callers.
 
-namespace host {
+namespace dxf {
 
 // Strings and buffers handed out and not yet freed; for tests.
 long liveAllocations();
 
-}  // namespace host
+}  // namespace dxf

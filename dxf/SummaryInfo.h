@@ -2,37 +2,47 @@
 
 // A drawing's summary information: the API's object, and where a drawing keeps
 // it. From R2004 on that is the header; before, an XRECORD named DWGPROPS in the
-// named objects, which holds ten custom properties at most. Drawings older than
-// that keep it in the header too.
+// named objects. Drawings older than that keep it in the header too.
 
 #include "objectarx/summinfo.h"
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-namespace host {
+namespace dxf {
 
-class Database;
+class DxfFile;
 
 struct Summary {
-    enum Field { Title, Subject, Author, Keywords, Comments, LastSavedBy, RevisionNumber, HyperlinkBase, Count };
+    // Custom stands for what all custom properties share.
+    enum Field : std::size_t {
+        Title,
+        Subject,
+        Author,
+        Keywords,
+        Comments,
+        LastSavedBy,
+        RevisionNumber,
+        HyperlinkBase,
+        Custom,
+        None
+    };
 
-    std::array<std::string, Count> fields;
+    std::array<std::string, Custom> fields;
     // In the drawing's order; a key may be there twice.
     std::vector<std::pair<std::string, std::string>> custom;
 
     bool operator==(const Summary&) const = default;
 };
 
-// The name of a field without the "$": "TITLE" and so on.
-const char* summaryFieldName(int field);
-
-Summary readSummary(const Database& database);
-// One undo step; nothing happens when nothing differs. eInvalidInput when the
-// drawing cannot hold so many custom properties.
-Acad::ErrorStatus writeSummary(Database& database, const Summary& summary);
+// What a header variable ("$TITLE") keeps, and the variable of a field.
+std::size_t summaryField(std::string_view variable);
+std::string_view summaryVariable(std::size_t field);
+bool keepsSummaryInRecord(const DxfFile& file);
+Summary readSummary(const DxfFile& file);
 
 class SummaryInfo final : public AcDbDatabaseSummaryInfo {
 public:
@@ -70,4 +80,4 @@ private:
     Summary m_summary;
 };
 
-}  // namespace host
+}  // namespace dxf

@@ -7,11 +7,11 @@
 #include "objectarx/dbents.h"
 #include "objectarx/dbsymtb.h"
 
-#include "host/drawing/ObjectGraph.h"
+#include "dxf/ObjectGraph.h"
 
 #include <memory>
 
-namespace host {
+namespace dxf {
 
 // The face that suits the node's kind.
 std::unique_ptr<AcDbObject> newObject(AcDbStub& node);
@@ -56,4 +56,4 @@ private:
     AcDbStub& m_node;
 };
 
-}  // namespace host
+}  // namespace dxf

@@ -5,8 +5,8 @@
 // written back byte for byte; an edit replaces one record's text or links and
 // unlinks whole records. Records keep their address as long as the file lives.
 
-#include "host/drawing/DxfText.h"
-#include "host/drawing/TagReader.h"
+#include "dxf/DxfText.h"
+#include "dxf/TagReader.h"
 
 #include <deque>
 #include <memory>
@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-namespace host {
+namespace dxf {
 
 class DxfRecord {
 public:
@@ -47,19 +47,14 @@ public:
     static std::unique_ptr<DxfFile> read(const std::string& sPath);
     // The same for bytes at hand; the name is the one in error texts.
     static std::unique_ptr<DxfFile> parse(std::string sBytes, const std::string& sName);
-    // A new drawing: layouts, default tables, nothing drawn.
-    static std::unique_ptr<DxfFile> blank();
 
     DxfFile(const DxfFile&) = delete;
     DxfFile& operator=(const DxfFile&) = delete;
 
-    // Writes beside the target, then renames. Throws FileError; the old file is
-    // then as it was.
-    void write(const std::string& sPath) const;
     std::string bytes() const;
 
-    // A binary drawing: its records are those of a blank one, and writing copies
-    // the bytes that were read.
+    // A binary drawing: its records are those of an empty one, and its bytes those
+    // that were read.
     bool contentsNotRead() const { return m_contentsNotRead; }
     // The format's name, such as "AC1018".
     const std::string& version() const { return m_sVersion; }
@@ -107,4 +102,4 @@ private:
 // byte for byte; the tag is added at the end where there is none.
 std::string withValue(const DxfFile& file, const DxfRecord& record, int code, std::string_view value);
 
-}  // namespace host
+}  // namespace dxf

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace host {
+namespace dxf {
 
 class FileError : public std::runtime_error {
 public:
@@ -27,4 +27,4 @@ private:
     std::string m_sReason;
 };
 
-}  // namespace host
+}  // namespace dxf

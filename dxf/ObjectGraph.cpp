@@ -1,25 +1,25 @@
-#include "host/drawing/ObjectGraph.h"
+#include "dxf/ObjectGraph.h"
 
-#include "host/drawing/Database.h"
-#include "host/drawing/GraphBuilder.h"
-#include "host/drawing/Objects.h"
+#include "dxf/Drawing.h"
+#include "dxf/GraphBuilder.h"
+#include "dxf/Objects.h"
 
 #include <algorithm>
 
 AcDbStub::~AcDbStub()
 {
     if (readers > 0 || writer)
-        host::Database::countMisuse();
+        dxf::Drawing::countMisuse();
 }
 
 AcDbObject& AcDbStub::object()
 {
     if (m_object == nullptr)
-        m_object = host::newObject(*this);
+        m_object = dxf::newObject(*this);
     return *m_object;
 }
 
-namespace host {
+namespace dxf {
 
 namespace {
 
@@ -46,7 +46,7 @@ bool BlockNode::isReferenced() const
     return std::any_of(references.begin(), references.end(), [](const InsertNode* p) { return !p->erased; });
 }
 
-ObjectGraph::ObjectGraph(Database& database, DxfFile& file) : m_database(database)
+ObjectGraph::ObjectGraph(Drawing& database, DxfFile& file) : m_database(database)
 {
     prepare(m_blockTable, NodeKind::BlockTable, nullptr, nullptr, 0);
     GraphBuilder(*this, file).build();
@@ -134,4 +134,4 @@ void ObjectGraph::addReference(InsertNode& insert)
     references.insert(std::upper_bound(references.begin(), references.end(), &insert, comesBefore), &insert);
 }
 
-}  // namespace host
+}  // namespace dxf

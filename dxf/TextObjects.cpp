@@ -1,12 +1,11 @@
-#include "host/drawing/TextObjects.h"
+#include "dxf/TextObjects.h"
 
-#include "host/drawing/Database.h"
-#include "host/drawing/Faults.h"
-#include "host/drawing/UndoList.h"
+#include "dxf/ApiCalls.h"
+#include "dxf/Drawing.h"
 
 #include <numbers>
 
-namespace host {
+namespace dxf {
 
 template <class Base>
 std::string_view TextFace<Base>::value(int code) const
@@ -32,7 +31,7 @@ AcGePoint3d TextFace<Base>::point(int code) const
 template <class Base>
 char* TextFace<Base>::textString() const
 {
-    if (Faults::hit("AcDbText::textString") || !this->mayRead())
+    if (callFails("AcDbText::textString") || !this->mayRead())
         return nullptr;
     return newString(1);
 }
@@ -40,20 +39,17 @@ char* TextFace<Base>::textString() const
 template <class Base>
 Acad::ErrorStatus TextFace<Base>::setTextString(const char* sText)
 {
-    if (Faults::hit("AcDbText::setTextString"))
+    if (callFails("AcDbText::setTextString"))
         return Acad::eInvalidInput;
     if (sText == nullptr)
         return Acad::eInvalidInput;
     AcDbStub& target = this->node();
     if (!target.writer) {
-        Database::countMisuse();
+        Drawing::countMisuse();
         return Acad::eNotOpenForWrite;
     }
-    Database& database = *target.database;
-    const DxfFile& file = database.file();
-    const std::string sValue = file.encoding().encode(sText);
-    database.undoList().changeOpenObject(target, withValue(file, *target.record, 1, sValue));
-    return Acad::eOk;
+    const DxfFile& file = target.database->file();
+    return target.database->changeOpenObject(target, withValue(file, *target.record, 1, file.encoding().encode(sText)));
 }
 
 template <class Base>
@@ -113,7 +109,7 @@ template class TextFace<AcDbAttribute>;
 
 char* Attribute::tag() const
 {
-    if (Faults::hit("AcDbAttribute::tag") || !mayRead())
+    if (callFails("AcDbAttribute::tag") || !mayRead())
         return nullptr;
     return newString(2);
 }
@@ -122,4 +118,4 @@ Adesk::UInt32 Attribute::fieldLength() const { return static_cast<Adesk::UInt32>
 
 Adesk::Boolean Attribute::flag(int bit) const { return (toInt(value(70)) & bit) != 0; }
 
-}  // namespace host
+}  // namespace dxf

@@ -1,8 +1,8 @@
-#include "host/drawing/FileError.h"
+#include "dxf/FileError.h"
 
 #include <windows.h>
 
-namespace host {
+namespace dxf {
 
 namespace {
 
@@ -40,4 +40,4 @@ std::string FileError::systemReason(unsigned long code)
     }
 }
 
-}  // namespace host
+}  // namespace dxf

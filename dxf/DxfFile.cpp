@@ -1,13 +1,14 @@
-#include "host/drawing/DxfFile.h"
+#include "dxf/DxfFile.h"
 
-#include "host/drawing/FileError.h"
+#include "dxf/FileError.h"
+#include "library/system/Handles.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <utility>
 
-namespace host {
+namespace dxf {
 
 namespace {
 
@@ -51,11 +52,34 @@ std::string_view DxfRecord::value(int code) const
 
 bool DxfRecord::has(int code) const { return value(code).data() != nullptr; }
 
+std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
+{
+    const DWORD attributes = GetFileAttributesA(sPath.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        throw FileError(sPath, 0, "a folder, not a file");
+    const UniqueHandle file(CreateFileA(sPath.c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                        FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file)
+        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.get(), &size))
+        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    if (size.QuadPart > 0x3FFFFFFF)
+        throw FileError(sPath, 0, "too large to be read");
+    std::string sBytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    DWORD count = 0;
+    if (!ReadFile(file.get(), sBytes.data(), static_cast<DWORD>(sBytes.size()), &count, nullptr))
+        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    sBytes.resize(count);
+    return parse(std::move(sBytes), sPath);
+}
+
 std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& sName)
 {
     std::unique_ptr<DxfFile> file;
     if (isBinaryDrawing(sBytes)) {
-        file = blank();
+        file = parse("0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", sName);
         file->m_contentsNotRead = true;
         file->m_sVersion = sBytes.substr(0, 6);
         file->m_notRead = std::move(sBytes);
@@ -174,6 +198,20 @@ std::string DxfFile::tag(int code, std::string_view value) const
     return digits + m_sLineEnd + std::string(value) + m_sLineEnd;
 }
 
+std::string DxfFile::bytes() const
+{
+    if (m_contentsNotRead)
+        return m_notRead;
+    std::size_t size = 0;
+    for (const DxfRecord* p = m_first; p != nullptr; p = p->next())
+        size += p->text().size();
+    std::string sBytes;
+    sBytes.reserve(size);
+    for (const DxfRecord* p = m_first; p != nullptr; p = p->next())
+        sBytes += p->text();
+    return sBytes;
+}
+
 std::string_view DxfFile::setText(DxfRecord& record, std::string_view text)
 {
     return std::exchange(record.m_text, text);
@@ -222,4 +260,4 @@ std::string withValue(const DxfFile& file, const DxfRecord& record, int code, st
     return std::string(text.substr(0, at)) + std::string(value) + std::string(text.substr(at + old.size()));
 }
 
-}  // namespace host
+}  // namespace dxf

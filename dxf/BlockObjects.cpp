@@ -1,13 +1,13 @@
-#include "host/drawing/BlockObjects.h"
+#include "dxf/BlockObjects.h"
 
-#include "host/drawing/Database.h"
-#include "host/drawing/Faults.h"
+#include "dxf/ApiCalls.h"
+#include "dxf/Drawing.h"
 
-namespace host {
+namespace dxf {
 
 bool BlockTable::has(const char* sName) const
 {
-    if (Faults::hit("AcDbBlockTable::has") || !mayRead() || sName == nullptr)
+    if (callFails("AcDbBlockTable::has") || !mayRead() || sName == nullptr)
         return false;
     return node().database->graph().block(sName) != nullptr;
 }
@@ -16,7 +16,7 @@ Acad::ErrorStatus BlockTable::getAt(const char* sName, AcDbBlockTableRecord*& pR
                                     bool bOpenErased) const
 {
     pRecord = nullptr;
-    if (Faults::hit("AcDbBlockTable::getAt"))
+    if (callFails("AcDbBlockTable::getAt"))
         return Acad::eKeyNotFound;
     if (sName == nullptr)
         return Acad::eInvalidInput;
@@ -30,7 +30,7 @@ Acad::ErrorStatus BlockTable::newIterator(AcDbBlockTableIterator*& pIterator, bo
                                           bool bSkipDeleted) const
 {
     pIterator = nullptr;
-    if (Faults::hit("AcDbBlockTable::newIterator"))
+    if (callFails("AcDbBlockTable::newIterator"))
         return Acad::eOutOfMemory;
     if (!mayRead())
         return Acad::eNotOpenForRead;
@@ -62,7 +62,7 @@ Acad::ErrorStatus BlockTableIterator::getRecord(AcDbBlockTableRecord*& pRecord, 
                                                 bool bOpenErased) const
 {
     pRecord = nullptr;
-    if (Faults::hit("AcDbBlockTableIterator::getRecord"))
+    if (callFails("AcDbBlockTableIterator::getRecord"))
         return Acad::eWasOpenForWrite;
     if (done())
         return Acad::eInvalidIndex;
@@ -71,28 +71,28 @@ Acad::ErrorStatus BlockTableIterator::getRecord(AcDbBlockTableRecord*& pRecord, 
 
 bool BlockTableRecord::isAnonymous() const
 {
-    if (Faults::hit("AcDbBlockTableRecord::isAnonymous") || !mayRead())
+    if (callFails("AcDbBlockTableRecord::isAnonymous") || !mayRead())
         return false;
     return (block().flags & 1) != 0;
 }
 
 bool BlockTableRecord::isLayout() const
 {
-    if (Faults::hit("AcDbBlockTableRecord::isLayout") || !mayRead())
+    if (callFails("AcDbBlockTableRecord::isLayout") || !mayRead())
         return false;
     return block().layout;
 }
 
 bool BlockTableRecord::isFromExternalReference() const
 {
-    if (Faults::hit("AcDbBlockTableRecord::isFromExternalReference") || !mayRead())
+    if (callFails("AcDbBlockTableRecord::isFromExternalReference") || !mayRead())
         return false;
     return block().isXref();
 }
 
 AcDb::XrefStatus BlockTableRecord::xrefStatus() const
 {
-    if (Faults::hit("AcDbBlockTableRecord::xrefStatus") || !mayRead() || !block().isXref())
+    if (callFails("AcDbBlockTableRecord::xrefStatus") || !mayRead() || !block().isXref())
         return AcDb::kXrfNotAnXref;
     if (block().unloaded)
         return AcDb::kXrfUnloaded;
@@ -102,14 +102,14 @@ AcDb::XrefStatus BlockTableRecord::xrefStatus() const
 AcDbDatabase* BlockTableRecord::xrefDatabase(bool) const
 {
     // What is not resolved has no database here, so there is none to include.
-    if (Faults::hit("AcDbBlockTableRecord::xrefDatabase") || !mayRead())
+    if (callFails("AcDbBlockTableRecord::xrefDatabase") || !mayRead())
         return nullptr;
     return block().xref.get();
 }
 
 Acad::ErrorStatus BlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids, bool, bool)
 {
-    if (Faults::hit("AcDbBlockTableRecord::getBlockReferenceIds"))
+    if (callFails("AcDbBlockTableRecord::getBlockReferenceIds"))
         return Acad::eOutOfMemory;
     if (!mayRead())
         return Acad::eNotOpenForRead;
@@ -121,7 +121,7 @@ Acad::ErrorStatus BlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids,
 
 AcDbObjectIterator* BlockReference::attributeIterator() const
 {
-    if (Faults::hit("AcDbBlockReference::attributeIterator") || !mayRead())
+    if (callFails("AcDbBlockReference::attributeIterator") || !mayRead())
         return nullptr;
     return new AttributeIterator(static_cast<const InsertNode&>(node()));
 }
@@ -143,4 +143,4 @@ AcDbObjectId AttributeIterator::objectId() const
     return done() ? AcDbObjectId() : AcDbObjectId(m_insert.attributes[m_position]);
 }
 
-}  // namespace host
+}  // namespace dxf

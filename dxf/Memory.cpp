@@ -1,9 +1,9 @@
-#include "host/drawing/Memory.h"
+#include "dxf/Memory.h"
 
 #include "objectarx/acutads.h"
 #include "objectarx/dbmain.h"
 
-#include "host/drawing/Faults.h"
+#include "dxf/ApiCalls.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -21,12 +21,12 @@ void release(void* pMemory)
 
 }  // namespace
 
-long host::liveAllocations() { return s_live; }
+long dxf::liveAllocations() { return s_live; }
 
 Acad::ErrorStatus acutNewBuffer(char*& pOutput, std::size_t nBytes)
 {
     pOutput = nullptr;
-    if (host::Faults::hit("acutNewBuffer"))
+    if (dxf::callFails("acutNewBuffer"))
         return Acad::eOutOfMemory;
     pOutput = static_cast<char*>(std::malloc(nBytes == 0 ? 1 : nBytes));
     if (pOutput == nullptr)

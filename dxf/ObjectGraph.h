@@ -6,7 +6,7 @@
 
 #include "objectarx/dbmain.h"
 
-#include "host/drawing/DxfFile.h"
+#include "dxf/DxfFile.h"
 
 #include <deque>
 #include <memory>
@@ -14,14 +14,14 @@
 #include <unordered_map>
 #include <vector>
 
-namespace host {
+namespace dxf {
 
-class Database;
+class Drawing;
 class ObjectGraph;
 
 enum class NodeKind : unsigned char { BlockTable, BlockRecord, BlockReference, Attribute, Text, Entity };
 
-}  // namespace host
+}  // namespace dxf
 
 class AcDbStub {
 public:
@@ -30,12 +30,12 @@ public:
     AcDbStub& operator=(const AcDbStub&) = delete;
     ~AcDbStub();
 
-    host::Database* database = nullptr;
+    dxf::Drawing* database = nullptr;
     // Null for objects that the file has no record of.
-    host::DxfRecord* record = nullptr;
+    dxf::DxfRecord* record = nullptr;
     AcDbStub* owner = nullptr;
     unsigned long long handle = 0;
-    host::NodeKind kind = host::NodeKind::Entity;
+    dxf::NodeKind kind = dxf::NodeKind::Entity;
     bool erased = false;
 
     // How it is open now.
@@ -45,7 +45,7 @@ public:
     // While reactors are shown the object, they may read it.
     int notifying = 0;
 
-    bool isEntity() const { return kind >= host::NodeKind::BlockReference; }
+    bool isEntity() const { return kind >= dxf::NodeKind::BlockReference; }
     bool isReadable() const { return readers > 0 || writer || notifying > 0; }
     // The API object of this node, made when first asked for.
     AcDbObject& object();
@@ -54,7 +54,7 @@ private:
     std::unique_ptr<AcDbObject> m_object;
 };
 
-namespace host {
+namespace dxf {
 
 struct InsertNode;
 
@@ -70,7 +70,7 @@ struct BlockNode : AcDbStub {
     std::string xrefPath;
     bool unloaded = false;
     AcDb::XrefStatus status = AcDb::kXrfNotAnXref;
-    std::unique_ptr<Database> xref;
+    std::unique_ptr<Drawing> xref;
     std::vector<AcDbStub*> entities;
     std::vector<InsertNode*> references;
 
@@ -85,7 +85,7 @@ struct InsertNode : AcDbStub {
 
 class ObjectGraph {
 public:
-    ObjectGraph(Database& database, DxfFile& file);
+    ObjectGraph(Drawing& database, DxfFile& file);
     ObjectGraph(const ObjectGraph&) = delete;
     ObjectGraph& operator=(const ObjectGraph&) = delete;
 
@@ -113,7 +113,7 @@ private:
     // Keeps references in drawing order.
     void addReference(InsertNode& insert);
 
-    Database& m_database;
+    Drawing& m_database;
     AcDbStub m_blockTable;
     std::deque<BlockNode> m_blockNodes;
     std::deque<InsertNode> m_insertNodes;
@@ -127,4 +127,4 @@ private:
     std::unordered_map<unsigned long long, AcDbStub*> m_byHandle;
 };
 
-}  // namespace host
+}  // namespace dxf

@@ -1,15 +1,13 @@
-#include "host/drawing/DxfFile.h"
-
-#include <algorithm>
+#include "host/drawing/Database.h"
 
 namespace host {
 
 namespace {
 
-// A new drawing, a tag a token pair: "code=value", separated by bars. Handles up
-// to 3F are taken.
+// A new drawing, its tags as "code=value|"; "@" is the system's code page. Handles up to
+// 3F are taken.
 constexpr char kBlank[] =
-    "0=SECTION|2=HEADER|9=$ACADVER|1=AC1018|9=$ACADMAINTVER|70=0|9=$DWGCODEPAGE|3=@codepage@"
+    "0=SECTION|2=HEADER|9=$ACADVER|1=AC1018|9=$ACADMAINTVER|70=0|9=$DWGCODEPAGE|3=@"
     "|9=$INSBASE|10=0.0|20=0.0|30=0.0|9=$EXTMIN|10=0.0|20=0.0|30=0.0|9=$EXTMAX|10=0.0|20=0.0|30=0.0"
     "|9=$LIMMIN|10=0.0|20=0.0|9=$LIMMAX|10=420.0|20=297.0|9=$LTSCALE|40=1.0|9=$ATTMODE|70=1|9=$TEXTSIZE|40=2.5"
     "|9=$CLAYER|8=0|9=$CELTYPE|6=ByLayer|9=$CECOLOR|62=256|9=$LUNITS|70=2|9=$LUPREC|70=4|9=$TILEMODE|70=1"
@@ -51,25 +49,16 @@ constexpr char kBlank[] =
     "|21=297.0|330=1F"
     "|0=LAYOUT|5=1E|330=1A|100=AcDbPlotSettings|1=|70=0|100=AcDbLayout|1=Layout1|70=1|71=1|10=0.0|20=0.0|11=420.0"
     "|21=297.0|330=1B"
-    "|0=ENDSEC|0=EOF";
+    "|0=ENDSEC|0=EOF|";
 
 }  // namespace
 
-std::unique_ptr<DxfFile> DxfFile::blank()
+std::unique_ptr<Database> Database::createNew()
 {
-    std::unique_ptr<DxfFile> file(new DxfFile);
     std::string sText;
-    for (std::string_view rest = kBlank; !rest.empty();) {
-        const std::string_view token = rest.substr(0, rest.find('|'));
-        rest.remove_prefix(std::min(token.size() + 1, rest.size()));
-        const std::size_t equals = token.find('=');
-        const std::string_view value = token.substr(equals + 1);
-        sText += file->tag(toInt(token.substr(0, equals)), value == "@codepage@" ? DxfText::ansiName() : value);
-    }
-    file->m_bytes = std::move(sText);
-    file->scan("a new drawing");
-    file->readVersion();
-    return file;
+    for (const char c : std::string_view(kBlank))
+        sText += c == '|' || c == '=' ? "\r\n" : c == '@' ? DxfText::ansiName() : std::string(1, c);
+    return std::unique_ptr<Database>(new Database(DxfFile::parse(sText, "a new drawing"), "", false));
 }
 
 }  // namespace host

@@ -4,14 +4,14 @@
 // without handles, layouts, owners or whole sections get what is missing, in
 // memory alone.
 
-#include "host/drawing/ObjectGraph.h"
+#include "dxf/ObjectGraph.h"
 
 #include <string>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
-namespace host {
+namespace dxf {
 
 class GraphBuilder {
 public:
@@ -44,4 +44,4 @@ private:
     std::vector<std::pair<InsertNode*, std::string>> m_inserts;
 };
 
-}  // namespace host
+}  // namespace dxf

@@ -2,9 +2,9 @@
 
 // Texts and attributes: their values are read from the file's tags when asked for.
 
-#include "host/drawing/Objects.h"
+#include "dxf/Objects.h"
 
-namespace host {
+namespace dxf {
 
 template <class Base>
 class TextFace : public ObjectFace<Base> {
@@ -47,4 +47,4 @@ private:
     Adesk::Boolean flag(int bit) const;
 };
 
-}  // namespace host
+}  // namespace dxf
