@@ -1,8 +1,8 @@
 #include "library/drawing/ARXVariable.h"
 #include "library/text/StringView.h"
 
+#include "dxf/Memory.h"
 #include "host/application/Application.h"
-#include "host/drawing/Memory.h"
 #include "library/diagnostics/Prerelease.h"
 #include "tests/support/Answers.h"
 
@@ -53,10 +53,10 @@ TEST_CASE("system variables of the five types go to the host and come back")
     host::Application application({.visible = false});
     REQUIRE(application.execute("NEW").succeeded);
 
-    const long allocations = host::liveAllocations();
+    const long allocations = dxf::liveAllocations();
     CARXVariable("USERS1").set("a text");
     CHECK(CARXVariable("USERS1").readString() == "a text");
-    CHECK(host::liveAllocations() == allocations);
+    CHECK(dxf::liveAllocations() == allocations);
     CARXVariable("SDI").set(true);
     CHECK(CARXVariable("SDI").readBool());
     CARXVariable("SDI").set(short{0});
