@@ -149,5 +149,3 @@ CString CTabsDefaultSettings::getValue(const char* sKey)
 CString CTabsDefaultSettings::getModifiedText() { return withoutQuotes(getValue("ModifiedText")); }
 
 CString CTabsDefaultSettings::getXrefsReadOnlyText() { return withoutQuotes(getValue("XrefsReadOnlyText")); }
-
-CString CTabsDefaultSettings::getSameNameText() { return withoutQuotes(getValue("SameNameText")); }

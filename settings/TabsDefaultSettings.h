@@ -33,7 +33,6 @@ public:
     // The markers, without the quotes and apostrophes at their ends.
     CString getModifiedText();
     CString getXrefsReadOnlyText();
-    CString getSameNameText();
 
     // A copy had to be left out, and one of the set has been changed or removed since.
     bool isRepaired() const;

@@ -261,7 +261,7 @@ void sortByPlace(std::vector<Problem>& problems)
 
 bool isSettingsFile(const std::string& sPath)
 {
-    const std::string sExtension = Tesk::PathParts(sPath).sExtension;
+    const std::string sExtension = Tesk::CPathParts(sPath).sExtension;
     return Tesk::MultiByte::equalNoCase(sExtension, ".ini") || Tesk::MultiByte::equalNoCase(sExtension, ".txt");
 }
 
@@ -292,7 +292,7 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
         for (const ProjectFile* pFile : projects.files)
             add(pFile->problems);
         Check(m_files, m_texts, texts, projects, report).run();
-        add(m_names.of(Tesk::PathParts(sPath).parent(), projects.root));
+        add(m_names.of(Tesk::CPathParts(sPath).parent(), projects.root));
         add(m_commonProblems);
     }
     sortByPlace(findings.problems);
@@ -303,7 +303,7 @@ void DrawingCheck::checkSettingsFile(DrawingReport& report)
 {
     report.settingsFile = true;
     std::vector<Problem>& problems = report.findings.problems;
-    if (Tesk::MultiByte::equalNoCase(Tesk::PathParts(report.path).sExtension, ".txt")) {
+    if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).sExtension, ".txt")) {
         problems = m_projects.get(Layer::Project, report.path).problems;
         return;
     }

@@ -20,7 +20,7 @@ using Tesk::MultiByte::equalNoCase;
 
 bool isDrawingName(const std::string& sPath)
 {
-    const std::string sExtension = Tesk::PathParts(sPath).sExtension;
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
     return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
 }
 
@@ -92,7 +92,7 @@ void DrawingFinder::add(const std::string& sPath)
             addFolder(Tesk::withBackslash(sFull));
         else
             m_found(sFull);
-    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::PathParts(sFull).parent()).empty()) {
+    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::CPathParts(sFull).parent()).empty()) {
         m_found(sFull);
     } else {
         m_tell(sPath, systemReason(error), true);
@@ -101,7 +101,7 @@ void DrawingFinder::add(const std::string& sPath)
 
 void DrawingFinder::addMatching(const std::string& sPattern)
 {
-    const std::string sFolder = Tesk::PathParts(sPattern).parent();
+    const std::string sFolder = Tesk::CPathParts(sPattern).parent();
     std::vector<std::string> names;
     WIN32_FIND_DATAA entry;
     const UniqueFind find(::FindFirstFileA(sPattern.c_str(), &entry));

@@ -23,7 +23,7 @@ constexpr std::size_t kMostEdits = 2;
 // Texts for some host: "16.0" or "AutoCAD_16.0" behind the name.
 bool isForAHost(const std::string& sName)
 {
-    const Tesk::PathParts parts(sName);
+    const Tesk::CPathParts parts(sName);
     if (!equalNoCase(parts.sBase.substr(0, 7), "MDITabs") || !equalNoCase(parts.sExtension, ".ini"))
         return false;
     const std::string sRelease = parts.sBase.substr(std::max<std::size_t>(parts.sBase.rfind('_') + 1, 7));
@@ -38,7 +38,7 @@ bool isMeantAs(const std::string& sName, const std::string& sWanted)
     if (equalNoCase(sDoubled + std::string(kDoubled), sName) && equalNoCase(sDoubled, sWanted))
         return true;
     const bool host = sWanted == kTexts && equalNoCase(sName.substr(0, 7), "MDITabs") &&
-                      equalNoCase(Tesk::PathParts(sName).sExtension, ".ini");
+                      equalNoCase(Tesk::CPathParts(sName).sExtension, ".ini");
     return host ? !isForAHost(sName) : !nearest(sName, {sWanted}, kMostEdits).empty();
 }
 
@@ -61,7 +61,7 @@ const std::vector<NameCheck::Entry>& NameCheck::entries(const std::string& sFold
 void NameCheck::look(const Wanted& wanted, std::vector<Problem>& problems)
 {
     const std::string sWanted = wanted.name;
-    const bool folder = Tesk::PathParts(sWanted).sExtension.empty();
+    const bool folder = Tesk::CPathParts(sWanted).sExtension.empty();
     const std::vector<Entry>& all = entries(wanted.folder);
     const bool there =
         std::any_of(all.begin(), all.end(), [&](const Entry& e) { return equalNoCase(e.name, sWanted); });
@@ -96,7 +96,7 @@ const std::vector<Problem>& NameCheck::of(const std::string& sFolder, const std:
         {sFolder, kTexts.data(), ""},
     };
     for (std::string sUp = sFolder; !sUp.empty() && sUp.back() == '\\';
-         sUp = Tesk::PathParts(Tesk::withoutBackslash(sUp)).parent()) {
+         sUp = Tesk::CPathParts(Tesk::withoutBackslash(sUp)).parent()) {
         rows.push_back({sUp, Tesk::kProjectSettings, ""});
         if (sUp == sRoot)
             break;

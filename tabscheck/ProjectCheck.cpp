@@ -196,7 +196,7 @@ ProjectCheck::ProjectCheck(SourceFiles& files) : m_files(files)
 
 const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
 {
-    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::PathParts(sDrawing).parent());
+    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
     ProjectFindings& findings = found->second;
     if (!fresh)
         return findings;
@@ -205,7 +205,7 @@ const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
         const std::string sFile =
             shared != m_shared.end() ? shared->second : Tesk::getTitleBlockFile(layer, sDrawing.c_str()).GetString();
         if (layer == Layer::Project)
-            findings.root = Tesk::PathParts(sFile).parent();
+            findings.root = Tesk::CPathParts(sFile).parent();
         if (!sFile.empty())
             findings.files.push_back(&get(layer, sFile));
     }

@@ -259,7 +259,7 @@ TextCheck::TextCheck(SourceFiles& files)
 const TextFindings& TextCheck::of(const std::string& sDrawing)
 {
     using Tesk::Support::File::CLocator;
-    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::PathParts(sDrawing).parent());
+    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
     TextFindings& findings = found->second;
     if (!fresh)
         return findings;

@@ -35,7 +35,7 @@ std::string visible(std::string_view sText)
 
 std::string quoted(std::string_view sText) { return "\"" + visible(sText) + "\""; }
 
-std::string nameOfDrawing(const std::string& sPath) { return Tesk::PathParts(sPath).fileName(); }
+std::string nameOfDrawing(const std::string& sPath) { return Tesk::CPathParts(sPath).fileName(); }
 
 std::string placeState(const Place& place, const std::string& sThing)
 {
@@ -138,7 +138,7 @@ void TextReport::printHeader() const
 {
     const std::string& sFirst = m_run.front().path;
     m_console.print(
-        (m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::PathParts(sFirst).parent()) +
+        (m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::CPathParts(sFirst).parent()) +
         "\r\n");
 }
 

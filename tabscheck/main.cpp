@@ -108,7 +108,7 @@ std::string moduleFile(const std::string& sRoot)
     if (sRoot.empty()) {
         char sProgram[MAX_PATH * 4] = "";
         ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-        return Tesk::PathParts(sProgram).parent() + kModule + ".arx";
+        return Tesk::CPathParts(sProgram).parent() + kModule + ".arx";
     }
     const std::string sFolder = existingFolder(sRoot);
     const std::string sComponents = sFolder + "Components\\" + kModule + ".arx";

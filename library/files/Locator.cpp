@@ -50,7 +50,7 @@ std::vector<CCandidate> CLocator::getCandidates(const CStringList& vecBases, con
     std::set<CString> setDrawing;
     for (const CString& sCurrentFile : vecDrawings) {
         TESK_ASSERT(!sCurrentFile.IsEmpty());
-        const CString sFolder = PathParts(sCurrentFile.GetString()).parent().c_str();
+        const CString sFolder = CPathParts(sCurrentFile.GetString()).parent().c_str();
         const CString sProject = findProjectFolder(sFolder);
         if (!sProject.IsEmpty())
             setProject.insert(sProject + "Settings\\" + sTail);
@@ -103,12 +103,12 @@ void CLocator::findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases
 
 CStringList CLocator::variantsOf(const char* sPath)
 {
-    const PathParts parts(sPath);
+    const CPathParts parts(sPath);
     const AcDbHostApplicationServices* pHost = ::acdbHostApplicationServices();
     const std::string sRelease = pHost->releaseMajorMinorString();
     const std::string sProduct = pHost->product();
-    const std::string sStem = parts.parent() + parts.sBase;
-    const std::string sExtension = "." + (parts.sExtension.empty() ? "" : parts.sExtension.substr(1));
+    const std::string sStem = parts.parent() + parts.m_sBase;
+    const std::string sExtension = "." + (parts.m_sExtension.empty() ? "" : parts.m_sExtension.substr(1));
     return {sPath, (sStem + sRelease + sExtension).c_str(), (sStem + sProduct + "_" + sRelease + sExtension).c_str()};
 }
 

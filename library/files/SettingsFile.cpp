@@ -204,7 +204,7 @@ void CSettingsFile::read(const char* sPath)
 {
     *this = CSettingsFile();
     CTextFileContents contents(sPath, false);
-    merge(parseProject(contents), PathParts(sPath).parent());
+    merge(parseProject(contents), CPathParts(sPath).parent());
     m_bValid = true;
 }
 
