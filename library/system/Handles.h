@@ -5,8 +5,6 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include <atomic>
 #include <utility>
 
@@ -68,12 +66,7 @@ inline BOOL closeMenu(HMENU h) { return ::DestroyMenu(h); }
 inline BOOL closeWindow(HWND h) { return ::DestroyWindow(h); }
 inline BOOL closeKey(HKEY h) { return ::RegCloseKey(h) == ERROR_SUCCESS; }
 inline BOOL closeModule(HMODULE h) { return ::FreeLibrary(h); }
-inline BOOL closeImageList(HIMAGELIST h) { return ::ImageList_Destroy(h); }
-template <class Object>
-BOOL closeGdi(Object h)
-{
-    return ::DeleteObject(h);
-}
+inline BOOL closeFont(HFONT h) { return ::DeleteObject(h); }
 
 }  // namespace Tesk::Detail
 
@@ -84,10 +77,7 @@ using UniqueMenu = Tesk::Detail::Unique<HMENU, Tesk::Detail::closeMenu>;
 using UniqueWindow = Tesk::Detail::Unique<HWND, Tesk::Detail::closeWindow>;
 using UniqueKey = Tesk::Detail::Unique<HKEY, Tesk::Detail::closeKey>;
 using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
-using UniqueImageList = Tesk::Detail::Unique<HIMAGELIST, Tesk::Detail::closeImageList>;
-using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeGdi<HFONT>>;
-using UniqueBitmap = Tesk::Detail::Unique<HBITMAP, Tesk::Detail::closeGdi<HBITMAP>>;
-using UniqueBrush = Tesk::Detail::Unique<HBRUSH, Tesk::Detail::closeGdi<HBRUSH>>;
+using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeFont>;
 
 // How many handles the owning types of this image hold at the moment.
 inline long liveHandles() { return Tesk::Detail::handleBalance; }

@@ -4,6 +4,7 @@
 // own for the user, and a folder of its own for drawings.
 
 #include "host/application/Application.h"
+#include "mfc/afxcmn.h"
 #include "mfc/afxwin.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
