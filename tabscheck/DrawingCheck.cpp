@@ -261,7 +261,7 @@ void sortByPlace(std::vector<Problem>& problems)
 
 bool isSettingsFile(const std::string& sPath)
 {
-    const std::string sExtension = Tesk::CPathParts(sPath).sExtension;
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
     return Tesk::MultiByte::equalNoCase(sExtension, ".ini") || Tesk::MultiByte::equalNoCase(sExtension, ".txt");
 }
 
@@ -303,7 +303,7 @@ void DrawingCheck::checkSettingsFile(DrawingReport& report)
 {
     report.settingsFile = true;
     std::vector<Problem>& problems = report.findings.problems;
-    if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).sExtension, ".txt")) {
+    if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).m_sExtension, ".txt")) {
         problems = m_projects.get(Layer::Project, report.path).problems;
         return;
     }

@@ -24,9 +24,9 @@ constexpr std::size_t kMostEdits = 2;
 bool isForAHost(const std::string& sName)
 {
     const Tesk::CPathParts parts(sName);
-    if (!equalNoCase(parts.sBase.substr(0, 7), "MDITabs") || !equalNoCase(parts.sExtension, ".ini"))
+    if (!equalNoCase(parts.m_sBase.substr(0, 7), "MDITabs") || !equalNoCase(parts.m_sExtension, ".ini"))
         return false;
-    const std::string sRelease = parts.sBase.substr(std::max<std::size_t>(parts.sBase.rfind('_') + 1, 7));
+    const std::string sRelease = parts.m_sBase.substr(std::max<std::size_t>(parts.m_sBase.rfind('_') + 1, 7));
     const std::size_t dot = sRelease.find('.');
     return dot != std::string::npos && dot > 0 && dot + 1 < sRelease.size() &&
            sRelease.find_first_not_of("0123456789.") == std::string::npos;
@@ -38,7 +38,7 @@ bool isMeantAs(const std::string& sName, const std::string& sWanted)
     if (equalNoCase(sDoubled + std::string(kDoubled), sName) && equalNoCase(sDoubled, sWanted))
         return true;
     const bool host = sWanted == kTexts && equalNoCase(sName.substr(0, 7), "MDITabs") &&
-                      equalNoCase(Tesk::CPathParts(sName).sExtension, ".ini");
+                      equalNoCase(Tesk::CPathParts(sName).m_sExtension, ".ini");
     return host ? !isForAHost(sName) : !nearest(sName, {sWanted}, kMostEdits).empty();
 }
 
@@ -61,7 +61,7 @@ const std::vector<NameCheck::Entry>& NameCheck::entries(const std::string& sFold
 void NameCheck::look(const Wanted& wanted, std::vector<Problem>& problems)
 {
     const std::string sWanted = wanted.name;
-    const bool folder = Tesk::CPathParts(sWanted).sExtension.empty();
+    const bool folder = Tesk::CPathParts(sWanted).m_sExtension.empty();
     const std::vector<Entry>& all = entries(wanted.folder);
     const bool there =
         std::any_of(all.begin(), all.end(), [&](const Entry& e) { return equalNoCase(e.name, sWanted); });
