@@ -5,12 +5,12 @@
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
 #include "module/OptionsCommand.h"
-#include "module/TabForwarders.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/acedads.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseReactor.h"
 #include "reactors/DocManagerReactor.h"
+#include "reactors/TabForwarders.h"
 #include "settings/MDITabSettings.h"
 #include "settings/resource.h"
 
