@@ -30,8 +30,8 @@ const std::vector<CString> kNoXrefs;
 // As the user wants it.
 CString shownName(const AcApDocument* pDocument)
 {
-    const Tesk::PathParts parts(pDocument->fileName());
-    return Tesk::toCString(CTabOptions::readExtensions() ? parts.fileName() : parts.sBase);
+    const Tesk::CPathParts parts(pDocument->fileName());
+    return Tesk::toCString(CTabOptions::readExtensions() ? parts.fileName() : parts.m_sBase);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ using Tesk::MultiByte::equalNoCase;
 
 bool isDrawingName(const std::string& sPath)
 {
-    const std::string sExtension = Tesk::PathParts(sPath).sExtension;
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
     return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
 }
 
@@ -72,7 +72,7 @@ void DrawingFinder::add(const std::string& sPath)
             addFolder(Tesk::withBackslash(sFull));
         else
             m_found(sFull);
-    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::PathParts(sFull).parent()).empty()) {
+    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::CPathParts(sFull).parent()).empty()) {
         m_found(sFull);
     } else {
         m_tell(sPath, systemReason(error), true);

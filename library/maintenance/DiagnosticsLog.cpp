@@ -90,7 +90,7 @@ CString CDiagnosticsLog::companionFile(const char* sExtension)
 {
     const CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
     createFolders(sFileName);
-    return toCString(PathParts(viewOf(sFileName)).withExtension(sExtension));
+    return toCString(CPathParts(viewOf(sFileName)).withExtension(sExtension));
 }
 
 }  // namespace Tesk

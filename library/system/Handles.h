@@ -13,12 +13,12 @@ namespace Tesk::Detail {
 inline std::atomic<long> handleBalance{0};
 
 template <class Handle, auto Close>
-class Unique {
+class CUnique {
 public:
-    Unique() = default;
-    explicit Unique(Handle handle) { reset(handle); }
-    Unique(Unique&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
-    Unique& operator=(Unique&& other) noexcept
+    CUnique() = default;
+    explicit CUnique(Handle handle) { reset(handle); }
+    CUnique(CUnique&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
+    CUnique& operator=(CUnique&& other) noexcept
     {
         if (this != &other) {
             reset();
@@ -26,7 +26,7 @@ public:
         }
         return *this;
     }
-    ~Unique() { reset(); }
+    ~CUnique() { reset(); }
 
     Handle get() const { return m_handle; }
     explicit operator bool() const { return m_handle != nullptr; }
@@ -70,14 +70,14 @@ inline BOOL closeFont(HFONT h) { return ::DeleteObject(h); }
 
 }  // namespace Tesk::Detail
 
-using UniqueHandle = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeHandle>;  // files, events, processes
-using UniqueFind = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeFind>;
-using UniqueIcon = Tesk::Detail::Unique<HICON, Tesk::Detail::closeIcon>;
-using UniqueMenu = Tesk::Detail::Unique<HMENU, Tesk::Detail::closeMenu>;
-using UniqueWindow = Tesk::Detail::Unique<HWND, Tesk::Detail::closeWindow>;
-using UniqueKey = Tesk::Detail::Unique<HKEY, Tesk::Detail::closeKey>;
-using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
-using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeFont>;
+using UniqueHandle = Tesk::Detail::CUnique<HANDLE, Tesk::Detail::closeHandle>;  // files, events, processes
+using UniqueFind = Tesk::Detail::CUnique<HANDLE, Tesk::Detail::closeFind>;
+using UniqueIcon = Tesk::Detail::CUnique<HICON, Tesk::Detail::closeIcon>;
+using UniqueMenu = Tesk::Detail::CUnique<HMENU, Tesk::Detail::closeMenu>;
+using UniqueWindow = Tesk::Detail::CUnique<HWND, Tesk::Detail::closeWindow>;
+using UniqueKey = Tesk::Detail::CUnique<HKEY, Tesk::Detail::closeKey>;
+using UniqueModule = Tesk::Detail::CUnique<HMODULE, Tesk::Detail::closeModule>;
+using UniqueFont = Tesk::Detail::CUnique<HFONT, Tesk::Detail::closeFont>;
 
 // How many handles the owning types of this image hold at the moment.
 inline long liveHandles() { return Tesk::Detail::handleBalance; }

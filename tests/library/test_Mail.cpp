@@ -30,8 +30,8 @@ TEST_CASE("a mail goes to the registered program with its attachment, and leaves
                        besideThisProgram("mailrecorder.dll").c_str());
     const CTestFolder folder;
     const CEnvironment record("MAIL_RECORD", folder.path("mail.txt").c_str());
-    const Mail::Message message = {"cad@office.example", "Trouble", "It does this.",
-                                   folder.write("a log.txt", "line\n").c_str()};
+    const Mail::CMessage message = {"cad@office.example", "Trouble", "It does this.",
+                                    folder.write("a log.txt", "line\n").c_str()};
     const HWND hOwner = ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
 
     CHECK(Mail::compose(hOwner, message) == Mail::Result::noProgram);  // registered, but nobody's default
