@@ -28,9 +28,9 @@ bool maySwitch() { return acDocManager->isDocumentActivationEnabled(); }
 // that of a drawing that was never saved, whatever lies in the current folder.
 bool hasFile(const AcApDocument* pDocument)
 {
-    const Tesk::PathParts parts(pDocument->fileName());
+    const Tesk::CPathParts parts(pDocument->fileName());
     const bool bFull =
-        (!parts.sDrive.empty() && parts.sFolder.substr(0, 1) == "\\") || parts.sFolder.substr(0, 2) == "\\\\";
+        (!parts.m_sDrive.empty() && parts.m_sFolder.substr(0, 1) == "\\") || parts.m_sFolder.substr(0, 2) == "\\\\";
     const DWORD dwAttributes = bFull ? ::GetFileAttributesA(pDocument->fileName()) : INVALID_FILE_ATTRIBUTES;
     return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }

@@ -42,7 +42,7 @@ CString textFiles(const CString& sFilename)
 CString titleBlockFiles(const CString& sFilename)
 {
     CString sLines;
-    const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::PathParts(sFilename.GetString()).parent()));
+    const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::CPathParts(sFilename.GetString()).parent()));
     for (const CString& sFile : {Tesk::getLocation(Tesk::LOCATION_FILE_STANDARD_SETTINGS),
                                  Tesk::getLocation(Tesk::LOCATION_FILE_DOMAIN_SETTINGS),
                                  sProject.IsEmpty() ? CString() : sProject + "ProjectSettings.txt"})
@@ -116,8 +116,8 @@ void CHelpBox::mailLog()
 {
     const CString sLog = logFile();
     const CString sSubject = productLabel() + ": help wanted";
-    const Tesk::Mail::Message message = {m_sSupportAddress, sSubject, describe(),
-                                         Tesk::fileExists(sLog) ? sLog : CString()};
+    const Tesk::Mail::CMessage message = {m_sSupportAddress, sSubject, describe(),
+                                          Tesk::fileExists(sLog) ? sLog : CString()};
     const Tesk::Mail::Result result = Tesk::Mail::compose(m_hWnd, message);
     if (result == Tesk::Mail::Result::sent || result == Tesk::Mail::Result::cancelled)
         return;

@@ -23,9 +23,9 @@ CString templateOf(const AcApDocument* pDocument) { return getOptInText(pDocumen
 std::vector<CString> foldersOf(const CString& sFilename)
 {
     std::vector<CString> vecFolders;
-    std::string sPath = Tesk::withoutBackslash(Tesk::PathParts(sFilename.GetString()).parent());
+    std::string sPath = Tesk::withoutBackslash(Tesk::CPathParts(sFilename.GetString()).parent());
     while (!sPath.empty()) {
-        const Tesk::PathParts parts(sPath);
+        const Tesk::CPathParts parts(sPath);
         const std::string sFolder = parts.fileName().empty() ? sPath : parts.fileName();
         if (sFolder.find_first_not_of('\\') != std::string::npos)
             vecFolders.push_back(Tesk::toCString(sFolder));
@@ -73,8 +73,8 @@ void CSameNames::rememberTabs()
     const bool bExtensions = CTabOptions::readExtensions();
     for (int iItem = 0; iItem < m_tabs.GetItemCount(); ++iItem) {
         AcApDocument* pDocument = m_tabs.getDocument(iItem);
-        const Tesk::PathParts parts(pDocument->fileName());
-        remember(pDocument, Tesk::toCString(bExtensions ? parts.fileName() : parts.sBase), templateOf(pDocument));
+        const Tesk::CPathParts parts(pDocument->fileName());
+        remember(pDocument, Tesk::toCString(bExtensions ? parts.fileName() : parts.m_sBase), templateOf(pDocument));
     }
 }
 
@@ -164,5 +164,5 @@ CString CSameNames::nearestFolder(const Group& group, AcApDocument* pDocument) c
     };
     if (std::none_of(group.vecDocuments.begin(), group.vecDocuments.end(), isSame))
         return vecFolders.front();
-    return Tesk::toCString(Tesk::withoutBackslash(Tesk::PathParts(sFilename.GetString()).parent()));
+    return Tesk::toCString(Tesk::withoutBackslash(Tesk::CPathParts(sFilename.GetString()).parent()));
 }

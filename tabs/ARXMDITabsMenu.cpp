@@ -113,7 +113,7 @@ void CARXMDITabs::addXrefsToMenu(AcApDocument* pDocument, CMenu& menu, UINT iBas
     TESK_TRACE("CARXMDITabs::addXrefsToMenu(...)\n");
     const CString sReadOnly = CMDITabSettings::getXrefsReadOnlyText(pDocument->fileName());
     for (UINT i = 0; i < xrefs.size(); ++i) {
-        CString sItem = Tesk::toCString(Tesk::PathParts(Tesk::viewOf(xrefs[i])).fileName());
+        CString sItem = Tesk::toCString(Tesk::CPathParts(Tesk::viewOf(xrefs[i])).fileName());
         if (!canWrite(xrefs[i]))
             sItem += sReadOnly;
         TESK_VERIFY(menu.AppendMenu(MF_STRING, iBaseID + i, sItem));
