@@ -27,8 +27,8 @@ WORK = BUILD / "release-test"
 PREFIX = WORK / "machine"
 os.environ["WINEPREFIX"] = str(PREFIX)
 # What ships is 32-bit, on every machine.
-PROGRAMS = pathlib.Path(os.environ.get("PROGRAMS", next(
-    folder for folder in (REPOSITORY / "build/x86", BUILD) if (folder / "ZavikMDITabs.arx").exists())))
+PROGRAMS = next(folder for folder in (pathlib.Path(os.environ.get("PROGRAMS", "none")), REPOSITORY / "build/x86", BUILD)
+                if (folder / "ZavikMDITabs.arx").exists())
 ENTRY = r"Software\{}Autodesk\AutoCAD\{}\Applications\ZavikMDITabs"
 OURS = re.compile(r"Software\\(Wow6432Node\\)?(Zavik|Autodesk\\AutoCAD\\.*\\Applications"
                   r"|Classes\\Installer|Microsoft\\Windows\\CurrentVersion\\(Installer|Uninstall))(\\|$)")
@@ -311,6 +311,7 @@ class Packages(unittest.TestCase):
         unpacked = self.folder / "inside"
         self.assertEqual((unpacked / "samples/Sketches/Sketch.dwg").read_bytes(),
                          (REPOSITORY / "samples/Sketches/Sketch.dwg").read_bytes())
+        self.assertTrue(os.access(unpacked / "run", os.X_OK))
         Source(unpacked).write_archive(self.folder / "second.tar.gz", "inside")
         self.assertEqual((self.folder / "first.tar.gz").read_bytes(), (self.folder / "second.tar.gz").read_bytes())
         (unpacked / "support/Another.txt").write_text("new")
