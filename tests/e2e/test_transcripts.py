@@ -1,7 +1,7 @@
 """Whole sessions in debug mode: each line that is traced, reported or shown, in its order.
 
-tests/transcripts/NAME.scr is played, what comes is compared with NAME.txt beside it.
-WRITE=1 writes the latter anew; the difference is to be read.
+tests/transcripts/NAME.scr is played; what comes of it is compared with NAME.txt beside it.
+With WRITE=1 in the environment that is written anew; the difference is to be read.
 """
 import os
 import pathlib
@@ -13,27 +13,35 @@ from host import ANSI, ARCH, REPOSITORY, HostTest
 FOLDER = REPOSITORY / "tests/transcripts"
 PREFIX = pathlib.Path(os.environ.get("WINEPREFIX", REPOSITORY / "build" / f"wineprefix-{ARCH}"))
 DRIVE = PREFIX / "dosdevices/w:"
-TRACED = re.compile(r"\[\d\d:\d\d:\d\d\] ")
 NOON = 1092153600      # in the summer of 2004
+TRACE = re.compile(r"\[[\d:]{8}\] ZavikMDITabs : ")
 
-# What differs from machine to machine.
+# What differs from machine to machine, from build to build.
 NEUTRAL = [
-    (TRACED, "[time] "),
+    (r"\[\d\d:\d\d:\d\d\]", "[time]"),
     (r'((?:USER|COMPUTER)_NAME", )"[^"]*"', r'\1"..."'),
     (r"C:\\users\\[^\\]*", r"C:\\users\\person"),
+    (r"(?m)^((?:::|OS::|Hardware::|Module::)[^=]*)=.*$", r"\1=..."),
+    (r"Diagnostics started: .*", "Diagnostics started: ..."),
+    (r"(?:Hardware::SystemBiosVersion .*\n)+", "Hardware::SystemBiosVersion (0...)\n"),
+    # Of a report: the line, and the stack, in the box and in the log.
+    (r"\(\d+\): Assertion", "(line): Assertion"),
+    (r'Line : \d+\\n\\n[^"]*', r"Line : ...\\n\\nstack"),
+    (r"\[time\] (?:\S+ \+ 0x.*|0x[0-9a-f]+)(?:\n(?:\S+ \+ 0x.*|0x[0-9a-f]+)$)*", "[time] stack"),
+    (r'(window "(?:Static" (?:1088|65535)|Button" 1)): rect=\S+(.* font="Tahoma"|.* icon=)', r"\1: rect=...\2"),
 ]
 
 
 def neutral(text):
     for pattern, replacement in NEUTRAL:
-        text = re.sub(pattern, replacement, text)
+        text = re.sub(pattern, replacement, text, flags=re.M)
     return text
 
 
 class TranscriptsTest(HostTest):
     def setUp(self):
         super().setUp()
-        # A drive of the test's own: traces are divided by their length, which no path is to change.
+        # A drive of the test's own: what is traced is divided by its length, and no path is to tell.
         DRIVE.unlink(missing_ok=True)
         DRIVE.symlink_to(self.folder)
         self.addCleanup(DRIVE.unlink)
@@ -42,27 +50,34 @@ class TranscriptsTest(HostTest):
         self.set_registry({}, {"DebugStartup": 1})
 
     def play(self, name):
-        script = (FOLDER / f"{name}.scr").read_text("utf-8")
-        transcript = self.run_host(script, arguments=(), expect_exit=None)
-        self.check_log(transcript)
-        text = neutral(transcript.text)
+        shown = self.run_host((FOLDER / f"{name}.scr").read_text("utf-8"), (), expect_exit=None).text
+        log = next(PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/ZavikMDITabs.log")).read_text(ANSI)
+        self.check_echo(shown, log)
+        # Of the log what is not shown, too: its beginning, and the reports.
+        header, body = neutral(log).split("\n:\n", 1)
+        reports = re.findall(r"(?m)^\[time\] (?!ZavikMDITabs : ).*\n", body)
+        text = f"{neutral(shown)}\nIn the log alone:\n{header}\n:\n{''.join(reports)}"
         golden = FOLDER / f"{name}.txt"
         if os.environ.get("WRITE"):
             golden.write_text(text, "utf-8")
         self.assertEqual(text.splitlines(), golden.read_text("utf-8").splitlines())
 
-    def check_log(self, transcript):
-        """Each traced line is in the log, too, as often and undivided."""
-        log = next(PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/ZavikMDITabs.log")).read_text(ANSI)
-        body = log[log.index("\n:\n") + 3:]
-        shown = "".join(line for line in transcript.text.splitlines())
+    def check_echo(self, shown, log):
+        """The log's traces, all of them, are on the command line, each once and whole."""
         at = 0
-        for line in body.splitlines():
-            at = shown.find(line, at)
-            self.assertNotEqual(at, -1, line)
+        for line in filter(TRACE.match, log.splitlines()):
+            self.assertEqual(shown.find(line, at) != -1, True, line)
+            at = shown.find(line, at) + len(line)
+        self.assertEqual(len(TRACE.findall(shown)), len(TRACE.findall(log)))
 
     def test_session(self):
         self.play("session")
+
+    def test_failures(self):
+        (self.folder / "install/ZavikMDITabs/support/MDITabs.ini").unlink()
+        with (self.folder / "Projects/Riverside/Settings/support/MDITabs.ini").open("a") as texts:
+            texts.write("no key\n")
+        self.play("failures")
 
 
 if __name__ == "__main__":
