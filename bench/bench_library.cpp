@@ -1,4 +1,6 @@
 // The support library's figures: settings files, template expansion, disabled trace.
+#include "library/expansion/Regex.h"
+
 #include "bench/Stopwatch.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/KeywordExpansion.h"
@@ -6,7 +8,6 @@
 #include "tests/support/TestFolder.h"
 
 #include <boost/property_tree/ini_parser.hpp>
-#include <boost/regex.hpp>
 
 #include <string>
 #include <vector>

@@ -1,13 +1,13 @@
 #include "tabscheck/DrawingCheck.h"
 
-#include "host/drawing/Database.h"
+#include "dxf/Drawing.h"
 #include "library/drawing/ARXDrawingProperties.h"
-#include "library/drawing/TitleBlock.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/titleblock/TitleBlock.h"
 #include "settings/TooltipRule.h"
 #include "tabscheck/Folders.h"
 #include "tabscheck/LoadEntries.h"
@@ -57,12 +57,12 @@ public:
         }
         m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
         try {
-            const std::unique_ptr<host::Database> pDatabase = host::Database::open(m_report.path, false);
-            if (pDatabase->contentsNotRead())
+            dxf::Drawing drawing(dxf::DxfFile::read(m_report.path), m_report.path);
+            if (drawing.file().contentsNotRead())
                 showTemplate();
             else
-                showDrawing(*pDatabase);
-        } catch (const host::FileError& error) {
+                showDrawing(drawing);
+        } catch (const dxf::FileError& error) {
             chooseSource(m_projects.files);
             addProblem({true, error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U,
                         "the drawing cannot be read: " + error.reason(), ""});
@@ -81,7 +81,7 @@ private:
         checkTooltipText(expansion, m_projects.files);
     }
 
-    void showDrawing(host::Database& database)
+    void showDrawing(dxf::Drawing& database)
     {
         const Tesk::CWorkingDatabase workingDatabase(&database);
         Tesk::CARXDrawingProperties properties(&database);

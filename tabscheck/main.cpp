@@ -2,17 +2,17 @@
 // file said so. It shows for each drawing where the strip's texts come from, and what is
 // wrong where. It never writes.
 
-#include "host/drawing/HostServices.h"
-#include "library/diagnostics/ApplicationID.h"
 #include "library/diagnostics/ExceptionText.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
+#include "library/maintenance/ApplicationID.h"
 #include "tabscheck/Console.h"
 #include "tabscheck/DrawingCheck.h"
 #include "tabscheck/Folders.h"
 #include "tabscheck/JsonReport.h"
+#include "tabscheck/NoHost.h"
 #include "tabscheck/TextReport.h"
 
 #include <windows.h>
@@ -191,7 +191,7 @@ ExitCode run(const Arguments& arguments)
     Tesk::lookOnlyAs(sModuleFile.c_str());
     Tesk::G_sApplicationName = kModule;
     Tesk::G_pApplicationID = std::make_unique<Tesk::CApplicationID>(sModuleFile.c_str());
-    host::describeHost(arguments.release, arguments.product);
+    describeHost(arguments.release, arguments.product);
     return Program(arguments).run();
 }
 

@@ -190,9 +190,9 @@ bool DocumentManager::open(const std::string& sPath)
         notifyOpened(opened.drawing(), sFullPath);
     if (assumed(Assumption::XrefsAfterOpen))
         opened.drawing().loadXrefs();
-    if (opened.drawing().contentsNotRead())
+    if (opened.drawing().file().contentsNotRead())
         m_print("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
-    for (const std::string& sWarning : opened.drawing().warnings())
+    for (const std::string& sWarning : opened.drawing().file().warnings())
         m_print(sFullPath + ": " + sWarning);
     switchTo(opened, true);
     return true;

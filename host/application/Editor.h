@@ -28,12 +28,12 @@ public:
     {
         notify(&AcEditorReactor::databaseToBeDestroyed, &database);
     }
-    void xrefToBeAttached(Database& to, const std::string& sPath, Database& from) override
+    void xrefToBeAttached(Database& to, const std::string& sPath, AcDbDatabase& from) override
     {
         notify(&AcEditorReactor::beginAttach, &to, sPath.c_str(), &from);
     }
     void xrefAttached(Database& to) override { notify(&AcEditorReactor::endAttach, &to); }
-    void xrefToBeRestored(Database& to, const std::string& sName, Database& from) override
+    void xrefToBeRestored(Database& to, const std::string& sName, AcDbDatabase& from) override
     {
         notify(&AcEditorReactor::beginRestore, &to, sName.c_str(), &from);
     }

@@ -3,7 +3,6 @@
 #include "host/drawing/Assumptions.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/HostServices.h"
-#include "host/drawing/Objects.h"
 #include "host/drawing/Paths.h"
 #include "host/drawing/UndoList.h"
 #include "host/drawing/Xrefs.h"
@@ -14,14 +13,13 @@ namespace {
 
 DatabaseObserver s_nobody;
 DatabaseObserver* s_pObserver = &s_nobody;
-int s_misuses = 0;
 
 }  // namespace
 
-Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs) : m_sPath(sPath)
+Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs)
+    : Drawing(std::move(file), sPath), m_undo(std::make_unique<UndoList>(*this, 0))
 {
-    adopt(std::move(file), loadXrefs);
-    m_undo = std::make_unique<UndoList>(*this, 0);
+    resolveXrefs(*this, loadXrefs);
     s_pObserver->databaseConstructed(*this);
 }
 
@@ -30,21 +28,6 @@ Database::~Database()
     s_pObserver->databaseToBeDestroyed(*this);
     m_reactors.notify(&AcDbDatabaseReactor::goodbye, this);
     forgetWorkingDatabase(this);
-}
-
-void Database::adopt(std::unique_ptr<DxfFile> file, bool loadXrefs)
-{
-    // The old objects point into the old file, so they go first.
-    std::unique_ptr<ObjectGraph> graph = std::make_unique<ObjectGraph>(*this, *file);
-    m_undo.reset();
-    m_graph = std::move(graph);
-    m_file = std::move(file);
-    resolveXrefs(*this, loadXrefs);
-}
-
-std::unique_ptr<Database> Database::createNew()
-{
-    return std::unique_ptr<Database>(new Database(DxfFile::blank(), "", false));
 }
 
 std::unique_ptr<Database> Database::open(const std::string& sPath, bool loadXrefs)
@@ -88,28 +71,12 @@ Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const
     return Faults::hit("AcDbDatabase::removeReactor") ? Acad::eKeyNotFound : status;
 }
 
-Acad::ErrorStatus Database::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode)
-{
-    pTable = nullptr;
-    if (Faults::hit("AcDbDatabase::getSymbolTable"))
-        return Acad::eNoDatabase;
-    return openAs(pTable, m_graph->blockTable(), mode, false);
-}
-
-const std::string& Database::version() const { return m_file->version(); }
-
-bool Database::contentsNotRead() const { return m_file->contentsNotRead(); }
-
-const std::vector<std::string>& Database::warnings() const { return m_file->warnings(); }
-
 void Database::save(const std::string& sPath)
 {
     saveCopy(sPath);
     setPath(fullPath(sPath));
     setSaved();
 }
-
-void Database::saveCopy(const std::string& sPath) const { m_file->write(fullPath(sPath)); }
 
 void Database::setSaved()
 {
@@ -121,15 +88,24 @@ int Database::dbmod() const { return m_telling != 0 && assumed(Assumption::Dbmod
 
 void Database::dxfIn(const std::string& sPath)
 {
-    if (m_openObjects != 0)
+    if (openObjects() != 0)
         throw FileError(sPath, 0, "objects of the drawing are open");
-    adopt(DxfFile::read(fullPath(sPath)), true);
+    replaceContents(DxfFile::read(fullPath(sPath)));
+    resolveXrefs(*this, true);
     m_undo = std::make_unique<UndoList>(*this, kObjects);
     m_dbmod |= kObjects;
     Notifier notifier(*this);
-    for (BlockNode* pBlock : m_graph->blocks())
+    for (BlockNode* pBlock : graph().blocks())
         notifier.appended(*pBlock);
 }
+
+Acad::ErrorStatus Database::changeOpenObject(AcDbStub& node, std::string sText)
+{
+    m_undo->changeOpenObject(node, std::move(sText));
+    return Acad::eOk;
+}
+
+void Database::tellModified(AcDbStub& node) { Notifier(*this).modified(node); }
 
 bool Database::undo() { return m_undo->undo(); }
 
@@ -139,13 +115,9 @@ void Database::notifyNoChange(int n)
 {
     Notifier notifier(*this);
     for (int i = 0; i < n; ++i) {
-        notifier.openedForModify(m_graph->modelSpace());
-        notifier.modified(m_graph->modelSpace());
+        notifier.openedForModify(graph().modelSpace());
+        notifier.modified(graph().modelSpace());
     }
 }
-
-int Database::misuses() { return s_misuses; }
-
-void Database::countMisuse() { ++s_misuses; }
 
 }  // namespace host

@@ -1,13 +1,9 @@
 #pragma once
 
-// A drawing: its file, the objects in it, the listeners on it, its modified
-// state and its undo list. Errors of files are FileError, thrown; all else is a
-// status.
+// A drawing that can be edited: the listeners on it, its modified state and its undo
+// list. Errors of files are FileError, thrown; all else is a status.
 
-#include "objectarx/dbmain.h"
-
-#include "host/drawing/DxfFile.h"
-#include "host/drawing/FileError.h"
+#include "dxf/Drawing.h"
 #include "host/drawing/Listeners.h"
 
 #include <memory>
@@ -16,8 +12,9 @@
 
 namespace host {
 
+using namespace dxf;
+
 class Database;
-class ObjectGraph;
 class UndoList;
 
 // Hears of every database of the process, those of xrefs included.
@@ -26,19 +23,13 @@ public:
     virtual ~DatabaseObserver() = default;
     virtual void databaseConstructed(Database&) {}
     virtual void databaseToBeDestroyed(Database&) {}
-    virtual void xrefToBeAttached(Database& /*to*/, const std::string& /*sPath*/, Database& /*from*/) {}
+    virtual void xrefToBeAttached(Database& /*to*/, const std::string& /*sPath*/, AcDbDatabase& /*from*/) {}
     virtual void xrefAttached(Database& /*to*/) {}
-    virtual void xrefToBeRestored(Database& /*to*/, const std::string& /*sName*/, Database& /*from*/) {}
+    virtual void xrefToBeRestored(Database& /*to*/, const std::string& /*sName*/, AcDbDatabase& /*from*/) {}
     virtual void xrefRestored(Database& /*to*/) {}
 };
 
-// One value of a header variable: a group code and its text.
-struct HeaderValue {
-    int code = 0;
-    std::string text;
-};
-
-class Database final : public AcDbDatabase {
+class Database final : public Drawing {
 public:
     // The bits of DBMOD.
     enum Modified { kObjects = 1, kVariables = 4, kWindow = 8, kView = 16, kField = 32 };
@@ -60,23 +51,15 @@ public:
     // --- AcDbDatabase
     Acad::ErrorStatus addReactor(AcDbDatabaseReactor* pReactor) const override;
     Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* pReactor) const override;
-    Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode) override;
 
     // --- The file
-    // Full path; empty for a drawing that was never saved.
-    const std::string& path() const { return m_sPath; }
-    // "AC1018" and the like.
-    const std::string& version() const;
-    // A binary drawing, whose objects are not known; saving copies its bytes.
-    bool contentsNotRead() const;
-    const std::vector<std::string>& warnings() const;
     // Each throws FileError; then the old file, the path and the modified state are as
     // before. After save the drawing has the path and is unmodified; a copy changes
     // nothing of the drawing.
     void save(const std::string& sPath);
     void saveCopy(const std::string& sPath) const;
     // The steps of save, for a host that takes them apart.
-    void setPath(const std::string& sPath) { m_sPath = sPath; }
+    using Drawing::setPath;
     void setSaved();
     // Replaces the contents by those of another file and marks the drawing as
     // modified; path and reactors stay, and the reactors hear of each block that comes.
@@ -88,13 +71,13 @@ public:
     // Sets bits for what is no edit of the drawing's contents (kWindow, kView).
     void markModified(int bits) { m_dbmod |= bits; }
 
-    // --- Header variables, names without the "$"; empty when the drawing has none.
-    std::vector<HeaderValue> headerVariable(const std::string& sName) const;
-    // An edit. Keeps the variable's group codes: as many texts as it has values.
+    // --- Edits, each one step for undo, heard by the reactors as the API documents.
+    Acad::ErrorStatus changeOpenObject(AcDbStub& node, std::string sText) override;
+    void tellModified(AcDbStub& node) override;
+    // Keeps the variable's group codes: as many texts as it has values.
     // eKeyNotFound for a variable that the drawing lacks.
     Acad::ErrorStatus setHeaderVariable(const std::string& sName, const std::vector<std::string>& values);
 
-    // --- Edits, each one step for undo, heard by the reactors as the API documents.
     Acad::ErrorStatus addLine(double x1, double y1, double x2, double y2);
     // Erases the entity of model space that was drawn last; eInvalidInput when it is empty.
     Acad::ErrorStatus eraseLast();
@@ -120,24 +103,13 @@ public:
     // drawing does not change.
     void notifyNoChange(int n);
 
-    // --- Counts for tests
-    // Objects open now in this database.
-    int openObjects() const { return m_openObjects; }
-    // API calls that broke the open and close rules (a value read from a closed
-    // object, an object left open when its database went away). All databases.
-    static int misuses();
-
     // --- For the rest of the drawing side
-    ObjectGraph& graph() const { return *m_graph; }
-    DxfFile& file() const { return *m_file; }
     UndoList& undoList() const { return *m_undo; }
     Listeners<AcDbDatabaseReactor>& reactors() const { return m_reactors; }
     void setDbmod(int value) { m_dbmod = value; }
     // While reactors are told, and after a change has been told in full.
     int& telling() { return m_telling; }
     void changeIsTold() { m_toldDbmod = m_dbmod; }
-    void countOpen(int change) { m_openObjects += change; }
-    static void countMisuse();
     // The full path under which this database was attached; empty for no xref's.
     const std::string& xrefPath() const { return m_sXrefPath; }
     // An xref's database: null when the file does not load. Its own xrefs are not loaded.
@@ -145,18 +117,13 @@ public:
 
 private:
     Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs);
-    void adopt(std::unique_ptr<DxfFile> file, bool loadXrefs);
 
-    std::string m_sPath;
     std::string m_sXrefPath;
-    std::unique_ptr<DxfFile> m_file;
-    std::unique_ptr<ObjectGraph> m_graph;
     std::unique_ptr<UndoList> m_undo;
     mutable Listeners<AcDbDatabaseReactor> m_reactors;
     int m_dbmod = 0;
     int m_toldDbmod = 0;
     int m_telling = 0;
-    int m_openObjects = 0;
 };
 
 }  // namespace host

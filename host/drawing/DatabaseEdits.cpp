@@ -1,8 +1,8 @@
 #include "host/drawing/Database.h"
 
+#include "dxf/HeaderVariables.h"
+#include "dxf/ObjectGraph.h"
 #include "host/drawing/EntityText.h"
-#include "host/drawing/HeaderVariables.h"
-#include "host/drawing/ObjectGraph.h"
 #include "host/drawing/UndoList.h"
 
 #include <algorithm>
@@ -62,18 +62,9 @@ InsertNode* firstInsertWith(Database& database, const std::string& sTag, AcDbStu
 
 }  // namespace
 
-std::vector<HeaderValue> Database::headerVariable(const std::string& sName) const
-{
-    std::vector<HeaderValue> values;
-    if (const DxfRecord* pHeader = m_file->section("HEADER"))
-        for (const DxfTag& tag : headerEntry(*pHeader, "$" + sName).values)
-            values.push_back({tag.code, m_file->encoding().decode(tag.value)});
-    return values;
-}
-
 Acad::ErrorStatus Database::setHeaderVariable(const std::string& sName, const std::vector<std::string>& values)
 {
-    DxfRecord* pHeader = m_file->section("HEADER");
+    DxfRecord* pHeader = file().section("HEADER");
     const HeaderEntry entry = pHeader == nullptr ? HeaderEntry() : headerEntry(*pHeader, "$" + sName);
     if (entry.values.empty())
         return Acad::eKeyNotFound;
@@ -81,7 +72,7 @@ Acad::ErrorStatus Database::setHeaderVariable(const std::string& sName, const st
         return Acad::eInvalidInput;
     std::vector<std::string> raw;
     for (const std::string& sValue : values)
-        raw.push_back(m_file->encoding().encode(sValue));
+        raw.push_back(file().encoding().encode(sValue));
     m_undo->changeHeader(*pHeader, withEntryText(*pHeader, entry, withValues(entry, raw)), {sName});
     return Acad::eOk;
 }
@@ -89,13 +80,13 @@ Acad::ErrorStatus Database::setHeaderVariable(const std::string& sName, const st
 Acad::ErrorStatus Database::addLine(double x1, double y1, double x2, double y2)
 {
     const UndoGroup group(*m_undo);
-    BlockNode& owner = m_graph->modelSpace();
+    BlockNode& owner = graph().modelSpace();
     EntityText text(*this, "LINE", owner.handle);
     text.mark("AcDbEntity").add(8, "0").mark("AcDbLine");
     text.add(10, x1).add(20, y1).add(30, 0.0).add(11, x2).add(21, y2).add(31, 0.0);
-    DxfRecord* pRecord = m_file->create(text.text());
-    m_file->linkBefore(*pRecord, endOfSection(*this, "ENTITIES"));
-    AcDbStub& node = m_graph->addEntity(owner, *pRecord, text.handle());
+    DxfRecord* pRecord = file().create(text.text());
+    file().linkBefore(*pRecord, endOfSection(*this, "ENTITIES"));
+    AcDbStub& node = graph().addEntity(owner, *pRecord, text.handle());
     updateHandleSeed(*this);
     m_undo->appended({&node}, {pRecord});
     return Acad::eOk;
@@ -103,7 +94,7 @@ Acad::ErrorStatus Database::addLine(double x1, double y1, double x2, double y2)
 
 Acad::ErrorStatus Database::eraseLast()
 {
-    const auto& entities = m_graph->modelSpace().entities;
+    const auto& entities = graph().modelSpace().entities;
     const auto last = std::find_if(entities.rbegin(), entities.rend(), [](const AcDbStub* p) { return !p->erased; });
     if (last == entities.rend())
         return Acad::eInvalidInput;
@@ -118,7 +109,7 @@ Acad::ErrorStatus Database::eraseLast()
 
 Acad::ErrorStatus Database::insertBlock(const std::string& sName, double x, double y)
 {
-    BlockNode* pBlock = m_graph->block(sName);
+    BlockNode* pBlock = graph().block(sName);
     if (pBlock == nullptr || pBlock->layout)
         return Acad::eKeyNotFound;
     std::vector<const DxfRecord*> definitions;
@@ -127,29 +118,29 @@ Acad::ErrorStatus Database::insertBlock(const std::string& sName, double x, doub
             definitions.push_back(p->record);
 
     const UndoGroup group(*m_undo);
-    BlockNode& owner = m_graph->modelSpace();
+    BlockNode& owner = graph().modelSpace();
     EntityText text(*this, "INSERT", owner.handle);
     text.mark("AcDbEntity").add(8, "0").mark("AcDbBlockReference");
     if (!definitions.empty())
         text.add(66, "1");
-    text.add(2, m_file->encoding().encode(pBlock->name)).add(10, x).add(20, y).add(30, 0.0);
+    text.add(2, file().encoding().encode(pBlock->name)).add(10, x).add(20, y).add(30, 0.0);
     DxfRecord& position = endOfSection(*this, "ENTITIES");
-    std::vector<DxfRecord*> records{m_file->create(text.text())};
-    m_file->linkBefore(*records.back(), position);
-    InsertNode& insert = m_graph->addInsert(owner, pBlock, *records.back(), text.handle());
+    std::vector<DxfRecord*> records{file().create(text.text())};
+    file().linkBefore(*records.back(), position);
+    InsertNode& insert = graph().addInsert(owner, pBlock, *records.back(), text.handle());
     std::vector<AcDbStub*> nodes{&insert};
     const double dx = pBlock->record == nullptr ? x : x - toDouble(pBlock->record->value(10));
     const double dy = pBlock->record == nullptr ? y : y - toDouble(pBlock->record->value(20));
     for (const DxfRecord* pDefinition : definitions) {
         const EntityText attribute = attributeText(*this, *pDefinition, insert.handle, dx, dy);
-        records.push_back(m_file->create(attribute.text()));
-        m_file->linkBefore(*records.back(), position);
-        nodes.push_back(&m_graph->addAttribute(insert, *records.back(), attribute.handle()));
+        records.push_back(file().create(attribute.text()));
+        file().linkBefore(*records.back(), position);
+        nodes.push_back(&graph().addAttribute(insert, *records.back(), attribute.handle()));
     }
     if (!definitions.empty()) {
         EntityText end(*this, "SEQEND", insert.handle);
-        records.push_back(m_file->create(end.mark("AcDbEntity").add(8, "0").text()));
-        m_file->linkBefore(*records.back(), position);
+        records.push_back(file().create(end.mark("AcDbEntity").add(8, "0").text()));
+        file().linkBefore(*records.back(), position);
     }
     updateHandleSeed(*this);
     m_undo->appended(nodes, records);
@@ -161,8 +152,8 @@ Acad::ErrorStatus Database::setAttribute(const std::string& sTag, const std::str
     AcDbStub* pAttribute = nullptr;
     if (firstInsertWith(*this, sTag, pAttribute) == nullptr)
         return Acad::eKeyNotFound;
-    const std::string sRaw = m_file->encoding().encode(sValue);
-    m_undo->changeObject(*pAttribute, withValue(*m_file, *pAttribute->record, 1, sRaw));
+    const std::string sRaw = file().encoding().encode(sValue);
+    m_undo->changeObject(*pAttribute, withValue(file(), *pAttribute->record, 1, sRaw));
     return Acad::eOk;
 }
 

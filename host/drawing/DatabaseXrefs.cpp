@@ -1,7 +1,7 @@
 #include "host/drawing/Database.h"
 
+#include "dxf/ObjectGraph.h"
 #include "host/drawing/EntityText.h"
-#include "host/drawing/ObjectGraph.h"
 #include "host/drawing/Paths.h"
 #include "host/drawing/UndoList.h"
 #include "host/drawing/Xrefs.h"
@@ -28,7 +28,7 @@ DxfRecord* tableRecord(const DxfFile& file, std::string_view name)
 }
 
 // On a trial node, for what does not load is not attached.
-Acad::ErrorStatus load(Database& database, const std::string& sPath, std::unique_ptr<Database>& xref)
+Acad::ErrorStatus load(Database& database, const std::string& sPath, std::unique_ptr<Drawing>& xref)
 {
     BlockNode trial;
     trial.xrefPath = sPath;
@@ -47,36 +47,36 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
     const std::string sName = baseNameOf(sPath);
     if (sName.empty())
         return Acad::eInvalidInput;
-    if (m_graph->block(sName) != nullptr)
+    if (graph().block(sName) != nullptr)
         return Acad::eDuplicateKey;
     const UndoGroup group(*m_undo);
-    const std::string sRawName = m_file->encoding().encode(sName);
-    std::unique_ptr<Database> xref;
+    const std::string sRawName = file().encoding().encode(sName);
+    std::unique_ptr<Drawing> xref;
     if (const Acad::ErrorStatus status = load(*this, sPath, xref); status != Acad::eOk)
         return status;
     observer().xrefToBeAttached(*this, sPath, *xref);
     std::vector<DxfRecord*> records;
-    unsigned long long handle = m_graph->newHandle();
-    if (DxfRecord* pEnd = tableRecord(*m_file, "")) {
-        EntityText entry(*this, "BLOCK_RECORD", m_graph->blockTable().handle);
+    unsigned long long handle = graph().newHandle();
+    if (DxfRecord* pEnd = tableRecord(file(), "")) {
+        EntityText entry(*this, "BLOCK_RECORD", graph().blockTable().handle);
         entry.mark("AcDbSymbolTableRecord").mark("AcDbBlockTableRecord").add(2, sRawName).add(340, "0");
         handle = entry.handle();
-        records.push_back(m_file->create(entry.text()));
-        m_file->linkBefore(*records.back(), *pEnd);
+        records.push_back(file().create(entry.text()));
+        file().linkBefore(*records.back(), *pEnd);
     }
     DxfRecord& position = endOfSection(*this, "BLOCKS");
     EntityText begin(*this, "BLOCK", handle);
     begin.mark("AcDbEntity").add(8, "0").mark("AcDbBlockBegin").add(2, sRawName).add(70, "4");
-    begin.add(10, 0.0).add(20, 0.0).add(30, 0.0).add(3, sRawName).add(1, m_file->encoding().encode(sPath));
+    begin.add(10, 0.0).add(20, 0.0).add(30, 0.0).add(3, sRawName).add(1, file().encoding().encode(sPath));
     EntityText end(*this, "ENDBLK", handle);
     end.mark("AcDbEntity").add(8, "0").mark("AcDbBlockEnd");
-    DxfRecord* pBlock = m_file->create(begin.text());
-    for (DxfRecord* p : {pBlock, m_file->create(end.text())}) {
-        m_file->linkBefore(*p, position);
+    DxfRecord* pBlock = file().create(begin.text());
+    for (DxfRecord* p : {pBlock, file().create(end.text())}) {
+        file().linkBefore(*p, position);
         records.push_back(p);
     }
-    BlockNode& node = m_graph->addBlock(sName, pBlock, handle);
-    node.rank = static_cast<int>(m_graph->blocks().size());
+    BlockNode& node = graph().addBlock(sName, pBlock, handle);
+    node.rank = static_cast<int>(graph().blocks().size());
     node.flags = 4;
     node.xrefPath = sPath;
     node.xref = std::move(xref);
@@ -89,10 +89,10 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
 
 Acad::ErrorStatus Database::reloadXref(const std::string& sName)
 {
-    BlockNode* pBlock = m_graph->block(sName);
+    BlockNode* pBlock = graph().block(sName);
     if (pBlock == nullptr || !pBlock->isXref())
         return Acad::eKeyNotFound;
-    std::unique_ptr<Database> xref;
+    std::unique_ptr<Drawing> xref;
     if (const Acad::ErrorStatus status = load(*this, pBlock->xrefPath, xref); status != Acad::eOk)
         return status;
     observer().xrefToBeRestored(*this, sName, *xref);
@@ -105,7 +105,7 @@ Acad::ErrorStatus Database::reloadXref(const std::string& sName)
 
 Acad::ErrorStatus Database::detachXref(const std::string& sName)
 {
-    BlockNode* pBlock = m_graph->block(sName);
+    BlockNode* pBlock = graph().block(sName);
     if (pBlock == nullptr || !pBlock->isXref())
         return Acad::eKeyNotFound;
     const UndoGroup group(*m_undo);
@@ -113,7 +113,7 @@ Acad::ErrorStatus Database::detachXref(const std::string& sName)
         if (!pInsert->erased)
             m_undo->erase({pInsert}, recordsOf(*pInsert->record));
     std::vector<DxfRecord*> records = recordsOf(*pBlock->record);
-    if (DxfRecord* pEntry = tableRecord(*m_file, pBlock->name))
+    if (DxfRecord* pEntry = tableRecord(file(), pBlock->name))
         records.push_back(pEntry);
     m_undo->erase({pBlock}, records);
     return Acad::eOk;

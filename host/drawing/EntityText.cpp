@@ -1,7 +1,6 @@
 #include "host/drawing/EntityText.h"
 
-#include "host/drawing/HeaderVariables.h"
-#include "host/drawing/ObjectGraph.h"
+#include "dxf/ObjectGraph.h"
 #include "host/drawing/UndoList.h"
 
 #include <charconv>
@@ -93,6 +92,29 @@ std::vector<DxfRecord*> recordsOf(DxfRecord& first)
             break;
     }
     return records;
+}
+
+std::string withEntryText(const DxfRecord& header, const HeaderEntry& entry, std::string_view text)
+{
+    const std::string_view whole = header.text();
+    const std::size_t at = static_cast<std::size_t>(entry.text.data() - whole.data());
+    return std::string(whole.substr(0, at)) + std::string(text) + std::string(whole.substr(at + entry.text.size()));
+}
+
+std::string withValues(const HeaderEntry& entry, const std::vector<std::string>& values)
+{
+    std::string sText(entry.text);
+    // From the last to the first, so that the positions before stay good.
+    for (std::size_t i = values.size(); i-- > 0;) {
+        const std::string_view old = entry.values[i].value;
+        sText.replace(static_cast<std::size_t>(old.data() - entry.text.data()), old.size(), values[i]);
+    }
+    return sText;
+}
+
+std::string entryText(const DxfFile& file, std::string_view name, int code, std::string_view value)
+{
+    return file.tag(9, name) + file.tag(code, value);
 }
 
 void updateHandleSeed(Database& database)

@@ -1,5 +1,7 @@
 #include "host/drawing/Faults.h"
 
+#include "dxf/ApiCalls.h"
+
 namespace host {
 
 bool Faults::s_armed = false;
@@ -28,9 +30,14 @@ void Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
 {
     state() = {sName, n, 0, false, pThrow};
     s_armed = true;
+    dxf::pCallFails = &hitArmed;
 }
 
-void Faults::clear() { s_armed = false; }
+void Faults::clear()
+{
+    s_armed = false;
+    dxf::pCallFails = nullptr;
+}
 
 int Faults::count() { return state().count; }
 

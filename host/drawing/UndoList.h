@@ -3,9 +3,9 @@
 // Every edit of a drawing goes through here: it is carried out, remembered for
 // undo, marked in DBMOD and then told to the reactors, in this order.
 
+#include "dxf/ObjectGraph.h"
 #include "host/drawing/Counted.h"
 #include "host/drawing/Database.h"
-#include "host/drawing/ObjectGraph.h"
 
 #include <cstddef>
 #include <string>

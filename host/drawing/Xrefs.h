@@ -2,7 +2,7 @@
 
 // External references: where they are and what becomes of them.
 
-#include "host/drawing/ObjectGraph.h"
+#include "host/drawing/Database.h"
 
 #include <string>
 

@@ -146,6 +146,8 @@ void PopupMenu::enterSubmenus()
     if (submenu == nullptr) {
         ++m_submenu;
     } else if (anyHighlighted(submenu)) {
+        if (m_whileOpen && !std::exchange(m_settled, true))
+            return;  // it is painted before the next step
         ++m_submenu;
         if (m_whileOpen)
             std::exchange(m_whileOpen, nullptr)();

@@ -54,6 +54,7 @@ private:
     int m_submenu = 0;  // position of the submenu to enter next
     int m_steps = 0;
     bool m_inStep = false;
+    bool m_settled = false;
 };
 
 }  // namespace host::observation

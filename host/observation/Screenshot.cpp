@@ -1,6 +1,6 @@
 #include "host/observation/Screenshot.h"
 
-#include "host/drawing/FileError.h"
+#include "dxf/FileError.h"
 
 // What gdiplus.h leaves to its includer.
 #include <propidl.h>
@@ -53,7 +53,7 @@ void savePicture(HWND window, const std::string& sPath)
     const Gdiplus::Status status = Gdiplus::Bitmap(bitmap, nullptr).Save(path, &kPngEncoder, nullptr);
     ::DeleteObject(bitmap);
     if (status != Gdiplus::Ok)
-        throw FileError(sPath, 0, "the picture cannot be written");
+        throw dxf::FileError(sPath, 0, "the picture cannot be written");
 }
 
 }  // namespace host::observation

@@ -41,9 +41,11 @@ void DisplayList::paint(HDC dc, const RECT& area) const
         std::min((area.right - area.left - 2 * kMargin) / width, (area.bottom - area.top - 2 * kMargin) / height);
     if (!(scale > 0.0) || !std::isfinite(scale))  // nothing there, or no room
         return;
+    const double left = (area.left + area.right - width * scale) / 2;
+    const double bottom = (area.top + area.bottom + height * scale) / 2;
     const auto place = [&](const PlanPoint& point) {
-        return POINT{area.left + static_cast<LONG>(kMargin + (point.x - extents.low.x) * scale),
-                     area.bottom - static_cast<LONG>(kMargin + (point.y - extents.low.y) * scale)};
+        return POINT{static_cast<LONG>(left + (point.x - extents.low.x) * scale),
+                     static_cast<LONG>(bottom - (point.y - extents.low.y) * scale)};
     };
 
     std::vector<POINT> points;

@@ -1,4 +1,4 @@
-// Reads what is shown of a drawing: lines, circles, polylines, texts, and the same
+// Reads what is shown of a drawing: lines, circles, arcs, polylines, texts, and the same
 // within the blocks that are inserted.
 
 #include "host/drawing/Database.h"
@@ -83,8 +83,8 @@ private:
         const std::string_view type = record.type();
         if (type == "LINE")
             m_list.m_lines.push_back({placement.apply(point(record, 10)), placement.apply(point(record, 11))});
-        else if (type == "CIRCLE")
-            readCircle(record, placement);
+        else if (type == "CIRCLE" || type == "ARC")
+            readArc(record, placement);
         else if (type == "LWPOLYLINE")
             readPolyline(record, placement);
         else if (type == "TEXT" || type == "MTEXT" || type == "ATTRIB")
@@ -95,13 +95,18 @@ private:
             readInsert(record, placement, depth);
     }
 
-    void readCircle(const DxfRecord& record, const Placement& placement)
+    // A circle is one without angles.
+    void readArc(const DxfRecord& record, const Placement& placement)
     {
         const PlanPoint centre = point(record, 10);
         const double radius = number(record, 40);
+        const double start = number(record, 50);
+        double end = number(record, 51, 360.0);
+        if (end <= start)
+            end += 360.0;
         std::vector<PlanPoint> line;
         for (int i = 0; i <= 36; ++i) {
-            const double angle = i * std::numbers::pi / 18;
+            const double angle = (start + (end - start) * i / 36) * std::numbers::pi / 180;
             line.push_back(placement.apply({centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)}));
         }
         m_list.m_lines.push_back(std::move(line));

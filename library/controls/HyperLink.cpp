@@ -10,6 +10,9 @@
 
 namespace {
 
+// The system's own code does not bear an address of any length.
+constexpr std::size_t kLongest = 255;
+
 bool startsWith(std::string_view sText, std::string_view sPrefix)
 {
     return sText.size() > sPrefix.size() && Tesk::MultiByte::equalNoCase(sText.substr(0, sPrefix.size()), sPrefix);
@@ -33,13 +36,13 @@ DWORD linkColour()
     return iContrast > -800 && iContrast < 800 ? ::GetSysColor(COLOR_BTNTEXT) : dwLink;
 }
 
-// name@place, and neither a scheme nor a path.
+// One name@place, and neither a scheme nor a path nor fields behind it.
 bool isMailAddress(std::string_view sText)
 {
     const auto at = sText.find('@');
     return at != std::string_view::npos && at > 0 && at + 1 < sText.size() &&
-           sText.find_first_of("@:/\\", at + 1) == std::string_view::npos &&
-           sText.substr(0, at).find_first_of(":/\\") == std::string_view::npos;
+           sText.find_first_of("@:/\\?%,;<>", at + 1) == std::string_view::npos &&
+           sText.substr(0, at).find_first_of(":/\\?%,;<>") == std::string_view::npos;
 }
 
 }  // namespace
@@ -59,7 +62,7 @@ END_MESSAGE_MAP()
 CString CHyperLink::getTarget(const CString& sAddress)
 {
     const std::string_view sText = Tesk::MultiByte::trim(Tesk::viewOf(sAddress));
-    if (hasBlankOrControl(sText))
+    if (sText.size() > kLongest || hasBlankOrControl(sText))
         return CString();
     if (startsWith(sText, "http://") || startsWith(sText, "https://"))
         return Tesk::toCString(sText);

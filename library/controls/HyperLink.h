@@ -9,8 +9,8 @@
 class CHyperLink : public CWnd {
 public:
     // What the shell is to open for a text that a person wrote: web addresses ("http://",
-    // "https://", "www.") and mail addresses ("mailto:", "name@place"). Empty for
-    // anything else: a link starts no program and opens no file.
+    // "https://", "www.") and one mail address ("mailto:", "name@place") without fields. Empty
+    // for anything else and beyond 255 characters: a link starts no program and opens no file.
     static CString getTarget(const CString& sAddress);
 
     // Takes the dialog's static control over, which shows the address from now on and is

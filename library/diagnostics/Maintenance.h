@@ -1,6 +1,7 @@
 #pragma once
 
-// Start-up and shutdown of the support library, and its globals.
+// Start-up and shutdown of the support library, and its globals. The bodies stand in
+// maintenance/, with all that starts and stops there.
 
 #include "mfc/afx.h"
 
@@ -39,6 +40,9 @@ void terminateLibrary();
 
 // The handle given to initialiseLibrary. The library must be initialised.
 HINSTANCE getCurrentModule();
+
+// The installation's name, else the one given to initialiseLibrary.
+CString getApplicationName();
 
 // The installation's label ("name version"), or empty when there is no valid
 // description of the installation. The library must be initialised.

@@ -1,6 +1,7 @@
 #pragma once
 
-// Diagnostics switches, the trace channel and assertions.
+// Diagnostics switches, the trace channel and assertions. The bodies stand in
+// maintenance/: a trace asks for paths and the registry, and these trace.
 //
 // Everything here is off until setDiagnosticsLevel says otherwise; a disabled
 // trace or assertion costs a load and a branch and evaluates no argument.

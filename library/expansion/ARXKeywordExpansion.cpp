@@ -1,9 +1,9 @@
 #include "library/expansion/ARXKeywordExpansion.h"
 
 #include "library/diagnostics/Prerelease.h"
-#include "library/drawing/ARXTitleBlock.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
+#include "library/titleblock/ARXTitleBlock.h"
 #include "objectarx/dbapserv.h"
 
 #include <boost/make_shared.hpp>

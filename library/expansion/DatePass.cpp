@@ -1,9 +1,9 @@
-#include "library/expansion/DatePass.h"
+#include "library/expansion/Regex.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/expansion/DatePass.h"
 #include "library/text/MultiByte.h"
 
-#include <boost/regex.hpp>
 #include <time.h>
 
 #include <algorithm>

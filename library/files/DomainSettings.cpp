@@ -59,10 +59,11 @@ CString getDomainSettingsFolder()
     int iIndex = 0;
     for (const CString& sCandidate : vecCandidates) {
         const bool bFound = folderExists(sCandidate);
-        TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex++, sCandidate.GetString(),
+        TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex, sCandidate.GetString(),
                    bFound ? 1 : 0);
         if (bFound)
             return sCandidate;
+        ++iIndex;
     }
     return vecCandidates.back();
 }

@@ -1,7 +1,7 @@
 #include "library/mail/SimpleMail.h"
 
 #include "library/registry/Registry.h"
-#include "library/system/Handles.h"
+#include "library/system/SystemLibrary.h"
 
 #include <mapi.h>
 
@@ -99,7 +99,7 @@ Result compose(HWND hOwner, const Message& message)
     if (!hasProgram())
         return Result::noProgram;
     const CurrentFolder folder;
-    const UniqueModule mapi(::LoadLibraryA("mapi32.dll"));
+    const UniqueModule mapi = loadSystemLibrary("mapi32.dll");
     if (!mapi)
         return Result::noProgram;
     // By way of void*, for the types of the functions differ.

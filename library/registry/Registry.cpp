@@ -1,6 +1,5 @@
 #include "library/registry/Registry.h"
 
-#include "library/diagnostics/ApplicationID.h"
 #include "library/diagnostics/Maintenance.h"
 
 #include <shellapi.h>
@@ -135,12 +134,8 @@ bool IconFromExtension(const char* sExtension, HICON& hIcon, bool bSmall)
 
 CString GetRemoteConfigurableKey(const char* sGiven)
 {
-    CString sApplication(sGiven ? sGiven : "");
-    if (sApplication.IsEmpty() && G_pApplicationID)
-        sApplication = G_pApplicationID->getName();
-    if (sApplication.IsEmpty())
-        sApplication = G_sApplicationName;
-    return CString("Software\\Zavik\\") + sApplication + "\\Remote Configurable";
+    const CString sApplication = sGiven && *sGiven ? CString(sGiven) : getApplicationName();
+    return "Software\\Zavik\\" + sApplication + "\\Remote Configurable";
 }
 
 }  // namespace Tesk::Registry

@@ -15,10 +15,11 @@ HGLOBAL globalCopy(const std::wstring& sText)
 {
     const std::size_t size = (sText.size() + 1) * sizeof(wchar_t);
     const HGLOBAL hMemory = ::GlobalAlloc(GMEM_MOVEABLE, size);
-    if (void* pMemory = hMemory != nullptr ? ::GlobalLock(hMemory) : nullptr) {
-        std::memcpy(pMemory, sText.c_str(), size);
-        ::GlobalUnlock(hMemory);
-    }
+    void* const pMemory = hMemory != nullptr ? ::GlobalLock(hMemory) : nullptr;
+    if (pMemory == nullptr)
+        return ::GlobalFree(hMemory);  // null again
+    std::memcpy(pMemory, sText.c_str(), size);
+    ::GlobalUnlock(hMemory);
     return hMemory;
 }
 

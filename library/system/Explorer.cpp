@@ -1,6 +1,6 @@
 #include "library/system/Explorer.h"
 
-#include "library/files/PathParts.h"
+#include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
 
 #include <shellapi.h>
@@ -18,7 +18,7 @@ std::string explorer()
 {
     char sFolder[MAX_PATH] = "";
     ::GetSystemWindowsDirectoryA(sFolder, sizeof sFolder);
-    return withBackslash(sFolder) + "explorer.exe";
+    return std::string(sFolder) + "\\explorer.exe";
 }
 
 }  // namespace
@@ -26,12 +26,12 @@ std::string explorer()
 bool showInExplorer(HWND hOwner, const CString& sFile)
 {
     const std::string sPath = toString(sFile);
-    const std::string sFolder = PathParts(sPath).parent();
+    const std::string sFolder = sPath.substr(0, MultiByte::findLastOf(sPath, "\\/") + 1);
     std::string sArguments;
     if (exists(sPath))
         sArguments = "/select,\"" + sPath + "\"";
     else if (!sFolder.empty() && exists(sFolder))
-        sArguments = "\"" + withoutBackslash(sFolder) + "\"";
+        sArguments = "\"" + sFolder.substr(0, sFolder.size() - 1) + "\"";  // a backslash would take the quote
     else
         return false;
     const HINSTANCE result =

@@ -1,11 +1,11 @@
 #include "library/text/CaseFold.h"
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/text/CodePage.h"
 
 #include <algorithm>
+#include <atomic>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace Tesk {
 
@@ -37,21 +37,30 @@ std::wstring lowerCaseTable()
     return sLower;
 }
 
-// No locals of forThread: nothing but these guards them against several threads.
-CCriticalSection g_section;
-std::vector<std::unique_ptr<CCaseFold>> g_tables;
+// Threads add to it and never take away; two tables of one code page do no harm.
+struct CTables {
+    ~CTables()
+    {
+        for (const CCaseFold* pTable = m_pFirst; pTable;)
+            delete std::exchange(pTable, pTable->getNext());
+    }
+    std::atomic<const CCaseFold*> m_pFirst{nullptr};
+};
+CTables g_tables;
 
 }  // namespace
 
 const CCaseFold& CCaseFold::forThread()
 {
     const UINT uCodePage = getThreadCodePage();
-    const CLock lock(g_section);
-    for (const auto& pTable : g_tables)
+    for (const CCaseFold* pTable = g_tables.m_pFirst; pTable; pTable = pTable->getNext())
         if (pTable->getCodePage() == uCodePage)
             return *pTable;
-    g_tables.push_back(std::make_unique<CCaseFold>(uCodePage));
-    return *g_tables.back();
+    auto* const pTable = new CCaseFold(uCodePage);
+    pTable->m_pNext = g_tables.m_pFirst;
+    while (!g_tables.m_pFirst.compare_exchange_weak(pTable->m_pNext, pTable)) {
+    }
+    return *pTable;
 }
 
 CCaseFold::CCaseFold(UINT uCodePage) : m_uCodePage(uCodePage), m_lead(uCodePage)

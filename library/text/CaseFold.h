@@ -27,11 +27,14 @@ public:
     int compare(std::string_view sLeft, std::string_view sRight) const;
 
     UINT getCodePage() const { return m_uCodePage; }
+    // The table made before this one.
+    const CCaseFold* getNext() const { return m_pNext; }
 
 private:
     void addPair(wchar_t cUpper, wchar_t cLower);
     unsigned next(std::string_view sText, std::size_t& position) const;
 
+    const CCaseFold* m_pNext = nullptr;
     UINT m_uCodePage;
     MultiByte::CLeadBytes m_lead;
     unsigned char m_single[256];

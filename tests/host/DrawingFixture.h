@@ -35,7 +35,7 @@ inline void listFiles(const std::string& sFolder, const std::string& sEnding, st
 }
 
 // DXF text from tags written "code=value", separated by bars.
-inline std::string dxf(const std::string& sNotes, const std::string& sEnd = "\r\n")
+inline std::string dxfText(const std::string& sNotes, const std::string& sEnd = "\r\n")
 {
     std::istringstream notes(sNotes);
     std::string sText, sTag;
@@ -50,9 +50,9 @@ inline std::string dxf(const std::string& sNotes, const std::string& sEnd = "\r\
 inline std::string drawing(const std::string& sVersion, const std::string& sHeader, const std::string& sBlocks,
                            const std::string& sEntities, const std::string& sEnd = "\r\n")
 {
-    return dxf("0=SECTION|2=HEADER|9=$ACADVER|1=" + sVersion + sHeader + "|0=ENDSEC|0=SECTION|2=BLOCKS" + sBlocks +
-                   "|0=ENDSEC|0=SECTION|2=ENTITIES" + sEntities + "|0=ENDSEC|0=EOF",
-               sEnd);
+    return dxfText("0=SECTION|2=HEADER|9=$ACADVER|1=" + sVersion + sHeader + "|0=ENDSEC|0=SECTION|2=BLOCKS" + sBlocks +
+                       "|0=ENDSEC|0=SECTION|2=ENTITIES" + sEntities + "|0=ENDSEC|0=EOF",
+                   sEnd);
 }
 
 // A border with two attributes, inserted once.

@@ -4,8 +4,8 @@
 #include <doctest/doctest.h>
 
 using host::Database;
-using host::DxfFile;
-using host::FileError;
+using dxf::DxfFile;
+using dxf::FileError;
 
 namespace {
 
@@ -51,7 +51,7 @@ void checkRoundTrips(const std::string& sFolder, const std::string& sEnding)
         const CTestFolder folder;
         const std::string sBytes = CTestFolder::read(sFile);
         std::unique_ptr<Database> database = Database::open(sFile);
-        CHECK_FALSE(database->contentsNotRead());
+        CHECK_FALSE(database->file().contentsNotRead());
         CHECK((resaved(*database, folder) == sBytes));
 
         // An edit shows, and its undo leaves no trace.

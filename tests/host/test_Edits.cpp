@@ -93,7 +93,7 @@ TEST_CASE("DBMOD is 0 exactly in the saved state")
 
     database->dxfIn(folder.path("saved.dwg"));
     CHECK(database->dbmod() == 17);
-    CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), host::FileError);
+    CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), dxf::FileError);
     CHECK(references(*database, "Border").size() == 1);
 }
 

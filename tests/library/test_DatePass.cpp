@@ -1,10 +1,10 @@
-#include "library/expansion/DatePass.h"
+#include "library/expansion/Regex.h"
 
+#include "library/expansion/DatePass.h"
 #include "tests/library/TestRandom.h"
 #include "tests/library/ThreadCodePage.h"
 
 #include <windows.h>
-#include <boost/regex.hpp>
 #include <doctest/doctest.h>
 #include <time.h>
 

@@ -1,9 +1,9 @@
 #include "tests/library/LibraryFixture.h"
 
-#include "library/diagnostics/ApplicationID.h"
-#include "library/diagnostics/MiniDumper.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/FileSearch.h"
+#include "library/maintenance/ApplicationID.h"
+#include "library/maintenance/MiniDumper.h"
 #include "library/system/Handles.h"
 
 #include <doctest/doctest.h>

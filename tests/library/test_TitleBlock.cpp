@@ -1,9 +1,9 @@
 #include "library/drawing/ARXDrawingProperties.h"
-#include "library/drawing/ARXTitleBlock.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/CurrentBorder.h"
 #include "library/text/StringView.h"
+#include "library/titleblock/ARXTitleBlock.h"
 #include "tests/library/DrawingFixture.h"
 #include "tests/support/Answers.h"
 #include "tests/support/FolderFrom.h"
@@ -92,6 +92,16 @@ TEST_CASE_FIXTURE(DrawingFixture, "the first border entry whose block exists win
     CHECK(title.searchForInstance());
     CHECK(title.get("NO") == "-");
     CHECK(database->openObjects() == 0);
+
+    // What an earlier search found may be gone.
+    settings(sProject, "", "BORDER \"A1\" \"ABSENT\"\r\nNO WRONG");
+    title.search();
+    CHECK_FALSE(title.hasInstance());
+    CHECK(title.getBorderBlock() == "");
+    CHECK(title.getProjectLabel() == "");
+    ::DeleteFileA(tree().path(sProject).c_str());
+    title.search();
+    CHECK_FALSE(title.isProject());
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "the first insert supplies the attributes, the last of one tag its value")

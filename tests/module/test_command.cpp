@@ -13,7 +13,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <boost/regex.hpp>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -67,10 +67,10 @@ const Row kRows[] = {
 // What the reactors were told, in order.
 std::string stepsIn(const std::string& history)
 {
-    static const boost::regex pattern(
+    static const std::regex pattern(
         R"(C(DocManager|Editor)Reactor::(attach|detach|addDocuments|removeDocuments)\(\)\n)");
     std::string steps;
-    for (boost::sregex_iterator found(history.begin(), history.end(), pattern), end; found != end; ++found)
+    for (std::sregex_iterator found(history.begin(), history.end(), pattern), end; found != end; ++found)
         steps += found->str();
     return steps;
 }

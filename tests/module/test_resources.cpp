@@ -1,7 +1,7 @@
 // What the module holds of closed drawings. Loading and unloading of its file is
 // driven from outside, in tests/e2e.
 #include "ModuleFixture.h"
-#include "host/drawing/Memory.h"
+#include "dxf/Memory.h"
 #include "host/observation/ResourceCount.h"
 #include <doctest/doctest.h>
 

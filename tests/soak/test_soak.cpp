@@ -1,7 +1,7 @@
 // The whole module in the host, in this process, worked at random for a while: after
 // every step the strip shows the open documents, and at the end nothing is held.
 // SOAK_SEED chooses a run (0: any), SOAK_SECONDS sets how long it lasts.
-#include "host/drawing/Memory.h"
+#include "dxf/Memory.h"
 #include "host/observation/ResourceCount.h"
 #include "host/ui/MainFrame.h"
 #include "library/files/PathParts.h"

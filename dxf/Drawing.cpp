@@ -1,0 +1,56 @@
+#include "dxf/Drawing.h"
+
+#include "dxf/ApiCalls.h"
+#include "dxf/HeaderVariables.h"
+#include "dxf/Objects.h"
+
+namespace dxf {
+
+namespace {
+
+int s_misuses = 0;
+
+}  // namespace
+
+bool (*pCallFails)(const char* sCall) = nullptr;
+
+Drawing::Drawing(std::unique_ptr<DxfFile> file, const std::string& sPath) : m_sPath(sPath)
+{
+    replaceContents(std::move(file));
+}
+
+void Drawing::replaceContents(std::unique_ptr<DxfFile> file)
+{
+    // The old objects point into the old file, so they go first.
+    m_graph = std::make_unique<ObjectGraph>(*this, *file);
+    m_file = std::move(file);
+}
+
+Drawing* Drawing::of(const AcDbDatabase* pDatabase)
+{
+    // There are no others.
+    return const_cast<Drawing*>(static_cast<const Drawing*>(pDatabase));
+}
+
+Acad::ErrorStatus Drawing::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode)
+{
+    pTable = nullptr;
+    if (callFails("AcDbDatabase::getSymbolTable"))
+        return Acad::eNoDatabase;
+    return openAs(pTable, m_graph->blockTable(), mode, false);
+}
+
+std::vector<HeaderValue> Drawing::headerVariable(const std::string& sName) const
+{
+    std::vector<HeaderValue> values;
+    if (const DxfRecord* pHeader = m_file->section("HEADER"))
+        for (const DxfTag& tag : headerEntry(*pHeader, "$" + sName).values)
+            values.push_back({tag.code, m_file->encoding().decode(tag.value)});
+    return values;
+}
+
+int Drawing::misuses() { return s_misuses; }
+
+void Drawing::countMisuse() { ++s_misuses; }
+
+}  // namespace dxf

@@ -1,0 +1,263 @@
+#include "dxf/DxfFile.h"
+
+#include "dxf/FileError.h"
+#include "library/system/Handles.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <utility>
+
+namespace dxf {
+
+namespace {
+
+constexpr std::string_view kBinaryDxf = "AutoCAD Binary DXF";
+
+std::size_t lineOf(std::string_view text, const char* pPosition)
+{
+    return static_cast<std::size_t>(std::count(text.data(), pPosition, '\n')) + 1;
+}
+
+bool isBinaryDrawing(std::string_view bytes)
+{
+    return bytes.size() >= 6 && bytes.starts_with("AC10") && std::isdigit(static_cast<unsigned char>(bytes[4])) &&
+           std::isdigit(static_cast<unsigned char>(bytes[5]));
+}
+
+// What the walk over the sections has seen so far.
+struct Sections {
+    bool open = false;
+    bool any = false;
+    bool eof = false;
+    std::string name;
+};
+
+}  // namespace
+
+std::string_view DxfRecord::value(int code) const
+{
+    TagReader reader(m_text);
+    bool inGroup = false;
+    for (DxfTag tag; nextTag(reader, tag);) {
+        if (tag.code == 102)
+            inGroup = tag.value.find('{') != std::string_view::npos;
+        else if (tag.code >= 1000)
+            break;
+        else if (tag.code == code && !inGroup)
+            return tag.value;
+    }
+    return {};
+}
+
+bool DxfRecord::has(int code) const { return value(code).data() != nullptr; }
+
+std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
+{
+    const DWORD attributes = GetFileAttributesA(sPath.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        throw FileError(sPath, 0, "a folder, not a file");
+    const UniqueHandle file(CreateFileA(sPath.c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                        FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!file)
+        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.get(), &size))
+        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    if (size.QuadPart > 0x3FFFFFFF)
+        throw FileError(sPath, 0, "too large to be read");
+    std::string sBytes(static_cast<std::size_t>(size.QuadPart), '\0');
+    DWORD count = 0;
+    if (!ReadFile(file.get(), sBytes.data(), static_cast<DWORD>(sBytes.size()), &count, nullptr))
+        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    sBytes.resize(count);
+    return parse(std::move(sBytes), sPath);
+}
+
+std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& sName)
+{
+    std::unique_ptr<DxfFile> file;
+    if (isBinaryDrawing(sBytes)) {
+        file = parse("0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", sName);
+        file->m_contentsNotRead = true;
+        file->m_sVersion = sBytes.substr(0, 6);
+        file->m_notRead = std::move(sBytes);
+        return file;
+    }
+    file.reset(new DxfFile);
+    file->m_bytes = std::move(sBytes);
+    file->scan(sName);
+    file->readVersion();
+    return file;
+}
+
+void DxfFile::scan(const std::string& sName)
+{
+    const std::string_view bytes = m_bytes;
+    const auto fail = [&](const char* pPosition, const std::string& sReason) -> void {
+        throw FileError(sName, pPosition == nullptr ? 0 : lineOf(bytes, pPosition), sReason);
+    };
+    if (trimmed(bytes).empty())
+        fail(nullptr, "the file is empty");
+    if (bytes.starts_with(kBinaryDxf))
+        fail(nullptr, "binary DXF cannot be read");
+    if (const std::size_t nul = bytes.find('\0'); nul != std::string_view::npos)
+        fail(bytes.data() + nul, "NUL byte in the text");
+    const std::size_t firstEnd = bytes.find('\n');
+    m_sLineEnd = firstEnd != std::string_view::npos && firstEnd > 0 && bytes[firstEnd - 1] == '\r' ? "\r\n" : "\n";
+
+    TagReader reader(bytes.substr(bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0));
+    const char* pStart = bytes.data();
+    std::string_view type;
+    const auto flush = [&](const char* pEnd) {
+        if (pEnd != pStart)
+            addRecord({pStart, static_cast<std::size_t>(pEnd - pStart)}, type);
+        pStart = pEnd;
+    };
+    Sections sections;
+    DxfTag tag;
+    TagReader::Result result = reader.next(tag);
+    for (; result == TagReader::Result::Tag; result = reader.next(tag)) {
+        if (tag.code == 2 && sections.open && sections.name.empty())
+            sections.name = trimmed(tag.value);
+        if (tag.code != 0)
+            continue;
+        const char* pTag = tag.text.data();
+        flush(pTag);
+        type = trimmed(tag.value);
+        if (type == "SECTION") {
+            if (sections.open)
+                fail(pTag, "SECTION inside section " + sections.name);
+            sections = {true, true, false, ""};
+        } else if (type == "ENDSEC") {
+            if (!sections.open)
+                m_warnings.push_back("line " + std::to_string(lineOf(bytes, pTag)) + ": ENDSEC without SECTION");
+            sections.open = false;
+        } else if (type == "EOF") {
+            if (sections.open)
+                fail(pTag, "section " + sections.name + " has no ENDSEC");
+            sections.eof = true;
+            break;
+        }
+    }
+    if (result == TagReader::Result::BadCode)
+        fail(reader.rest().data(), "group code is not a number");
+    if (result == TagReader::Result::NoValue)
+        fail(reader.rest().data(), "the file ends in the middle of a tag");
+    if (!sections.eof && sections.open)
+        fail(bytes.data() + bytes.size(), "the file ends inside section " + sections.name);
+    if (!sections.any)
+        fail(nullptr, "no SECTION in the file");
+    if (!sections.eof)
+        m_warnings.push_back("the file ends without EOF");
+    flush(bytes.data() + bytes.size());
+}
+
+void DxfFile::addRecord(std::string_view text, std::string_view type)
+{
+    DxfRecord& record = m_records.emplace_back();
+    record.m_text = text;
+    record.m_type = type;
+    record.m_linked = true;
+    record.m_previous = m_last;
+    (m_last != nullptr ? m_last->m_next : m_first) = &record;
+    m_last = &record;
+}
+
+void DxfFile::readVersion()
+{
+    std::string_view codePage;
+    if (const DxfRecord* pHeader = section("HEADER")) {
+        TagReader reader = pHeader->tags();
+        std::string_view name;
+        for (DxfTag tag; nextTag(reader, tag);) {
+            if (tag.code == 9)
+                name = trimmed(tag.value);
+            else if (name == "$ACADVER" && tag.code == 1)
+                m_sVersion = trimmed(tag.value);
+            else if (name == "$DWGCODEPAGE" && tag.code == 3)
+                codePage = tag.value;
+        }
+    }
+    m_encoding = DxfText(m_sVersion, codePage);
+}
+
+DxfRecord* DxfFile::section(std::string_view name) const
+{
+    for (DxfRecord* p = m_first; p != nullptr; p = p->next())
+        if (p->type() == "SECTION" && trimmed(p->value(2)) == name)
+            return p;
+    return nullptr;
+}
+
+std::string DxfFile::tag(int code, std::string_view value) const
+{
+    char digits[16];
+    std::snprintf(digits, sizeof digits, "%3d", code);
+    return digits + m_sLineEnd + std::string(value) + m_sLineEnd;
+}
+
+std::string DxfFile::bytes() const
+{
+    if (m_contentsNotRead)
+        return m_notRead;
+    std::size_t size = 0;
+    for (const DxfRecord* p = m_first; p != nullptr; p = p->next())
+        size += p->text().size();
+    std::string sBytes;
+    sBytes.reserve(size);
+    for (const DxfRecord* p = m_first; p != nullptr; p = p->next())
+        sBytes += p->text();
+    return sBytes;
+}
+
+std::string_view DxfFile::setText(DxfRecord& record, std::string_view text)
+{
+    return std::exchange(record.m_text, text);
+}
+
+std::string_view DxfFile::keep(std::string sText) { return m_keptText.emplace_back(std::move(sText)); }
+
+DxfRecord* DxfFile::create(std::string sText)
+{
+    DxfRecord& record = m_records.emplace_back();
+    record.m_text = keep(std::move(sText));
+    TagReader reader(record.m_text);
+    if (DxfTag tag; nextTag(reader, tag))
+        record.m_type = trimmed(tag.value);
+    return &record;
+}
+
+void DxfFile::linkBefore(DxfRecord& record, DxfRecord& position)
+{
+    record.m_next = &position;
+    record.m_previous = position.m_previous;
+    relink(record);
+}
+
+void DxfFile::unlink(DxfRecord& record)
+{
+    (record.m_previous != nullptr ? record.m_previous->m_next : m_first) = record.m_next;
+    (record.m_next != nullptr ? record.m_next->m_previous : m_last) = record.m_previous;
+    record.m_linked = false;
+}
+
+void DxfFile::relink(DxfRecord& record)
+{
+    (record.m_previous != nullptr ? record.m_previous->m_next : m_first) = &record;
+    (record.m_next != nullptr ? record.m_next->m_previous : m_last) = &record;
+    record.m_linked = true;
+}
+
+std::string withValue(const DxfFile& file, const DxfRecord& record, int code, std::string_view value)
+{
+    const std::string_view old = record.value(code);
+    const std::string_view text = record.text();
+    if (old.data() == nullptr)
+        return std::string(text) + file.tag(code, value);
+    const std::size_t at = static_cast<std::size_t>(old.data() - text.data());
+    return std::string(text.substr(0, at)) + std::string(value) + std::string(text.substr(at + old.size()));
+}
+
+}  // namespace dxf

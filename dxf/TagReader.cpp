@@ -1,0 +1,97 @@
+#include "dxf/TagReader.h"
+
+#include <charconv>
+#include <cstring>
+
+namespace dxf {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n\f\v";
+
+// Cuts the first line, ending included, off the text.
+std::string_view cutLine(std::string_view& text)
+{
+    const void* pEnd = std::memchr(text.data(), '\n', text.size());
+    const std::size_t length =
+        pEnd == nullptr ? text.size() : static_cast<std::size_t>(static_cast<const char*>(pEnd) - text.data()) + 1;
+    const std::string_view line = text.substr(0, length);
+    text.remove_prefix(length);
+    return line;
+}
+
+std::string_view withoutEnding(std::string_view line)
+{
+    if (line.ends_with('\n'))
+        line.remove_suffix(1);
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
+}
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+
+template <class Number>
+Number parsed(std::string_view text)
+{
+    text = trimmed(text);
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    Number value{};
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value;
+}
+
+}  // namespace
+
+TagReader::Result TagReader::next(DxfTag& tag)
+{
+    std::string_view rest = m_rest;
+    const std::string_view codeLine = cutLine(rest);
+    const std::string_view digits = trimmed(codeLine);
+    int code = 0;
+    const auto [pEnd, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code);
+    if (digits.empty() || error != std::errc() || pEnd != digits.data() + digits.size()) {
+        if (digits.empty() && trimmed(rest).empty())
+            return Result::End;
+        return Result::BadCode;
+    }
+    if (rest.empty())
+        return Result::NoValue;
+    const std::string_view valueLine = cutLine(rest);
+    tag = {code, withoutEnding(valueLine), codeLine, m_rest.substr(0, codeLine.size() + valueLine.size())};
+    m_rest = rest;
+    return Result::Tag;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t begin = text.find_first_not_of(kBlanks);
+    if (begin == std::string_view::npos)
+        return text.substr(0, 0);
+    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+
+int toInt(std::string_view text) { return parsed<int>(text); }
+
+double toDouble(std::string_view text) { return parsed<double>(text); }
+
+unsigned long long toHandle(std::string_view text)
+{
+    text = trimmed(text);
+    unsigned long long value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value, 16);
+    return value;
+}
+
+bool sameName(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (lower(a[i]) != lower(b[i]))
+            return false;
+    return true;
+}
+
+}  // namespace dxf

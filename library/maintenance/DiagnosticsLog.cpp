@@ -1,0 +1,97 @@
+#include "library/maintenance/DiagnosticsLog.h"
+
+#include "library/diagnostics/Guard.h"
+#include "library/files/FileUtilities_TextFiles.h"
+#include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
+#include "library/text/StringView.h"
+
+#include <ctime>
+#include <string>
+
+namespace Tesk {
+
+namespace {
+
+// Every folder on the way to the file, below the root.
+void createFolders(const CString& sFileName)
+{
+    for (int i = sFileName.Find('\\', 3); i >= 0; i = sFileName.Find('\\', i + 1))
+        ::CreateDirectoryA(sFileName.Left(i), nullptr);
+}
+
+bool exists(const CString& sFileName) { return ::GetFileAttributesA(sFileName) != INVALID_FILE_ATTRIBUTES; }
+
+// Marks the log as this thread's for the time of a scope.
+class COwner {
+public:
+    explicit COwner(volatile DWORD& dwOwner) : m_dwOwner(dwOwner) { m_dwOwner = ::GetCurrentThreadId(); }
+    ~COwner() { m_dwOwner = 0; }
+    COwner(const COwner&) = delete;
+    COwner& operator=(const COwner&) = delete;
+
+private:
+    volatile DWORD& m_dwOwner;
+};
+
+}  // namespace
+
+CDiagnosticsLog CDiagnosticsLog::s_log;
+
+CString CDiagnosticsLog::getFileName() noexcept
+{
+    const CLock lock(m_section);
+    if (m_sFileName.IsEmpty())
+        neverRaise([this] { m_sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG); });
+    return m_sFileName;
+}
+
+void CDiagnosticsLog::startAfresh() noexcept
+{
+    const CLock lock(m_section);
+    if (isAppending())
+        return;
+    const COwner owner(m_dwOwner);
+    m_sFileName.Empty();
+    ::DeleteFileA(getFileName());
+}
+
+void CDiagnosticsLog::append(const char* sText) noexcept
+{
+    const CLock lock(m_section);
+    if (isAppending())
+        return;
+    const COwner owner(m_dwOwner);
+    neverRaise([this, sText] { write(sText); });
+}
+
+void CDiagnosticsLog::write(const char* sText)
+{
+    const CString sFileName = getFileName();
+    if (sFileName.IsEmpty())
+        return;
+    CString sLine(sText);
+    sLine.TrimRight("\n");
+    createFolders(sFileName);
+    if (!exists(sFileName))
+        writeTextFileLines(sFileName, describeMachine(), false);
+    writeTextFileLines(sFileName, {sLine}, true);
+}
+
+CString CDiagnosticsLog::now(const char* sFormat)
+{
+    const std::time_t seconds = std::time(nullptr);
+    char sText[80] = "";
+    if (const std::tm* pLocal = std::localtime(&seconds))
+        std::strftime(sText, sizeof sText, sFormat, pLocal);
+    return sText;
+}
+
+CString CDiagnosticsLog::companionFile(const char* sExtension)
+{
+    const CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
+    createFolders(sFileName);
+    return toCString(PathParts(viewOf(sFileName)).withExtension(sExtension));
+}
+
+}  // namespace Tesk
