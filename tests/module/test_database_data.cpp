@@ -1,8 +1,8 @@
 // What is read from a drawing in one go: external references, properties, keywords;
 // and that a host which fails in the midst of it leaves no trace.
 #include "ModuleFixture.h"
-#include "host/drawing/Faults.h"
 #include "dxf/Memory.h"
+#include "host/drawing/Faults.h"
 #include "host/observation/ResourceCount.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
