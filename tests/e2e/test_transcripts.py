@@ -8,7 +8,8 @@ import pathlib
 import re
 import unittest
 
-from host import ANSI, ARCH, REPOSITORY, HostTest
+from host import ANSI, ARCH, REPOSITORY
+from test_extras import EVERYTHING, ExtrasBase
 
 FOLDER = REPOSITORY / "tests/transcripts"
 PREFIX = pathlib.Path(os.environ.get("WINEPREFIX", REPOSITORY / "build" / f"wineprefix-{ARCH}"))
@@ -38,18 +39,18 @@ def neutral(text):
     return text
 
 
-class TranscriptsTest(HostTest):
+class TranscriptsTest(ExtrasBase):
     def setUp(self):
         super().setUp()
         # A drive of the test's own: what is traced is divided by its length, and no path is to tell.
         DRIVE.unlink(missing_ok=True)
         DRIVE.symlink_to(self.folder)
         self.addCleanup(DRIVE.unlink)
-        for path in self.folder.rglob("*"):
-            os.utime(path, (NOON, NOON))
         self.set_registry({}, {"DebugStartup": 1})
 
     def play(self, name):
+        for path in self.folder.rglob("*"):
+            os.utime(path, (NOON, NOON))
         shown = self.run_host((FOLDER / f"{name}.scr").read_text("utf-8"), (), expect_exit=None).text
         log = next(PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/ZavikMDITabs.log")).read_text(ANSI)
         self.check_echo(shown, log)
@@ -72,6 +73,10 @@ class TranscriptsTest(HostTest):
 
     def test_session(self):
         self.play("session")
+
+    def test_additions(self):
+        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="cad@office.example")
+        self.play("additions")
 
     def test_failures(self):
         (self.folder / "install/ZavikMDITabs/support/MDITabs.ini").unlink()
