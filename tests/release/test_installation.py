@@ -256,14 +256,15 @@ class SixtyFourBitMachine(Machine):
         self.assertFalse(module.exists())
         self.msiexec("/i", first.name, r"INSTALLDIR=C:\CAD\Tabs", "LOADCTRLS=12", r"DOMAINSETTINGS=P:\Office")
         self.assertTrue(module.exists())
-        # What it was told stays so, the folder even against the command line.
+        # What it was told stays so and is written anew, the folder even against the command line.
+        settings = r"Software\Wow6432Node\Zavik\ZavikMDITabs\Remote Configurable"
+        self.run_windows("reg", "delete", rf"HKLM\{settings}", "/f")
         self.msiexec("/i", second.name, r"INSTALLDIR=C:\Elsewhere")
         self.assertEqual(module.read_bytes(), (WORK / NEXT / "ZavikMDITabs.arx").read_bytes())
         keys = software()
         self.assertIn('"LOADCTRLS"=dword:0000000c', keys["system.reg " + ENTRY.format(self.wow, OLD)])
-        settings = r"system.reg Software\Wow6432Node\Zavik\ZavikMDITabs\Remote Configurable"
         for key in (settings, settings + r"\Stamps"):
-            self.assertEqual(keys[key], [r'"Domain Settings"="P:\\Office"'])
+            self.assertEqual(keys["system.reg " + key], [r'"Domain Settings"="P:\\Office"'])
         self.msiexec("/x", second.name)
         (PREFIX / "drive_c/CAD").rmdir()  # only the tabs' own folder leaves
         self.check_as_before(before, files_before)
@@ -335,7 +336,9 @@ class Packages(unittest.TestCase):
 
 
 def load_tests(loader, tests, pattern):
-    cases = [SixtyFourBitMachine] if ARCH == "x64" else [Packages, Installation]
+    cases = [SixtyFourBitMachine] if ARCH == "x64" else [Installation]
+    if ARCH == "x86" and STAND_IN:
+        cases.append(Packages)
     return unittest.TestSuite(map(loader.loadTestsFromTestCase, cases))
 
 
