@@ -1,6 +1,7 @@
 #include "host/application/Application.h"
 
 #include "host/commands/Command.h"
+#include "host/drawing/Assumptions.h"
 #include "host/drawing/Counted.h"
 #include "host/drawing/Paths.h"
 #include "host/ui/MainFrame.h"
@@ -188,7 +189,8 @@ bool Application::mayLose(Document& document)
 bool Application::closeDocument(Document& document)
 {
     if (!mayLose(document)) {
-        m_editor.notify(&AcEditorReactor::docCloseAborted, document.database());
+        if (!assumed(Assumption::CancelUnreported))
+            m_editor.notify(&AcEditorReactor::docCloseAborted, document.database());
         return false;
     }
     m_documents.close(document);

@@ -8,8 +8,9 @@ namespace {
 
 // In the order of the enumeration.
 constexpr const char* kNames[] = {
-    "opened-before-created", "activated-before-opened", "dbmod-after-edit", "dbmod-after-save",
-    "name-after-save",       "xrefs-after-open",        "strings-wait",     "stranger-is-current",
+    "opened-before-created", "activated-before-opened", "dbmod-after-edit",
+    "dbmod-after-save",      "name-after-save",         "xrefs-after-open",
+    "strings-wait",          "stranger-is-current",     "cancel-unreported",
 };
 
 bool s_assumed[std::size(kNames)] = {};

@@ -16,6 +16,7 @@ enum class Assumption {
     XrefsAfterOpen,
     StringsWait,
     StrangerIsCurrent,
+    CancelUnreported,
 };
 
 // From now on, in this process. False for an unknown name.

@@ -60,16 +60,9 @@ Database* Database::of(const AcDbDatabase* pDatabase)
     return const_cast<Database*>(static_cast<const Database*>(pDatabase));
 }
 
-Acad::ErrorStatus Database::addReactor(AcDbDatabaseReactor* pReactor) const
-{
-    return Faults::hit("AcDbDatabase::addReactor") ? Acad::eOutOfMemory : m_reactors.add(pReactor);
-}
+Acad::ErrorStatus Database::addReactor(AcDbDatabaseReactor* pReactor) const { return m_reactors.add(pReactor); }
 
-Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const
-{
-    const Acad::ErrorStatus status = m_reactors.remove(pReactor);
-    return Faults::hit("AcDbDatabase::removeReactor") ? Acad::eKeyNotFound : status;
-}
+Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const { return m_reactors.remove(pReactor); }
 
 void Database::save(const std::string& sPath)
 {
