@@ -12,7 +12,8 @@ void forEachDocument(Call call)
 {
     const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
     for (; pIterator != nullptr && !pIterator->done(); pIterator->step())
-        call(pIterator->document());
+        if (AcApDocument* pDocument = pIterator->document())
+            call(pDocument);
 }
 
 // The document whose drawing this very database is. Null for a drawing that was read for

@@ -20,7 +20,6 @@ Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool
     : Drawing(std::move(file), sPath), m_undo(std::make_unique<UndoList>(*this, 0))
 {
     resolveXrefs(*this, loadXrefs);
-    s_pObserver->databaseConstructed(*this);
 }
 
 Database::~Database()
@@ -51,8 +50,6 @@ std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::
 }
 
 void Database::setObserver(DatabaseObserver* pObserver) { s_pObserver = pObserver != nullptr ? pObserver : &s_nobody; }
-
-DatabaseObserver& Database::observer() { return *s_pObserver; }
 
 Database* Database::of(const AcDbDatabase* pDatabase)
 {
