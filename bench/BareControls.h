@@ -22,6 +22,7 @@ public:
     // Looks at every item's data first, then inserts at the end.
     void insertAfterWalk(const std::string& sText, LPARAM data) const;
     void clear() const;
+    HWND window() const { return m_tabs; }
 
 private:
     HWND m_parent;

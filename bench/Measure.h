@@ -1,12 +1,13 @@
 #pragma once
 
-// Two sides of a comparison, measured in turns within one run, so that whatever else
-// the machine does strikes both; the median of the rounds counts.
+// The stopwatch of all benches: two sides of a comparison, measured in turns within one
+// run, so that whatever else the machine does strikes both; the median of the rounds counts.
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 #include <vector>
 
 class Clock {
@@ -47,10 +48,17 @@ inline double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
+// A line of this form is what tools/bench reads. Microseconds, or bytes.
+inline void report(const std::string& sWork, double ours, double bare)
+{
+    std::printf("%s: %.4f against %.4f\n", sWork.c_str(), ours, bare);
+    std::fflush(stdout);
+}
+
 // Each side gives the microseconds of one round, so that it may prepare and clear up
 // untimed. One round of each goes first and does not count.
 template <class Ours, class Bare>
-void compare(const char* sName, int iRounds, const Ours& ours, const Bare& bare)
+void compare(const std::string& sWork, int iRounds, const Ours& ours, const Bare& bare)
 {
     std::vector<double> ourTimes, bareTimes;
     ours();
@@ -59,7 +67,5 @@ void compare(const char* sName, int iRounds, const Ours& ours, const Bare& bare)
         ourTimes.push_back(ours());
         bareTimes.push_back(bare());
     }
-    const double ourTime = median(ourTimes), bareTime = median(bareTimes);
-    std::printf("%s: ratio %.2f (%.2f us / %.2f us)\n", sName, ourTime / bareTime, ourTime, bareTime);
-    std::fflush(stdout);
+    report(sWork, median(ourTimes), median(bareTimes));
 }

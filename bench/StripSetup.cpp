@@ -28,7 +28,7 @@ LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam)
 
 }  // namespace
 
-StripSetup::StripSetup()
+StripSetup::StripSetup(bool bVisible) : m_application({.visible = bVisible, .standardOutput = false})
 {
     for (const char* sOption : {"TabLocation", "UseToolTips", "UseIcons", "Use"})
         m_user.set(sOption, 1);
@@ -60,6 +60,19 @@ void StripSetup::open(int iCount)
             }
         m_application.documents().open(m_folder.write("A-" + std::to_string(100 + m_iOpened) + ".dwg", text.str()));
     }
+    pump();
+}
+
+void StripSetup::open(const std::string& sPath)
+{
+    m_application.documents().open(sPath);
+    pump();
+}
+
+void StripSetup::closeAll()
+{
+    while (m_application.documents().count() != 0)
+        m_application.documents().close(m_application.documents().at(0));
     pump();
 }
 

@@ -17,7 +17,7 @@ constexpr int XREFS = 8;
 
 class StripSetup {
 public:
-    StripSetup();
+    explicit StripSetup(bool bVisible = true);
     ~StripSetup();
 
     // Into the program's own image, where the module's code is linked already.
@@ -25,6 +25,19 @@ public:
     void unload();
     // Opens so many drawings more. The first one has XREFS external references.
     void open(int iCount);
+    void open(const std::string& sPath);
+    void closeAll();
+    // The same measured while the module is not loaded.
+    template <class Measured>
+    double without(const Measured& measured)
+    {
+        unload();
+        pump();
+        const double figure = measured();
+        load();
+        pump();
+        return figure;
+    }
 
     // Into the folder of the drawings; gives the full path.
     std::string write(const std::string& sName, const std::string& sText) { return m_folder.write(sName, sText); }

@@ -1,7 +1,7 @@
 // The support library's figures: settings files, template expansion, disabled trace.
 #include "library/expansion/Regex.h"
 
-#include "bench/Stopwatch.h"
+#include "bench/Measure.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/KeywordExpansion.h"
 #include "library/files/DefaultSettings.h"
@@ -27,32 +27,31 @@ void benchSettings()
     }
     const std::string sPath = folder.write("Settings.ini", sFile);
 
-    std::size_t sum = 0;
-    const double peer = microseconds(1, [&] {
-        boost::property_tree::ptree tree;
-        boost::property_tree::read_ini(sPath, tree);
-        sum += tree.size();
-    });
-    const double load = microseconds(1, [&] {
-        const Tesk::CDefaultSettings settings({sPath.c_str()}, false);
-        sum += settings.isDefined("Keys", "Key1");
-    });
-    const double loadAndGet = microseconds(1, [&] {
-        const Tesk::CDefaultSettings settings({sPath.c_str()}, false);
-        for (const std::string& sKey : vecKeys)
-            sum += static_cast<std::size_t>(settings.getValue("Keys", sKey.c_str()).GetLength());
-    });
-    const double profile = microseconds(
-        1,
-        [&] {
+    const auto load = [&] {
+        return timed(1, [&] { Tesk::CDefaultSettings({sPath.c_str()}, false).isDefined("Keys", "Key1"); });
+    };
+    const auto boost = [&] {
+        return timed(1, [&] {
+            boost::property_tree::ptree tree;
+            boost::property_tree::read_ini(sPath, tree);
+        });
+    };
+    const auto loadAndGet = [&] {
+        return timed(1, [&] {
+            const Tesk::CDefaultSettings settings({sPath.c_str()}, false);
+            for (const std::string& sKey : vecKeys)
+                settings.getValue("Keys", sKey.c_str());
+        });
+    };
+    const auto profile = [&] {
+        return timed(1, [&] {
             char sValue[256];
             for (const std::string& sKey : vecKeys)
-                sum += ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", sValue, sizeof sValue, sPath.c_str());
-        },
-        1);
-    report("load 10,000 keys", load, "Boost.PropertyTree", peer);
-    report("load and get 10,000 keys", loadAndGet, "GetPrivateProfileString", profile);
-    std::printf("(%u)\n", static_cast<unsigned>(sum % 10));
+                ::GetPrivateProfileStringA("Keys", sKey.c_str(), "", sValue, sizeof sValue, sPath.c_str());
+        });
+    };
+    compare("10,000 keys loaded, against Boost.PropertyTree", 7, load, boost);
+    compare("10,000 keys loaded and got, against GetPrivateProfileString", 1, loadAndGet, profile);
 }
 
 class CExpansion : public Tesk::CKeywordExpansion {
@@ -89,18 +88,12 @@ void benchExpansion()
         "%FILENAME% (%DRAWING_INDEX%/%DRAWING_COUNT%)%NEWLINE%%HALVORAN::TITLE_1%, %HALVORAN::TITLE_22%"
         " in %X_FOLDER% by %USER_NAME% on %COMPUTER_NAME% on %DRIVE%: ";
     sTemplate.resize(200, '.');
-    std::size_t sum = 0;
-    const auto ours = [&](const std::string& sText) {
-        return microseconds(
-            2000, [&] { sum += static_cast<std::size_t>(expansion.expandString(sText.c_str()).GetLength()); });
-    };
-    const auto plain = [&](const std::string& sText) {
-        return microseconds(50, [&] { sum += expansion.expandPlainly(sText).size(); });
-    };
-    report("200 characters, ten tokens", ours(sTemplate), "plain walk", plain(sTemplate));
     const std::string sPlainText(200, '.');
-    report("200 characters, no token", ours(sPlainText), "plain walk", plain(sPlainText));
-    std::printf("(%u)\n", static_cast<unsigned>(sum % 10));
+    for (const std::string& sText : {sTemplate, sPlainText})
+        compare(
+            sText == sTemplate ? "200 characters, ten tokens" : "200 characters, no token", 5,
+            [&] { return timed(1000, [&] { expansion.expandString(sText.c_str()); }); },
+            [&] { return timed(50, [&] { expansion.expandPlainly(sText); }); });
 }
 
 __attribute__((noinline)) void emptyCall(const char* sText) { asm volatile("" : : "r"(sText)); }
@@ -113,13 +106,15 @@ __attribute__((noinline)) const char* expensive()
 
 void benchTrace()
 {
-    constexpr int iCalls = 20'000'000;
-    const double trace = microseconds(iCalls, [] {
-        TESK_TRACE("text %s %d\n", expensive(), 1);
-        asm volatile("" : : : "memory");
-    });
-    const double call = microseconds(iCalls, [] { emptyCall("text"); });
-    report("a disabled trace", trace, "an empty call", call);
+    constexpr int iCalls = 10'000'000;
+    const auto trace = [] {
+        return timed(iCalls, [] {
+            TESK_TRACE("text %s %d\n", expensive(), 1);
+            asm volatile("" : : : "memory");
+        });
+    };
+    compare("a disabled trace, against an empty call", 5, trace,
+            [] { return timed(iCalls, [] { emptyCall("text"); }); });
 }
 
 }  // namespace

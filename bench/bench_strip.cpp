@@ -5,12 +5,12 @@
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
 #include "module/OptionsCommand.h"
-#include "module/TabForwarders.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/acedads.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseReactor.h"
 #include "reactors/DocManagerReactor.h"
+#include "reactors/TabForwarders.h"
 #include "settings/MDITabSettings.h"
 #include "settings/resource.h"
 
@@ -37,7 +37,7 @@ void benchNotification(const char* sName)
     AcDbDatabase* pDatabase = acDocManager->mdiActiveDocument()->database();
     CDatabaseReactor reactor;
     compare(
-        sName, 41, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
+        sName, 15, [&] { return timed(5000, [&] { reactor.objectModified(pDatabase, nullptr); }); },
         [&] { return timed(5000, [&] { readDbmod(pDatabase); }); });
 }
 
@@ -89,9 +89,10 @@ void benchSameNames(StripSetup& setup, int iCount, int iRounds)
         };
         const Documents on = inFolders(bShared ? "on shared" : "on", "SameNameText = \" in %X_DIRECTORY%\"\n");
         const Documents off = inFolders(bShared ? "off shared" : "off", "");
-        const std::string sName = "adding " + std::to_string(iCount) + (bShared ? " of one name" : " of own names");
-        compare((sName + ", SameNameText / none").c_str(), iRounds, [&] { return addThenRemove(on); },
-                [&] { return addThenRemove(off); });
+        const std::string sWork = "adding " + std::to_string(iCount) + (bShared ? " of one name" : " of own names");
+        compare(
+            sWork + ", SameNameText on against off", iRounds, [&] { return addThenRemove(on); },
+            [&] { return addThenRemove(off); });
         forget(on);
         forget(off);
     }
@@ -111,7 +112,7 @@ void benchAdding(int iCount, int iRounds)
         bare.clear();
         return time;
     };
-    compare(("adding " + std::to_string(iCount) + " documents").c_str(), iRounds, addAll, insertAll);
+    compare("adding " + std::to_string(iCount) + " drawings", iRounds, addAll, insertAll);
     forget(documents);
 }
 
@@ -125,19 +126,8 @@ void benchLayout(StripSetup& setup)
             setup.pump();
         });
     };
-    const auto with = [&](const auto& measured) { return [&] { return measured(); }; };
-    const auto without = [&](const auto& measured) {
-        return [&] {
-            setup.unload();
-            setup.pump();
-            const double time = measured();
-            setup.load();
-            setup.pump();
-            return time;
-        };
-    };
-    compare("layout pass, nothing moves, strip / none", 9, with(pass), without(pass));
-    compare("frame resized and painted, strip / none", 9, with(resizing), without(resizing));
+    compare("layout pass, nothing moves", 9, pass, [&] { return setup.without(pass); });
+    compare("frame resized and painted", 9, resizing, [&] { return setup.without(resizing); });
 }
 
 void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs, int iDrawings = 0)
@@ -156,7 +146,7 @@ void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, i
         const CPoint point = setup.showTab(iTab);
         return setup.untilMenu([&] { bare.show(point); });
     };
-    compare(sName, 25, rightClick, bareMenu);
+    compare(sName, 15, rightClick, bareMenu);
 }
 
 void benchOptions(StripSetup& setup)
@@ -200,10 +190,10 @@ int main(int iCount, char** aArguments)
     }
     setup.open(1);
     if (wanted("notification"))
-        benchNotification("notification, nothing changed, 1 drawing");
+        benchNotification("notification, 1 drawing");
     setup.open(DRAWINGS - 1);
     if (wanted("notification"))
-        benchNotification("notification, nothing changed, 50 drawings");
+        benchNotification("notification, 50 drawings");
     if (wanted("layout"))
         benchLayout(setup);
     if (wanted("menu")) {

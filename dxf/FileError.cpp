@@ -24,7 +24,6 @@ std::string FileError::systemReason(unsigned long code)
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_NAME:
-    case ERROR_BAD_NETPATH:
         return "file not found";
     case ERROR_ACCESS_DENIED:
     case ERROR_WRITE_PROTECT:
@@ -32,6 +31,19 @@ std::string FileError::systemReason(unsigned long code)
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
         return "in use by another program";
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_DEV_TYPE:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_NETWORK_UNREACHABLE:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_UNEXP_NET_ERR:
+    case ERROR_REM_NOT_LIST:
+        return "the network share cannot be reached";
+    case ERROR_NOT_READY:
+        return "the drive is not ready";
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_BUFFER_OVERFLOW:
+        return "the path is longer than Windows programs can open";
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
         return "disk full";

@@ -1,18 +1,12 @@
 #include "dxf/GraphBuilder.h"
 
+#include "library/text/Ascii.h"
+
 #include <algorithm>
 
 namespace dxf {
 
 namespace {
-
-std::string upper(std::string text)
-{
-    for (char& c : text)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - ('a' - 'A'));
-    return text;
-}
 
 bool isEnd(const DxfRecord& record) { return record.type() == "ENDSEC" || record.type() == "EOF"; }
 
@@ -81,7 +75,8 @@ void GraphBuilder::readTables(const DxfRecord& section)
                 m_graph.m_blockTable.handle = toHandle(p->value(5));
         } else if (inTable && p->type() == "BLOCK_RECORD") {
             const std::string sName = m_file.encoding().decode(trimmed(p->value(2)));
-            m_table.try_emplace(upper(sName), TableEntry{toHandle(p->value(5)), toHandle(p->value(340)) != 0});
+            m_table.try_emplace(Tesk::upperAscii(sName),
+                                TableEntry{toHandle(p->value(5)), toHandle(p->value(340)) != 0});
         }
     }
 }
@@ -94,7 +89,7 @@ void GraphBuilder::readBlocks(DxfRecord& section)
             pBlock = nullptr;
         } else if (p->type() == "BLOCK") {
             const std::string sName = layoutName(m_file.encoding().decode(trimmed(p->value(2))));
-            const auto entry = m_table.find(upper(sName));
+            const auto entry = m_table.find(Tesk::upperAscii(sName));
             const bool listed = entry != m_table.end() && entry->second.handle != 0;
             pBlock = &m_graph.addBlock(sName, p, listed ? entry->second.handle : m_graph.newHandle());
             pBlock->flags = toInt(p->value(70));
@@ -123,7 +118,7 @@ void GraphBuilder::addLayouts()
     for (const char* sName : {"*Model_Space", "*Paper_Space"}) {
         BlockNode* pNode = m_graph.block(sName);
         if (pNode == nullptr) {
-            const auto entry = m_table.find(upper(sName));
+            const auto entry = m_table.find(Tesk::upperAscii(sName));
             const bool listed = entry != m_table.end() && entry->second.handle != 0;
             pNode = &m_graph.addBlock(sName, nullptr, listed ? entry->second.handle : m_graph.newHandle());
             pNode->layout = true;

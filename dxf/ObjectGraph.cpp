@@ -3,6 +3,7 @@
 #include "dxf/Drawing.h"
 #include "dxf/GraphBuilder.h"
 #include "dxf/Objects.h"
+#include "library/text/Ascii.h"
 
 #include <algorithm>
 
@@ -22,15 +23,6 @@ AcDbObject& AcDbStub::object()
 namespace dxf {
 
 namespace {
-
-std::string key(std::string_view name)
-{
-    std::string sKey(name);
-    for (char& c : sKey)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - ('a' - 'A'));
-    return sKey;
-}
 
 bool comesBefore(const InsertNode* a, const InsertNode* b)
 {
@@ -54,7 +46,7 @@ ObjectGraph::ObjectGraph(Drawing& database, DxfFile& file) : m_database(database
 
 BlockNode* ObjectGraph::block(std::string_view name) const
 {
-    const auto found = m_blocksByName.find(key(name));
+    const auto found = m_blocksByName.find(Tesk::upperAscii(name));
     return found == m_blocksByName.end() || found->second->erased ? nullptr : found->second;
 }
 
@@ -81,7 +73,7 @@ BlockNode& ObjectGraph::addBlock(const std::string& sName, DxfRecord* pRecord, u
     node.name = sName;
     m_blocks.push_back(&node);
     // An erased block gives its name free; of two with one name, the first counts.
-    BlockNode*& pEntry = m_blocksByName[key(sName)];
+    BlockNode*& pEntry = m_blocksByName[Tesk::upperAscii(sName)];
     if (pEntry == nullptr || pEntry->erased)
         pEntry = &node;
     return node;

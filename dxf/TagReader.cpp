@@ -1,5 +1,8 @@
 #include "dxf/TagReader.h"
 
+#include "library/text/Ascii.h"
+
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 
@@ -28,8 +31,6 @@ std::string_view withoutEnding(std::string_view line)
         line.remove_suffix(1);
     return line;
 }
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 template <class Number>
 Number parsed(std::string_view text)
@@ -86,12 +87,8 @@ unsigned long long toHandle(std::string_view text)
 
 bool sameName(std::string_view a, std::string_view b)
 {
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (lower(a[i]) != lower(b[i]))
-            return false;
-    return true;
+    const auto same = [](char one, char other) { return Tesk::upperAscii(one) == Tesk::upperAscii(other); };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
 }
 
 }  // namespace dxf

@@ -6,6 +6,7 @@
 #include "reactors/DocManagerReactor.h"
 #include "settings/MDITabSettings.h"
 #include "settings/TabOptions.h"
+#include "tabs/OptionsKick.h"
 
 namespace {
 
@@ -35,9 +36,11 @@ void apply(const Decision& decision)
         closeStrip();
     if (decision.bCreate)
         openStrip();
-    if (decision.bRebuild)
-        if (CDocManagerReactor* pReactor = CDocManagerReactor::getReactor())
-            pReactor->refreshDocuments();
+    CDocManagerReactor* pReactor = decision.bRebuild ? CDocManagerReactor::getReactor() : nullptr;
+    if (pReactor != nullptr) {
+        m_pWndTabs->addDrawingIcon();
+        pReactor->refreshDocuments();
+    }
     acedGetAcadFrame()->RecalcLayout(TRUE);
 }
 
@@ -45,7 +48,7 @@ void apply(const Decision& decision)
 
 void runOptionsCommand()
 {
-    if (CARXMDITabs::putOffOptions())
+    if (COptionsKick::putOff())
         return;
     Tesk::guarded("runOptionsCommand", [] {
         const CTabOptions before = CTabOptions::read();

@@ -1,4 +1,4 @@
-#include "module/TabForwarders.h"
+#include "reactors/TabForwarders.h"
 
 #include "module/ZavikMDITabs.h"
 
@@ -28,16 +28,4 @@ void tabsUpdateDocumentModified(AcApDocument* pDocument)
 {
     if (CARXMDITabs* pTabs = getTabWindow())
         pTabs->updateDocumentModified(pDocument);
-}
-
-void tabsDocumentDestroyed()
-{
-    if (CARXMDITabs* pTabs = getTabWindow())
-        pTabs->continueClosing();
-}
-
-void tabsCloseAborted()
-{
-    if (CARXMDITabs* pTabs = getTabWindow())
-        pTabs->stopClosing();
 }

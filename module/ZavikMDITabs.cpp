@@ -1,5 +1,6 @@
 #include "module/ZavikMDITabs.h"
 
+#include "additions/Additions.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
@@ -20,22 +21,6 @@ std::unique_ptr<CARXMDITabs> m_pWndTabs;
 namespace {
 
 constexpr const char* kApplicationName = "ZavikMDITabs";
-
-// A step of closing the strip, under a guard of its own: whatever stayed registered with
-// the host would be called after the module is gone.
-void closeStep(const char* sCall, bool bDue, void (*pStep)())
-{
-    if (bDue)
-        Tesk::guarded(sCall, pStep);
-}
-
-// bAll: also what is not there, which is reported then.
-void closeStrip(bool bAll)
-{
-    closeStep("CEditorReactor::detach", bAll || CEditorReactor::isAttached(), &CEditorReactor::detach);
-    closeStep("CDocManagerReactor::detach", bAll || CDocManagerReactor::isAttached(), &CDocManagerReactor::detach);
-    closeStep("destroyTabWindow", bAll || m_pWndTabs != nullptr, &destroyTabWindow);
-}
 
 }  // namespace
 
@@ -81,7 +66,8 @@ void unloadApplication()
 {
     // The strip can be up although it is switched off: the registry was changed by
     // others, or a style together with the switch. Nothing of it may outlive the module.
-    closeStrip(CTabOptions::readUse());
+    if (CTabOptions::readUse() || m_pWndTabs != nullptr)
+        closeStrip();
     CMDITabSettings::clearDefaultSettings();
     // So that the module can be loaded again in the same session.
     if (AcEdCommandStack* pStack = acedRegCmds)
@@ -98,7 +84,14 @@ void openStrip()
     CEditorReactor::attach();
 }
 
-void closeStrip() { closeStrip(true); }
+// A guard a step: whatever stayed registered with the host would be called after the
+// module is gone.
+void closeStrip()
+{
+    Tesk::guarded("CEditorReactor::detach", &CEditorReactor::detach);
+    Tesk::guarded("CDocManagerReactor::detach", &CDocManagerReactor::detach);
+    Tesk::guarded("destroyTabWindow", &destroyTabWindow);
+}
 
 void createTabWindow()
 {
@@ -117,6 +110,7 @@ void createTabWindow()
         m_pWndTabs->DestroyWindow();
     m_pWndTabs = std::make_unique<CARXMDITabs>();
     m_pWndTabs->Create(pMainFrame, dwStyle);
+    m_pWndTabs->setAdditions(createAdditions(*m_pWndTabs));
 }
 
 void destroyTabWindow()

@@ -1,41 +1,46 @@
-"""What a release consists of beside the installer: archives with fixed times and orders."""
-import gzip
+"""What the packages hold, and the archives, with fixed times and orders."""
 import hashlib
-import pathlib
 import re
 import shutil
 import subprocess
 import time
 import zipfile
 
-HERE = pathlib.Path(__file__).resolve().parent
+import notice
+
 STYLE = ("body{font:15px/1.45 Tahoma,Verdana,sans-serif;max-width:52em;margin:1.5em auto;padding:0 1em;color:#222}"
          "table{border-collapse:collapse}td,th{border:1px solid #bbb;padding:.2em .6em;text-align:left}"
          "pre,code{font-family:Consolas,'Courier New',monospace;background:#f2f2f2}pre{padding:.6em}")
+# One of these goes along with each package, as README.txt.
+FOR_AUTOCAD, TO_TRY = "README.txt", "README-try.txt"
 
 
-def copy_text(source, target):
+def write_text(target, text):
     """With the line ends of Windows."""
     target.parent.mkdir(parents=True, exist_ok=True)
-    target.write_bytes(source.read_bytes().replace(b"\r\n", b"\n").replace(b"\n", b"\r\n"))
+    target.write_bytes(text.replace(b"\r\n", b"\n").replace(b"\n", b"\r\n"))
 
 
-def stage(module, source, folder):
-    """Lays out what is installed: the module and support/ of the source tree, in a new folder."""
-    if folder.exists():
-        shutil.rmtree(folder)
-    folder.mkdir(parents=True)
-    shutil.copyfile(module, folder / "ZavikMDITabs.arx")
-    for path in sorted((source / "support").iterdir()):
-        copy_text(path, folder / "support" / path.name)
+def copy(source, target):
+    target.parent.mkdir(parents=True, exist_ok=True)
+    shutil.copyfile(source, target)
 
 
-def write_guides(source, folder):
+def write_texts(source, version, readme, folder):
+    """What every package has for reading."""
+    text = (source / "package" / readme).read_text("utf-8").replace("<version>", version)
+    write_text(folder / "README.txt", text.encode())
+    write_text(folder / "CHANGELOG.txt", (source / "CHANGELOG.md").read_bytes())
+    write_text(folder / "NOTICE.txt", notice.make().encode())
+    write_guides(source, version, folder / "guides")
+
+
+def write_guides(source, version, folder):
     """docs/ for those who use the module, as HTML; every link leads somewhere in the folder."""
     names = ("user-guide", "cad-manager")
-    shutil.copytree(source / "docs/pictures", folder / "pictures", dirs_exist_ok=True)
+    shutil.copytree(source / "docs/pictures", folder / "pictures", copy_function=shutil.copyfile)
     for name in names:
-        text = (source / f"docs/{name}.md").read_text("utf-8")
+        text = (source / f"docs/{name}.md").read_text("utf-8").replace("<version>", version)
         text = re.sub(r"\]\(([\w-]+)\.md", r"](\1.html", text)
         body = subprocess.run(["cmark-gfm", "-e", "table", "-e", "autolink"], input=text, check=True,
                               stdout=subprocess.PIPE, encoding="utf-8").stdout
@@ -49,6 +54,35 @@ def write_guides(source, folder):
                 raise ValueError(f"the link to {link} in {name}.md leads out of the archive")
 
 
+def lay_out_module(module, checker, source, folder):
+    """The module's own folder: what it reads, and what checks that."""
+    copy(module, folder / "ZavikMDITabs.arx")
+    copy(checker, folder / "tabscheck.exe")
+    for path in sorted((source / "support").iterdir()):
+        write_text(folder / "support" / path.name, path.read_bytes())
+
+
+def lay_out_for_autocad(module, checker, source, version, folder):
+    """What is installed, and what the archive for those who may not install holds: the same."""
+    shutil.rmtree(folder, ignore_errors=True)
+    lay_out_module(module, checker, source, folder)
+    # Beside the texts that an office edits, so that it sees what it edited and what came.
+    shutil.copytree(folder / "support", folder / "support/original", copy_function=shutil.copyfile)
+    write_texts(source, version, FOR_AUTOCAD, folder)
+
+
+def lay_out_to_try(programs, source, version, folder):
+    """The stand-in host with the module and the samples, as an office has them."""
+    shutil.rmtree(folder, ignore_errors=True)
+    for name in ("cadhost.exe", "cadmfc.dll"):
+        copy(programs / name, folder / "host" / name)
+    lay_out_module(programs / "ZavikMDITabs.arx", programs / "tabscheck.exe", source, folder / "install/ZavikMDITabs")
+    for name, target in (("DomainSettings", "install/DomainSettings"), ("Projects", "Projects"), ("Sketches", "Sketches")):
+        shutil.copytree(source / "samples" / name, folder / target, copy_function=shutil.copyfile)
+    write_text(folder / "try.cmd", (source / "package/try.cmd").read_bytes())
+    write_texts(source, version, TO_TRY, folder)
+
+
 def write_zip(target, folder, inside, seconds):
     """Packs the folder, under the name inside, every file with that time."""
     with zipfile.ZipFile(target, "w") as archive:
@@ -59,16 +93,9 @@ def write_zip(target, folder, inside, seconds):
             archive.writestr(entry, path.read_bytes(), compresslevel=9)
 
 
-def write_source(target, repository, commit, inside, seconds):
-    """The commit's files."""
-    tar = subprocess.run(["git", "-C", repository, "archive", "--format=tar", f"--prefix={inside}/", commit],
-                         check=True, stdout=subprocess.PIPE).stdout
-    with open(target, "wb") as file, gzip.GzipFile("", "wb", 9, file, seconds) as packed:
-        packed.write(tar)
-
-
-def write_sums(folder):
-    """SHA256SUMS, as sha256sum -c reads it."""
-    lines = [f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {path.name}\n"
-             for path in sorted(folder.iterdir()) if path.name != "SHA256SUMS"]
+def write_sums(folder, head=()):
+    """SHA256SUMS, as sha256sum -c reads it; it passes over the head."""
+    lines = [f"# {line}\n" for line in head]
+    lines += [f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {path.name}\n"
+              for path in sorted(folder.iterdir()) if path.name != "SHA256SUMS"]
     (folder / "SHA256SUMS").write_text("".join(lines), "ascii")

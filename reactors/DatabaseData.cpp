@@ -3,8 +3,8 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ObjectPointer.h"
 #include "library/drawing/WorkingDatabase.h"
+#include "objectarx/acdocman.h"
 #include "objectarx/dbsymtb.h"
-#include "reactors/OpenDocuments.h"
 
 #include <memory>
 #include <stdexcept>
@@ -50,7 +50,7 @@ CDatabaseData::CDatabaseData(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
 
 void CDatabaseData::read()
 {
-    m_pDocument = documentOf(m_pDatabase);
+    m_pDocument = acDocManager->document(m_pDatabase);
     if (m_pDocument == nullptr)
         throw std::invalid_argument("no document owns the drawing");
     m_vecXrefPaths = getXrefPaths();

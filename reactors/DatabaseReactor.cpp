@@ -3,7 +3,6 @@
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "reactors/DocManagerReactor.h"
-#include "reactors/OpenDocuments.h"
 
 CDatabaseReactor::~CDatabaseReactor() = default;
 
@@ -29,7 +28,7 @@ void CDatabaseReactor::headerSysVarChanged(const AcDbDatabase* pDatabase, const 
 void CDatabaseReactor::checkModified(const AcDbDatabase* pDatabase)
 {
     Tesk::guarded("CDatabaseReactor::checkModified", [&] {
-        AcApDocument* pDocument = documentOf(pDatabase);
+        AcApDocument* pDocument = acDocManager->document(pDatabase);
         TESK_ASSERT(pDocument != NULL);
         CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
         if (pDocument == nullptr || pReactor == nullptr)

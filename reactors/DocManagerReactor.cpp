@@ -4,12 +4,11 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
 #include "library/drawing/WorkingDatabase.h"
-#include "module/TabForwarders.h"
-#include "reactors/EditorReactor.h"
 #include "reactors/OpenDocuments.h"
+#include "reactors/TabForwarders.h"
 
+#include <memory>
 #include <stdexcept>
-#include <utility>
 
 CDocManagerReactor* CDocManagerReactor::m_pReactor = nullptr;
 
@@ -32,8 +31,12 @@ void CDocManagerReactor::detach()
     TESK_ASSERT(m_pReactor != NULL);
     if (m_pReactor == nullptr)
         return;
-    m_pReactor->removeDocuments();
-    acDocManager->removeReactor(m_pReactor);
+    constexpr const char* sCall = "CDocManagerReactor::detach";
+    Tesk::guarded(sCall, [] { m_pReactor->removeDocuments(); });
+    // What the walk did not reach.
+    while (!m_pReactor->m_mapDatabaseReactors.empty())
+        m_pReactor->documentToBeDestroyed(m_pReactor->m_mapDatabaseReactors.begin()->first);
+    Tesk::guarded(sCall, [] { acDocManager->removeReactor(m_pReactor); });
     delete m_pReactor;
     m_pReactor = nullptr;
 }
@@ -80,12 +83,11 @@ void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
     TESK_TRACE("CDocManagerReactor::addDatabaseReactor(\"%s\")\n", pDocument->fileName());
     TESK_ASSERT(m_mapDatabaseReactors.find(pDocument) == m_mapDatabaseReactors.end());
     // A listener that is there already stays: it is still registered with the drawing.
-    const auto [iter, bNew] = m_mapDatabaseReactors.try_emplace(pDocument);
-    if (!bNew)
+    if (m_mapDatabaseReactors.find(pDocument) != m_mapDatabaseReactors.end())
         return;
-    iter->second.pReactor = std::make_unique<CDatabaseReactor>();
-    iter->second.sFileName = pDocument->fileName();
-    iter->second.listenTo(pDocument->database());
+    auto pReactor = std::make_unique<CDatabaseReactor>();
+    m_mapDatabaseReactors.emplace(pDocument, pReactor.get());
+    pDocument->database()->addReactor(pReactor.release());
 }
 
 void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
@@ -95,46 +97,10 @@ void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
     TESK_ASSERT(iter != m_mapDatabaseReactors.end());
     if (iter == m_mapDatabaseReactors.end())
         return;
-    TESK_ASSERT_TEXT(iter->second.pReactor != NULL, "pReactor != NULL");
-    iter->second.listenTo(nullptr);
+    const std::unique_ptr<CDatabaseReactor> pReactor(iter->second);
+    TESK_ASSERT(pReactor != NULL);
     m_mapDatabaseReactors.erase(iter);
-}
-
-void CDocManagerReactor::Listener::listenTo(AcDbDatabase* pNew)
-{
-    if (AcDbDatabase* pOld = std::exchange(pDatabase, nullptr))
-        pOld->removeReactor(pReactor.get());
-    if (pNew != nullptr && pReactor != nullptr && pNew->addReactor(pReactor.get()) == Acad::eOk)
-        pDatabase = pNew;
-}
-
-bool CDocManagerReactor::followDatabase(AcApDocument* pDocument)
-{
-    const auto iter = m_mapDatabaseReactors.find(pDocument);
-    if (iter == m_mapDatabaseReactors.end() || iter->second.pDatabase == pDocument->database())
-        return false;
-    iter->second.listenTo(pDocument->database());
-    updateDatabaseModifiedFlag(pDocument);
-    return true;
-}
-
-void CDocManagerReactor::forgetDatabase(const AcDbDatabase* pDatabase)
-{
-    for (auto& entry : m_mapDatabaseReactors)
-        if (entry.second.pDatabase == pDatabase)
-            entry.second.listenTo(nullptr);
-}
-
-void CDocManagerReactor::lookAgain(AcApDocument* pDocument)
-{
-    const auto iter = m_mapDatabaseReactors.find(pDocument);
-    if (iter == m_mapDatabaseReactors.end() || followDatabase(pDocument))
-        return;
-    const bool bRenamed = iter->second.sFileName.Compare(pDocument->fileName()) != 0;
-    if (bRenamed && CEditorReactor::isAttached())
-        CEditorReactor::getReactor()->forget(pDocument->database());
-    if (bRenamed || wasDatabaseModified(pDocument) != isDatabaseModified(pDocument))
-        updateDatabaseModifiedFlag(pDocument);
+    pDocument->database()->removeReactor(pReactor.get());
 }
 
 bool CDocManagerReactor::wasDatabaseModified(AcApDocument* pDocument)
@@ -154,9 +120,6 @@ void CDocManagerReactor::updateDatabaseModifiedFlag(AcApDocument* pDocument)
         return;
     m_mapDatabaseModified.insert_or_assign(pDocument, isDatabaseModified(pDocument));
     tabsUpdateDocumentModified(pDocument);
-    const auto iter = m_mapDatabaseReactors.find(pDocument);
-    if (iter != m_mapDatabaseReactors.end())
-        iter->second.sFileName = pDocument->fileName();
 }
 
 void CDocManagerReactor::removeDatabaseModifiedFlag(AcApDocument* pDocument)
@@ -189,16 +152,10 @@ void CDocManagerReactor::documentToBeDestroyed(AcApDocument* pDocument)
     Tesk::guarded(sCall, [&] { removeDatabaseReactor(pDocument); });
 }
 
-void CDocManagerReactor::documentDestroyed(const char*)
-{
-    Tesk::guarded("CDocManagerReactor::documentDestroyed", &tabsDocumentDestroyed);
-}
-
 void CDocManagerReactor::documentActivated(AcApDocument* pDocument)
 {
     Tesk::guarded("CDocManagerReactor::documentActivated", [&] {
         TESK_TRACE("CDocManagerReactor::documentActivated(\"%s\")\n", pDocument->fileName());
         tabsActivateDocument(pDocument);
-        lookAgain(pDocument);
     });
 }

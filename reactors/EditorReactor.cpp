@@ -2,7 +2,6 @@
 
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
-#include "module/TabForwarders.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/OpenDocuments.h"
 
@@ -37,8 +36,9 @@ void CEditorReactor::detach()
     TESK_ASSERT(m_pReactor != NULL);
     if (m_pReactor == nullptr)
         return;
-    m_pReactor->removeDocuments();
-    acedEditor->removeReactor(m_pReactor);
+    constexpr const char* sCall = "CEditorReactor::detach";
+    Tesk::guarded(sCall, [] { m_pReactor->removeDocuments(); });
+    Tesk::guarded(sCall, [] { acedEditor->removeReactor(m_pReactor); });
     delete m_pReactor;
     m_pReactor = nullptr;
 }
@@ -63,7 +63,10 @@ void CEditorReactor::addDocuments()
 void CEditorReactor::removeDocuments()
 {
     TESK_TRACE("CEditorReactor::removeDocuments()\n");
-    forEachDocument([this](AcApDocument* pDocument) { m_mapDatabaseData.erase(pDocument->database()); });
+    forEachDocument([this](AcApDocument* pDocument) {
+        if (AcDbDatabase* pDwg = pDocument->database())
+            m_mapDatabaseData.erase(pDwg);
+    });
 }
 
 CDatabaseData& CEditorReactor::getDatabaseData(AcApDocument* pDocument)
@@ -83,7 +86,7 @@ void CEditorReactor::dwgFileOpened(AcDbDatabase* pDwg, char* fileName)
 {
     Tesk::guarded("CEditorReactor::dwgFileOpened", [&] {
         TESK_TRACE("CEditorReactor::dwgFileOpened(\"%s\")\n", fileName);
-        drawingRead(pDwg);
+        refreshOfDocument(pDwg);
     });
 }
 
@@ -91,25 +94,22 @@ void CEditorReactor::dxfInComplete(AcDbDatabase* pDwg)
 {
     Tesk::guarded("CEditorReactor::dxfInComplete", [&] {
         TESK_TRACE("CEditorReactor::dxfInComplete()\n");
-        drawingRead(pDwg);
+        refreshOfDocument(pDwg);
     });
 }
 
-void CEditorReactor::drawingRead(AcDbDatabase* pDwg)
+// What is read for other purposes is not kept.
+void CEditorReactor::refreshOfDocument(AcDbDatabase* pDwg)
 {
-    AcApDocument* pDocument = documentOf(pDwg);
-    if (pDocument == nullptr)
-        return;
-    refresh(pDwg);
-    CDocManagerReactor::getReactor()->followDatabase(pDocument);
+    if (acDocManager->document(pDwg) != nullptr)
+        refresh(pDwg);
 }
 
 void CEditorReactor::databaseToBeDestroyed(AcDbDatabase* pDwg)
 {
     Tesk::guarded("CEditorReactor::databaseToBeDestroyed", [&] {
         TESK_TRACE("CEditorReactor::databaseToBeDestroyed(...)\n");
-        forget(pDwg);
-        CDocManagerReactor::getReactor()->forgetDatabase(pDwg);
+        m_mapDatabaseData.erase(pDwg);
     });
 }
 
@@ -117,18 +117,10 @@ void CEditorReactor::saveComplete(AcDbDatabase* pDwg, const char* pActualName)
 {
     Tesk::guarded("CEditorReactor::saveComplete", [&] {
         TESK_TRACE("CEditorReactor::saveComplete(\"%s\")\n", pActualName);
-        AcApDocument* pDocument = documentOf(pDwg);
+        AcApDocument* pDocument = acDocManager->document(pDwg);
         if (pDocument == nullptr)
             return;
         refresh(pDwg);
         CDocManagerReactor::getReactor()->updateDatabaseModifiedFlag(pDocument);
-    });
-}
-
-void CEditorReactor::docCloseAborted(AcDbDatabase*)
-{
-    Tesk::guarded("CEditorReactor::docCloseAborted", [] {
-        TESK_TRACE("CEditorReactor::docCloseAborted(...)\n");
-        tabsCloseAborted();
     });
 }

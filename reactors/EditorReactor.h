@@ -14,11 +14,10 @@ class CEditorReactor : public AcEditorReactor {
 public:
     // Creates and registers the one instance, and reads the open drawings.
     static void attach();
-    // Forgets all drawings, unregisters and deletes the instance.
+    // Forgets all drawings, unregisters and deletes the instance, whatever fails.
     static void detach();
     // The one instance; null, after an assertion, when detached.
     static CEditorReactor* getReactor();
-    static bool isAttached() { return m_pReactor != nullptr; }
 
     ~CEditorReactor() override;
 
@@ -30,19 +29,15 @@ public:
     // The drawing's data, read now unless it is at hand. Good until the drawing is
     // saved, imported into or closed. What is raised while reading goes to the caller.
     CDatabaseData& getDatabaseData(AcApDocument* pDocument);
-    // The next request reads the drawing anew.
-    void forget(AcDbDatabase* pDwg) { m_mapDatabaseData.erase(pDwg); }
 
     // Nothing is raised to the host; a drawing that cannot be read keeps the data it had.
     void dwgFileOpened(AcDbDatabase* pDwg, char* fileName) override;
     void databaseToBeDestroyed(AcDbDatabase* pDwg) override;
     void saveComplete(AcDbDatabase* pDwg, const char* pActualName) override;
     void dxfInComplete(AcDbDatabase* pDwg) override;
-    void docCloseAborted(AcDbDatabase* pDwg) override;
 
 private:
-    // The drawing's contents are new, and in a replaced database the document's too.
-    void drawingRead(AcDbDatabase* pDwg);
+    void refreshOfDocument(AcDbDatabase* pDwg);
     CDatabaseData& refresh(AcDbDatabase* pDwg);
 
     static CEditorReactor* m_pReactor;

@@ -1,6 +1,6 @@
 #pragma once
 
-// The host's open documents, as both reactors look at them.
+// The host's open documents.
 
 #include "objectarx/acdocman.h"
 
@@ -16,10 +16,10 @@ void forEachDocument(Call call)
             call(pDocument);
 }
 
-// The document whose drawing this very database is. Null for a drawing that was read for
-// other purposes, whichever document the host names for it.
-inline AcApDocument* documentOf(const AcDbDatabase* pDatabase)
+// By the pointer alone, for a document that may be gone.
+inline bool isOpen(const AcApDocument* pDocument)
 {
-    AcApDocument* pDocument = acDocManager->document(pDatabase);
-    return pDocument != nullptr && pDocument->database() == pDatabase ? pDocument : nullptr;
+    bool bOpen = false;
+    forEachDocument([&](const AcApDocument* pOpen) { bOpen |= pOpen == pDocument; });
+    return bOpen;
 }

@@ -54,29 +54,6 @@ CString CMDITabSettings::getXrefsReadOnlyText(const char* sFilename)
     return getDefaultSettings(sFilename)->getXrefsReadOnlyText();
 }
 
-CString CMDITabSettings::getPopupCloseOthersText(const char* sFilename)
-{
-    return getText(sFilename, "PopupCloseOthersText");
-}
-CString CMDITabSettings::getPopupCloseSavedText(const char* sFilename)
-{
-    return getText(sFilename, "PopupCloseSavedText");
-}
-CString CMDITabSettings::getPopupCopyPathText(const char* sFilename) { return getText(sFilename, "PopupCopyPathText"); }
-CString CMDITabSettings::getPopupOpenFolderText(const char* sFilename)
-{
-    return getText(sFilename, "PopupOpenFolderText");
-}
-CString CMDITabSettings::getPopupDrawingsText(const char* sFilename) { return getText(sFilename, "PopupDrawingsText"); }
-CString CMDITabSettings::getPopupHelpText(const char* sFilename) { return getText(sFilename, "PopupHelpText"); }
-CString CMDITabSettings::getHelpAddress(const char* sFilename) { return getText(sFilename, "HelpAddress"); }
-CString CMDITabSettings::getSupportAddress(const char* sFilename) { return getText(sFilename, "SupportAddress"); }
-
-CString CMDITabSettings::getSameNameText(const char* sFilename)
-{
-    return getDefaultSettings(sFilename)->getSameNameText();
-}
-
 void CMDITabSettings::clearDefaultSettings() { m_mapDefaultSettings.clear(); }
 
 void CMDITabSettings::assertNoDefaultSettings() { TESK_ASSERT(m_mapDefaultSettings.empty()); }

@@ -31,8 +31,6 @@ public:
     static bool setUseIcons(bool bUse);
     static bool getUse(bool& bUse);
     static bool setUse(bool bUse);
-    // Not in the dialog.
-    static bool getMiddleClickCloses(bool& bCloses);
 
     // ---- texts
     // For the drawing of that full path; empty stands for the current document. Empty
@@ -46,17 +44,6 @@ public:
     static CString getTooltipTitle(const char* sFilename);
     static CString getModifiedText(const char* sFilename);
     static CString getXrefsReadOnlyText(const char* sFilename);
-
-    // What is not there unless a file defines it.
-    static CString getPopupCloseOthersText(const char* sFilename);
-    static CString getPopupCloseSavedText(const char* sFilename);
-    static CString getPopupCopyPathText(const char* sFilename);
-    static CString getPopupOpenFolderText(const char* sFilename);
-    static CString getPopupDrawingsText(const char* sFilename);
-    static CString getPopupHelpText(const char* sFilename);
-    static CString getHelpAddress(const char* sFilename);
-    static CString getSupportAddress(const char* sFilename);
-    static CString getSameNameText(const char* sFilename);
 
     // ---- the texts' cache, one entry a file name
     // Loads at the first request, and again after a damaged file of the set has changed.

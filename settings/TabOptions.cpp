@@ -6,21 +6,16 @@
 
 namespace {
 
-CString registryKey()
-{
-    return "Software\\" + Tesk::CVersionBlock::getCompanyName() + "\\" + Tesk::CVersionBlock::getInternalName();
-}
-
 template <class T>
 bool readOption(const char* sName, T& value)
 {
-    return Tesk::Registry::GetValue(HKEY_CURRENT_USER, registryKey(), sName, value);
+    return Tesk::Registry::GetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), sName, value);
 }
 
 template <class T>
 bool writeOption(const char* sName, T value)
 {
-    return Tesk::Registry::SetValue(HKEY_CURRENT_USER, registryKey(), sName, value);
+    return Tesk::Registry::SetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), sName, value);
 }
 
 bool readFlag(bool (*pGetter)(bool&), bool bDefault)
@@ -30,6 +25,11 @@ bool readFlag(bool (*pGetter)(bool&), bool bDefault)
 }
 
 }  // namespace
+
+CString CTabOptions::getKey()
+{
+    return "Software\\" + Tesk::CVersionBlock::getCompanyName() + "\\" + Tesk::CVersionBlock::getInternalName();
+}
 
 bool CMDITabSettings::getTabLocation(DWORD& dwLocation) { return readOption("TabLocation", dwLocation); }
 bool CMDITabSettings::setTabLocation(DWORD dwLocation) { return writeOption("TabLocation", dwLocation); }
@@ -43,11 +43,9 @@ bool CMDITabSettings::getUseIcons(bool& bUse) { return readOption("UseIcons", bU
 bool CMDITabSettings::setUseIcons(bool bUse) { return writeOption("UseIcons", bUse); }
 bool CMDITabSettings::getUse(bool& bUse) { return readOption("Use", bUse); }
 bool CMDITabSettings::setUse(bool bUse) { return writeOption("Use", bUse); }
-bool CMDITabSettings::getMiddleClickCloses(bool& bCloses) { return readOption("MiddleClickCloses", bCloses); }
 
 bool CTabOptions::readExtensions() { return readFlag(&CMDITabSettings::getUseExtensions, CTabOptions().bExtensions); }
 bool CTabOptions::readIcons() { return readFlag(&CMDITabSettings::getUseIcons, CTabOptions().bIcons); }
-bool CTabOptions::readMiddleClickCloses() { return readFlag(&CMDITabSettings::getMiddleClickCloses, false); }
 bool CTabOptions::readUse() { return readFlag(&CMDITabSettings::getUse, CTabOptions().bUse); }
 
 CTabOptions CTabOptions::read()

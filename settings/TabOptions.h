@@ -2,6 +2,8 @@
 
 // The user's six options and, here alone, their defaults.
 
+#include "mfc/afx.h"
+
 #include <windows.h>
 
 struct CTabOptions {
@@ -18,6 +20,6 @@ struct CTabOptions {
     static bool readExtensions();
     static bool readIcons();
     static bool readUse();
-    // Not one of the six: off unless the registry says otherwise.
-    static bool readMiddleClickCloses();
+    // Where they are kept, of the current user.
+    static CString getKey();
 };

@@ -42,12 +42,7 @@ std::unique_ptr<CTabsDefaultSettings> CTabsDefaultSettings::createReadable(const
 {
     std::unique_ptr<CTabsDefaultSettings> pNew(new CTabsDefaultSettings);
     pNew->m_vecFiles.assign(*sFilename != '\0' ? 1 : 0, sFilename);
-    try {
-        pNew->load(pNew->m_vecFiles);
-    } catch (CException* pException) {
-        pException->Delete();
-        pNew->loadReadable(pNew->m_vecFiles);
-    }
+    pNew->loadReadable(pNew->m_vecFiles);
     return pNew;
 }
 
@@ -58,12 +53,13 @@ void CTabsDefaultSettings::loadReadable(const std::vector<CString>& sFiles)
     m_pLocator->findFiles(vecCopies, sFiles, kSettingsFile, getSupportSubfolderName());
     std::vector<CString> vecReadable;
     for (const CString& sCopy : vecCopies) {
-        m_vecCopies.push_back({sCopy, stateOf(sCopy)});
+        m_vecCopies.push_back({sCopy, CString(), stateOf(sCopy)});
         try {
             Tesk::CDefaultSettings({sCopy}, false);
             vecReadable.push_back(sCopy);
         } catch (CException* pException) {
             const CString sError = Tesk::takeExceptionText(pException);
+            m_vecCopies.back().sReason = sError;
             TESK_TRACE("CTabsDefaultSettings: \"%s\" is left out: %s\n", sCopy.GetString(), sError.GetString());
         }
     }
@@ -72,11 +68,13 @@ void CTabsDefaultSettings::loadReadable(const std::vector<CString>& sFiles)
 
 bool CTabsDefaultSettings::isRepaired() const
 {
-    return std::any_of(m_vecCopies.begin(), m_vecCopies.end(), [](const Copy& copy) {
-        const WIN32_FILE_ATTRIBUTE_DATA now = stateOf(copy.sPath);
-        return ::CompareFileTime(&now.ftLastWriteTime, &copy.state.ftLastWriteTime) != 0 ||
-               now.nFileSizeLow != copy.state.nFileSizeLow;
-    });
+    const auto isLeftOut = [](const Copy& copy) { return !copy.sReason.IsEmpty(); };
+    return std::any_of(m_vecCopies.begin(), m_vecCopies.end(), isLeftOut) &&
+           std::any_of(m_vecCopies.begin(), m_vecCopies.end(), [](const Copy& copy) {
+               const WIN32_FILE_ATTRIBUTE_DATA now = stateOf(copy.sPath);
+               return ::CompareFileTime(&now.ftLastWriteTime, &copy.state.ftLastWriteTime) != 0 ||
+                      now.nFileSizeLow != copy.state.nFileSizeLow;
+           });
 }
 
 CTabsDefaultSettings::~CTabsDefaultSettings() = default;
@@ -126,5 +124,3 @@ CString CTabsDefaultSettings::getValue(const char* sKey)
 CString CTabsDefaultSettings::getModifiedText() { return withoutQuotes(getValue("ModifiedText")); }
 
 CString CTabsDefaultSettings::getXrefsReadOnlyText() { return withoutQuotes(getValue("XrefsReadOnlyText")); }
-
-CString CTabsDefaultSettings::getSameNameText() { return withoutQuotes(getValue("SameNameText")); }

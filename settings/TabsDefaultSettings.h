@@ -32,18 +32,20 @@ public:
     // The markers, without the quotes and apostrophes at their ends.
     CString getModifiedText();
     CString getXrefsReadOnlyText();
-    CString getSameNameText();
 
     // A copy had to be left out, and one of the set has been changed or removed since.
     bool isRepaired() const;
 
-private:
-    // A copy and how it was when it was read.
+    // A copy, why it was left out (empty when it was not), and how it was before.
     struct Copy {
         CString sPath;
+        CString sReason;
         WIN32_FILE_ATTRIBUTE_DATA state;
     };
+    // From the most general to the most specific; none unless made by createReadable.
+    const std::vector<Copy>& getCopies() const { return m_vecCopies; }
 
+private:
     CTabsDefaultSettings() : CDefaultSettingsManager("", nullptr) {}
     void load(const std::vector<CString>& sFiles);
     void loadReadable(const std::vector<CString>& sFiles);
@@ -51,5 +53,5 @@ private:
     bool isCurrent(const std::vector<CString>& sNewFiles) const;
 
     std::unique_ptr<Tesk::CDefaultSettings> m_pSettings;
-    std::vector<Copy> m_vecCopies;  // the whole set, when a copy was left out
+    std::vector<Copy> m_vecCopies;
 };

@@ -3,7 +3,6 @@
 /* Identifiers of the module's resources; read by the resource compiler too. */
 
 #define IDD_OPTIONS 1000
-#define IDD_HELP 1001
 
 #define IDC_POSITION_TOP 1000
 #define IDC_POSITION_BOTTOM 1001
@@ -14,7 +13,3 @@
 #define IDC_SHOW_TOOLTIPS 1006
 #define IDC_DISCREET 1007
 #define IDC_DEBUG 1008
-
-#define IDC_HELP_TEXT 1010
-#define IDC_HELP_LINK 1011
-#define IDC_MAIL_LOG 1012

@@ -1,8 +1,6 @@
 #include "tabs/ARXMDITabs.h"
 
-#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
-#include "library/expansion/KeywordExpansion.h"
 #include "library/files/PathParts.h"
 #include "library/text/StringView.h"
 #include "objectarx/acdocman.h"
@@ -21,8 +19,6 @@ BEGIN_MESSAGE_MAP(CARXMDITabs, CMDITabsEx)
     ON_WM_MOUSEMOVE()
     ON_WM_CONTEXTMENU()
     ON_WM_INITMENUPOPUP()
-    ON_MESSAGE(WM_MBUTTONDOWN, &ThisClass::OnMiddleButtonDown)
-    ON_MESSAGE(WM_MBUTTONUP, &ThisClass::OnMiddleButtonUp)
 END_MESSAGE_MAP()
 
 namespace {
@@ -34,15 +30,8 @@ const std::vector<CString> kNoXrefs;
 // As the user wants it.
 CString shownName(const AcApDocument* pDocument)
 {
-    const Tesk::PathParts parts(pDocument->fileName());
-    return Tesk::toCString(CTabOptions::readExtensions() ? parts.fileName() : parts.sBase);
-}
-
-// What the path and the dates can tell; nothing of the drawing has to be read for it.
-CString sameNameText(const char* sFilename)
-{
-    const CString sTemplate = CMDITabSettings::getSameNameText(sFilename);
-    return sTemplate.IsEmpty() ? CString() : Tesk::CKeywordExpansion(sFilename, 1, 1).expandString(sTemplate);
+    const Tesk::CPathParts parts(pDocument->fileName());
+    return Tesk::toCString(CTabOptions::readExtensions() ? parts.fileName() : parts.m_sBase);
 }
 
 }  // namespace
@@ -69,13 +58,14 @@ void CARXMDITabs::addDocument(AcApDocument* pDocument)
     if (isDocumentPresent(pDocument))
         return;
 
-    CString sText = renameTab(pDocument);
+    CString sText = buildTabText(pDocument);
     TCITEMA tabItem = {};
     tabItem.mask = TCIF_TEXT | TCIF_PARAM | (CTabOptions::readIcons() ? static_cast<UINT>(TCIF_IMAGE) : 0U);
     tabItem.pszText = sText.GetBuffer(sText.GetLength());
     tabItem.iImage = 0;
     tabItem.lParam = reinterpret_cast<LPARAM>(pDocument);
     InsertItem(GetItemCount(), &tabItem);
+    askAdditions([](CTabAdditions& additions) { additions.tabChanged(); });
 }
 
 void CARXMDITabs::removeDocument(AcApDocument* pDocument)
@@ -86,7 +76,17 @@ void CARXMDITabs::removeDocument(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem != -1)
         TESK_VERIFY(DeleteItem(iItem));
-    updateSameNameTexts(m_sameNames.remove(pDocument));
+    if (m_sToolTipDocument.Compare(pDocument->fileName()) == 0)
+        hideToolTip();
+    askAdditions([=](CTabAdditions& additions) { additions.tabRemoved(pDocument); });
+}
+
+// The balloon would go on naming a drawing that is closed under the mouse.
+void CARXMDITabs::hideToolTip()
+{
+    m_sToolTipDocument.Empty();
+    if (m_pToolTip != nullptr && m_pToolTip->m_hWnd != nullptr)
+        m_pToolTip->SendMessage(TTM_POP);
 }
 
 void CARXMDITabs::activateDocument(AcApDocument* pDocument)
@@ -114,11 +114,6 @@ int CARXMDITabs::findDocument(AcApDocument* pDocument)
     if (!checkDocument(pDocument))
         return -1;
     TESK_TRACE("CARXMDITabs::findDocument(\"%s\")\n", pDocument->fileName());
-    return findTab(pDocument);
-}
-
-int CARXMDITabs::findTab(const AcApDocument* pDocument)
-{
     const int iCount = GetItemCount();
     for (int iItem = 0; iItem < iCount; ++iItem)
         if (getDocument(iItem) == pDocument)
@@ -154,28 +149,16 @@ AcApDocument* CARXMDITabs::getDocument(const CPoint point)
 
 CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
 {
-    return checkDocument(pDocument) ? buildTabText(pDocument, shownName(pDocument)) : CString();
-}
-
-CString CARXMDITabs::buildTabText(AcApDocument* pDocument, CString sName)
-{
+    if (!checkDocument(pDocument))
+        return CString();
     TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", pDocument->fileName());
-    const char* sFilename = pDocument->fileName();
-    if (m_sameNames.isShared(pDocument))
-        sName += sameNameText(sFilename);
+    CString sText = shownName(pDocument);
+    askAdditions([&](CTabAdditions& additions) { sText += additions.getSuffix(pDocument, sText); });
     // Without the reactor the state is not known and no marker is shown.
     CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
     if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
-        sName += CMDITabSettings::getModifiedText(sFilename);
-    return sName;
-}
-
-// The name is looked up once, for it takes a read of the registry.
-CString CARXMDITabs::renameTab(AcApDocument* pDocument)
-{
-    const CString sName = shownName(pDocument);
-    updateSameNameTexts(m_sameNames.rename(pDocument, sName));
-    return buildTabText(pDocument, sName);
+        sText += CMDITabSettings::getModifiedText(pDocument->fileName());
+    return sText;
 }
 
 CString CARXMDITabs::buildTooltip(AcApDocument* pDocument)
@@ -208,11 +191,12 @@ void CARXMDITabs::updateTabText(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem == -1)
         return;
-    CString sText = renameTab(pDocument);
+    CString sText = buildTabText(pDocument);
     TCITEMA tabItem = {};
     tabItem.mask = TCIF_TEXT;
     tabItem.pszText = sText.GetBuffer(sText.GetLength());
     TESK_VERIFY(SetItem(iItem, &tabItem));
+    askAdditions([](CTabAdditions& additions) { additions.tabChanged(); });
 }
 
 void CARXMDITabs::updateTooltip(AcApDocument* pDocument)
@@ -245,6 +229,14 @@ const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
     TESK_TRACE("CARXMDITabs::getXrefs(\"%s\")\n", pDocument->fileName());
     CEditorReactor* pReactor = CEditorReactor::getReactor();
     return pReactor != nullptr ? pReactor->getDatabaseData(pDocument).xrefPaths() : kNoXrefs;
+}
+
+LRESULT CARXMDITabs::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    bool bHandled = false;
+    if ((message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CAPTURECHANGED)
+        askAdditions([&](CTabAdditions& additions) { bHandled = additions.handleMouse(message, CPoint(lParam)); });
+    return bHandled ? 0 : CMDITabsEx::WindowProc(message, wParam, lParam);
 }
 
 void CARXMDITabs::OnSelChanging(NMHDR*, LRESULT* pResult)

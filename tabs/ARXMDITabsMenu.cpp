@@ -1,8 +1,8 @@
 // The context menu of a tab and its commands.
 #include "tabs/ARXMDITabs.h"
 #include "tabs/MenuIds.h"
+#include "tabs/OptionsKick.h"
 
-#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
 #include "library/files/PathParts.h"
@@ -11,18 +11,12 @@
 #include "mfc/afxwin.h"
 #include "objectarx/acdocman.h"
 #include "objectarx/rxmfcapi.h"
+#include "reactors/OpenDocuments.h"
 #include "settings/MDITabSettings.h"
-
-#include <utility>
 
 namespace {
 
 constexpr const char* kOptionsCommand = "_ZavikMDITabs\n";
-
-// Has the host pick a command up at once. Whether it runs it from within the message,
-// nobody says.
-enum class Kick { none, sent, tooEarly };
-Kick g_kick = Kick::none;
 
 // A missing file cannot be written either.
 bool canWrite(const char* sPath)
@@ -32,7 +26,18 @@ bool canWrite(const char* sPath)
     return static_cast<bool>(file);
 }
 
-bool isSingleDocumentMode() { return Tesk::CARXVariable("SDI").readBool(); }
+// Several drawings may be open unless the host says otherwise.
+bool isSingleDocumentMode()
+{
+    bool bSingle = false;
+    Tesk::guarded("SDI", [&] { bSingle = Tesk::CARXVariable("SDI").readBool(); });
+    return bSingle;
+}
+
+void sendCommand(AcApDocument* pDocument, const char* sCommand)
+{
+    acDocManager->sendStringToExecute(pDocument, sCommand, false, true, true);
+}
 
 }  // namespace
 
@@ -52,9 +57,7 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
     if (!checkDocument(pDocument))
         return;
     TESK_TRACE("CARXMDITabs::popupMenu(\"%s\")\n", pDocument->fileName());
-    // Copies: the drawing may be saved or closed by others while the menu is up.
     const CString sFilename(pDocument->fileName());
-    const std::vector<CString> xrefs = getXrefs(pDocument);
 
     CMenu menuMain;
     TESK_VERIFY(menuMain.CreatePopupMenu());
@@ -62,31 +65,45 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
         TESK_VERIFY(
             menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_SAVE, CMDITabSettings::getPopupSaveText(sFilename)));
     TESK_VERIFY(menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_CLOSE, CMDITabSettings::getPopupCloseText(sFilename)));
-    addClosingItems(pDocument, menuMain);
+    appendAdditions(pDocument, menuMain, CTabAdditions::Place::BehindClose);
     TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
-    addPlaceItems(pDocument, menuMain);
+    appendAdditions(pDocument, menuMain, CTabAdditions::Place::BeforeOptions);
     TESK_VERIFY(
         menuMain.AppendMenu(MF_STRING, IDC_DYNAMIC_MENU_OPTIONS, CMDITabSettings::getPopupOptionsText(sFilename)));
-    addHelpItem(pDocument, menuMain);
-
-    if (!xrefs.empty() && !isSingleDocumentMode()) {
-        TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
-        CMenu menuXrefs;
-        TESK_VERIFY(menuXrefs.CreatePopupMenu());
-        addXrefsToMenu(pDocument, menuXrefs, IDC_DYNAMIC_MENU_XREFS, xrefs);
-        // The main menu owns the submenu from here on.
-        const HMENU hXrefsMenu = menuXrefs.Detach();
-        TESK_VERIFY(menuMain.AppendMenu(MF_STRING | MF_POPUP, (UINT_PTR)hXrefsMenu,
-                                        CMDITabSettings::getPopupXrefsText(sFilename)));
-    }
+    appendAdditions(pDocument, menuMain, CTabAdditions::Place::BehindOptions);
+    // A copy: the drawing may be saved or closed by others while the menu is up. Without
+    // the drawing's data the menu shows with what there is.
+    std::vector<CString> xrefs;
+    Tesk::guarded("CARXMDITabs::getXrefs", [&] { xrefs = getXrefs(pDocument); });
+    if (!isSingleDocumentMode() && !xrefs.empty())
+        appendXrefs(pDocument, menuMain, xrefs);
 
     const HWND hWnd = m_hWnd;
     const auto iItem =
         static_cast<UINT>(menuMain.TrackPopupMenu(TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, x, y, this));
     // Nothing is left to act on when the strip or the drawing went away meanwhile.
-    if (iItem != 0 && ::IsWindow(hWnd) && findTab(pDocument) != -1)
+    if (iItem != 0 && ::IsWindow(hWnd) && isOpen(pDocument))
         processPopupMenuItem(pDocument, iItem, xrefs);
     TESK_VERIFY(menuMain.DestroyMenu());
+}
+
+void CARXMDITabs::appendAdditions(AcApDocument* pDocument, CMenu& menu, CTabAdditions::Place place)
+{
+    askAdditions([&](CTabAdditions& additions) { additions.appendItems(pDocument, menu, place); });
+}
+
+void CARXMDITabs::appendXrefs(AcApDocument* pDocument, CMenu& menuMain, const std::vector<CString>& xrefs)
+{
+    const CString sCaption = CMDITabSettings::getPopupXrefsText(pDocument->fileName());
+    TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
+    CMenu menuXrefs;
+    TESK_VERIFY(menuXrefs.CreatePopupMenu());
+    addXrefsToMenu(pDocument, menuXrefs, IDC_DYNAMIC_MENU_XREFS, xrefs);
+    // The main menu owns the submenu from here on.
+    const HMENU hXrefsMenu = menuXrefs.Detach();
+    TESK_VERIFY_TEXT(menuMain.AppendMenu(MF_STRING | MF_POPUP, (UINT_PTR)hXrefsMenu, sCaption),
+                     "menuMain.AppendMenu(MF_STRING | MF_POPUP, (UINT_PTR)hXrefsMenu, "
+                     "CMDITabSettings::getPopupXrefsText(sFilename))");
 }
 
 void CARXMDITabs::addXrefsToMenu(AcApDocument* pDocument, CMenu& menu, UINT iBaseID, const std::vector<CString>& xrefs)
@@ -96,7 +113,7 @@ void CARXMDITabs::addXrefsToMenu(AcApDocument* pDocument, CMenu& menu, UINT iBas
     TESK_TRACE("CARXMDITabs::addXrefsToMenu(...)\n");
     const CString sReadOnly = CMDITabSettings::getXrefsReadOnlyText(pDocument->fileName());
     for (UINT i = 0; i < xrefs.size(); ++i) {
-        CString sItem = Tesk::toCString(Tesk::PathParts(Tesk::viewOf(xrefs[i])).fileName());
+        CString sItem = Tesk::toCString(Tesk::CPathParts(Tesk::viewOf(xrefs[i])).fileName());
         if (!canWrite(xrefs[i]))
             sItem += sReadOnly;
         TESK_VERIFY(menu.AppendMenu(MF_STRING, iBaseID + i, sItem));
@@ -119,7 +136,9 @@ void CARXMDITabs::processPopupMenuItem(AcApDocument* pDocument, UINT iItem, cons
         closeDocument(pDocument);
         break;
     default:
-        if (processExtraItem(pDocument, iItem))
+        bool bProcessed = false;
+        askAdditions([&](CTabAdditions& additions) { bProcessed = additions.processItem(pDocument, iItem); });
+        if (bProcessed)
             break;
         // Below the base wraps round to a large index, which is outside too.
         const UINT iXref = iItem - IDC_DYNAMIC_MENU_XREFS;
@@ -128,11 +147,6 @@ void CARXMDITabs::processPopupMenuItem(AcApDocument* pDocument, UINT iItem, cons
         if (bOK)
             openXREF(xrefs[iXref]);
     }
-}
-
-void CARXMDITabs::sendCommand(AcApDocument* pDocument, const char* sCommand)
-{
-    acDocManager->sendStringToExecute(pDocument, sCommand, false, true, true);
 }
 
 void CARXMDITabs::saveDocument(AcApDocument* pDocument)
@@ -156,20 +170,12 @@ void CARXMDITabs::showOptions()
     TESK_TRACE("CARXMDITabs::showOptions()\n");
     const HWND hFrame = acedGetAcadFrame()->m_hWnd;
     sendCommand(acDocManager->mdiActiveDocument(), kOptionsCommand);
-    g_kick = Kick::sent;
+    const COptionsKick kick;
     ::SendMessageA(hFrame, WM_KICKIDLE, 0, 0);
-    if (std::exchange(g_kick, Kick::none) == Kick::tooEarly) {
+    if (kick.wasPutOff()) {
         sendCommand(acDocManager->mdiActiveDocument(), kOptionsCommand);
         ::PostMessageA(hFrame, WM_KICKIDLE, 0, 0);
     }
-}
-
-bool CARXMDITabs::putOffOptions()
-{
-    if (g_kick == Kick::none)
-        return false;
-    g_kick = Kick::tooEarly;
-    return true;
 }
 
 void CARXMDITabs::openXREF(const CString& sPath)

@@ -29,8 +29,6 @@ void CMDITabs::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
     CTabCtrl::Create(WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_FOCUSNEVER | TCS_FORCEICONLEFT |
                          (m_bTop ? 0U : static_cast<DWORD>(TCS_BOTTOM)),
                      CRect(), pMainFrame, kControlId);
-    // Shown nowhere; a screen reader says it.
-    SetWindowText("Drawing tabs");
     ModifyStyleEx(0, WS_EX_CLIENTEDGE);
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), TRUE);
     ::SetWindowPos(m_hWnd, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -26,14 +26,15 @@ void CMDITabsEx::Create(CMDIFrameWnd* pMainFrame, DWORD dwStyle)
     m_bToolTips = (dwStyle & MDITABS_TOOLTIPS) != 0;
     if (m_bToolTips)
         createToolTip(pMainFrame);
-    if (m_bImages && CTabOptions::readIcons())
-        addDrawingIcon();
+    addDrawingIcon();
 }
 
 void CMDITabsEx::createToolTip(CMDIFrameWnd* pMainFrame)
 {
     m_pToolTip = std::make_unique<CToolTipCtrl>();
     TESK_VERIFY(m_pToolTip->Create(pMainFrame, TTS_BALLOON));
+    // Else the control drops ampersands, and ends the text at a tab character.
+    ::SetWindowLongA(m_pToolTip->m_hWnd, GWL_STYLE, static_cast<LONG>(m_pToolTip->GetStyle() | TTS_NOPREFIX));
     m_pToolTip->SetMaxTipWidth(kMaxTipWidth);
     m_pToolTip->SetTitle(TTI_INFO, CMDITabSettings::getTooltipTitle(""));
     m_pToolTip->SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(DEFAULT_GUI_FONT)), TRUE);
@@ -42,6 +43,8 @@ void CMDITabsEx::createToolTip(CMDIFrameWnd* pMainFrame)
 
 void CMDITabsEx::addDrawingIcon()
 {
+    if (!m_bImages || m_images.GetImageCount() != 0 || !CTabOptions::readIcons())
+        return;
     HICON hDwgIcon = nullptr;
     TESK_VERIFY(Tesk::Registry::IconFromExtension(_T(".dwg"), hDwgIcon, true));
     const UniqueIcon owner(hDwgIcon);

@@ -18,14 +18,16 @@ public:
     // Shows the message to the balloon.
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
+    // The shell's small icon for drawings becomes image 0, unless it is that already or
+    // the user wants none.
+    void addDrawingIcon();
+
 protected:
     bool m_bToolTips = false;
     std::unique_ptr<CToolTipCtrl> m_pToolTip;
 
 private:
     void createToolTip(CMDIFrameWnd* pMainFrame);
-    // The shell's small icon for drawings becomes image 0.
-    void addDrawingIcon();
 
     DECLARE_MESSAGE_MAP()
 };

@@ -8,12 +8,3 @@ constexpr UINT IDC_DYNAMIC_MENU_OPTIONS = 22391;
 constexpr UINT IDC_DYNAMIC_MENU_SAVE = 22392;
 constexpr UINT IDC_DYNAMIC_MENU_CLOSE = 22393;
 constexpr UINT IDC_DYNAMIC_MENU_XREFS = 22394;  // the first xref; the others follow
-
-// What an office may switch on.
-constexpr UINT IDC_DYNAMIC_MENU_CLOSE_OTHERS = 22390;
-constexpr UINT IDC_DYNAMIC_MENU_CLOSE_SAVED = 22389;
-constexpr UINT IDC_DYNAMIC_MENU_COPY_PATH = 22388;
-constexpr UINT IDC_DYNAMIC_MENU_OPEN_FOLDER = 22387;
-constexpr UINT IDC_DYNAMIC_MENU_HELP = 22386;
-constexpr UINT IDC_DYNAMIC_MENU_DRAWINGS = 21000;  // the first drawing; the others follow
-constexpr UINT IDC_DYNAMIC_MENU_DRAWINGS_END = 22000;

@@ -1,5 +1,6 @@
 #include "tabscheck/Folders.h"
 
+#include "dxf/FileError.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/system/Handles.h"
@@ -18,7 +19,7 @@ using Tesk::MultiByte::equalNoCase;
 
 bool isDrawingName(const std::string& sPath)
 {
-    const std::string sExtension = Tesk::PathParts(sPath).sExtension;
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
     return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
 }
 
@@ -36,32 +37,7 @@ bool isNameless(const char* sName) { return std::string_view(sName) == "." || st
 
 std::string systemReason(unsigned long code)
 {
-    switch (code) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_NAME:
-        return "no such file or folder";
-    case ERROR_ACCESS_DENIED:
-        return "access denied";
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-        return "in use by another program";
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_DEV_TYPE:
-    case ERROR_BAD_NET_NAME:
-    case ERROR_NETWORK_UNREACHABLE:
-    case ERROR_NETNAME_DELETED:
-    case ERROR_UNEXP_NET_ERR:
-    case ERROR_REM_NOT_LIST:
-        return "the network share cannot be reached";
-    case ERROR_NOT_READY:
-        return "the drive is not ready";
-    case ERROR_FILENAME_EXCED_RANGE:
-    case ERROR_BUFFER_OVERFLOW:
-        return "the path is longer than Windows programs can open";
-    default:
-        return "system error " + std::to_string(code);
-    }
+    return isMissing(code) ? "no such file or folder" : dxf::FileError::systemReason(code);
 }
 
 std::string fullPath(const std::string& sPath)
@@ -96,7 +72,7 @@ void DrawingFinder::add(const std::string& sPath)
             addFolder(Tesk::withBackslash(sFull));
         else
             m_found(sFull);
-    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::PathParts(sFull).parent()).empty()) {
+    } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::CPathParts(sFull).parent()).empty()) {
         m_found(sFull);
     } else {
         m_tell(sPath, systemReason(error), true);

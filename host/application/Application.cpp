@@ -189,7 +189,7 @@ bool Application::mayLose(Document& document)
 bool Application::closeDocument(Document& document)
 {
     if (!mayLose(document)) {
-        if (!assumed(Assumption::CancelUnreported))
+        if (!assumed(Assumption::CancelUnsaid))
             m_editor.notify(&AcEditorReactor::docCloseAborted, document.database());
         return false;
     }

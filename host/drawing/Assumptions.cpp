@@ -10,7 +10,7 @@ namespace {
 constexpr const char* kNames[] = {
     "opened-before-created", "activated-before-opened", "dbmod-after-edit",
     "dbmod-after-save",      "name-after-save",         "xrefs-after-open",
-    "strings-wait",          "stranger-is-current",     "cancel-unreported",
+    "strings-wait",          "stranger-is-current",     "cancel-unsaid",
 };
 
 bool s_assumed[std::size(kNames)] = {};

@@ -16,7 +16,7 @@ enum class Assumption {
     XrefsAfterOpen,
     StringsWait,
     StrangerIsCurrent,
-    CancelUnreported,
+    CancelUnsaid,
 };
 
 // From now on, in this process. False for an unknown name.

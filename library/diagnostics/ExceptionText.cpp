@@ -22,7 +22,7 @@ CString takeExceptionText(CException* pException)
         return pOwn->getErrorText(sText) ? sText : CString();
     }
     char sText[1024 + 1] = "";
-    return pException->GetErrorMessage(sText, sizeof sText) ? CString(sText) : CString();
+    return owner->GetErrorMessage(sText, sizeof sText) ? CString(sText) : CString();
 }
 
 }  // namespace Tesk

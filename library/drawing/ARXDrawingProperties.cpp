@@ -32,7 +32,10 @@ void readField(const AcDbDatabaseSummaryInfo* pInfo, Getter getter, CString& sVa
 
 }  // namespace
 
-CARXDrawingProperties::CARXDrawingProperties(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase) { read(); }
+CARXDrawingProperties::CARXDrawingProperties(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
+{
+    CARXDrawingProperties::read();
+}
 
 void CARXDrawingProperties::read()
 {

@@ -77,21 +77,21 @@ CKeywordExpansion::~CKeywordExpansion() = default;
 
 void CKeywordExpansion::buildFileMappings()
 {
-    const PathParts parts(viewOf(m_sFileName));
+    const CPathParts parts(viewOf(m_sFileName));
     const std::string sFolder = parts.parent();
     // The cut is unconditional: a UNC name loses its leading backslashes.
     const MultiByte::CLeadBytes lead;
     std::size_t cut = sFolder.empty() ? 0 : lead.next(sFolder, 0);
     cut = cut < sFolder.size() ? lead.next(sFolder, cut) : cut;
-    const std::string sExtension = parts.sExtension.empty() ? "" : parts.sExtension.substr(1);
+    const std::string sExtension = parts.m_sExtension.empty() ? "" : parts.m_sExtension.substr(1);
 
     addToMap("PATH", m_sFileName);
-    addToMap("DRIVE", parts.sDrive.substr(0, 1).c_str());
+    addToMap("DRIVE", parts.m_sDrive.substr(0, 1).c_str());
     addToMap("DIRECTORY", sFolder.substr(cut).c_str());
     addToMap("FOLDER", sFolder.c_str());
-    addToMap("FILENAME", parts.sBase.c_str());
+    addToMap("FILENAME", parts.m_sBase.c_str());
     addToMap("EXTENSION", sExtension.c_str());
-    addToMap("DRAWING", (sFolder + parts.sBase).c_str());
+    addToMap("DRAWING", (sFolder + parts.m_sBase).c_str());
     addIntToMap("DRAWING_INDEX", m_iIndex);
     addIntToMap("DRAWING_COUNT", m_iCount);
 

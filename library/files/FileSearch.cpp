@@ -45,7 +45,7 @@ CString findFolderUpwards(const char* sStart, const char* sFileName)
     std::string sFolder = withoutBackslash(sStart);
     while (!fileExists((sFolder + "\\" + sFileName).c_str())) {
         sFolder = withoutBackslash(sFolder);
-        const std::string sParent = PathParts(sFolder).parent();
+        const std::string sParent = CPathParts(sFolder).parent();
         if (MultiByte::equalNoCase(sParent, sFolder))
             return {};
         sFolder = sParent;

@@ -50,7 +50,7 @@ void CLocator::findFilesIn(CStringList& vecFiles, const CStringList& vecBases, c
     std::set<std::string> setDrawing;
     for (const CString& sCurrentFile : vecDrawings) {
         TESK_ASSERT(!sCurrentFile.IsEmpty());
-        const std::string sFolder = PathParts(sCurrentFile.GetString()).parent();
+        const std::string sFolder = CPathParts(sCurrentFile.GetString()).parent();
         const std::string sProject = findProjectFolder(sFolder.c_str()).GetString();
         if (!sProject.empty())
             setProject.insert(sProject + "Settings\\" + sTail);
@@ -95,12 +95,12 @@ void CLocator::findAllFilesIn(CStringList& vecFiles, const CStringList& vecBases
 
 CStringList CLocator::variantsOf(const char* sPath)
 {
-    const PathParts parts(sPath);
+    const CPathParts parts(sPath);
     const AcDbHostApplicationServices* pHost = ::acdbHostApplicationServices();
     const std::string sRelease = pHost->releaseMajorMinorString();
     const std::string sProduct = pHost->product();
-    const std::string sStem = parts.parent() + parts.sBase;
-    const std::string sExtension = "." + (parts.sExtension.empty() ? "" : parts.sExtension.substr(1));
+    const std::string sStem = parts.parent() + parts.m_sBase;
+    const std::string sExtension = "." + (parts.m_sExtension.empty() ? "" : parts.m_sExtension.substr(1));
     return {sPath, (sStem + sRelease + sExtension).c_str(), (sStem + sProduct + "_" + sRelease + sExtension).c_str()};
 }
 

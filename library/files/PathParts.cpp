@@ -4,21 +4,21 @@
 
 namespace Tesk {
 
-PathParts::PathParts(std::string_view sPath)
+PathParts::CPathParts(std::string_view sPath)
 {
     if (sPath.size() >= 2 && sPath[1] == ':' && !MultiByte::CLeadBytes().contains(sPath[0])) {
-        sDrive = sPath.substr(0, 2);
+        m_sDrive = sPath.substr(0, 2);
         sPath.remove_prefix(2);
     }
     const std::size_t separator = MultiByte::findLastOf(sPath, "\\/");
     if (separator != std::string_view::npos) {
-        sFolder = sPath.substr(0, separator + 1);
+        m_sFolder = sPath.substr(0, separator + 1);
         sPath.remove_prefix(separator + 1);
     }
     const std::size_t dot = MultiByte::findLastOf(sPath, ".");
-    sBase = sPath.substr(0, dot);
+    m_sBase = sPath.substr(0, dot);
     if (dot != std::string_view::npos)
-        sExtension = sPath.substr(dot);
+        m_sExtension = sPath.substr(dot);
 }
 
 std::string withBackslash(std::string sPath)

@@ -9,20 +9,21 @@ namespace Tesk {
 
 // The four parts, in order, make up the path again. The extension carries its dot, the
 // folder its trailing separator, the drive its colon.
-struct PathParts {
-    explicit PathParts(std::string_view sPath);
+struct CPathParts {
+    explicit CPathParts(std::string_view sPath);
 
     // Drive and folder.
-    std::string parent() const { return sDrive + sFolder; }
-    std::string fileName() const { return sBase + sExtension; }
+    std::string parent() const { return m_sDrive + m_sFolder; }
+    std::string fileName() const { return m_sBase + m_sExtension; }
     // The path with another extension, given with its dot.
-    std::string withExtension(std::string_view sOther) const { return (parent() + sBase).append(sOther); }
+    std::string withExtension(std::string_view sOther) const { return (parent() + m_sBase).append(sOther); }
 
-    std::string sDrive;
-    std::string sFolder;
-    std::string sBase;
-    std::string sExtension;
+    std::string m_sDrive;
+    std::string m_sFolder;
+    std::string m_sBase;
+    std::string m_sExtension;
 };
+using PathParts = CPathParts;  // until every caller says the new name
 
 // With one trailing backslash more, unless there is one already (or the path is empty).
 std::string withBackslash(std::string sPath);

@@ -22,7 +22,7 @@ void CSettingsFile::read(const char* sPath)
     std::vector<CString> vecLines;
     readAnsiTextFileLines(sPath, vecLines);
 
-    CSettingsFileReader reader(*this, PathParts(sPath).parent());
+    CSettingsFileReader reader(*this, CPathParts(sPath).parent());
     for (const CString& sLine : vecLines)
         reader.readLine(viewOf(sLine));
     m_bValid = true;

@@ -145,7 +145,7 @@ std::string below(int iFolder, std::string_view sName)
 std::string diagnosticsLog()
 {
     const std::string sModule = longForm(getLocation(LOCATION_FILE_MODULE).GetString());
-    return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + PathParts(sModule).sBase + ".log");
+    return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + CPathParts(sModule).m_sBase + ".log");
 }
 
 int createFlag() { return isLookOnly() ? 0 : CSIDL_FLAG_CREATE; }
@@ -154,7 +154,7 @@ std::string rawLocation(int iWhere)
 {
     switch (iWhere) {
     case LOCATION_DIR_PROGRAM:
-        return PathParts(getLocation(LOCATION_FILE_MODULE).GetString()).parent();
+        return CPathParts(getLocation(LOCATION_FILE_MODULE).GetString()).parent();
     case LOCATION_DIR_APPLICATION_ROOT:
         return applicationRoot();
     case LOCATION_DIR_HELPDOCS:

@@ -24,18 +24,18 @@ CString defaultProgram()
 }
 
 // Mail programs are known to change it, and it is the host's.
-class CurrentFolder {
+class CCurrentFolder {
 public:
-    CurrentFolder() : m_path(::GetCurrentDirectoryA(0, nullptr) + 1)
+    CCurrentFolder() : m_vPath(::GetCurrentDirectoryA(0, nullptr) + 1)
     {
-        ::GetCurrentDirectoryA(static_cast<DWORD>(m_path.size()), m_path.data());
+        ::GetCurrentDirectoryA(static_cast<DWORD>(m_vPath.size()), m_vPath.data());
     }
-    CurrentFolder(const CurrentFolder&) = delete;
-    CurrentFolder& operator=(const CurrentFolder&) = delete;
-    ~CurrentFolder() { ::SetCurrentDirectoryA(m_path.data()); }
+    CCurrentFolder(const CCurrentFolder&) = delete;
+    CCurrentFolder& operator=(const CCurrentFolder&) = delete;
+    ~CCurrentFolder() { ::SetCurrentDirectoryA(m_vPath.data()); }
 
 private:
-    std::vector<char> m_path;
+    std::vector<char> m_vPath;
 };
 
 Result resultOf(ULONG code)
@@ -55,24 +55,24 @@ Result resultOf(ULONG code)
 // The structures want writable text, and write none.
 char* text(const CString& sText) { return const_cast<char*>(sText.GetString()); }
 
-ULONG send(LPMAPISENDMAIL pSendMail, HWND hOwner, const Message& message)
+ULONG send(LPMAPISENDMAIL pSendMail, HWND hOwner, const CMessage& message)
 {
-    CString sRecipient = "SMTP:" + message.sAddress;
+    CString sRecipient = "SMTP:" + message.m_sAddress;
     MapiRecipDesc recipient = {};
     recipient.ulRecipClass = MAPI_TO;
-    recipient.lpszName = text(message.sAddress);
+    recipient.lpszName = text(message.m_sAddress);
     recipient.lpszAddress = text(sRecipient);
 
     MapiFileDesc file = {};
     file.nPosition = static_cast<ULONG>(-1);  // not within the text
-    file.lpszPathName = text(message.sAttachment);
+    file.lpszPathName = text(message.m_sAttachment);
 
     MapiMessage mail = {};
-    mail.lpszSubject = text(message.sSubject);
-    mail.lpszNoteText = text(message.sText);
+    mail.lpszSubject = text(message.m_sSubject);
+    mail.lpszNoteText = text(message.m_sText);
     mail.nRecipCount = 1;
     mail.lpRecips = &recipient;
-    mail.nFileCount = message.sAttachment.IsEmpty() ? 0 : 1;
+    mail.nFileCount = message.m_sAttachment.IsEmpty() ? 0 : 1;
     mail.lpFiles = mail.nFileCount != 0 ? &file : nullptr;
     return pSendMail(0, reinterpret_cast<ULONG_PTR>(hOwner), &mail, MAPI_DIALOG | MAPI_LOGON_UI, 0);
 }
@@ -93,12 +93,12 @@ bool hasProgram()
     return false;
 }
 
-Result compose(HWND hOwner, const Message& message)
+Result compose(HWND hOwner, const CMessage& message)
 {
     // Asked first: without a program the system would show a message of its own.
     if (!hasProgram())
         return Result::noProgram;
-    const CurrentFolder folder;
+    const CCurrentFolder folder;
     const UniqueModule mapi = loadSystemLibrary("mapi32.dll");
     if (!mapi)
         return Result::noProgram;

@@ -9,12 +9,13 @@
 
 namespace Tesk::Mail {
 
-struct Message {
-    CString sAddress;  // of the one recipient
-    CString sSubject;
-    CString sText;
-    CString sAttachment;  // a file's full path; empty: none
+struct CMessage {
+    CString m_sAddress;  // of the one recipient
+    CString m_sSubject;
+    CString m_sText;
+    CString m_sAttachment;  // a file's full path; empty: none
 };
+using Message = CMessage;  // until every caller says the new name
 
 enum class Result {
     sent,       // handed to the mail program, which may keep it as a draft
@@ -29,6 +30,6 @@ bool hasProgram();
 
 // Has the mail program show the message over the window, and returns when the person is
 // done with it. The window is enabled and the current folder is as before afterwards.
-Result compose(HWND hOwner, const Message& message);
+Result compose(HWND hOwner, const CMessage& message);
 
 }  // namespace Tesk::Mail

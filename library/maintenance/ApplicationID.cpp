@@ -22,7 +22,7 @@ CApplicationID::CApplicationID(const char* sModuleFile) { readBeside(sModuleFile
 void CApplicationID::readBeside(const char* sModuleFile)
 {
     try {
-        readDescription(PathParts(sModuleFile).withExtension(".avf").c_str());
+        readDescription(CPathParts(sModuleFile).withExtension(".avf").c_str());
     } catch (CException* pException) {
         pException->Delete();
     }

@@ -47,7 +47,7 @@ bool showReport(const char* sSource, int iLine, const char* sExpression, CReport
         return false;
     report.m_sStack = CStackWalker().describe();
     const CString sModuleFile = getLocation(LOCATION_FILE_MODULE);
-    const CString sModule = toCString(PathParts(viewOf(sModuleFile)).fileName());
+    const CString sModule = toCString(CPathParts(viewOf(sModuleFile)).fileName());
     report.m_sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
     CString sLong;
     sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
@@ -93,7 +93,7 @@ void reportAssertion(const char* sSource, int iLine, const char* sExpression) no
 
 void Detail::assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept
 {
-    neverRaise([&] { report(PathParts(sSource).sBase.c_str(), iLine, sExpression); });
+    neverRaise([&] { report(CPathParts(sSource).m_sBase.c_str(), iLine, sExpression); });
     if (::IsDebuggerPresent())
         ::DebugBreak();
 }

@@ -1,6 +1,7 @@
 #include "library/maintenance/DiagnosticsLog.h"
 
 #include "library/diagnostics/Guard.h"
+#include "library/files/FileSearch.h"
 #include "library/files/FileUtilities_TextFiles.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
@@ -19,8 +20,6 @@ void createFolders(const CString& sFileName)
     for (int i = sFileName.Find('\\', 3); i >= 0; i = sFileName.Find('\\', i + 1))
         ::CreateDirectoryA(sFileName.Left(i), nullptr);
 }
-
-bool exists(const CString& sFileName) { return ::GetFileAttributesA(sFileName) != INVALID_FILE_ATTRIBUTES; }
 
 // Marks the log as this thread's for the time of a scope.
 class COwner {
@@ -73,7 +72,7 @@ void CDiagnosticsLog::write(const char* sText)
     CString sLine(sText);
     sLine.TrimRight("\n");
     createFolders(sFileName);
-    if (!exists(sFileName))
+    if (!fileExists(sFileName))
         writeTextFileLines(sFileName, describeMachine(), false);
     writeTextFileLines(sFileName, {sLine}, true);
 }
@@ -91,7 +90,7 @@ CString CDiagnosticsLog::companionFile(const char* sExtension)
 {
     const CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
     createFolders(sFileName);
-    return toCString(PathParts(viewOf(sFileName)).withExtension(sExtension));
+    return toCString(CPathParts(viewOf(sFileName)).withExtension(sExtension));
 }
 
 }  // namespace Tesk

@@ -18,81 +18,72 @@ constexpr char kControl[] = "SYSTEM\\CurrentControlSet\\Control\\Windows";
 constexpr char kSystem[] = "HARDWARE\\DESCRIPTION\\System";
 constexpr char kProcessor[] = "HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
 
-class CHeader {
-public:
-    void add(const CString& sLine) { m_vLines.push_back(sLine); }
-
-    void addTitled(const char* sTitle, const char* sName, const char* sValue)
-    {
-        CString sLine;
-        sLine.Format("%s::%s=%s", sTitle, sName, sValue);
-        add(sLine);
-    }
-
-    void addValue(const char* sTitle, const char* sSubKey, const char* sName)
-    {
-        CString sValue;
-        if (Registry::GetValue(HKEY_LOCAL_MACHINE, sSubKey, sName, sValue))
-            addTitled(sTitle, sName, sValue);
-    }
-
-    void addElements(const char* sTitle, const char* sSubKey, const char* sName)
-    {
-        std::vector<CString> vValues;
-        if (!Registry::GetValue(HKEY_LOCAL_MACHINE, sSubKey, sName, vValues))
-            return;
-        for (std::size_t i = 0; i < vValues.size(); ++i) {
-            CString sLine;
-            sLine.Format("%s::%s (%d)=%s", sTitle, sName, static_cast<int>(i), vValues[i].GetString());
-            add(sLine);
-        }
-    }
-
-    void addProcessor()
-    {
-        DWORD dwSpeed = 0;
-        CString sVendor;
-        CString sIdentifier;
-        if (!Registry::GetValue(HKEY_LOCAL_MACHINE, kProcessor, "~MHz", dwSpeed) ||
-            !Registry::GetValue(HKEY_LOCAL_MACHINE, kProcessor, "VendorIdentifier", sVendor) ||
-            !Registry::GetValue(HKEY_LOCAL_MACHINE, kProcessor, "Identifier", sIdentifier))
-            return;
-        CString sLine;
-        sLine.Format("Hardware::id= %d MHz, %s, %s", static_cast<int>(dwSpeed), sVendor.GetString(),
-                     sIdentifier.GetString());
-        add(sLine);
-    }
-
-    std::vector<CString> m_vLines;
+// The machine's values that are texts, in the order of their lines.
+constexpr const char* kValues[][3] = {
+    {"OS", kWindowsNT, "ProductName"},
+    {"OS", kWindowsNT, "CurrentVersion"},
+    {"OS", kWindowsNT, "CSDVersion"},
+    {"OS", kWindowsNT, "CurrentBuildNumber"},
+    {"Folders", kShellFolders, "Common AppData"},
+    {"Folders", kShellFolders, "Common Desktop"},
+    {"Folders", kWindowsNT, "SystemRoot"},
+    {"Folders", kControl, "SystemDirectory"},
+    {"Folders", kWindows, "ProgramFilesDir"},
+    {"Folders", kWindows, "CommonFilesDir"},
+    {"Hardware", kSystem, "SystemBiosDate"},
 };
+
+template <class T>
+bool read(const char* sSubKey, const char* sName, T& value)
+{
+    return Registry::GetValue(HKEY_LOCAL_MACHINE, sSubKey, sName, value);
+}
+
+template <class... Arguments>
+CString line(const char* sFormat, Arguments... arguments)
+{
+    CString sLine;
+    sLine.Format(sFormat, arguments...);
+    return sLine;
+}
+
+CString titled(const char* sTitle, const char* sName, const CString& sValue)
+{
+    return line("%s::%s=%s", sTitle, sName, sValue.GetString());
+}
+
+void addProcessor(std::vector<CString>& vLines)
+{
+    DWORD dwSpeed = 0;
+    CString sVendor, sIdentifier;
+    if (read(kProcessor, "~MHz", dwSpeed) && read(kProcessor, "VendorIdentifier", sVendor) &&
+        read(kProcessor, "Identifier", sIdentifier))
+        vLines.push_back(line("Hardware::id= %d MHz, %s, %s", static_cast<int>(dwSpeed), sVendor.GetString(),
+                              sIdentifier.GetString()));
+}
 
 }  // namespace
 
 std::vector<CString> describeMachine()
 {
-    CHeader header;
-    header.add(CDiagnosticsLog::now("Diagnostics started: %c"));
     const std::string sComputer = getComputerName();
-    header.add(CString("::HostName=") + (sComputer.empty() ? "Unknown" : sComputer.c_str()));
-    for (const char* sName : {"ProductName", "CurrentVersion", "CSDVersion", "CurrentBuildNumber"})
-        header.addValue("OS", kWindowsNT, sName);
-    header.addValue("Folders", kShellFolders, "Common AppData");
-    header.addValue("Folders", kShellFolders, "Common Desktop");
-    header.addValue("Folders", kWindowsNT, "SystemRoot");
-    header.addValue("Folders", kControl, "SystemDirectory");
-    header.addValue("Folders", kWindows, "ProgramFilesDir");
-    header.addValue("Folders", kWindows, "CommonFilesDir");
-    header.addValue("Hardware", kSystem, "SystemBiosDate");
-    header.addElements("Hardware", kSystem, "SystemBiosVersion");
-    header.addProcessor();
-    header.addTitled("PathLocation", "LOCATION_FILE_MODULE", getLocation(LOCATION_FILE_MODULE));
-    header.addTitled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM));
-    header.addTitled("PathLocation", "LOCATION_DIR_USERZAVIKDATA", getLocation(LOCATION_DIR_USERZAVIKDATA));
-    header.add(":-------------------------");
-    header.add(":");
-    header.addTitled("Module", "FileVersion", CVersionBlock::getFileVersion());
-    header.addTitled("Module", "Comments", CVersionBlock::getComments());
-    return header.m_vLines;
+    std::vector<CString> vLines = {CDiagnosticsLog::now("Diagnostics started: %c"),
+                                   titled("", "HostName", sComputer.empty() ? "Unknown" : sComputer.c_str())};
+    for (const auto& [sTitle, sSubKey, sName] : kValues)
+        if (CString sValue; read(sSubKey, sName, sValue))
+            vLines.push_back(titled(sTitle, sName, sValue));
+    std::vector<CString> vBios;
+    read(kSystem, "SystemBiosVersion", vBios);
+    for (std::size_t i = 0; i < vBios.size(); ++i)
+        vLines.push_back(line("Hardware::SystemBiosVersion (%d)=%s", static_cast<int>(i), vBios[i].GetString()));
+    addProcessor(vLines);
+    vLines.push_back(titled("PathLocation", "LOCATION_FILE_MODULE", getLocation(LOCATION_FILE_MODULE)));
+    vLines.push_back(titled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM)));
+    vLines.push_back(titled("PathLocation", "LOCATION_DIR_USERZAVIKDATA", getLocation(LOCATION_DIR_USERZAVIKDATA)));
+    vLines.insert(vLines.end(), {":-------------------------", ":"});
+    vLines.push_back(titled("Module", "FileVersion", CVersionBlock::getFileVersion()));
+    vLines.push_back(titled("Module", "Comments", CVersionBlock::getComments()));
+    return vLines;
 }
 
 }  // namespace Tesk

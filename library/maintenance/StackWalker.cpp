@@ -38,7 +38,7 @@ CString CStackWalker::describeAddress(const void* pAddress)
         sText.Format("0x%p", pAddress);
     else
         sText.Format(
-            "%s + 0x%x", PathParts(sPath).fileName().c_str(),
+            "%s + 0x%x", CPathParts(sPath).fileName().c_str(),
             static_cast<unsigned>(static_cast<const char*>(pAddress) - reinterpret_cast<const char*>(hModule)));
     return sText;
 }

@@ -5,8 +5,6 @@
 
 #include <windows.h>
 
-#include <commctrl.h>
-
 #include <atomic>
 #include <utility>
 
@@ -15,12 +13,12 @@ namespace Tesk::Detail {
 inline std::atomic<long> handleBalance{0};
 
 template <class Handle, auto Close>
-class Unique {
+class CUnique {
 public:
-    Unique() = default;
-    explicit Unique(Handle handle) { reset(handle); }
-    Unique(Unique&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
-    Unique& operator=(Unique&& other) noexcept
+    CUnique() = default;
+    explicit CUnique(Handle handle) { reset(handle); }
+    CUnique(CUnique&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
+    CUnique& operator=(CUnique&& other) noexcept
     {
         if (this != &other) {
             reset();
@@ -28,7 +26,7 @@ public:
         }
         return *this;
     }
-    ~Unique() { reset(); }
+    ~CUnique() { reset(); }
 
     Handle get() const { return m_handle; }
     explicit operator bool() const { return m_handle != nullptr; }
@@ -68,26 +66,18 @@ inline BOOL closeMenu(HMENU h) { return ::DestroyMenu(h); }
 inline BOOL closeWindow(HWND h) { return ::DestroyWindow(h); }
 inline BOOL closeKey(HKEY h) { return ::RegCloseKey(h) == ERROR_SUCCESS; }
 inline BOOL closeModule(HMODULE h) { return ::FreeLibrary(h); }
-inline BOOL closeImageList(HIMAGELIST h) { return ::ImageList_Destroy(h); }
-template <class Object>
-BOOL closeGdi(Object h)
-{
-    return ::DeleteObject(h);
-}
+inline BOOL closeFont(HFONT h) { return ::DeleteObject(h); }
 
 }  // namespace Tesk::Detail
 
-using UniqueHandle = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeHandle>;  // files, events, processes
-using UniqueFind = Tesk::Detail::Unique<HANDLE, Tesk::Detail::closeFind>;
-using UniqueIcon = Tesk::Detail::Unique<HICON, Tesk::Detail::closeIcon>;
-using UniqueMenu = Tesk::Detail::Unique<HMENU, Tesk::Detail::closeMenu>;
-using UniqueWindow = Tesk::Detail::Unique<HWND, Tesk::Detail::closeWindow>;
-using UniqueKey = Tesk::Detail::Unique<HKEY, Tesk::Detail::closeKey>;
-using UniqueModule = Tesk::Detail::Unique<HMODULE, Tesk::Detail::closeModule>;
-using UniqueImageList = Tesk::Detail::Unique<HIMAGELIST, Tesk::Detail::closeImageList>;
-using UniqueFont = Tesk::Detail::Unique<HFONT, Tesk::Detail::closeGdi<HFONT>>;
-using UniqueBitmap = Tesk::Detail::Unique<HBITMAP, Tesk::Detail::closeGdi<HBITMAP>>;
-using UniqueBrush = Tesk::Detail::Unique<HBRUSH, Tesk::Detail::closeGdi<HBRUSH>>;
+using UniqueHandle = Tesk::Detail::CUnique<HANDLE, Tesk::Detail::closeHandle>;  // files, events, processes
+using UniqueFind = Tesk::Detail::CUnique<HANDLE, Tesk::Detail::closeFind>;
+using UniqueIcon = Tesk::Detail::CUnique<HICON, Tesk::Detail::closeIcon>;
+using UniqueMenu = Tesk::Detail::CUnique<HMENU, Tesk::Detail::closeMenu>;
+using UniqueWindow = Tesk::Detail::CUnique<HWND, Tesk::Detail::closeWindow>;
+using UniqueKey = Tesk::Detail::CUnique<HKEY, Tesk::Detail::closeKey>;
+using UniqueModule = Tesk::Detail::CUnique<HMODULE, Tesk::Detail::closeModule>;
+using UniqueFont = Tesk::Detail::CUnique<HFONT, Tesk::Detail::closeFont>;
 
 // How many handles the owning types of this image hold at the moment.
 inline long liveHandles() { return Tesk::Detail::handleBalance; }

@@ -20,7 +20,7 @@ unsigned encode(UINT uCodePage, wchar_t cWide)
     if (iCount < 1 || iCount > 2 || ::MultiByteToWideChar(uCodePage, 0, bytes, iCount, back, 2) != 1 ||
         back[0] != cWide)
         return 0;
-    const auto first = static_cast<unsigned char>(bytes[0]);
+    const unsigned first = static_cast<unsigned char>(bytes[0]);
     return iCount == 1 ? first : first << 8 | static_cast<unsigned char>(bytes[1]);
 }
 

@@ -83,7 +83,7 @@ CString CTitleBlock::get(const char* sKey)
 bool CTitleBlock::getMapping()
 {
     TESK_TRACE("CTitleBlock::getMapping()\n");
-    const CString sProjectFolder = findProjectFolder(PathParts(viewOf(m_sFileName)).parent().c_str());
+    const CString sProjectFolder = findProjectFolder(CPathParts(viewOf(m_sFileName)).parent().c_str());
     if (!sProjectFolder.IsEmpty() && getMappingFromFile(sProjectFolder + kProjectSettings, true))
         return true;
     return getMappingFromFile(getLocation(LOCATION_FILE_DOMAIN_SETTINGS), false) ||

@@ -27,7 +27,7 @@ public:
     explicit CFileException(int cause = none, LONG lOsError = -1, const char* sFileName = nullptr);
 
     // Throws for an errno value, whose text is the message.
-    static void ThrowErrno(int nErrno, const char* sFileName = nullptr);
+    [[noreturn]] static void ThrowErrno(int nErrno, const char* sFileName = nullptr);
 
     BOOL GetErrorMessage(char* sError, UINT nMaxError, UINT* pnHelpContext = nullptr) override;
 

@@ -41,7 +41,7 @@ class AssumptionsTest(HostTest):
         rows = re.findall(r"(?m)^\| `([a-z-]+)` \|.*\| (?:held|differs: (\w+)) \|$", guide)
         default = self.end()
         self.assertEqual([tab[0] for tab in default["tabs"]], ["A-100.rev2", "A-105", "S-202"])
-        self.assertEqual(len(rows), 8)
+        self.assertEqual(len(rows), 9)
         for name, differs in rows:
             with self.subTest(name):
                 ended = self.end(name)

@@ -85,7 +85,7 @@ class BadInputTest(HostTest):
         ], ["/ld", MODULE, A101])
         self.assertEqual([strip.texts for strip in transcript.strips], [["A-101", "S-200"]] * 2)
         self.assertEqual([strip.selected for strip in transcript.strips], [1, 1])
-        self.assertIn((0, 22393, "&Put away (16.0)", True), transcript.menus[1], "the other project has its texts")
+        self.assertIn((0, 22393, "Put &away (16.0)", True), transcript.menus[1], "the other project has its texts")
         self.assertEqual([item[1] for item in transcript.menus[0] if item], [22392, 22393, 22391])
         joined = transcript.text.replace("\n", "")
         self.assertIn(self.path("Projects/Riverside/Settings/support/MDITabs.ini"), joined)

@@ -39,7 +39,8 @@ class DiagnosticsTest(HostTest):
 
     def test_log_and_echo_from_the_start(self):
         self.set_registry({}, {"DebugStartup": 1})
-        long = r"Projects\Riverside\Drawings\A-" + "1" * 120 + ".dwg"
+        long = r"Projects\Riverside\Drawings\A-{}.dwg"  # as long as the system takes a path, below any folder
+        long = long.format("1" * (257 - len(self.path(long))))
         (self.folder / A101.replace("\\", "/")).rename(self.folder / long.replace("\\", "/"))
         transcript = self.run_host(["ARX U ZavikMDITabs.arx", f"ARX L {MODULE}", f"OPEN {long}"])
         log = self.log()

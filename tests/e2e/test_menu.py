@@ -21,12 +21,12 @@ class MenuTest(HostTest):
         untitled, river, station, issued, single = transcript.menus
         self.assertEqual(untitled, [(0, SAVE, "&Save", True), (0, CLOSE, "&Close", True), None,
                                     (0, OPTIONS, "&Options...", True)])
-        own = [(0, SAVE, "Save to &Riverside", True), *untitled[1:]]
+        own = [(0, SAVE, "&Save to Riverside", True), *untitled[1:]]
         self.assertEqual(river, [*own, None, (0, 0, "Riverside &references", True),
                                  (1, XREFS, "Grid.dwg", True), (1, XREFS + 1, "Survey.dwg (RO)", True),
                                  (1, XREFS + 2, "Services.dwg", True)])
         self.assertEqual(single, own, "no references where one drawing is open at a time")
-        self.assertEqual(station[0][2:], ("Save and keep &open", True))
+        self.assertEqual(station[0][2:], ("&Save and keep open", True))
         self.assertEqual(issued, station[1:], "read-only: no Save")
 
     def test_references_open_as_drawings(self):

@@ -21,6 +21,19 @@ def table(*columns):
     return rows
 
 
+class CaptionsTest(unittest.TestCase):
+    def test_each_letter_chooses_one_item_of_a_menu(self):
+        """Of what ships, with everything switched on, and of that with each sample's own captions."""
+        def captions(file):
+            return dict(re.findall(r"(?m)^;?(Popup\w+Text) = (.*)", file.read_text(ANSI)))
+        shipped = captions(REPOSITORY / "support/MDITabs.ini")
+        self.assertEqual(len(shipped), 10)
+        for file in [REPOSITORY / "support/MDITabs.ini", *(REPOSITORY / "samples").rglob("MDITabs*.ini")]:
+            letters = [letter.lower() for caption in (shipped | captions(file)).values()
+                       for letter in re.findall("&(.)", caption)]
+            self.assertEqual(len(set(letters)), len(letters), (file, sorted(letters)))
+
+
 class WorkedExampleTest(HostTest):
     def test_each_layer_defines_what_the_guide_says(self):
         rows = table("layer", rf"file below `{OFFICE}`", "defines")

@@ -65,14 +65,6 @@ class StripTest(HostTest):
         self.assertEqual((empty.rect, empty.texts), ((0, 0, 0, 0), []), "without a drawing it takes no room")
         self.assertEqual((first.visible, first.texts, first.selected), (True, ["S-200"], 0))
 
-    def test_another_drawing_takes_its_document_s_place(self):
-        transcript = self.run_host(["CLOSE", f"OPEN {A101}", "LINE 0 0 1 1", "HOVER 0", "SETVAR SDI 1",
-                                    f"OPEN {S200}", "STRIP", "HOVER 0", "LINE 0 0 1 1", "STRIP", "UNDO", "STRIP"])
-        replaced, edited, undone = transcript.strips
-        self.assertEqual([(tab.text, tab.document) for tab in replaced.tabs], [("S-200", self.path(S200))])
-        self.assertIn("S-200", transcript.tips[1][1])
-        self.assertEqual((edited.texts, undone.texts), (["S-200 [changed]"], ["S-200"]))
-
     def test_the_band_takes_its_place_from_the_drawings(self):
         counts = ["STRIP", f"OPEN {A101}", "STRIP", "CLOSE", "CLOSE", "STRIP", "NEW", "STRIP"]
         strips = self.run_host([*counts, *options(TOP), *counts, *options(BOTTOM, DISCREET), *counts,

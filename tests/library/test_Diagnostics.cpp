@@ -1,3 +1,4 @@
+#include "library/diagnostics/Guard.h"
 #include "library/maintenance/AssertionReport.h"
 #include "tests/library/LibraryFixture.h"
 #include "tests/library/ThreadCodePage.h"
@@ -74,6 +75,22 @@ TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 a trace does not look at its argu
     int iLooked = 0;
     TESK_TRACE("%d\n", ++iLooked);
     CHECK(iLooked == 0);
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "what ends in a guard is named and deleted")
+{
+    struct CCounted : CException {
+        explicit CCounted(int& iLive) : m_iLive(++iLive) {}
+        ~CCounted() override { --m_iLive; }
+        int& m_iLive;
+    };
+    int iLive = 0;
+    CHECK_FALSE(Tesk::guarded("C::call", [&] { throw new CCounted(iLive); }));
+    startAt(2);
+    CHECK_FALSE(Tesk::guarded("C::call", [] { throw std::runtime_error("why"); }));
+    CHECK(joined().ends_with("C::call ended by an exception: why\n"));
+    Tesk::neverRaise([&] { throw new CCounted(iLive); });
+    CHECK(iLive == 0);
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")

@@ -116,8 +116,12 @@ TEST_CASE_FIXTURE(DrawingFixture, "a host that does not give the summary informa
     // Nothing of that half-empty object may reach the drawing.
     host::Faults::failNth("acdbGetSummaryInfo", 1);
     properties.write();
-    CHECK(host::Faults::fired());
+    CHECK(properties.isValid());
     CHECK(customOf(*database) == "b=1;A=2;a=3;");
+
+    host::Faults::failNth("AcDbDatabaseSummaryInfo::getCustomSummaryInfo", 2);
+    properties.read();
+    CHECK(properties.getCustomEntries() == std::map<CString, CString>{{"a", "3"}, {"b", "1"}});
 
     host::Faults::failNth("AcDbDatabaseSummaryInfo::getTitle", 1);
     properties.read();

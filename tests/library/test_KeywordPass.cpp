@@ -90,17 +90,6 @@ void compareWithReference(std::string_view sAlphabet, std::string_view sKeywordA
 
 }  // namespace
 
-TEST_CASE("tokens are replaced in the order of their keywords")
-{
-    const KeywordMap mapKeywords{{"A", "%B%"}, {"B", "b"}, {"C", "%A%"}};
-    CHECK(expand("%A%", mapKeywords) == "b");    // B's turn is later
-    CHECK(expand("%C%", mapKeywords) == "%A%");  // A's turn is over
-    CHECK(expand("%a% %D% 100%", mapKeywords) == "%a% %D% 100%");
-    CHECK(expand("%A%B%", mapKeywords) == "bB%");  // A shares its "%" with B and comes first
-    CHECK(expand("[B] %B%", mapKeywords, "[", "]") == "b %B%");
-    CHECK(expand("%%A%B%", {{"A", "x"}, {"xB", "new"}}) == "new");  // replacement completes it
-}
-
 TEST_CASE("a keyword without end stays, and so does one that would bring too much text")
 {
     CHECK(expand("%A%, %B%", {{"A", "<%A%>"}, {"B", "b"}}) == "%A%, b");

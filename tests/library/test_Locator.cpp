@@ -42,11 +42,11 @@ std::string location(int iWhere) { return Tesk::toString(getLocation(iWhere)); }
 
 TEST_CASE("paths come apart by characters, and end in one backslash")
 {
-    CHECK(PathParts("a/b").fileName() == "b");
+    CHECK(CPathParts("a/b").fileName() == "b");
     CHECK(withBackslash("") == "");
     CHECK(withoutBackslash("a\\\\") == "a\\");
     const CThreadLocale locale(CThreadLocale::japanese);
-    CHECK(PathParts("C:\\\x95\\\\\x95\\.dwg").sBase == "\x95\\");
+    CHECK(CPathParts("C:\\\x95\\\\\x95\\.dwg").m_sBase == "\x95\\");
     CHECK(withBackslash("\x95\\") == "\x95\\\\");
     CHECK(withoutBackslash("\x95\\") == "\x95\\");
 }
@@ -102,7 +102,7 @@ TEST_CASE("the installation's own folders")
     const CInstallation components("App\\COMPONENTS\\", true);
     const std::string sProgram = location(LOCATION_DIR_PROGRAM);
     CHECK(sProgram.find('~') != std::string::npos);
-    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == PathParts(withoutBackslash(sProgram)).parent());
+    CHECK(location(LOCATION_DIR_APPLICATION_ROOT) == CPathParts(withoutBackslash(sProgram)).parent());
     CHECK(location(LOCATION_FILE_STANDARD_SETTINGS) ==
           location(LOCATION_DIR_APPLICATION_ROOT) + "support\\StandardSettings.txt");
     CHECK(location(LOCATION_FILE_DIAGNOSTICS_LOG) == location(LOCATION_DIR_TEMP) + "Zavik Diagnostics\\TheModule.log");

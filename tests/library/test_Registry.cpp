@@ -129,6 +129,8 @@ TEST_CASE("a missing key or value changes nothing")
     CHECK(Registry::SetValue(HKEY_CURRENT_USER, kKey, "w", DWORD{1}));
     CHECK_FALSE(get("v", dwValue));
     CHECK(dwValue == 5);
+    const HKEY hkClosed = Registry::CKey(HKEY_CURRENT_USER, kKey, false).get();
+    CHECK(::RegCloseKey(hkClosed) != ERROR_SUCCESS);
 }
 
 TEST_CASE("writing makes the key with its parents; values come back with their type")
@@ -140,6 +142,9 @@ TEST_CASE("writing makes the key with its parents; values come back with their t
     CHECK(Registry::SetValue(HKEY_CURRENT_USER, sDeep, "", CString("default")));
     const Registry::CKey key(HKEY_CURRENT_USER, sDeep, false);
     REQUIRE(key);
+    HKEY hkLasting = nullptr;  // below a volatile key there is none
+    CHECK(::RegCreateKeyA(key.get(), "D", &hkLasting) == ERROR_SUCCESS);
+    ::RegCloseKey(hkLasting);
     const auto typeAndSize = [&key](const char* sName) {
         DWORD dwType = 0;
         DWORD dwSize = 0;
@@ -156,6 +161,22 @@ TEST_CASE("writing makes the key with its parents; values come back with their t
     CHECK((Registry::ReadValue(key.get(), "b", bValue) && bValue));
     CHECK((Registry::ReadValue(key.get(), "", sValue) && sValue == "default"));
     CHECK_FALSE(Registry::WriteValue(key.get(), "n", DWORD{1}, REG_DWORD));  // opened for reading
+}
+
+TEST_CASE("icons are as large as asked for")
+{
+    for (const bool bSmall : {true, false}) {
+        HICON hIcon = nullptr;
+        REQUIRE(Registry::IconFromExtension(".none", hIcon, bSmall));
+        ICONINFO info = {};
+        BITMAP bitmap = {};
+        ::GetIconInfo(hIcon, &info);
+        ::GetObjectA(info.hbmMask, sizeof bitmap, &bitmap);
+        CHECK(bitmap.bmWidth == ::GetSystemMetrics(bSmall ? SM_CXSMICON : SM_CXICON));
+        ::DeleteObject(info.hbmMask);
+        ::DeleteObject(info.hbmColor);
+        ::DestroyIcon(hIcon);
+    }
 }
 
 TEST_CASE("the remote configurable key takes the first name there is")

@@ -1,7 +1,10 @@
 #include "library/drawing/ARXVariable.h"
 #include "library/text/StringView.h"
 
+#include "dxf/Memory.h"
 #include "host/application/Application.h"
+#include "library/diagnostics/Prerelease.h"
+#include "tests/support/Answers.h"
 
 #include <doctest/doctest.h>
 
@@ -50,8 +53,10 @@ TEST_CASE("system variables of the five types go to the host and come back")
     host::Application application({.visible = false});
     REQUIRE(application.execute("NEW").succeeded);
 
+    const long allocations = dxf::liveAllocations();
     CARXVariable("USERS1").set("a text");
     CHECK(CARXVariable("USERS1").readString() == "a text");
+    CHECK(dxf::liveAllocations() == allocations);
     CARXVariable("SDI").set(true);
     CHECK(CARXVariable("SDI").readBool());
     CARXVariable("SDI").set(short{0});
@@ -61,6 +66,14 @@ TEST_CASE("system variables of the five types go to the host and come back")
     CARXVariable scale("LTSCALE");
     scale.read();
     CHECK(scale.getDescription() == "LTSCALE value is : 2.5 (Double).");
+    // DBMOD is a sum of bits: true, without the check that it be 0 or 1.
+    Tesk::setDiagnosticsLevel(1);
+    const Answers answers;
+    CARXVariable modified("DBMOD");
+    CHECK(modified.readBool());
+    CHECK(modified.getShort() > 1);
+    CHECK(answers.boxes().empty());
+    Tesk::setDiagnosticsLevel(0);
 
     CARXVariable("LIMMIN").set(C2DPoint(-1, 3));
     CARXVariable limits("LIMMIN");

@@ -4,6 +4,7 @@
 // own for the user, and a folder of its own for drawings.
 
 #include "host/application/Application.h"
+#include "mfc/afxcmn.h"
 #include "mfc/afxwin.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
@@ -48,6 +49,7 @@ struct ModuleFixture {
     void moveMouse(int tab) const;
     // The text that the strip's balloon would show; "-" without a balloon.
     std::string balloon() const;
+    HWND balloonWindow() const;
 
     CTestHive user;
     CTestFolder folder;

@@ -4,10 +4,10 @@
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
-#include "module/TabForwarders.h"
 #include "module/ZavikMDITabs.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include "reactors/TabForwarders.h"
 #include "settings/resource.h"
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
@@ -233,15 +233,68 @@ TEST_CASE_FIXTURE(ModuleFixture, "options that cannot be stored leave the strip 
     CHECK(Tesk::getDiagnosticsLevel() == 0);
 }
 
-TEST_CASE_FIXTURE(ModuleFixture, "a strip that is up although switched off goes with the module")
+TEST_CASE_FIXTURE(ModuleFixture, "nothing of the module stays in the host, whatever others switched or the host fails")
 {
+    AcApDocument* pDocument = open("a.dwg");
+    const auto listeners = [&] {
+        return app.documents().reactorCount() + app.editor().reactorCount() +
+               host::Database::of(pDocument->database())->reactors().size();
+    };
+    const auto before = listeners();
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    SUBCASE("the strip is switched off while it is up")
+    {
+        load();
+        user.set("Use", 0);
+    }
+    SUBCASE("the strip was never up")
+    {
+        user.set("Use", 0);
+        load();
+    }
+    SUBCASE("the editor's reactor cannot walk the documents")
+    {
+        load();
+        host::Faults::failNth("AcApDocManager::newAcApDocumentIterator", 1);
+    }
+    SUBCASE("the document manager's cannot")
+    {
+        load();
+        host::Faults::throwNth("AcApDocManager::newAcApDocumentIterator", 2, [] { throw 1; });
+    }
+    CHECK(unload() == "");
+    host::Faults::clear();
+    CHECK(strip() == nullptr);
+    CHECK(listeners() == before);
+    CHECK(answers.assertions() == "");
+}
+
+TEST_CASE_FIXTURE(ModuleFixture, "icons that are switched on later are there")
+{
+    user.set("UseIcons", 0);
     load();
     open("a.dwg");
+    Answers answers([](HWND dialog, int) {
+        Answers::press(dialog, IDC_SHOW_ICONS);
+        Answers::press(dialog, IDOK);
+    });
+    const auto icons = [this] {
+        return ::ImageList_GetImageCount(reinterpret_cast<HIMAGELIST>(::SendMessageA(strip(), TCM_GETIMAGELIST, 0, 0)));
+    };
+    std::vector<int> counts;
+    for (int i = 0; i < 3; ++i) {
+        type("ZavikMDITabs");
+        counts.push_back(icons());
+    }
+    CHECK(counts == std::vector{1, 1, 1});
+    // Others have switched the strip on, which is not up yet.
+    unload();
     user.set("Use", 0);
-    CHECK(unload() == "");
+    load();
+    user.set("Use", 1);
+    type("ZavikMDITabs");
     CHECK(strip() == nullptr);
-    CHECK_FALSE(CDocManagerReactor::isAttached());
-    CHECK_FALSE(CEditorReactor::isAttached());
 }
 
 TEST_CASE_FIXTURE(ModuleFixture, "commands are registered with checked arguments")

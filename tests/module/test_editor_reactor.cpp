@@ -4,13 +4,11 @@
 #include "host/drawing/Faults.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/text/StringView.h"
-#include "objectarx/dbapserv.h"
 #include "reactors/EditorReactor.h"
 #include "tests/support/DrawingText.h"
 #include <doctest/doctest.h>
 
 #include <climits>
-#include <memory>
 
 namespace {
 
@@ -140,58 +138,6 @@ TEST_CASE_FIXTURE(EditorFixture, "what happens to a drawing is traced, and a tab
     CHECK(count(failed, "Unhandled exception in CDatabaseData construction ...\n") == 1);
 }
 
-// Hosts differ in the order of what they do and what they say.
-TEST_CASE_FIXTURE(EditorFixture, "what was not notified is seen when the drawing is next activated")
-{
-    folder.write("MDITabs.ini", "ModifiedText = *\r\n");
-    load();
-    AcApDocument* pFirst = open("a.dwg", DrawingText().variable("TITLE", "A"));
-    AcApDocument* pSecond = open("b.dwg", DrawingText());
-    const auto activateFirst = [&] {
-        app.documents().activateDocument(pSecond);
-        app.documents().activateDocument(pFirst);
-        return tabs()[0];
-    };
-    CHECK(readsOf(activateFirst) == 0);
-    drawing(pFirst).markModified(host::Database::kView);
-    CHECK(tabs()[0] == "a");
-    CHECK(activateFirst() == "a*");
-    drawing(pFirst).setDbmod(0);
-    CHECK(activateFirst() == "a");
-    static_cast<host::Document*>(pFirst)->setFile(folder.path() + "c.dwg");
-    CHECK(activateFirst() == "c");
-    CHECK(expand(pFirst, "%FILENAME%") == "c");
-    CHECK(readsOf(activateFirst) == 0);
-}
-
-TEST_CASE_FIXTURE(EditorFixture, "a database that takes another's place in a document is listened to")
-{
-    folder.write("MDITabs.ini", "ModifiedText = *\r\n");
-    load();
-    AcApDocument* pDocument = open("a.dwg", DrawingText().variable("TITLE", "A"));
-    auto& document = static_cast<host::Document&>(*pDocument);
-    REQUIRE(run("LINE 0 0 1 1"));
-    CHECK(tabs() == std::vector<std::string>{"a*"});
-    std::unique_ptr<host::Database> old = document.releaseDatabase();
-    bool lives = false;
-    SUBCASE("after the other has gone") { old.reset(); }
-    SUBCASE("while the other lives on") { lives = true; }
-    document.setDatabase(host::Database::open(folder.write("b.dwg", DrawingText().variable("TITLE", "B").str())));
-    acdbHostApplicationServices()->setWorkingDatabase(pDocument->database());
-    document.setFile(folder.path() + "b.dwg");
-    std::string name = pDocument->fileName();
-    app.editor().notify(&AcEditorReactor::dwgFileOpened, pDocument->database(), name.data());
-    CHECK(tabs() == std::vector<std::string>{"b"});
-    CHECK(title(pDocument) == "B");
-    REQUIRE(run("LINE 0 0 1 1"));
-    CHECK(tabs() == std::vector<std::string>{"b*"});
-    if (lives)
-        CHECK(old->reactors().size() == 0);
-    const auto listeners = drawing(pDocument).reactors().size();
-    unload();
-    CHECK(drawing(pDocument).reactors().size() == listeners - 1);
-}
-
 TEST_CASE_FIXTURE(EditorFixture, "drawings that are open already are read when the module is loaded")
 {
     AcApDocument* pFirst = open("a.dwg", DrawingText().variable("TITLE", "A"));
@@ -203,6 +149,5 @@ TEST_CASE_FIXTURE(EditorFixture, "drawings that are open already are read when t
     CHECK(tabs() == std::vector<std::string>{"a", "b"});
     CHECK(readsOf([&] { CHECK(title(pFirst) == "A"); }) == 1);
     CHECK(readsOf([&] { unload(); }) == 0);
-    CHECK_FALSE(CEditorReactor::isAttached());
     CHECK(app.editor().reactorCount() == 0);
 }

@@ -1,8 +1,10 @@
 // The context menu, through the real menu window, and its commands.
 #include "ModuleFixture.h"
+#include "host/drawing/Faults.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
+#include "reactors/EditorReactor.h"
 #include "tabs/MenuIds.h"
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
@@ -197,6 +199,16 @@ TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, op
         CHECK(menu("0") == full);
         REQUIRE(run("SETVAR SDI 0"));
     }
+    SUBCASE("as far as the host answers")
+    {
+        host::Faults::failNth("acedGetVar", 1);
+        CHECK(menu("0").find("item 0: \"Xrefs\" enabled=1\n") != std::string::npos);
+        host::Faults::clear();
+        CEditorReactor::getReactor()->databaseToBeDestroyed(app.documents().active()->database());
+        host::Faults::throwNth("acdbGetSummaryInfo", 1, [] { throw 1; });
+        CHECK(menu("0") == full);
+        host::Faults::clear();
+    }
     SUBCASE("an identifier outside the list is reported and does nothing")
     {
         const Answers answers;
@@ -204,10 +216,9 @@ TEST_CASE_FIXTURE(MenuFixture, "external references: listed with their state, op
         const std::vector<CString> xrefs = m_pWndTabs->getXrefs(pDocument);
         CHECK(xrefs == std::vector<CString>{free.c_str(), fixed.c_str()});
         Tesk::setDiagnosticsLevel(1);
-        // Close others is not switched on.
-        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, IDC_DYNAMIC_MENU_CLOSE_OTHERS, 0U})
+        for (const UINT id : {IDC_DYNAMIC_MENU_XREFS + 2, 0U})
             m_pWndTabs->processPopupMenuItem(pDocument, id, xrefs);
-        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
+        CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
         CHECK(app.documents().count() == 1);
     }
     ::SetFileAttributesA(fixed.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -228,24 +239,4 @@ TEST_CASE_FIXTURE(MenuFixture, "string items are enabled whatever the frame made
     m_pWndTabs->enablePopupMenu(&menu);
     CHECK((menu.GetMenuState(0, MF_BYPOSITION) & (MF_GRAYED | MF_DISABLED)) == 0);
     CHECK(answers.boxes().empty());
-}
-
-TEST_CASE_FIXTURE(MenuFixture,
-                  "a person who keeps one of the drawings to be closed keeps those behind it, now and later")
-{
-    folder.write("MDITabs.ini", "PopupCloseOthersText = Close the others\n");
-    std::vector<AcApDocument*> documents;
-    for (const char* sName : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"})
-        documents.push_back(open(sName));
-    app.documents().activateDocument(documents[1]);
-    REQUIRE(run("LINE 0 0 1 1"));
-    {
-        const Answers answers({}, [] { ::PostMessageA(::GetActiveWindow(), WM_COMMAND, IDCANCEL, 0); });
-        m_pWndTabs->processPopupMenuItem(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS, {});
-        app.pumpUntilIdle();
-        CHECK(answers.boxes().size() == 1);
-    }
-    CHECK(tabs() == Texts{"b", "c", "d"});
-    close(documents[1]);
-    CHECK(tabs() == Texts{"c", "d"});
 }

@@ -146,6 +146,21 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under th
         moveMouse(1);
         CHECK(balloon() == "the sub-folder's");
     }
+    SUBCASE("as it is written, ampersands and tab characters, too")
+    {
+        REQUIRE(run("PROPS Title \"Plans & elevations\""));
+        REQUIRE(run("QSAVE"));
+        moveMouse(1);
+        CHECK(balloon() == "Plans & elevations");
+        CHECK((::GetWindowLongA(balloonWindow(), GWL_STYLE) & TTS_NOPREFIX) != 0);
+    }
+    SUBCASE("which goes with its drawing")
+    {
+        REQUIRE(run("HOVER 1"));
+        CHECK(::IsWindowVisible(balloonWindow()));
+        close(pSecond);
+        CHECK_FALSE(::IsWindowVisible(balloonWindow()));
+    }
     SUBCASE("and not the text of an empty place")
     {
         moveMouse(0);

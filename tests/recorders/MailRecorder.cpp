@@ -30,9 +30,12 @@ extern "C" __declspec(dllexport) ULONG WINAPI
     MAPISendMail(LHANDLE, ULONG_PTR window, lpMapiMessage mail, FLAGS flags, ULONG)
 {
     std::ofstream record(environment("MAIL_RECORD"), std::ios::binary);
-    record << "dialog: " << ((flags & MAPI_DIALOG) != 0) << "\nrecipients: " << mail->nRecipCount
+    record << "dialog: " << ((flags & MAPI_DIALOG) != 0)
+           << "\nrecipients: " << (mail->lpRecips->ulRecipClass == MAPI_TO ? mail->nRecipCount : 0)
            << "\nto: " << mail->lpRecips->lpszName << " " << mail->lpRecips->lpszAddress
-           << "\nsubject: " << mail->lpszSubject << "\nattachments: " << mail->nFileCount << "\n";
+           << "\nsubject: " << mail->lpszSubject
+           << "\nattachments: " << (mail->nFileCount > 0 && mail->lpFiles->nPosition != ~0ul ? 0 : mail->nFileCount)
+           << "\n";
     if (mail->nFileCount > 0)
         record << "file: " << mail->lpFiles->lpszPathName << "\n" << contents(mail->lpFiles->lpszPathName);
     record << "\ntext: " << mail->lpszNoteText;

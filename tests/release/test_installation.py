@@ -1,8 +1,8 @@
-"""The installer on a machine of its own: rolled out, upgraded, removed, and nothing left.
+"""What is handed out: the packages' contents, and the installer on a machine of its own, with nothing left of it.
 
-Run by ctest; ARCH says which Wine is the machine, BUILD where host and module
-are. RELEASE, when set, is a folder of tools/release whose installer is taken;
-else one is made of the module as built.
+Run by ctest; ARCH says which Wine is the machine, BUILD where to work. PROGRAMS, when
+set, is where the programs are, else a build folder. RELEASE, when set, is a folder of
+tools/release whose packages are taken; else they are made of the programs as built.
 """
 import os
 import pathlib
@@ -10,56 +10,70 @@ import re
 import shutil
 import subprocess
 import sys
+import tarfile
 import unittest
+import unittest.mock
+import zipfile
 
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 sys.path[:0] = [str(REPOSITORY / "tests/e2e"), str(REPOSITORY / "package")]
 import archives  # noqa: E402
 import installer  # noqa: E402
+import module  # noqa: E402
 from host import ARCH, BUILD, Transcript, wine  # noqa: E402
+from source import Refused, Source  # noqa: E402
 
 WORK = BUILD / "release-test"
 PREFIX = WORK / "machine"
 os.environ["WINEPREFIX"] = str(PREFIX)
+# What ships is 32-bit, on every machine.
+PROGRAMS = pathlib.Path(os.environ.get("PROGRAMS", next(
+    folder for folder in (REPOSITORY / "build/x86", BUILD) if (folder / "ZavikMDITabs.arx").exists())))
 ENTRY = r"Software\{}Autodesk\AutoCAD\{}\Applications\ZavikMDITabs"
 OURS = re.compile(r"Software\\(Wow6432Node\\)?(Zavik|Autodesk\\AutoCAD\\.*\\Applications"
                   r"|Classes\\Installer|Microsoft\\Windows\\CurrentVersion\\(Installer|Uninstall))(\\|$)")
 # Where Windows Installer lists all products; the lists stay, empty. The last is Wine's own, made at each of its starts.
 BOOKS = re.compile(r"Installer\\(UserData\\S-1-5-18\\)?(Features|Products|UpgradeCodes|Components)$"
                    r"|CurrentVersion\\Uninstall$|NetworkCards$")
-NEXT = re.sub(r"\d+$", lambda patch: str(int(patch[0]) + 1), installer.version())
+VERSION = installer.version()
+NEXT = re.sub(r"\d+$", lambda patch: str(int(patch[0]) + 1), VERSION)
 OLD, NEW = "R16.0\\ACAD-201:409", "R16.2\\ACAD-4004:407"  # hosts from the start
+STAND_IN = (PROGRAMS / "cadhost.exe").exists()
 LATER = "R16.1\\ACAD-301:40C"  # installed after the tabs
+# A module's two exports, and what it says of itself.
+CODE = "__declspec(dllexport) int {}(void) {{ return 0; }} __declspec(dllexport) int acrxGetApiVersion(void) {{ return 0; }}"
+RESOURCE = """1 VERSIONINFO FILEVERSION {} BEGIN BLOCK "StringFileInfo" BEGIN BLOCK "040904E4" BEGIN
+VALUE "Comments", "Built from {}" END END BLOCK "VarFileInfo" BEGIN VALUE "Translation", 0x409, 1252 END END"""
 
 
 def content(version):
-    """A folder with the module, in that version, and its texts."""
+    """A folder with what is installed, in that version."""
     folder = WORK / version
-    module = BUILD / "ZavikMDITabs.arx"
-    if (REPOSITORY / "build/x86/ZavikMDITabs.arx").exists():  # what ships is 32-bit, on every machine
-        module = REPOSITORY / "build/x86/ZavikMDITabs.arx"
-    archives.stage(module, REPOSITORY, folder)
-    data = bytearray(module.read_bytes())
-    fixed = data.index(b"\xbd\x04\xef\xfe")
+    archives.lay_out_for_autocad(PROGRAMS / "ZavikMDITabs.arx", PROGRAMS / "tabscheck.exe", REPOSITORY, version, folder)
     major, minor, patch = map(int, version.split("."))
-    for offset, number in ((8, major << 16 | minor), (12, patch << 16)):
-        data[fixed + offset:fixed + offset + 4] = number.to_bytes(4, "little")
-    (folder / "ZavikMDITabs.arx").write_bytes(data)
+    for program in (folder / "ZavikMDITabs.arx", folder / "tabscheck.exe"):
+        data = bytearray(program.read_bytes())
+        fixed = data.index(b"\xbd\x04\xef\xfe")
+        for offset, number in ((8, major << 16 | minor), (12, patch << 16)):
+            data[fixed + offset:fixed + offset + 4] = number.to_bytes(4, "little")
+        program.write_bytes(data)
+    if version == NEXT:
+        for text in folder.glob("support/**/*.*"):
+            text.write_bytes(text.read_bytes() + b"; new\r\n")
     return folder
 
 
+def released(pattern):
+    """The package of that kind to try; None when there is none."""
+    for path in pathlib.Path(os.environ.get("RELEASE", "none")).glob(pattern):
+        return shutil.copy(path, WORK / path.name)
+
+
 def package(version):
+    """An installer; for the stand-in host, unless one of a module for AutoCAD is tried."""
     path = WORK / f"ZavikMDITabs-{version}.msi"
-    installer.make(content(version), path, version, "test", 1_000_000_000)
+    installer.make(content(version), path, version, "test", 1_000_000_000, stand_in=STAND_IN)
     return path
-
-
-def released():
-    """The package to try."""
-    if "RELEASE" not in os.environ:
-        return package(installer.version())
-    path, = pathlib.Path(os.environ["RELEASE"]).glob("*.msi")
-    return shutil.copy(path, WORK / path.name)
 
 
 def software():
@@ -94,6 +108,9 @@ class Machine(unittest.TestCase):
         for host in (OLD, NEW):
             self.add_host(host)
 
+    def allow_stand_in(self):
+        self.run_windows("reg", "add", rf"HKLM\Software\{self.wow}Zavik\StandIn", "/v", "Machine", "/d", "yes", "/f")
+
     def run_windows(self, *command):
         code, text = wine(*command, cwd=WORK)
         self.assertEqual(code, 0, text)
@@ -115,9 +132,10 @@ class Machine(unittest.TestCase):
         text = wine("reg", "query", rf"HKLM\Software\{self.wow}Autodesk\AutoCAD", "/s")[1]
         return set(re.findall(r"AutoCAD\\(\S+)\\Applications\\ZavikMDITabs$", text, re.M))
 
-    def installed_versions(self):
+    def listed(self, value):
+        """What the list of programs says."""
         text = wine("reg", "query", rf"HKLM\Software\{self.wow}Microsoft\Windows\CurrentVersion\Uninstall", "/s")[1]
-        return re.findall(r"DisplayVersion\s+REG_SZ\s+(\S+)", text)
+        return re.findall(rf"{value}\s+REG_\w*SZ\s+(.*\S)", text)
 
     def check_installed(self, before, folder):
         """The module is where it belongs, registered for the hosts that are there, and nothing else is new."""
@@ -132,8 +150,10 @@ class Machine(unittest.TestCase):
             for subkey in ("Commands", "Groups"):
                 self.assertEqual(new[rf"{entry}\{subkey}"], ['"ZavikMDITabs"="ZavikMDITabs"'])
         self.assertEqual(self.registered(), {OLD, NEW})
-        self.assertTrue((PREFIX / "drive_c" / folder / "Zavik/ZavikMDITabs/ZavikMDITabs.arx").exists())
-
+        home = PREFIX / "drive_c" / folder / "Zavik/ZavikMDITabs"
+        self.assertEqual({path.relative_to(home) for path in home.rglob("*")},
+                         {path.relative_to(WORK / NEXT) for path in (WORK / NEXT).rglob("*")})
+        self.assertEqual(self.listed("InstallLocation"), [rf"C:\{folder}\Zavik\ZavikMDITabs" "\\"])
 
     def check_as_before(self, before, files_before):
         after = software()
@@ -144,72 +164,178 @@ class Machine(unittest.TestCase):
 
 class Installation(Machine):
     def test_rolled_out_upgraded_and_removed_without_a_trace(self):
-        first = released()
-        second = package(NEXT)
+        first, second = released("*.msi") or package(VERSION), package(NEXT)
         folder = PREFIX / "drive_c/Program Files/Zavik/ZavikMDITabs"
-        texts, module = folder / "support/MDITabs.ini", folder / "ZavikMDITabs.arx"
+        texts, untouched = folder / "support/MDITabs.ini", folder / "support/StandardSettings.txt"
+        if STAND_IN:
+            self.msiexec("/i", first.name)
+            self.assertFalse(folder.exists())
+            self.allow_stand_in()
         before, files_before = software(), files()
 
         self.msiexec("/i", first.name)
         self.check_installed(before, "Program Files")
-        self.check_strip()
+        if STAND_IN:
+            self.check_strip()
+            self.check_try()
 
         # An office edits its texts and has settings of its own beside the installation.
-        texts.write_bytes(texts.read_bytes() + b"PopupSaveText = Keep\r\n")
+        edited = texts.read_bytes() + b"PopupSaveText = Keep\r\n"
+        texts.write_bytes(edited)
         domain = folder.parent / "DomainSettings/support"
         domain.mkdir(parents=True)
         self.msiexec("/i", second.name)
-        self.assertEqual(self.installed_versions(), [NEXT])
-        self.assertEqual(module.read_bytes(), (WORK / NEXT / "ZavikMDITabs.arx").read_bytes())
-        self.assertIn(b"Keep", texts.read_bytes())
+        self.assertEqual(self.listed("DisplayVersion"), [NEXT])
+        self.assertEqual((folder / "ZavikMDITabs.arx").read_bytes(), (WORK / NEXT / "ZavikMDITabs.arx").read_bytes())
+        self.assertEqual(texts.read_bytes(), edited)
+        for new in (untouched, folder / "support/original/MDITabs.ini"):
+            self.assertEqual(new.read_bytes()[-7:], b"; new\r\n")
 
         self.msiexec("/i", first.name)
-        self.assertEqual(self.installed_versions(), [NEXT])
+        self.assertEqual(self.listed("DisplayVersion"), [NEXT])
 
         self.add_host(LATER)
         self.lose_host(NEW)
         self.msiexec("/i", second.name, "REINSTALL=ALL")
         self.assertIn(LATER, self.registered())
 
+        # Back to the version before.
         for host in (OLD, LATER):
             self.lose_host(host)
         self.msiexec("/x", second.name)
+        self.assertEqual([path.name for path in folder.rglob("*.*")], ["MDITabs.ini.edited"])
+        self.msiexec("/i", first.name)
+        self.assertEqual(texts.read_bytes(), edited)
+        self.msiexec("/x", first.name)
         self.assertTrue(domain.exists())
-        shutil.rmtree(domain.parent)
-        folder.parent.rmdir()
+        shutil.rmtree(folder.parent)
         # The hosts are gone, all that was under their keys with them.
         self.check_as_before({key: values for key, values in before.items() if r"Software\Autodesk" not in key},
                              files_before)
 
     def check_strip(self):
         (WORK / "look.scr").write_text("STRIP\nHOVER 0\nSHOT installed.png\n")
-        transcript = Transcript(0, self.run_windows(BUILD / "cadhost.exe", "/nologo", "/b", "look.scr"))
+        transcript = Transcript(0, self.run_windows(PROGRAMS / "cadhost.exe", "/nologo", "/b", "look.scr"))
         self.assertTrue(transcript.strips[0].visible)
         self.assertEqual(transcript.strips[0].texts, ["Drawing1"])
         self.assertEqual(transcript.tips, [("Drawing", "This drawing has no title.")])
 
+    def check_try(self):
+        """What is to try runs in any folder, although another is installed, and shows the sample office's texts."""
+        path = released("*-try.zip")
+        if not path:
+            path = WORK / "try.zip"
+            archives.lay_out_to_try(PROGRAMS, REPOSITORY, VERSION, WORK / "try")
+            archives.write_zip(path, WORK / "try", "try", 1_000_000_000)
+        with zipfile.ZipFile(path) as archive:
+            archive.extractall(WORK / "to try & see")
+        folder, = (WORK / "to try & see").iterdir()
+        (folder / "look.scr").write_text("STRIP\nHOVER 0\nMENU 4\nMENU 5\nSHOT try.png\n")
+        before = software()
+        transcript = Transcript(0, self.run_windows("cmd", "/c", "call", folder / "try.cmd", "/nologo", "/b", "look.scr"))
+        self.assertEqual(transcript.strips[0].texts, [
+            "A-100.rev2", "A-101", "Grundriß-Süd", "Drawing1", "S-200", "S-201 issued", "D-300", "Sketch"])
+        self.assertEqual(transcript.tips[0][0], "Zavik sample office")
+        saves = ["Save and keep &open" in [item[2] for item in menu if item] for menu in transcript.menus]
+        self.assertEqual(saves, [True, False])  # the second is issued: nobody may write it
+        after = software()
+        self.assertEqual([key for key in after if after[key] != before.get(key) and r"Software\Zavik" not in key], [])
+
 
 class SixtyFourBitMachine(Machine):
-    def test_in_its_32_bit_views_and_in_a_folder_of_the_managers_choice(self):
-        first = released()
+    def test_in_its_32_bit_views_and_as_the_manager_says(self):
+        first, second = released("*.msi") or package(VERSION), package(NEXT)
+        self.allow_stand_in()
         before, files_before = software(), files()
         self.msiexec("/i", first.name)
         self.check_installed(before, "Program Files (x86)")
         self.msiexec("/x", first.name)
 
-        second = package(NEXT)
         module = PREFIX / "drive_c/CAD/Tabs/ZavikMDITabs.arx"
-        self.msiexec("/i", first.name, r"INSTALLDIR=C:\CAD\Tabs")
+        self.msiexec("/i", first.name, r"INSTALLDIR=C:\CAD\Tabs", "LOADCTRLS=start")
+        self.assertFalse(module.exists())
+        self.msiexec("/i", first.name, r"INSTALLDIR=C:\CAD\Tabs", "LOADCTRLS=12", r"DOMAINSETTINGS=P:\Office")
         self.assertTrue(module.exists())
-        self.msiexec("/i", second.name)
+        # What it was told stays so, the folder even against the command line.
+        self.msiexec("/i", second.name, r"INSTALLDIR=C:\Elsewhere")
         self.assertEqual(module.read_bytes(), (WORK / NEXT / "ZavikMDITabs.arx").read_bytes())
+        keys = software()
+        self.assertIn('"LOADCTRLS"=dword:0000000c', keys["system.reg " + ENTRY.format(self.wow, OLD)])
+        settings = r"system.reg Software\Wow6432Node\Zavik\ZavikMDITabs\Remote Configurable"
+        for key in (settings, settings + r"\Stamps"):
+            self.assertEqual(keys[key], [r'"Domain Settings"="P:\\Office"'])
         self.msiexec("/x", second.name)
         (PREFIX / "drive_c/CAD").rmdir()  # only the tabs' own folder leaves
         self.check_as_before(before, files_before)
 
 
+class Packages(unittest.TestCase):
+    def setUp(self):
+        self.folder = BUILD / "package-test"
+        shutil.rmtree(self.folder, ignore_errors=True)
+        self.folder.mkdir()
+
+    def build(self, *flags, entry="acrxEntryPoint", version="1,2,3,0", source="commit 1", compiler="i686"):
+        """A module, as somebody might build it for AutoCAD."""
+        path = self.folder / "module.arx"
+        (self.folder / "module.c").write_text(CODE.format(entry) + " int main(void) { return 0; }")
+        (self.folder / "module.rc").write_text(RESOURCE.format(version, source) if version else "1 RCDATA BEGIN 1 END")
+        tool = f"{compiler}-w64-mingw32-"
+        subprocess.run([tool + "windres", "module.rc", "resource.o"], cwd=self.folder, check=True)
+        subprocess.run([tool + "gcc", *(flags or ["-shared"]), "-o", path, "module.c", "resource.o"], cwd=self.folder,
+                       check=True)
+        return path
+
+    def test_a_module_for_autocad_is_packed_or_refused_with_the_reason(self):
+        def reason(path):
+            return module.reason_against(path, "1.2.3", "commit 1")
+
+        self.assertEqual(reason(self.build()), "")
+        for part, path in (("no Windows program", lambda: REPOSITORY / "README.md"),
+                           ("not 32-bit", lambda: self.build(compiler="x86_64")),
+                           ("not a DLL", lambda: self.build("-s")),
+                           ("does not export acrxEntryPoint,", lambda: self.build(entry="entryPoint")),
+                           ("imports cadhost.exe and cadmfc.dll", lambda: PROGRAMS / "ZavikMDITabs.arx"),
+                           ("no version resource", lambda: self.build(version="")),
+                           ("is version 1.2.4, and this release is 1.2.3", lambda: self.build(version="1,2,4,0")),
+                           ('says "Built from commit 2"', lambda: self.build(source="commit 2"))):
+            with self.subTest(part):
+                self.assertIn(part, reason(path()))
+
+    def test_the_source_archive_holds_the_commit_whatever_git_is_told_and_serves_as_its_repository(self):
+        os.environ.update({"GIT_CONFIG_COUNT": "1", "GIT_CONFIG_KEY_0": "core.autocrlf", "GIT_CONFIG_VALUE_0": "true"})
+        source = Source(REPOSITORY, snapshot=True)
+        source.write_archive(self.folder / "first.tar.gz", "inside")
+        with tarfile.open(self.folder / "first.tar.gz") as archive:
+            archive.extractall(self.folder)
+        unpacked = self.folder / "inside"
+        self.assertEqual((unpacked / "samples/Sketches/Sketch.dwg").read_bytes(),
+                         (REPOSITORY / "samples/Sketches/Sketch.dwg").read_bytes())
+        Source(unpacked).write_archive(self.folder / "second.tar.gz", "inside")
+        self.assertEqual((self.folder / "first.tar.gz").read_bytes(), (self.folder / "second.tar.gz").read_bytes())
+        (unpacked / "support/Another.txt").write_text("new")
+        with self.assertRaisesRegex(Refused, "has changes"):
+            Source(unpacked)
+        (unpacked / "RELEASE").unlink()
+        with self.assertRaisesRegex(Refused, "neither"):
+            Source(unpacked)
+
+    def test_readers_find_this_version_and_a_feature_holds_what_the_installer_takes(self):
+        archives.lay_out_for_autocad(PROGRAMS / "ZavikMDITabs.arx", PROGRAMS / "tabscheck.exe", REPOSITORY, VERSION,
+                                     self.folder / "all")
+        text = "".join(path.read_text("utf-8") for kind in ("README.txt", "*.html")
+                       for path in (self.folder / "all").rglob(kind))
+        self.assertEqual(set(re.findall(r"ZavikMDITabs-([^.]+\.[^.]+\.[^.]+)\.msi", text)), {VERSION})
+        for page in (REPOSITORY / "README.md", *REPOSITORY.glob("docs/*.md"), *REPOSITORY.glob("package/README*")):
+            self.assertNotRegex(page.read_text("utf-8"), r"ZavikMDITabs-\d|\bv\d+\.\d+\.\d+")
+        with unittest.mock.patch.object(installer, "COMPONENTS_A_FEATURE", 600), \
+                self.assertRaisesRegex(ValueError, "R16_2 has 682 components"):
+            installer.make(self.folder / "all", self.folder / "a.msi", VERSION, "test", 0)
+
+
 def load_tests(loader, tests, pattern):
-    return loader.loadTestsFromTestCase(SixtyFourBitMachine if ARCH == "x64" else Installation)
+    cases = [SixtyFourBitMachine] if ARCH == "x64" else [Packages, Installation]
+    return unittest.TestSuite(map(loader.loadTestsFromTestCase, cases))
 
 
 if __name__ == "__main__":

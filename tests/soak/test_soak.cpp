@@ -202,8 +202,8 @@ private:
         std::string lines;
         for (std::size_t i = 0; i < app.documents().count(); ++i) {
             const host::Document& document = app.documents().at(i);
-            const Tesk::PathParts parts(document.fileName());
-            std::string text = options.bExtensions ? parts.fileName() : parts.sBase;
+            const Tesk::CPathParts parts(document.fileName());
+            std::string text = options.bExtensions ? parts.fileName() : parts.m_sBase;
             if (document.isModified())
                 text += document.isTitled() ? "*" : CMDITabSettings::getModifiedText(document.fileName()).GetString();
             lines += line(&document == app.documents().active(), text, static_cast<const AcApDocument*>(&document));

@@ -1,5 +1,7 @@
-#include "settings/HelpBox.h"
+#include "additions/HelpBox.h"
 
+#include "additions/OptInText.h"
+#include "additions/resource.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/FileSearch.h"
@@ -11,13 +13,11 @@
 #include "library/text/StringView.h"
 #include "settings/MDITabSettings.h"
 #include "settings/ResourceScope.h"
-#include "settings/resource.h"
-
-#include <vector>
 
 namespace {
 
 constexpr const char* kNewLine = "\r\n";
+constexpr const char* kIndent = "    ";
 
 CString productLabel()
 {
@@ -27,31 +27,27 @@ CString productLabel()
 
 CString logFile() { return Tesk::getLocation(Tesk::LOCATION_FILE_DIAGNOSTICS_LOG); }
 
-// From the most general to the most specific.
-std::vector<CString> textFiles(const CString& sFilename)
+// As they were loaded.
+CString textFiles(const CString& sFilename)
 {
-    std::vector<CString> vecFiles;
-    Tesk::Support::File::CLocator().findFilesForDrawing(vecFiles, sFilename, "MDITabs.ini", "");
-    return vecFiles;
+    CString sLines;
+    for (const CTabsDefaultSettings::Copy& copy : CMDITabSettings::getDefaultSettings(sFilename)->getCopies()) {
+        sLines += kIndent + copy.sPath + kNewLine;
+        if (!copy.sReason.IsEmpty())
+            sLines += CString(kIndent) + kIndent + "left out: " + copy.sReason + kNewLine;
+    }
+    return sLines;
 }
 
-std::vector<CString> titleBlockFiles(const CString& sFilename)
+CString titleBlockFiles(const CString& sFilename)
 {
-    std::vector<CString> vecFiles;
-    const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::PathParts(sFilename.GetString()).parent()));
+    CString sLines;
+    const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::CPathParts(sFilename.GetString()).parent()));
     for (const CString& sFile : {Tesk::getLocation(Tesk::LOCATION_FILE_STANDARD_SETTINGS),
                                  Tesk::getLocation(Tesk::LOCATION_FILE_DOMAIN_SETTINGS),
                                  sProject.IsEmpty() ? CString() : sProject + "ProjectSettings.txt"})
         if (!sFile.IsEmpty() && Tesk::fileExists(sFile))
-            vecFiles.push_back(sFile);
-    return vecFiles;
-}
-
-CString lines(const std::vector<CString>& vecFiles)
-{
-    CString sLines;
-    for (const CString& sFile : vecFiles)
-        sLines += "    " + sFile + kNewLine;
+            sLines += kIndent + sFile + kNewLine;
     return sLines;
 }
 
@@ -59,8 +55,9 @@ CString lines(const std::vector<CString>& vecFiles)
 CString mailAddress(const CString& sText)
 {
     constexpr const char* kScheme = "mailto:";
+    constexpr int kLength = 7;
     const CString sTarget = CHyperLink::getTarget(sText);
-    return sTarget.Left(7) == kScheme ? sTarget.Mid(7) : CString();
+    return sTarget.Left(kLength).CompareNoCase(kScheme) == 0 ? sTarget.Mid(kLength) : CString();
 }
 
 }  // namespace
@@ -72,7 +69,7 @@ END_MESSAGE_MAP()
 CHelpBox::CHelpBox(const char* sFilename)
     : CDialog(IDD_HELP),
       m_sFilename(sFilename),
-      m_sSupportAddress(mailAddress(CMDITabSettings::getSupportAddress(sFilename)))
+      m_sSupportAddress(mailAddress(getOptInText(sFilename, "SupportAddress")))
 {
 }
 
@@ -82,9 +79,9 @@ CString CHelpBox::describe() const
     return "Product: " + productLabel() + " (" + Tesk::CVersionBlock::getProductName() + ")" + kNewLine +
            "Module: " + Tesk::getLocation(Tesk::LOCATION_FILE_MODULE) + kNewLine + "Log: " + sLog +
            (Tesk::fileExists(sLog) ? "" : " (not there: debug mode is off)") + kNewLine + kNewLine +
-           "Drawing: " + m_sFilename + kNewLine + "Its texts are from, the last one first:" + kNewLine +
-           lines(textFiles(m_sFilename)) + "Its title block is looked up in, the last one first:" + kNewLine +
-           lines(titleBlockFiles(m_sFilename));
+           "Drawing: " + m_sFilename + kNewLine +
+           "Its texts are from these files; each overrides those above it:" + kNewLine + textFiles(m_sFilename) +
+           "Its title block is looked for in these, the lowest first:" + kNewLine + titleBlockFiles(m_sFilename);
 }
 
 INT_PTR CHelpBox::DoModal()
@@ -105,8 +102,8 @@ BOOL CHelpBox::OnInitDialog()
 void CHelpBox::fill()
 {
     GetDlgItem(IDC_HELP_TEXT)->SetWindowText(describe());
-    m_link.Attach(this, IDC_HELP_LINK, CMDITabSettings::getHelpAddress(m_sFilename));
-    if (m_sSupportAddress.IsEmpty())
+    m_link.Attach(this, IDC_HELP_LINK, getOptInText(m_sFilename, "HelpAddress"));
+    if (m_sSupportAddress.IsEmpty() || !Tesk::fileExists(logFile()))
         ::DestroyWindow(::GetDlgItem(m_hWnd, IDC_MAIL_LOG));
 }
 
@@ -119,15 +116,15 @@ void CHelpBox::mailLog()
 {
     const CString sLog = logFile();
     const CString sSubject = productLabel() + ": help wanted";
-    const Tesk::Mail::Message message = {m_sSupportAddress, sSubject, describe(),
-                                         Tesk::fileExists(sLog) ? sLog : CString()};
+    const Tesk::Mail::CMessage message = {m_sSupportAddress, sSubject, describe(),
+                                          Tesk::fileExists(sLog) ? sLog : CString()};
     const Tesk::Mail::Result result = Tesk::Mail::compose(m_hWnd, message);
     if (result == Tesk::Mail::Result::sent || result == Tesk::Mail::Result::cancelled)
         return;
     const CString sReason = result == Tesk::Mail::Result::noProgram
                                 ? "There is no mail program on this computer that could be asked."
                                 : "The mail program reports that the message was not sent.";
-    const bool bShown = Tesk::showInExplorer(m_hWnd, sLog);
+    const bool bShown = Tesk::fileExists(sLog) && Tesk::showInExplorer(m_hWnd, sLog);
     MessageBox(sReason + "\n\nPlease mail to " + m_sSupportAddress +
                    (bShown ? ", with the log from the folder that has been opened." : "."),
                productLabel(), MB_OK | MB_ICONINFORMATION);

@@ -1,7 +1,7 @@
 #pragma once
 
 // How the reactors reach the tab strip: calls on the module's one tab window, which must
-// exist.
+// exist. The module defines them.
 
 class AcApDocument;
 
@@ -14,7 +14,3 @@ void tabsRemoveDocument(AcApDocument* pDocument);
 void tabsActivateDocument(AcApDocument* pDocument);
 // Refreshes the tab's text and tooltip after a change of state or file name.
 void tabsUpdateDocumentModified(AcApDocument* pDocument);
-// A document has gone: of those that the user closes together the next is asked.
-void tabsDocumentDestroyed();
-// A drawing that was to be closed stays: so do those that were to follow it.
-void tabsCloseAborted();

@@ -1,0 +1,237 @@
+#include "additions/Additions.h"
+
+#include "additions/Closing.h"
+#include "additions/HelpBox.h"
+#include "additions/MenuIds.h"
+#include "additions/MiddleClick.h"
+#include "additions/OptInText.h"
+#include "additions/SameNames.h"
+#include "library/diagnostics/Prerelease.h"
+#include "library/diagnostics/VersionBlock.h"
+#include "library/files/PathParts.h"
+#include "library/network/UniversalName.h"
+#include "library/system/Clipboard.h"
+#include "library/system/Explorer.h"
+#include "mfc/afxwin.h"
+#include "objectarx/acdocman.h"
+#include "reactors/DocManagerReactor.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+// Switched while a command forbids it.
+bool maySwitch() { return acDocManager->isDocumentActivationEnabled(); }
+
+// The drawing is on a disk under the name that the host gives it. A name without a path is
+// that of a drawing that was never saved, whatever lies in the current folder.
+bool hasFile(const AcApDocument* pDocument)
+{
+    const Tesk::CPathParts parts(pDocument->fileName());
+    const bool bFull =
+        (!parts.m_sDrive.empty() && parts.m_sFolder.substr(0, 1) == "\\") || parts.m_sFolder.substr(0, 2) == "\\\\";
+    const DWORD dwAttributes = bFull ? ::GetFileAttributesA(pDocument->fileName()) : INVALID_FILE_ATTRIBUTES;
+    return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+// Each ampersand of the text shows as one, and underlines nothing.
+CString asCaption(CString sText)
+{
+    sText.Replace("&", "&&");
+    return sText;
+}
+
+class CAdditions : public CTabAdditions {
+public:
+    explicit CAdditions(CARXMDITabs& tabs) : m_tabs(tabs)
+    {
+        // Shown nowhere; a screen reader says it.
+        m_tabs.SetWindowText("Drawing tabs");
+    }
+
+    CString getSuffix(AcApDocument* pDocument, const CString& sName) override
+    {
+        return m_sameNames.getSuffix(pDocument, sName);
+    }
+    void tabChanged() override { m_sameNames.updateOthers(); }
+    void tabRemoved(AcApDocument* pDocument) override;
+    void appendItems(AcApDocument* pDocument, CMenu& menu, Place place) override;
+    bool processItem(AcApDocument* pDocument, UINT iItem) override;
+    bool handleMouse(UINT message, CPoint point) override
+    {
+        m_middleClick.handle(message, point);
+        return false;
+    }
+
+private:
+    enum Offered { kAlways, kWithOthers, kWithUnchanged, kWithFile };
+    // One that is there only with a caption.
+    struct Item {
+        UINT iItem;
+        const char* sKey;
+        Place place;
+        Offered offered;
+        void (CAdditions::*pDo)(AcApDocument*);
+    };
+    static const Item kItems[];
+
+    std::vector<AcApDocument*> documents();
+    bool isOffered(Offered offered, const AcApDocument* pDocument);
+    bool appendDrawings(const AcApDocument* pDocument, CMenu& menu);
+    CString tabText(int iItem);
+    void report(const char* sMessage);
+
+    void closeOthers(AcApDocument* pDocument);
+    void closeUnchanged(AcApDocument*) { m_closing.start(documents(), true); }
+    void copyPath(AcApDocument* pDocument);
+    void openFolder(AcApDocument* pDocument);
+    void showHelp(AcApDocument* pDocument) { CHelpBox(pDocument->fileName()).DoModal(); }
+
+    CARXMDITabs& m_tabs;
+    CSameNames m_sameNames{m_tabs};
+    CMiddleClick m_middleClick{m_tabs};
+    CClosing m_closing;
+    std::vector<AcApDocument*> m_vecDrawings;  // of the submenu, null for one that has gone since
+};
+
+const CAdditions::Item CAdditions::kItems[] = {
+    {IDC_DYNAMIC_MENU_CLOSE_OTHERS, "PopupCloseOthersText", Place::BehindClose, kWithOthers, &CAdditions::closeOthers},
+    {IDC_DYNAMIC_MENU_CLOSE_SAVED, "PopupCloseSavedText", Place::BehindClose, kWithUnchanged,
+     &CAdditions::closeUnchanged},
+    {IDC_DYNAMIC_MENU_COPY_PATH, "PopupCopyPathText", Place::BeforeOptions, kWithFile, &CAdditions::copyPath},
+    {IDC_DYNAMIC_MENU_OPEN_FOLDER, "PopupOpenFolderText", Place::BeforeOptions, kWithFile, &CAdditions::openFolder},
+    {IDC_DYNAMIC_MENU_HELP, "PopupHelpText", Place::BehindOptions, kAlways, &CAdditions::showHelp},
+};
+
+void CAdditions::tabRemoved(AcApDocument* pDocument)
+{
+    m_middleClick.forget(pDocument);
+    std::replace(m_vecDrawings.begin(), m_vecDrawings.end(), pDocument, static_cast<AcApDocument*>(nullptr));
+    m_sameNames.remove(pDocument);
+}
+
+void CAdditions::appendItems(AcApDocument* pDocument, CMenu& menu, Place place)
+{
+    bool bAppended = false;
+    std::optional<bool> known[kWithFile + 1];  // a disk may be far away: asked once, and only where it matters
+    for (const Item& item : kItems) {
+        const CString sCaption = item.place == place ? getOptInText(pDocument->fileName(), item.sKey) : CString();
+        if (sCaption.IsEmpty())
+            continue;
+        std::optional<bool>& offered = known[item.offered];
+        if (!offered)
+            offered = isOffered(item.offered, pDocument);
+        if (!*offered)
+            continue;
+        TESK_VERIFY(menu.AppendMenu(MF_STRING, item.iItem, sCaption));
+        bAppended = true;
+    }
+    if (place != Place::BeforeOptions)
+        return;
+    bAppended |= appendDrawings(pDocument, menu);
+    if (bAppended)
+        TESK_VERIFY(menu.AppendMenu(MF_SEPARATOR));
+}
+
+// Closing may close the active drawing, and so switch.
+bool CAdditions::isOffered(Offered offered, const AcApDocument* pDocument)
+{
+    switch (offered) {
+    case kWithOthers:
+        return maySwitch() && m_tabs.GetItemCount() > 1;
+    case kWithUnchanged: {
+        const std::vector<AcApDocument*> vecDocuments = documents();
+        return maySwitch() &&
+               !std::all_of(vecDocuments.begin(), vecDocuments.end(), &CDocManagerReactor::isDatabaseModified);
+    }
+    case kWithFile:
+        return hasFile(pDocument);
+    default:
+        return true;
+    }
+}
+
+bool CAdditions::appendDrawings(const AcApDocument* pDocument, CMenu& menu)
+{
+    const CString sCaption = getOptInText(pDocument->fileName(), "PopupDrawingsText");
+    if (sCaption.IsEmpty() || !maySwitch())
+        return false;
+    CMenu menuDrawings;
+    TESK_VERIFY(menuDrawings.CreatePopupMenu());
+    m_vecDrawings = documents();
+    m_vecDrawings.resize(
+        std::min<std::size_t>(m_vecDrawings.size(), IDC_DYNAMIC_MENU_DRAWINGS_END - IDC_DYNAMIC_MENU_DRAWINGS));
+    const AcApDocument* pActive = acDocManager->mdiActiveDocument();
+    for (std::size_t i = 0; i < m_vecDrawings.size(); ++i)
+        TESK_VERIFY(menuDrawings.AppendMenu(MF_STRING | (m_vecDrawings[i] == pActive ? MF_CHECKED : MF_UNCHECKED),
+                                            IDC_DYNAMIC_MENU_DRAWINGS + i, asCaption(tabText(static_cast<int>(i)))));
+    // The menu owns the submenu from here on.
+    TESK_VERIFY(menu.AppendMenu(MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(menuDrawings.Detach()), sCaption));
+    return true;
+}
+
+bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
+{
+    for (const Item& item : kItems)
+        if (item.iItem == iItem && !getOptInText(pDocument->fileName(), item.sKey).IsEmpty()) {
+            (this->*item.pDo)(pDocument);
+            return true;
+        }
+    const UINT iDrawing = iItem - IDC_DYNAMIC_MENU_DRAWINGS;
+    if (iDrawing >= m_vecDrawings.size())
+        return false;
+    // It may have been closed by others while the menu was up.
+    if (AcApDocument* pChosen = m_vecDrawings[iDrawing])
+        TESK_VERIFY(acDocManager->activateDocument(pChosen) == Acad::eOk);
+    return true;
+}
+
+CString CAdditions::tabText(int iItem)
+{
+    char sText[1024] = "";
+    TCITEMA tabItem = {};
+    tabItem.mask = TCIF_TEXT;
+    tabItem.pszText = sText;
+    tabItem.cchTextMax = sizeof sText;
+    TESK_VERIFY(m_tabs.GetItem(iItem, &tabItem));
+    return CString(tabItem.pszText);
+}
+
+std::vector<AcApDocument*> CAdditions::documents()
+{
+    std::vector<AcApDocument*> vecDocuments;
+    const int iCount = m_tabs.GetItemCount();
+    for (int iItem = 0; iItem < iCount; ++iItem)
+        vecDocuments.push_back(m_tabs.getDocument(iItem));
+    return vecDocuments;
+}
+
+void CAdditions::report(const char* sMessage)
+{
+    const CString sTitle = Tesk::CVersionBlock::getCompanyName() + " " + Tesk::CVersionBlock::getInternalName();
+    ::MessageBoxA(::GetAncestor(m_tabs.m_hWnd, GA_ROOT), sMessage, sTitle, MB_OK | MB_ICONWARNING);
+}
+
+void CAdditions::closeOthers(AcApDocument* pDocument)
+{
+    std::vector<AcApDocument*> vecOthers = documents();
+    vecOthers.erase(std::remove(vecOthers.begin(), vecOthers.end(), pDocument), vecOthers.end());
+    m_closing.start(vecOthers, false);
+}
+
+void CAdditions::copyPath(AcApDocument* pDocument)
+{
+    if (!Tesk::copyToClipboard(m_tabs.m_hWnd, Tesk::Network::getUniversalName(pDocument->fileName())))
+        report("The path could not be copied: another program is using the clipboard.");
+}
+
+void CAdditions::openFolder(AcApDocument* pDocument)
+{
+    if (!Tesk::showInExplorer(m_tabs.m_hWnd, pDocument->fileName()))
+        report("The drawing's folder could not be opened.");
+}
+
+}  // namespace
+
+std::unique_ptr<CTabAdditions> createAdditions(CARXMDITabs& tabs) { return std::make_unique<CAdditions>(tabs); }

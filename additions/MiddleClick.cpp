@@ -1,0 +1,60 @@
+#include "additions/MiddleClick.h"
+
+#include "library/registry/Registry.h"
+#include "settings/TabOptions.h"
+
+#include <utility>
+
+namespace {
+
+// Not one of the dialog's options: off unless the registry says otherwise.
+bool isSwitchedOn()
+{
+    bool bCloses = false;
+    Tesk::Registry::GetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), "MiddleClickCloses", bCloses);
+    return bCloses;
+}
+
+}  // namespace
+
+void CMiddleClick::handle(UINT message, CPoint point)
+{
+    switch (message) {
+    case WM_MBUTTONDOWN:
+    case WM_MBUTTONDBLCLK:  // of quick clicks Windows sends every second one as this
+        press(point);
+        break;
+    case WM_MBUTTONUP:
+        release(point);
+        break;
+    case WM_CAPTURECHANGED:
+        m_pPressed = nullptr;
+        break;
+    default:
+        break;
+    }
+}
+
+void CMiddleClick::forget(const AcApDocument* pDocument)
+{
+    if (m_pPressed == pDocument)
+        m_pPressed = nullptr;
+}
+
+// The release is heard wherever it is.
+void CMiddleClick::press(CPoint point)
+{
+    m_pPressed = isSwitchedOn() ? m_tabs.getDocument(point) : nullptr;
+    if (m_pPressed != nullptr)
+        ::SetCapture(m_tabs.m_hWnd);
+}
+
+void CMiddleClick::release(CPoint point)
+{
+    AcApDocument* pPressed = std::exchange(m_pPressed, nullptr);
+    if (pPressed == nullptr)
+        return;
+    ::ReleaseCapture();
+    if (m_tabs.getDocument(point) == pPressed)
+        m_tabs.closeDocument(pPressed);
+}

@@ -1,0 +1,17 @@
+#include "additions/OptInText.h"
+
+#include "library/text/MultiByte.h"
+#include "library/text/StringView.h"
+#include "settings/MDITabSettings.h"
+#include "settings/TextKeys.h"
+
+#include <cstring>
+
+CString getOptInText(const char* sFilename, const char* sKey)
+{
+    const CString sText = CMDITabSettings::getDefaultSettings(sFilename)->getValue(sKey);
+    for (const TextKey& key : kTextKeys)
+        if (key.bQuoted && std::strcmp(key.sName, sKey) == 0)
+            return Tesk::toCString(Tesk::MultiByte::withoutQuotes(Tesk::viewOf(sText)));
+    return sText;
+}

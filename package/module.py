@@ -1,0 +1,56 @@
+"""Whether a module that somebody built can be packed for AutoCAD as this release."""
+import pefile
+
+from source import Refused
+
+EXPORTS = ("acrxEntryPoint", "acrxGetApiVersion")
+STAND_IN = ("cadhost.exe", "cadmfc.dll")
+
+
+def named(symbols):
+    return {(symbol.name or b"").decode("ascii", "replace") for symbol in symbols}
+
+
+def version_of(image):
+    """The version resource: "1.0.0" of its fixed part, "" when it has none, and its texts."""
+    texts = {}
+    for information in getattr(image, "FileInfo", [[]])[0]:
+        for table in getattr(information, "StringTable", []):
+            texts.update({key.decode(): value.decode() for key, value in table.entries.items()})
+    fixed = getattr(image, "VS_FIXEDFILEINFO", [None])[0]
+    numbers = fixed and (fixed.FileVersionMS >> 16, fixed.FileVersionMS & 0xFFFF, fixed.FileVersionLS >> 16)
+    return ".".join(map(str, numbers)) if numbers else "", texts
+
+
+def reason_against(path, version, built_from):
+    """Why the file cannot be the module of that version out of that source; "" when it can."""
+    try:
+        image = pefile.PE(str(path))
+    except pefile.PEFormatError:
+        return "it is no Windows program"
+    if image.FILE_HEADER.Machine != 0x14C:
+        return "it is not 32-bit, and AutoCAD 2004 to 2006 are"
+    if not image.is_dll():
+        return "it is a program, not a DLL"
+    exported = named(getattr(getattr(image, "DIRECTORY_ENTRY_EXPORT", None), "symbols", []))
+    if missing := [name for name in EXPORTS if name not in exported]:
+        return f"it does not export {' and '.join(missing)}, which AutoCAD calls"
+    imported = {entry.dll.decode().lower() for entry in getattr(image, "DIRECTORY_ENTRY_IMPORT", [])}
+    if stand_in := [name for name in STAND_IN if name in imported]:
+        return (f"it imports {' and '.join(stand_in)}: it was built for the stand-in host, and AutoCAD cannot load it; "
+                "docs/porting.md says how to build it for AutoCAD")
+    number, texts = version_of(image)
+    if not number:
+        return "it has no version resource, from which its version and source are read"
+    if number != version:
+        return f"it says that it is version {number}, and this release is {version}"
+    if (comments := texts.get("Comments", "")) != f"Built from {built_from}":
+        return f'its version resource says "{comments}", and this release is "Built from {built_from}"'
+    return ""
+
+
+def check(path, version, built_from):
+    if not path.is_file():
+        raise Refused(f"there is no file {path}")
+    if reason := reason_against(path, version, built_from):
+        raise Refused(f"{path.name} cannot be packed: {reason}.")

@@ -1,0 +1,96 @@
+// Does the guard heap notice? With the number of a fault this program commits it; without
+// one it starts itself for each, and fails where one is survived or what is none is not.
+#include "host/CrashReport.h"
+
+#include <windows.h>
+
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+volatile char g_seen;
+
+struct Fault {
+    const char* sName;
+    bool bDies;
+    void (*commit)(char* block);  // of 40 bytes
+};
+
+const Fault faults[] = {
+    {"none", false, [](char* block) { std::free(std::realloc(block, 80)); }},
+    {"a block of the C library's own", false,
+     [](char*) {
+         const auto duplicate = ::GetProcAddress(::GetModuleHandleA("msvcrt"), "_strdup");
+         std::free(reinterpret_cast<char* (*)(const char*)>(reinterpret_cast<void*>(duplicate))("text"));
+     }},
+    {"reading behind the end", true, [](char* block) { g_seen = block[48]; }},
+    {"writing right behind the end", true,
+     [](char* block) {
+         block[40] = 0;
+         std::free(block);
+     }},
+    {"writing before the beginning", true,
+     [](char* block) {
+         block[-1] = 0;
+         std::free(block);
+     }},
+    {"reading what is freed", true,
+     [](char* block) {
+         std::free(block);
+         for (int i = 0; i < 10000; ++i)
+             std::free(std::malloc(40));
+         g_seen = block[0];
+     }},
+    {"an object used after its end", true,
+     [](char*) {
+         auto* const text = new std::string(40, 'x');
+         const char* const inside = text->c_str();
+         delete text;
+         g_seen = *inside;
+     }},
+    {"freeing twice", true,
+     [](char* block) {
+         std::free(block);
+         std::free(block);
+     }},
+    {"undefined behaviour", true,
+     [](char*) {
+         volatile int most = INT_MAX;
+         g_seen = static_cast<char>(most + 1);
+     }},
+};
+
+bool survives(const char* sProgram, std::size_t fault)
+{
+    std::string command = "\"" + std::string(sProgram) + "\" " + std::to_string(fault);
+    STARTUPINFOA start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION process;
+    DWORD code = 1;
+    if (!::CreateProcessA(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process))
+        return false;
+    ::WaitForSingleObject(process.hProcess, INFINITE);
+    ::GetExitCodeProcess(process.hProcess, &code);
+    return code == 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc == 2) {
+        host::reportCrashes([] { return "a fault on purpose"; });
+        faults[std::atoi(argv[1])].commit(static_cast<char*>(std::malloc(40)));
+        return 0;
+    }
+    int unnoticed = 0;
+    for (const Fault& fault : faults)
+        if (survives(argv[0], static_cast<std::size_t>(&fault - faults)) == fault.bDies) {
+            ++unnoticed;
+            std::printf("WRONG: %s: %s\n", fault.sName, fault.bDies ? "not noticed" : "taken for a fault");
+        }
+    return unnoticed;
+}

@@ -1,0 +1,227 @@
+// What an office may switch on, beside the strip. What reaches other programs is driven
+// from outside, in tests/e2e.
+#include "ModuleFixture.h"
+#include "additions/MenuIds.h"
+#include "host/drawing/Faults.h"
+#include "library/diagnostics/Prerelease.h"
+#include "module/ZavikMDITabs.h"
+#include "tests/support/Answers.h"
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+using Texts = std::vector<std::string>;
+
+namespace {
+
+struct AdditionsFixture : ModuleFixture {
+    explicit AdditionsFixture(const std::string& texts = "PopupCloseOthersText = Others\nPopupCloseSavedText = Saved\n"
+                                                         "PopupCopyPathText = Copy\nPopupOpenFolderText = Folder\n")
+    {
+        folder.write("MDITabs.ini", texts);
+        load();
+    }
+    // As chosen in the tab's menu; what the host does then is still to come.
+    void choose(AcApDocument* pDocument, UINT item) { m_pWndTabs->processPopupMenuItem(pDocument, item, {}); }
+    std::size_t listeners() { return app.documents().reactorCount() + app.editor().reactorCount(); }
+    static host::Database& drawing(AcApDocument* pDocument) { return *host::Database::of(pDocument->database()); }
+};
+
+struct NamesFixture : AdditionsFixture {
+    NamesFixture()
+    {
+        folder.write("ProjectSettings.txt", "");
+        folder.write("Settings\\support\\MDITabs.ini", "ModifiedText = *\nSameNameText = \" (%DISTINCT_FOLDER%)\"\n");
+    }
+    // Of the drawing "Plan" in each of the folders.
+    Texts tabsOf(const Texts& folders)
+    {
+        for (const std::string& name : folders)
+            open(name + "\\Plan.dwg");
+        return tabs();
+    }
+};
+
+}  // namespace
+
+TEST_CASE_FIXTURE(AdditionsFixture, "several are closed one after the other, until anything goes another way")
+{
+    std::vector<AcApDocument*> documents;
+    for (const char* name : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"})
+        documents.push_back(open(name));
+    const std::size_t before = listeners();
+    SUBCASE("all are closed")
+    {
+        choose(documents[1], IDC_DYNAMIC_MENU_CLOSE_OTHERS);
+        CHECK(listeners() == before + 2);
+        app.pumpUntilIdle();
+        CHECK(tabs() == Texts{"b"});
+    }
+    SUBCASE("a person keeps one")
+    {
+        app.documents().activateDocument(documents[1]);
+        REQUIRE(run("LINE 0 0 1 1"));
+        const Answers answers({}, [] { ::PostMessageA(::GetActiveWindow(), WM_COMMAND, IDCANCEL, 0); });
+        choose(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS);
+        app.pumpUntilIdle();
+        CHECK(answers.boxes().size() == 1);
+        CHECK(tabs() == Texts{"b", "c", "d"});
+        drawing(documents[1]).setDbmod(0);
+        close(documents[1]);
+        CHECK(tabs() == Texts{"c", "d"});
+    }
+    SUBCASE("the host takes no command")
+    {
+        host::Faults::failNth("AcApDocManager::sendStringToExecute", 2);
+        choose(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS);
+        app.pumpUntilIdle();
+        host::Faults::clear();
+        CHECK(tabs() == Texts{"b", "c", "d"});
+        CHECK(listeners() == before);
+        close(documents[1]);
+        CHECK(tabs() == Texts{"c", "d"});
+    }
+    SUBCASE("another is closed meanwhile")
+    {
+        choose(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS);
+        app.documents().close(static_cast<host::Document&>(*documents[1]));
+        app.pumpUntilIdle();
+        CHECK(tabs() == Texts{"c", "d"});
+    }
+    SUBCASE("the unchanged are those that are so when their turn comes, whatever was notified")
+    {
+        drawing(documents[1]).setDbmod(1);
+        choose(documents[3], IDC_DYNAMIC_MENU_CLOSE_SAVED);
+        drawing(documents[2]).setDbmod(1);
+        app.pumpUntilIdle();
+        CHECK(tabs() == Texts{"b", "c"});
+        for (AcApDocument* pDocument : {documents[1], documents[2]})
+            CHECK(app.execute("MENU " + std::to_string(m_pWndTabs->findDocument(pDocument))).output.find("Saved") ==
+                  std::string::npos);
+    }
+    SUBCASE("the strip goes meanwhile")
+    {
+        choose(documents[3], IDC_DYNAMIC_MENU_CLOSE_OTHERS);
+        unload();
+        CHECK(listeners() == 0);
+        app.pumpUntilIdle();
+        load();
+        CHECK(tabs() == Texts{"b", "c", "d"});
+    }
+    CHECK(listeners() == (strip() != nullptr ? before : 0));
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "what needs a file is offered where the drawing has one, by its full path")
+{
+    open("a.dwg");
+    const auto offered = [this] {
+        const std::string items = app.execute("MENU 0").output;
+        return items.find("Copy") != std::string::npos && items.find("Folder") != std::string::npos;
+    };
+    CHECK(offered());
+    auto& document = static_cast<host::Document&>(*app.documents().active());
+    char previous[MAX_PATH];
+    ::GetCurrentDirectoryA(sizeof previous, previous);
+    ::SetCurrentDirectoryA(folder.path().c_str());
+    document.setFile("a.dwg");
+    CHECK_FALSE(offered());
+    ::SetCurrentDirectoryA(previous);
+    document.setFile(folder.path());
+    CHECK_FALSE(offered());
+}
+
+TEST_CASE_FIXTURE(NamesFixture, "names that are shared are told apart by the nearest folder that does")
+{
+    SUBCASE("by their own") { CHECK(tabsOf({"A", "B"}) == Texts{"Plan (A)", "Plan (B)"}); }
+    SUBCASE("by one further up, case not counting")
+    {
+        CHECK(tabsOf({"A\\Drawings", "B\\drawings"}) == Texts{"Plan (A)", "Plan (B)"});
+    }
+    SUBCASE("anew, when another comes and goes")
+    {
+        CHECK(tabsOf({"A\\x", "B\\y", "C\\x"}) == Texts{"Plan (A)", "Plan (y)", "Plan (C)"});
+        close(app.documents().active());
+        CHECK(tabs() == Texts{"Plan (x)", "Plan (y)"});
+    }
+    SUBCASE("by their own, where one lies below the other")
+    {
+        CHECK(tabsOf({"A", "A\\Old"}) == Texts{"Plan (A)", "Plan (Old)"});
+    }
+    SUBCASE("by the whole path, where nothing less does")
+    {
+        const std::string path = folder.path();
+        CHECK(tabsOf({"A\\B", "B\\A", "A", "B"}) == Texts{"Plan (" + path + "A\\B)", "Plan (" + path + "B\\A)",
+                                                          "Plan (" + path + "A)", "Plan (" + path + "B)"});
+    }
+}
+
+TEST_CASE_FIXTURE(NamesFixture, "names are told apart while they are shared, and where the texts ask for it")
+{
+    folder.write("plain\\MDITabs.ini", "SameNameText = \"\"\n");
+    CHECK(tabsOf({"A", "B", "plain"}) == Texts{"Plan (A)", "Plan (B)", "Plan"});
+    AcApDocument* pThird = app.documents().active();
+    REQUIRE(run("LINE 0 0 1 1"));
+    CHECK(tabs().back() == "Plan*");
+    // One is renamed, and both lose it.
+    close(pThird);
+    REQUIRE(run("SAVEAS \"" + folder.path() + "B\\Other.dwg\""));
+    CHECK(tabs() == Texts{"Plan", "Other"});
+    folder.write("C\\any.txt", "");
+    REQUIRE(run("SAVEAS \"" + folder.path() + "C\\PLAN.dwg\""));
+    REQUIRE(run("LINE 0 0 1 1"));
+    CHECK(tabs() == Texts{"Plan (A)", "PLAN (C)*"});
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "the middle button closes the tab on which it was pressed and released")
+{
+    open("a.dwg");
+    open("b.dwg");
+    const auto send = [this](UINT message, int tab) {
+        const CPoint point = middleOf(tab);
+        ::SendMessageA(strip(), message, 0, MAKELPARAM(point.x, point.y));
+    };
+    send(WM_MBUTTONDOWN, 0);
+    send(WM_MBUTTONUP, 0);
+    app.pumpUntilIdle();
+    CHECK(tabs().size() == 2);
+    user.set("MiddleClickCloses", 1);
+    SUBCASE("released elsewhere it closes nothing, then or later")
+    {
+        send(WM_MBUTTONDOWN, 0);
+        CHECK(::GetCapture() == strip());
+        send(WM_MBUTTONUP, 1);
+        CHECK(::GetCapture() == nullptr);
+        send(WM_MBUTTONUP, 0);
+        app.pumpUntilIdle();
+        CHECK(tabs().size() == 2);
+    }
+    SUBCASE("nor when something else takes the mouse meanwhile")
+    {
+        send(WM_MBUTTONDOWN, 0);
+        ::ReleaseCapture();
+        send(WM_MBUTTONUP, 0);
+        app.pumpUntilIdle();
+        CHECK(tabs().size() == 2);
+    }
+    SUBCASE("quick clicks count each")
+    {
+        send(WM_MBUTTONDOWN, 0);
+        send(WM_MBUTTONUP, 0);
+        app.pumpUntilIdle();
+        send(WM_MBUTTONDBLCLK, 0);
+        send(WM_MBUTTONUP, 0);
+        app.pumpUntilIdle();
+        CHECK(tabs().empty());
+    }
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "what is not switched on cannot be chosen by its number either")
+{
+    AcApDocument* pDocument = open("a.dwg");
+    open("b.dwg");
+    Tesk::setDiagnosticsLevel(1);
+    const Answers answers;
+    choose(pDocument, IDC_DYNAMIC_MENU_HELP);
+    choose(pDocument, IDC_DYNAMIC_MENU_DRAWINGS);
+    CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
+}
