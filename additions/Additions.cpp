@@ -57,6 +57,7 @@ public:
     void tabChanged() override { m_sameNames.updateOthers(); }
     void tabRemoved(AcApDocument* pDocument) override;
     void appendItems(AcApDocument* pDocument, CMenu& menu, Place place) override;
+    void openMenu(CMenu& menu) override;
     bool processItem(AcApDocument* pDocument, UINT iItem) override;
     bool handleMouse(UINT message, CPoint point) override
     {
@@ -77,9 +78,9 @@ private:
     static const Item kItems[];
 
     std::vector<AcApDocument*> documents();
+    bool hasUnchanged();
     bool isOffered(Offered offered, const AcApDocument* pDocument);
     bool appendDrawings(const AcApDocument* pDocument, CMenu& menu);
-    CString tabText(int iItem);
     void report(const char* sMessage);
 
     void closeOthers(AcApDocument* pDocument);
@@ -92,7 +93,8 @@ private:
     CSameNames m_sameNames{m_tabs};
     CMiddleClick m_middleClick{m_tabs};
     CClosing m_closing;
-    std::vector<AcApDocument*> m_vecDrawings;  // of the submenu, null for one that has gone since
+    HMENU m_hDrawings = nullptr;               // the submenu
+    std::vector<AcApDocument*> m_vecDrawings;  // in it, null for one that has gone since
 };
 
 const CAdditions::Item CAdditions::kItems[] = {
@@ -140,11 +142,8 @@ bool CAdditions::isOffered(Offered offered, const AcApDocument* pDocument)
     switch (offered) {
     case kWithOthers:
         return maySwitch() && m_tabs.GetItemCount() > 1;
-    case kWithUnchanged: {
-        const std::vector<AcApDocument*> vecDocuments = documents();
-        return maySwitch() &&
-               !std::all_of(vecDocuments.begin(), vecDocuments.end(), &CDocManagerReactor::isDatabaseModified);
-    }
+    case kWithUnchanged:
+        return maySwitch() && hasUnchanged();
     case kWithFile:
         return hasFile(pDocument);
     default:
@@ -159,16 +158,31 @@ bool CAdditions::appendDrawings(const AcApDocument* pDocument, CMenu& menu)
         return false;
     CMenu menuDrawings;
     TESK_VERIFY(menuDrawings.CreatePopupMenu());
-    m_vecDrawings = documents();
-    m_vecDrawings.resize(
-        std::min<std::size_t>(m_vecDrawings.size(), IDC_DYNAMIC_MENU_DRAWINGS_END - IDC_DYNAMIC_MENU_DRAWINGS));
-    const AcApDocument* pActive = acDocManager->mdiActiveDocument();
-    for (std::size_t i = 0; i < m_vecDrawings.size(); ++i)
-        TESK_VERIFY(menuDrawings.AppendMenu(MF_STRING | (m_vecDrawings[i] == pActive ? MF_CHECKED : MF_UNCHECKED),
-                                            IDC_DYNAMIC_MENU_DRAWINGS + i, asCaption(tabText(static_cast<int>(i)))));
+    m_vecDrawings.clear();
+    m_hDrawings = menuDrawings.m_hMenu;
     // The menu owns the submenu from here on.
     TESK_VERIFY(menu.AppendMenu(MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(menuDrawings.Detach()), sCaption));
     return true;
+}
+
+// The list is long, and looked at less often than the menu.
+void CAdditions::openMenu(CMenu& menu)
+{
+    if (menu.m_hMenu != m_hDrawings || menu.GetMenuItemCount() != 0)
+        return;
+    const AcApDocument* pActive = acDocManager->mdiActiveDocument();
+    const int iCount = std::min<int>(m_tabs.GetItemCount(), IDC_DYNAMIC_MENU_DRAWINGS_END - IDC_DYNAMIC_MENU_DRAWINGS);
+    for (int iItem = 0; iItem < iCount; ++iItem) {
+        char sText[1024] = "";
+        TCITEMA tabItem = {};
+        tabItem.mask = TCIF_TEXT | TCIF_PARAM;
+        tabItem.pszText = sText;
+        tabItem.cchTextMax = sizeof sText;
+        TESK_VERIFY(m_tabs.GetItem(iItem, &tabItem));
+        m_vecDrawings.push_back(reinterpret_cast<AcApDocument*>(tabItem.lParam));
+        TESK_VERIFY(menu.AppendMenu(MF_STRING | (m_vecDrawings.back() == pActive ? MF_CHECKED : MF_UNCHECKED),
+                                    static_cast<UINT>(IDC_DYNAMIC_MENU_DRAWINGS + iItem), asCaption(tabItem.pszText)));
+    }
 }
 
 bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
@@ -187,17 +201,6 @@ bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
     return true;
 }
 
-CString CAdditions::tabText(int iItem)
-{
-    char sText[1024] = "";
-    TCITEMA tabItem = {};
-    tabItem.mask = TCIF_TEXT;
-    tabItem.pszText = sText;
-    tabItem.cchTextMax = sizeof sText;
-    TESK_VERIFY(m_tabs.GetItem(iItem, &tabItem));
-    return CString(tabItem.pszText);
-}
-
 std::vector<AcApDocument*> CAdditions::documents()
 {
     std::vector<AcApDocument*> vecDocuments;
@@ -205,6 +208,15 @@ std::vector<AcApDocument*> CAdditions::documents()
     for (int iItem = 0; iItem < iCount; ++iItem)
         vecDocuments.push_back(m_tabs.getDocument(iItem));
     return vecDocuments;
+}
+
+bool CAdditions::hasUnchanged()
+{
+    const int iCount = m_tabs.GetItemCount();
+    for (int iItem = 0; iItem < iCount; ++iItem)
+        if (!CDocManagerReactor::isDatabaseModified(m_tabs.getDocument(iItem)))
+            return true;
+    return false;
 }
 
 void CAdditions::report(const char* sMessage)

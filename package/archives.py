@@ -77,8 +77,9 @@ def lay_out_to_try(programs, source, version, folder):
     for name in ("cadhost.exe", "cadmfc.dll"):
         copy(programs / name, folder / "host" / name)
     lay_out_module(programs / "ZavikMDITabs.arx", programs / "tabscheck.exe", source, folder / "install/ZavikMDITabs")
-    for name, target in (("DomainSettings", "install/DomainSettings"), ("Projects", "Projects"), ("Sketches", "Sketches")):
-        shutil.copytree(source / "samples" / name, folder / target, copy_function=shutil.copyfile)
+    for target in ("install/DomainSettings", "Projects", "Sketches"):
+        shutil.copytree(source / "samples" / target.removeprefix("install/"), folder / target,
+                        copy_function=shutil.copyfile)
     write_text(folder / "try.cmd", (source / "package/try.cmd").read_bytes())
     write_texts(source, version, TO_TRY, folder)
 

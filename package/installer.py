@@ -166,7 +166,8 @@ def add_files(frame, content):
             place = path.relative_to(content).as_posix()
             name = re.sub(r"\W", "_", place)
             if path.is_dir():
-                add(path, xml.SubElement(element, f"{WIX}Directory", Id=f"dir_{name}", Name=short_name(path.name, taken)))
+                inner = xml.SubElement(element, f"{WIX}Directory", Id=f"dir_{name}", Name=short_name(path.name, taken))
+                add(path, inner)
                 continue
             identifier = "module" if place == "ZavikMDITabs.arx" else f"file_{name}"
             component = xml.SubElement(element, f"{WIX}Component", Id=identifier,

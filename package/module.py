@@ -37,8 +37,8 @@ def reason_against(path, version, built_from):
         return f"it does not export {' and '.join(missing)}, which AutoCAD calls"
     imported = {entry.dll.decode().lower() for entry in getattr(image, "DIRECTORY_ENTRY_IMPORT", [])}
     if stand_in := [name for name in STAND_IN if name in imported]:
-        return (f"it imports {' and '.join(stand_in)}: it was built for the stand-in host, and AutoCAD cannot load it; "
-                "docs/porting.md says how to build it for AutoCAD")
+        return (f"it imports {' and '.join(stand_in)}, so it was built for the stand-in host and AutoCAD cannot load it "
+                "(docs/porting.md says how to build it for AutoCAD)")
     number, texts = version_of(image)
     if not number:
         return "it has no version resource, from which its version and source are read"

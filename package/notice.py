@@ -37,8 +37,9 @@ def selected(text, prefixes):
 
 
 def make():
-    parts = ["This file is about what others made and what is linked into these programs.\n"
-             "The licence of ZavikMDITabs itself is not chosen yet."]
+    parts = ["What others made and is linked into the programs that this project built. A\n"
+             "module that somebody else built may hold more. The licence of ZavikMDITabs itself\n"
+             "is not chosen yet."]
     for package, what, prefixes in PARTS:
         text = pathlib.Path("/usr/share/doc", package, "copyright").read_text("utf-8")
         chosen = selected(text, prefixes) if prefixes else [

@@ -6,6 +6,7 @@
 #include "library/text/StringView.h"
 
 #include <algorithm>
+#include <exception>
 #include <string>
 
 namespace {
@@ -42,39 +43,62 @@ std::unique_ptr<CTabsDefaultSettings> CTabsDefaultSettings::createReadable(const
 {
     std::unique_ptr<CTabsDefaultSettings> pNew(new CTabsDefaultSettings);
     pNew->m_vecFiles.assign(*sFilename != '\0' ? 1 : 0, sFilename);
-    pNew->loadReadable(pNew->m_vecFiles);
+    pNew->findCopies();
+    while (!pNew->loadReadable()) {
+    }
     return pNew;
 }
 
-// Each copy is tried by itself first, so that nothing of a damaged one gets in.
-void CTabsDefaultSettings::loadReadable(const std::vector<CString>& sFiles)
+void CTabsDefaultSettings::findCopies()
 {
-    std::vector<CString> vecCopies;
-    m_pLocator->findFiles(vecCopies, sFiles, kSettingsFile, getSupportSubfolderName());
-    std::vector<CString> vecReadable;
-    for (const CString& sCopy : vecCopies) {
-        m_vecCopies.push_back({sCopy, CString(), stateOf(sCopy)});
+    std::vector<CString> vecPaths;
+    m_pLocator->findFiles(vecPaths, m_vecFiles, kSettingsFile, getSupportSubfolderName());
+    for (const CString& sPath : vecPaths)
+        m_vecCopies.push_back({sPath, CString(), stateOf(sPath)});
+}
+
+// A copy that the memory does not hold may have got in in part: then all is made anew.
+bool CTabsDefaultSettings::loadReadable()
+{
+    auto pSettings = std::make_unique<Tesk::CDefaultSettings>(std::vector<CString>(), false);
+    for (Copy& copy : m_vecCopies) {
+        if (!copy.sReason.IsEmpty())
+            continue;
         try {
-            Tesk::CDefaultSettings({sCopy}, false);
-            vecReadable.push_back(sCopy);
+            pSettings->readASoundFile(copy.sPath);
         } catch (CException* pException) {
-            const CString sError = Tesk::takeExceptionText(pException);
-            m_vecCopies.back().sReason = sError;
-            TESK_TRACE("CTabsDefaultSettings: \"%s\" is left out: %s\n", sCopy.GetString(), sError.GetString());
+            copy.sReason = Tesk::takeExceptionText(pException);
+            if (copy.sReason.IsEmpty())
+                copy.sReason = "unknown error";
+        } catch (const std::exception& exception) {
+            copy.sReason = exception.what();
+            return false;
         }
     }
-    m_pSettings = std::make_unique<Tesk::CDefaultSettings>(vecReadable, false);
+    m_pSettings = std::move(pSettings);
+    return true;
+}
+
+void CTabsDefaultSettings::traceLeftOut()
+{
+    const bool bTell = Tesk::isTraceEnabled() && !m_bTraced;
+    m_bTraced = Tesk::isTraceEnabled();
+    for (const Copy& copy : m_vecCopies)
+        if (bTell && !copy.sReason.IsEmpty())
+            Tesk::trace("CTabsDefaultSettings: \"%s\" is left out: %s\n", copy.sPath.GetString(),
+                        copy.sReason.GetString());
 }
 
 bool CTabsDefaultSettings::isRepaired() const
 {
     const auto isLeftOut = [](const Copy& copy) { return !copy.sReason.IsEmpty(); };
+    const auto isChanged = [](const Copy& copy) {
+        const WIN32_FILE_ATTRIBUTE_DATA now = stateOf(copy.sPath);
+        return ::CompareFileTime(&now.ftLastWriteTime, &copy.state.ftLastWriteTime) != 0 ||
+               now.nFileSizeLow != copy.state.nFileSizeLow;
+    };
     return std::any_of(m_vecCopies.begin(), m_vecCopies.end(), isLeftOut) &&
-           std::any_of(m_vecCopies.begin(), m_vecCopies.end(), [](const Copy& copy) {
-               const WIN32_FILE_ATTRIBUTE_DATA now = stateOf(copy.sPath);
-               return ::CompareFileTime(&now.ftLastWriteTime, &copy.state.ftLastWriteTime) != 0 ||
-                      now.nFileSizeLow != copy.state.nFileSizeLow;
-           });
+           std::any_of(m_vecCopies.begin(), m_vecCopies.end(), isChanged);
 }
 
 CTabsDefaultSettings::~CTabsDefaultSettings() = default;
@@ -118,6 +142,7 @@ CString CTabsDefaultSettings::getSupportSubfolderName() { return CString(); }
 
 CString CTabsDefaultSettings::getValue(const char* sKey)
 {
+    traceLeftOut();
     return m_pSettings->isDefined(kUnnamedSection, sKey) ? m_pSettings->getValue(kUnnamedSection, sKey) : CString();
 }
 

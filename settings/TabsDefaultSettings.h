@@ -15,8 +15,9 @@ class CTabsDefaultSettings : public Tesk::CDefaultSettingsManager {
 public:
     // Loads at once; the reader's exceptions pass through.
     explicit CTabsDefaultSettings(const char* sFilename);
-    // The same from the copies that can be read alone; what the others raise is traced.
-    // Without a name from the installation's and the domain's copies.
+    // The same from the copies that can be read; what keeps the others out is traced with
+    // the first text that is asked for, and again after the traces were off. Without a name
+    // from the installation's and the domain's copies.
     static std::unique_ptr<CTabsDefaultSettings> createReadable(const char* sFilename);
 
     // Loads for another drawing; with bForce also for the same one. False, with
@@ -48,10 +49,14 @@ public:
 private:
     CTabsDefaultSettings() : CDefaultSettingsManager("", nullptr) {}
     void load(const std::vector<CString>& sFiles);
-    void loadReadable(const std::vector<CString>& sFiles);
+    void findCopies();
+    // False when a copy more has to be left out first.
+    bool loadReadable();
+    void traceLeftOut();
     // The same names in the same order, without case.
     bool isCurrent(const std::vector<CString>& sNewFiles) const;
 
     std::unique_ptr<Tesk::CDefaultSettings> m_pSettings;
     std::vector<Copy> m_vecCopies;
+    bool m_bTraced = false;
 };

@@ -188,6 +188,7 @@ void CARXMDITabs::openXREF(const CString& sPath)
 void CARXMDITabs::OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu)
 {
     TESK_TRACE("CARXMDITabs::OnInitMenuPopup(...)\n");
+    askAdditions([&](CTabAdditions& additions) { additions.openMenu(*pPopupMenu); });
     if (m_pMainFrame != nullptr)
         ::SendMessageA(m_pMainFrame->m_hWnd, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(pPopupMenu->m_hMenu),
                        MAKELPARAM(nIndex, bSysMenu));

@@ -25,6 +25,8 @@ public:
     virtual void tabRemoved(AcApDocument* pDocument) = 0;
 
     virtual void appendItems(AcApDocument* pDocument, CMenu& menu, Place place) = 0;
+    // A menu of the strip is about to show; it may be one that is filled only now.
+    virtual void openMenu(CMenu& menu) = 0;
     // False when the item is none of these, or not switched on.
     virtual bool processItem(AcApDocument* pDocument, UINT iItem) = 0;
     // A message of the mouse or its capture, at a client point. True when the strip is not

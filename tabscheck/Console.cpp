@@ -12,14 +12,19 @@ namespace {
 
 constexpr std::size_t kBlock = 64 * 1024;
 
-std::string encode(std::string_view sText, UINT uCodePage)
+std::string encode(const std::wstring& sWide, UINT uCodePage)
 {
-    const std::wstring sWide = Tesk::toWide(sText);
     const int length = static_cast<int>(sWide.size());
     const int size = ::WideCharToMultiByte(uCodePage, 0, sWide.data(), length, nullptr, 0, nullptr, nullptr);
     std::string sBytes(static_cast<std::size_t>(std::max(size, 0)), '\0');
     ::WideCharToMultiByte(uCodePage, 0, sWide.data(), length, sBytes.data(), size, nullptr, nullptr);
     return sBytes;
+}
+
+// A name of a file may hold what a terminal would obey.
+bool isControl(wchar_t c)
+{
+    return (c < L' ' && c != L'\r' && c != L'\n') || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
 }
 
 bool isTerminal(HANDLE handle)
@@ -30,7 +35,7 @@ bool isTerminal(HANDLE handle)
 
 }  // namespace
 
-std::string toUtf8(std::string_view sText) { return encode(sText, CP_UTF8); }
+std::string toUtf8(std::string_view sText) { return encode(Tesk::toWide(sText), CP_UTF8); }
 
 // A program without a console, such as at the end of a pipe, writes in the code page that
 // a console would have.
@@ -46,7 +51,12 @@ Console::Console()
 
 Console::~Console() { flush(); }
 
-std::string Console::toConsole(std::string_view sText) const { return encode(sText, m_codePage); }
+std::string Console::toConsole(std::string_view sText) const
+{
+    std::wstring sWide = Tesk::toWide(sText);
+    std::replace_if(sWide.begin(), sWide.end(), isControl, L' ');
+    return encode(sWide, m_codePage);
+}
 
 void Console::print(std::string_view sText) { printBytes(toConsole(sText)); }
 

@@ -14,7 +14,7 @@ public:
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
-    // In the console's code page.
+    // In the console's code page; control characters but line ends become blanks.
     void print(std::string_view sText);
     // As they are.
     void printBytes(std::string_view sBytes);

@@ -6,19 +6,19 @@
 #include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"
+#include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
-#include "library/titleblock/TitleBlock.h"
+#include "library/text/MultiByte.h"
+#include "library/titleblock/ARXTitleBlock.h"
 #include "settings/TooltipRule.h"
 #include "tabscheck/Folders.h"
 #include "tabscheck/LoadEntries.h"
-#include "tabscheck/TemplateCheck.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <map>
 #include <memory>
-#include <set>
 #include <utility>
 
 namespace tabscheck {
@@ -36,17 +36,36 @@ public:
     }
 };
 
+Keywords keywordsOf(const Tesk::CKeywordExpansion& expansion)
+{
+    Keywords keywords;
+    for (const auto& [sKeyword, sValue] : expansion.getKeywords())
+        keywords.names.insert(sKeyword);
+    return keywords;
+}
+
 // One drawing under way.
 class Check {
 public:
-    Check(SourceFiles& files, const TextFindings& texts, const ProjectFindings& projects, DrawingReport& report)
-        : m_files(files), m_texts(texts), m_projects(projects), m_report(report)
+    Check(SourceFiles& files, const TextCheck& check, const TextFindings& texts, const ProjectFindings& projects,
+          DrawingReport& report)
+        : m_files(files), m_check(check), m_texts(texts), m_projects(projects), m_report(report)
     {
     }
 
     void run()
     {
-        m_report.tooltip.title = textOf("TooltipTitle");
+        show();
+        // Without a text there is no balloon.
+        if (!m_report.tooltip.text.empty())
+            m_report.tooltip.title = textOf("TooltipTitle");
+    }
+
+private:
+    std::string textOf(const char* sKey) const { return m_texts.find(sKey)->value(); }
+
+    void show()
+    {
         m_report.findings.project.root = m_projects.root;
         m_report.findings.project.label = m_projects.label();
         for (const ProjectFile* pFile : m_projects.files)
@@ -64,13 +83,10 @@ public:
                 showDrawing(drawing);
         } catch (const dxf::FileError& error) {
             chooseSource(m_projects.files);
-            addProblem({true, error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U,
-                        "the drawing cannot be read: " + error.reason(), ""});
+            addProblem({error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U, true,
+                        "the drawing cannot be read: " + error.reason(), "", false});
         }
     }
-
-private:
-    std::string textOf(const char* sKey) const { return m_texts.find(sKey)->value(); }
 
     void showTemplate()
     {
@@ -86,7 +102,7 @@ private:
         const Tesk::CWorkingDatabase workingDatabase(&database);
         Tesk::CARXDrawingProperties properties(&database);
         const Tesk::CARXKeywordExpansion expansion(&database, m_report.path.c_str(), 1, 1);
-        Tesk::CTitleBlock& titleBlock = *expansion.getTitleBlock();
+        const auto& titleBlock = static_cast<const Tesk::CARXTitleBlock&>(*expansion.getTitleBlock());
         m_report.tooltip.contentsKnown = true;
         m_report.findings.project.sourceIsCertain = true;
         chooseBorder(titleBlock);
@@ -159,56 +175,76 @@ private:
                                                      group.borders.end());
     }
 
-    void checkMapping(Tesk::CTitleBlock& titleBlock)
+    // Of the keys that the template shows, those whose attribute the border lacks.
+    void checkMapping(const Tesk::CARXTitleBlock& titleBlock)
     {
+        const std::string sTemplate = textOf("TooltipText");
+        const std::vector<CString> tags = titleBlock.getTags();
         for (const Mapping& mapping : m_report.findings.project.mapping) {
-            if (titleBlock.hasAttribute(mapping.tag.c_str()))
+            if (std::find(tags.begin(), tags.end(), mapping.tag.c_str()) != tags.end() ||
+                sTemplate.find("HALVORAN::" + mapping.key + "%") == std::string::npos)
                 continue;
-            const SourceFile& file = m_files.get(mapping.file, Reading::Ansi);
-            const std::string& sLine = file.line(mapping.line);
-            const std::size_t tag = sLine.rfind(mapping.tag);
-            addProblem(file.problem(false, mapping.line, tag == std::string::npos ? firstWord(sLine) : tag,
-                                    "the drawing's border \"" + std::string(titleBlock.getBorderBlock().GetString()) +
-                                        "\" has no attribute \"" + mapping.tag + "\": %HALVORAN::" + mapping.key +
-                                        "% is empty"));
+            const auto other = std::find_if(tags.begin(), tags.end(), [&mapping](const CString& sTag) {
+                return sTag.CompareNoCase(mapping.tag.c_str()) == 0;
+            });
+            const std::string sHelp = other == tags.end() ? ""
+                                                          : "; the drawing's is \"" + std::string(other->GetString()) +
+                                                                "\", and the case of letters counts";
+            const SourceFile& file = m_files.get(mapping.file, Form::Project);
+            for (const Tesk::CProjectEntry& entry : file.project())
+                if (entry.m_uLine == mapping.line)
+                    addProblem(file.problem(false, entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
+                                            "the drawing's border \"" +
+                                                std::string(titleBlock.getBorderBlock().GetString()) +
+                                                "\" has no attribute \"" + mapping.tag +
+                                                "\": %HALVORAN::" + mapping.key + "% is empty" + sHelp));
         }
     }
 
     // Against the keywords that there are, and the mappings of these files.
     void checkTooltipText(const Tesk::CKeywordExpansion& expansion, const std::vector<const ProjectFile*>& files)
     {
-        const Text& text = *m_texts.find("TooltipText");
-        if (text.settings.empty())
-            return;
-        std::set<std::string> keywords;
-        for (const auto& [sKeyword, sValue] : expansion.getKeywords())
-            keywords.insert(sKeyword);
+        Keywords keywords = keywordsOf(expansion);
         for (const ProjectFile* pFile : files)
             for (const ProjectFile::Group& group : pFile->groups)
                 for (const Mapping& mapping : group.mapping)
-                    keywords.insert({"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key});
+                    keywords.names.insert({"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key});
+        for (Problem& problem : m_check.checkTemplateOf(*m_texts.find("TooltipText"), keywords))
+            addProblem(std::move(problem));
+        checkSameNameText();
+    }
 
-        const Setting& setting = text.settings.front();
-        const SourceFile& file = m_files.get(setting.file, Reading::Detecting);
-        const std::string& sLine = file.line(setting.line);
-        const std::size_t value = sLine.find(setting.value, sLine.find('='));
-        for (const TemplateFault& fault : checkTemplate(setting.value, keywords))
-            addProblem(file.problem(fault.error, setting.line, value + fault.position, fault.text));
+    // It knows the file's keywords, and one of its own.
+    void checkSameNameText()
+    {
+        const Text* const pText = m_texts.find("SameNameText");
+        if (pText == nullptr)
+            return;
+        Keywords keywords = keywordsOf(Tesk::CKeywordExpansion(m_report.path.c_str(), 1, 1));
+        keywords.names.insert("DISTINCT_FOLDER");
+        for (Problem& problem : m_check.checkTemplateOf(*pText, keywords))
+            addProblem(std::move(problem));
     }
 
     void addProblem(Problem problem) { m_report.findings.problems.push_back(std::move(problem)); }
 
     SourceFiles& m_files;
+    const TextCheck& m_check;
     const TextFindings& m_texts;
     const ProjectFindings& m_projects;
     DrawingReport& m_report;
 };
 
-std::vector<Place> findDomainFolders()
+std::vector<DomainFolder> findDomainFolders(std::vector<Problem>& problems)
 {
-    std::vector<Place> folders;
-    for (const CString& sCandidate : Tesk::getDomainSettingsCandidates())
-        folders.push_back({Layer::Domain, fullPath(sCandidate.GetString()), Tesk::folderExists(sCandidate)});
+    std::vector<DomainFolder> folders;
+    for (const auto& [sFolder, sKey] : Tesk::getDomainSettingsCandidates()) {
+        const std::string sPath = fullPath(sFolder.GetString());
+        folders.push_back({sPath, Tesk::folderExists(sFolder), sKey.GetString()});
+        if (!folders.back().found && !sKey.IsEmpty())
+            problems.push_back({sKey.GetString(), 0, 0, true,
+                                "the value \"Domain Settings\" names \"" + sPath + "\", which is not there", "", true});
+    }
     return folders;
 }
 
@@ -223,30 +259,63 @@ void sortByPlace(std::vector<Problem>& problems)
     });
 }
 
-}  // namespace
-
-DrawingCheck::DrawingCheck()
-    : m_texts(m_files), m_projects(m_files), m_domainFolders(findDomainFolders()), m_loadProblems(checkLoadEntries())
+bool isSettingsFile(const std::string& sPath)
 {
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
+    return Tesk::MultiByte::equalNoCase(sExtension, ".ini") || Tesk::MultiByte::equalNoCase(sExtension, ".txt");
 }
 
-DrawingReport DrawingCheck::check(const std::string& sDrawing)
+}  // namespace
+
+DrawingCheck::DrawingCheck() : m_texts(m_files), m_projects(m_files), m_commonProblems(checkLoadEntries())
+{
+    m_domainFolders = findDomainFolders(m_commonProblems);
+}
+
+DrawingReport DrawingCheck::check(const std::string& sPath)
 {
     DrawingReport report;
-    report.path = sDrawing;
-    const TextFindings& texts = m_texts.of(sDrawing);
-    const ProjectFindings projects = m_projects.of(sDrawing);
+    report.path = sPath;
     Findings& findings = report.findings;
-    findings.domainFolders = m_domainFolders;
-    findings.searched = texts.searched;
-    findings.texts = texts.texts;
-    findings.problems = texts.problems;
-    for (const ProjectFile* pFile : projects.files)
-        findings.problems.insert(findings.problems.end(), pFile->problems.begin(), pFile->problems.end());
-    Check(m_files, texts, projects, report).run();
-    findings.problems.insert(findings.problems.end(), m_loadProblems.begin(), m_loadProblems.end());
+    if (isSettingsFile(sPath)) {
+        checkSettingsFile(report);
+    } else {
+        const TextFindings& texts = m_texts.of(sPath);
+        const ProjectFindings& projects = m_projects.of(sPath);
+        findings.domainFolders = m_domainFolders;
+        findings.searched = texts.searched;
+        findings.texts = texts.texts;
+        findings.problems = texts.problems;
+        const auto add = [&findings](const std::vector<Problem>& problems) {
+            findings.problems.insert(findings.problems.end(), problems.begin(), problems.end());
+        };
+        for (const ProjectFile* pFile : projects.files)
+            add(pFile->problems);
+        Check(m_files, m_texts, texts, projects, report).run();
+        add(m_names.of(Tesk::CPathParts(sPath).parent(), projects.root));
+        add(m_commonProblems);
+    }
     sortByPlace(findings.problems);
     return report;
+}
+
+void DrawingCheck::checkSettingsFile(DrawingReport& report)
+{
+    report.settingsFile = true;
+    std::vector<Problem>& problems = report.findings.problems;
+    if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).m_sExtension, ".txt")) {
+        problems = m_projects.get(Layer::Project, report.path).problems;
+        return;
+    }
+    const TextFindings findings = m_texts.ofFile(report.path);
+    problems = findings.problems;
+    Keywords keywords = keywordsOf(KnownExpansion(report.path, m_projects.of(report.path)));
+    keywords.names.insert({"DISTINCT_FOLDER", "HALVORAN_PROJECT_LABEL"});
+    keywords.mappingKnown = false;
+    for (const char* sKey : {"TooltipText", "SameNameText"})
+        if (const Text* const pText = findings.find(sKey))
+            for (Problem& problem : m_texts.checkTemplateOf(*pText, keywords))
+                problems.push_back(std::move(problem));
 }
 
 }  // namespace tabscheck

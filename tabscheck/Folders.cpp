@@ -4,6 +4,7 @@
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/system/Handles.h"
+#include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
 
 #include <windows.h>
@@ -40,6 +41,23 @@ std::string systemReason(unsigned long code)
     return isMissing(code) ? "no such file or folder" : dxf::FileError::systemReason(code);
 }
 
+std::string whyClosed(const std::string& sPath)
+{
+    if (sPath.size() >= MAX_PATH) {
+        const std::wstring sLong = sPath.compare(0, 2, "\\\\") == 0 ? L"\\\\?\\UNC" + Tesk::toWide(sPath.substr(1))
+                                                                    : L"\\\\?\\" + Tesk::toWide(sPath);
+        const bool there = ::GetFileAttributesW(sLong.c_str()) != INVALID_FILE_ATTRIBUTES;
+        return there ? systemReason(ERROR_FILENAME_EXCED_RANGE) : "";
+    }
+    const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const DWORD error = file ? ERROR_FILE_NOT_FOUND : ::GetLastError();
+    const DWORD attributes = isMissing(error) ? INVALID_FILE_ATTRIBUTES : ::GetFileAttributesA(sPath.c_str());
+    if (isMissing(error) || (attributes != INVALID_FILE_ATTRIBUTES && isFolder(attributes)))
+        return {};
+    return systemReason(error);
+}
+
 std::string fullPath(const std::string& sPath)
 {
     std::string sFull(MAX_PATH, '\0');
@@ -65,6 +83,8 @@ void DrawingFinder::add(const std::string& sPath)
     const std::string sFull = fullPath(sPath);
     if (!fits(sFull))
         return;
+    if (sPath.find_first_of("*?") != std::string::npos)
+        return addMatching(sFull);
     const DWORD attributes = ::GetFileAttributesA(sFull.c_str());
     const DWORD error = ::GetLastError();
     if (attributes != INVALID_FILE_ATTRIBUTES) {
@@ -77,6 +97,22 @@ void DrawingFinder::add(const std::string& sPath)
     } else {
         m_tell(sPath, systemReason(error), true);
     }
+}
+
+void DrawingFinder::addMatching(const std::string& sPattern)
+{
+    const std::string sFolder = Tesk::CPathParts(sPattern).parent();
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA entry;
+    const UniqueFind find(::FindFirstFileA(sPattern.c_str(), &entry));
+    for (bool more = static_cast<bool>(find); more; more = ::FindNextFileA(find.get(), &entry) != FALSE)
+        if (isFolder(entry.dwFileAttributes) ? !isNameless(entry.cFileName) : isDrawingName(entry.cFileName))
+            names.emplace_back(entry.cFileName);
+    std::sort(names.begin(), names.end());
+    for (const std::string& sName : names)
+        add(sFolder + sName);
+    if (names.empty())
+        m_tell(sPattern, "no drawing and no folder is so named", true);
 }
 
 bool DrawingFinder::fits(const std::string& sPath)
@@ -97,7 +133,8 @@ bool DrawingFinder::enter(const std::string& sFolder)
     if (!folder || !::GetFileInformationByHandle(folder.get(), &facts))
         return true;  // what is wrong, if anything, the listing tells
     const unsigned long long index = static_cast<unsigned long long>(facts.nFileIndexHigh) << 32 | facts.nFileIndexLow;
-    if (m_entered.insert({facts.dwVolumeSerialNumber, index}).second)
+    // Some file systems have no numbers and say 0 for all.
+    if (index == 0 || m_entered.insert({facts.dwVolumeSerialNumber, index}).second)
         return true;
     m_tell(sFolder, "a folder that was checked already under another path: not followed", false);
     return false;

@@ -20,13 +20,15 @@ public:
 
     DrawingFinder(Found found, Tell tell) : m_found(std::move(found)), m_tell(std::move(tell)) {}
 
-    // A drawing, which need not exist, or a folder: then all drawings below it, folder by
-    // folder, in the order of their names. Full paths come out.
+    // A file, which need not exist when it is named as a drawing, or a folder: then all
+    // drawings below it, folder by folder, in the order of their names; or "*" and "?" in the
+    // name for all of these that are so named. Full paths come out.
     void add(const std::string& sPath);
 
 private:
     using FileId = std::pair<unsigned long, unsigned long long>;
 
+    void addMatching(const std::string& sPattern);
     void addFolder(const std::string& sFolder);
     bool enter(const std::string& sFolder);
     bool fits(const std::string& sPath);
@@ -41,6 +43,9 @@ std::string existingFolder(const std::string& sPath);
 
 // The full form of a path; the path itself when it has none.
 std::string fullPath(const std::string& sPath);
+
+// Why a file that may be there cannot be opened; empty when it can, or is not there.
+std::string whyClosed(const std::string& sPath);
 
 // What the system says about an error of a file or folder, in a few words.
 std::string systemReason(unsigned long code);

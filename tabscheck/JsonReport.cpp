@@ -30,6 +30,8 @@ std::string text(std::string_view sText)
 
 std::string number(unsigned value) { return std::to_string(value); }
 
+const char* truth(bool value) { return value ? "true" : "false"; }
+
 // "NAME":VALUE, the value as it is.
 std::string member(const char* sName, const std::string& sValue) { return "\"" + std::string(sName) + "\":" + sValue; }
 
@@ -53,7 +55,14 @@ std::string array(const std::vector<T>& values, Convert convert, std::size_t fir
 std::string toJson(const Place& place)
 {
     return object({member("layer", text(nameOf(place.layer))), member("path", text(place.path)),
-                   member("found", place.found ? "true" : "false"), member("keys", number(place.keys))});
+                   member("found", truth(place.found)), member("dropped", truth(place.dropped)),
+                   member("keys", number(place.keys))});
+}
+
+std::string toJson(const DomainFolder& folder)
+{
+    return object({member("path", text(folder.path)), member("found", truth(folder.found)),
+                   member("registry", text(folder.key))});
 }
 
 std::string overridden(const Setting& setting)
@@ -75,19 +84,20 @@ std::string toJson(const Text& defined)
 
 std::string toJson(const Border& border)
 {
-    return object(
-        {member("block", text(border.block)), member("file", text(border.file)), member("line", number(border.line))});
+    return object({member("block", text(border.block)), member("file", text(border.file)),
+                   member("line", number(border.line)), member("chosen", truth(border.chosen))});
 }
 
 std::string toJson(const Project& project)
 {
-    std::vector<std::string> mapping;
-    for (const Mapping& entry : project.mapping)
-        mapping.push_back(text(entry.key) + ":" + text(entry.tag));
+    const auto mapping = [](const Mapping& entry) {
+        return object({member("key", text(entry.key)), member("tag", text(entry.tag)), member("file", text(entry.file)),
+                       member("line", number(entry.line))});
+    };
     return object({member("root", text(project.root)), member("label", text(project.label)),
                    member("source", text(project.source)),
                    member("borders", array(project.borders, [](const Border& border) { return toJson(border); })),
-                   member("mapping", object(mapping))});
+                   member("mapping", array(project.mapping, mapping))});
 }
 
 std::string toJson(const Problem& problem)
@@ -97,33 +107,38 @@ std::string toJson(const Problem& problem)
                    member("text", text(problem.text))});
 }
 
-// The candidates for the domain's folder stand before the files of that layer.
-std::vector<Place> allPlaces(const Findings& findings)
+std::string toJson(const std::vector<Problem>& problems)
 {
-    std::vector<Place> places = findings.searched;
-    auto domain = places.begin();
-    while (domain != places.end() && domain->layer == Layer::Standard)
-        ++domain;
-    places.insert(domain, findings.domainFolders.begin(), findings.domainFolders.end());
-    return places;
+    return array(problems, [](const Problem& problem) { return toJson(problem); });
+}
+
+// Values that are JSON already.
+std::string joined(const std::vector<std::string>& values)
+{
+    return array(values, [](const std::string& sValue) { return sValue; });
 }
 
 }  // namespace
 
-JsonReport::JsonReport(Console& console) : m_console(console) { m_console.printBytes("{\"version\":1,\"drawings\":["); }
+JsonReport::JsonReport(Console& console) : m_console(console) { m_console.printBytes("{\"version\":2,\"drawings\":["); }
 
 void JsonReport::add(const DrawingReport& report)
 {
-    const auto place = [](const Place& one) { return toJson(one); };
-    const auto problem = [](const Problem& one) { return toJson(one); };
     const Findings& findings = report.findings;
+    if (report.settingsFile) {
+        m_files.push_back(object({member("path", text(report.path)), member("problems", toJson(findings.problems))}));
+        return;
+    }
     if (m_sSame.empty() || m_searched != findings.searched || m_texts != findings.texts) {
         std::vector<std::string> texts;
         for (const Text& defined : findings.texts)
             texts.push_back(text(defined.key) + ":" + toJson(defined));
         m_searched = findings.searched;
         m_texts = findings.texts;
-        m_sSame = member("searched", array(allPlaces(findings), place)) + "," + member("texts", object(texts));
+        const auto place = [](const Place& one) { return toJson(one); };
+        const auto folder = [](const DomainFolder& one) { return toJson(one); };
+        m_sSame = member("domain", array(findings.domainFolders, folder)) + "," +
+                  member("searched", array(findings.searched, place)) + "," + member("texts", object(texts));
     }
     const std::string sTooltip =
         object({member("rule", text(report.tooltip.rule)), member("title", text(report.tooltip.title)),
@@ -131,10 +146,19 @@ void JsonReport::add(const DrawingReport& report)
     m_console.printBytes(
         (m_first ? "\n" : ",\n") +
         object({member("path", text(report.path)), m_sSame, member("project", toJson(findings.project)),
-                member("tooltip", sTooltip), member("problems", array(findings.problems, problem))}));
+                member("tooltip", sTooltip), member("problems", toJson(findings.problems))}));
     m_first = false;
 }
 
-void JsonReport::finish() { m_console.printBytes("]}\n"); }
+void JsonReport::addUnchecked(const std::string& sPath, const std::string& sReason)
+{
+    m_unchecked.push_back(object({member("path", text(sPath)), member("reason", text(sReason))}));
+}
+
+void JsonReport::finish()
+{
+    m_console.printBytes("]," + member("files", joined(m_files)) + "," + member("unchecked", joined(m_unchecked)) +
+                         "}\n");
+}
 
 }  // namespace tabscheck

@@ -2,94 +2,178 @@
 
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/files/SettingsFile.h"
-#include "library/files/SettingsFileReader.h"
-#include "library/files/SupportFileLocator.h"
+#include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
-#include "library/text/StringView.h"
+#include "tabscheck/Folders.h"
 #include "tabscheck/Spelling.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace tabscheck {
 
 namespace {
 
-using Line = Tesk::CSettingsFileReader::Line;
+using Tesk::CProjectEntry;
+using Tesk::ProjectBlock;
 
-// Reads one file line by line and takes down what the reader makes of each.
-class LineRecorder {
+std::string_view firstWord(const CProjectEntry& entry)
+{
+    return entry.m_sText.substr(0, entry.m_sText.find_first_of(" \t"));
+}
+
+bool isRemark(const CProjectEntry& entry) { return entry.m_sText[0] == ';'; }
+
+// Those between which Word puts what it takes for a quotation.
+bool hasTypographicQuote(std::string_view sText)
+{
+    const std::wstring sWide = Tesk::toWide(sText);
+    return sWide.find_first_of(L"\x201C\x201D\x201E\x201F") != std::wstring::npos;
+}
+
+// Goes through the entries of one file and takes down what each gives.
+class Reader {
 public:
-    LineRecorder(const SourceFile& source, ProjectFile& file)
-        : m_source(source), m_file(file), m_reader(m_settings, Tesk::PathParts(source.path()).parent())
-    {
-    }
+    Reader(const SourceFile& source, ProjectFile& file) : m_source(source), m_file(file) {}
 
     void read()
     {
-        for (const std::string& sLine : m_source.lines()) {
-            ++m_line;
-            const bool wasInTitleBlock = m_reader.isInTitleBlock();
-            const Line what = m_reader.readLine(sLine);
-            if (!wasInTitleBlock && m_reader.isInTitleBlock()) {
-                m_group = {};
-                m_groupLine = m_line;
-            } else if (wasInTitleBlock && !m_reader.isInTitleBlock()) {
-                m_file.groups.push_back(m_group);
-            }
-            take(what, sLine, wasInTitleBlock);
+        const std::vector<CProjectEntry>& entries = m_source.project();
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            const CProjectEntry* const pNext = entry + 1 == entries.end() ? nullptr : &entry[1];
+            if (entry->m_kind != CProjectEntry::Open && entry->m_kind != CProjectEntry::Close)
+                take(*entry, pNext);
+            if (entry->m_kind == CProjectEntry::Close)
+                close(*entry);
+            else if (entry->m_sText.size() > 1 && entry->m_sText.back() == '}' && m_brace == nullptr)
+                m_brace = &*entry;
         }
-        if (m_reader.isInTitleBlock())
-            add(true, m_groupLine, "this block has no \"}\": its borders and mappings are ignored");
-        m_file.label = m_settings.m_sProjectLabel.GetString();
+        if (m_block != nullptr && m_block->m_block == ProjectBlock::TitleBlocks && !m_nested)
+            add(true, *m_block, "this block has no \"}\": its borders and mappings are ignored");
     }
 
 private:
-    void take(Line what, const std::string& sLine, bool inTitleBlock)
+    void take(const CProjectEntry& entry, const CProjectEntry* pNext)
     {
-        const std::string_view sTrimmed = Tesk::MultiByte::trim(sLine);
-        const auto [sKey, sValue] = Tesk::CSettingsFileReader::splitLine(sTrimmed);
-        const bool marked = m_line == 1 && !m_source.problems().empty();  // by an encoding
-        if (what == Line::UnknownKeyword && !marked)
-            add(false, m_line,
-                "unknown keyword \"" + std::string(sTrimmed.substr(0, sTrimmed.find_first_of(" \t"))) +
-                    "\": skipped with its block" +
-                    suggestion(sKey.GetString(), Tesk::CSettingsFileReader::getKeywords()));
-        else if (what == Line::IgnoredBorder)
-            add(true, m_line, borderReason(Tesk::CSettingsFileReader::countFields(Tesk::viewOf(sValue))));
-        else if (what == Line::Border && inTitleBlock)
-            m_group.borders.push_back(
-                {m_reader.getGroup().m_vecBorders.back().m_sBlockName.GetString(), m_source.path(), m_line});
-        else if (what == Line::Mapping && inTitleBlock)
-            map(sKey.GetString());
+        switch (entry.m_kind) {
+        case CProjectEntry::Keyword:
+            open(entry);
+            return;
+        case CProjectEntry::Border:
+            takeBorder(entry);
+            break;
+        case CProjectEntry::Mapping:
+            if (entry.m_block == ProjectBlock::TitleBlocks)
+                takeMapping(entry);
+            break;
+        case CProjectEntry::Line:
+            if (entry.m_block == ProjectBlock::ProjectLabel)
+                m_file.label = entry.m_sText;
+            break;
+        default:
+            break;
+        }
+        if (isRemark(entry) && entry.m_block != ProjectBlock::Unknown)
+            add(false, entry, "\";\" begins no remark here, \"#\" and \"//\" do: the line counts");
+        checkNested(entry, pNext);
     }
 
-    static std::string borderReason(std::size_t fields)
+    void open(const CProjectEntry& entry)
     {
-        return "this border is ignored: it has " + std::to_string(fields) + " quoted field" + (fields == 1 ? "" : "s") +
-               " where 2, 5 or 6 are read, none of them empty";
+        m_block = &entry;
+        m_brace = nullptr;
+        m_nested = false;
+        m_group = {};
+        if (entry.m_block != ProjectBlock::Unknown || isRemark(entry))
+            return;  // what a remark costs is told at the block that it costs
+        if (entry.m_uLine != 1 || m_source.problems().empty())  // else the mark of an encoding
+            add(false, entry,
+                "unknown keyword \"" + std::string(firstWord(entry)) + "\": skipped with its block" +
+                    suggestion(entry.m_sKey, unusedKeywords()));
+    }
+
+    std::vector<std::string> unusedKeywords() const
+    {
+        std::vector<std::string> names = Tesk::getProjectKeywords();
+        std::erase_if(names, [this](const std::string& sName) {
+            return std::any_of(m_source.project().begin(), m_source.project().end(), [&sName](const auto& entry) {
+                return entry.m_kind == CProjectEntry::Keyword && entry.m_sKey == sName;
+            });
+        });
+        return names;
+    }
+
+    void close(const CProjectEntry& entry)
+    {
+        if (entry.m_block == ProjectBlock::TitleBlocks)
+            m_file.groups.push_back(m_group);
+        if (m_block != nullptr && isRemark(*m_block) && !m_nested)
+            tellRemark("what follows up to line " + std::to_string(entry.m_uLine));
+        m_block = nullptr;
+    }
+
+    void tellRemark(const std::string& sLost)
+    {
+        add(true, *m_block, "\";\" begins no remark here, \"#\" and \"//\" do: " + sLost + " is lost with it");
+    }
+
+    // A keyword that an earlier block takes for one of its lines.
+    void checkNested(const CProjectEntry& entry, const CProjectEntry* pNext)
+    {
+        const bool opens = entry.m_sValue.empty() ? pNext != nullptr && pNext->m_kind == CProjectEntry::Open
+                                                  : entry.m_sValue[0] == '{';
+        const ProjectBlock block = Tesk::blockOf(entry.m_sKey);
+        if (block == ProjectBlock::Unknown || m_nested || m_block == nullptr ||
+            !(opens || (block == ProjectBlock::TitleBlocks && entry.m_sValue.empty())))
+            return;
+        m_nested = true;
+        if (isRemark(*m_block)) {
+            tellRemark("the block " + std::string(firstWord(entry)) + " of line " + std::to_string(entry.m_uLine));
+            return;
+        }
+        const std::string sWhere =
+            m_brace != nullptr ? "the \"}\" of line " + std::to_string(m_brace->m_uLine) + " does not stand on its own"
+                               : "a line \"}\" is missing before line " + std::to_string(entry.m_uLine);
+        add(true, entry,
+            std::string(firstWord(entry)) + " stands inside the block " + std::string(firstWord(*m_block)) +
+                " of line " + std::to_string(m_block->m_uLine) + ", and is lost: " + sWhere);
+    }
+
+    void takeBorder(const CProjectEntry& entry)
+    {
+        const std::vector<std::string> fields = Tesk::borderFields(entry.m_sValue);
+        if (Tesk::isBorder(fields.size())) {
+            if (entry.m_block == ProjectBlock::TitleBlocks)
+                m_group.borders.push_back(
+                    {fields[1].substr(0, fields[1].find('.')), m_source.path(), entry.m_uLine, false});
+        } else if (hasTypographicQuote(entry.m_sValue)) {
+            add(true, entry, "this border is ignored: it has typographic quotes where straight ones are read");
+        } else {
+            add(true, entry,
+                "this border is ignored: it has " + std::to_string(fields.size()) + " quoted field" +
+                    (fields.size() == 1 ? "" : "s") + " where 2, 5 or 6 are read, none of them empty");
+        }
     }
 
     // Of two lines with one key the later counts.
-    void map(const std::string& sKey)
+    void takeMapping(const CProjectEntry& entry)
     {
-        const std::string sTag = m_reader.getGroup().m_mapOther.at(sKey.c_str()).GetString();
-        std::erase_if(m_group.mapping, [&sKey](const Mapping& mapping) { return mapping.key == sKey; });
-        m_group.mapping.push_back({sKey, sTag, m_source.path(), m_line});
+        std::erase_if(m_group.mapping, [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
+        m_group.mapping.push_back({entry.m_sKey, std::string(Tesk::MultiByte::withoutQuotes(entry.m_sValue)),
+                                   m_source.path(), entry.m_uLine});
     }
 
-    void add(bool error, unsigned line, std::string sText)
+    void add(bool error, const CProjectEntry& entry, std::string sText)
     {
-        m_file.problems.push_back(m_source.problem(error, line, firstWord(m_source.line(line)), std::move(sText)));
+        m_file.problems.push_back(m_source.problem(error, entry, entry.m_sText, std::move(sText)));
     }
 
     const SourceFile& m_source;
     ProjectFile& m_file;
-    Tesk::CSettingsFile m_settings;
-    Tesk::CSettingsFileReader m_reader;
     ProjectFile::Group m_group;
-    unsigned m_groupLine = 0;
-    unsigned m_line = 0;
+    const CProjectEntry* m_block = nullptr;  // the keyword of the block that is read
+    const CProjectEntry* m_brace = nullptr;  // a line in it that ends in "}"
+    bool m_nested = false;                   // a keyword in it was told
 };
 
 }  // namespace
@@ -103,15 +187,28 @@ const ProjectFile* ProjectFindings::find(const std::string& sPath) const
 
 std::string ProjectFindings::label() const { return root.empty() ? "" : files.front()->label; }
 
-ProjectFindings ProjectCheck::of(const std::string& sDrawing)
+ProjectCheck::ProjectCheck(SourceFiles& files) : m_files(files)
 {
-    ProjectFindings findings;
-    findings.root = Tesk::findProjectFolder(Tesk::PathParts(sDrawing).parent().c_str()).GetString();
-    if (!findings.root.empty())
-        findings.files.push_back(&get(Layer::Project, findings.root + Tesk::kProjectSettings));
-    findings.files.push_back(&get(Layer::Domain, Tesk::getLocation(Tesk::LOCATION_FILE_DOMAIN_SETTINGS).GetString()));
-    findings.files.push_back(
-        &get(Layer::Standard, Tesk::getLocation(Tesk::LOCATION_FILE_STANDARD_SETTINGS).GetString()));
+    for (const Layer layer : Tesk::kTitleBlockLayers)
+        if (layer != Layer::Project)
+            m_shared[layer] = Tesk::getTitleBlockFile(layer, "").GetString();
+}
+
+const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
+{
+    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
+    ProjectFindings& findings = found->second;
+    if (!fresh)
+        return findings;
+    for (const Layer layer : Tesk::kTitleBlockLayers) {
+        const auto shared = m_shared.find(layer);
+        const std::string sFile =
+            shared != m_shared.end() ? shared->second : Tesk::getTitleBlockFile(layer, sDrawing.c_str()).GetString();
+        if (layer == Layer::Project)
+            findings.root = Tesk::CPathParts(sFile).parent();
+        if (!sFile.empty())
+            findings.files.push_back(&get(layer, sFile));
+    }
     return findings;
 }
 
@@ -124,12 +221,15 @@ const ProjectFile& ProjectCheck::get(Layer layer, const std::string& sPath)
 ProjectFile ProjectCheck::read(Layer layer, const std::string& sPath)
 {
     ProjectFile file;
-    file.place = {layer, sPath, Tesk::fileExists(sPath.c_str())};
-    if (!file.place.found)
+    file.place = {layer, sPath, Tesk::fileExists(sPath.c_str()), 0, false};
+    if (!file.place.found) {
+        if (const std::string sReason = whyClosed(sPath); !sReason.empty())
+            file.problems.push_back({sPath, 0, 0, true, "the strip cannot open it: " + sReason, "", true});
         return file;
-    const SourceFile& source = m_files.get(sPath, Reading::Ansi);
+    }
+    const SourceFile& source = m_files.get(sPath, Form::Project);
     file.problems = source.problems();
-    LineRecorder(source, file).read();
+    Reader(source, file).read();
     for (const ProjectFile::Group& group : file.groups)
         file.place.keys += static_cast<unsigned>(group.mapping.size());
     return file;

@@ -1,7 +1,7 @@
 #pragma once
 
-// The project settings file and the two of the same form that stand behind it, read as the
-// product reads them, with what each line gave.
+// The project settings file and the two of the same form that stand behind it, with what
+// each line gave.
 
 #include "tabscheck/Report.h"
 #include "tabscheck/SourceFile.h"
@@ -35,16 +35,18 @@ struct ProjectFindings {
 
 class ProjectCheck {
 public:
-    explicit ProjectCheck(SourceFiles& files) : m_files(files) {}
+    explicit ProjectCheck(SourceFiles& files);
 
-    ProjectFindings of(const std::string& sDrawing);
+    const ProjectFindings& of(const std::string& sDrawing);
+    const ProjectFile& get(Layer layer, const std::string& sPath);
 
 private:
-    const ProjectFile& get(Layer layer, const std::string& sPath);
     ProjectFile read(Layer layer, const std::string& sPath);
 
     SourceFiles& m_files;
+    std::map<Layer, std::string> m_shared;  // the paths that do not depend on the drawing
     std::map<std::string, ProjectFile> m_read;
+    std::map<std::string, ProjectFindings> m_byFolder;
 };
 
 }  // namespace tabscheck

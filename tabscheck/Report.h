@@ -2,13 +2,15 @@
 
 // What was found out about one drawing: plain values, in the thread's ANSI code page.
 
+#include "library/files/SupportFileLocator.h"
+
+#include <compare>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace tabscheck {
 
-enum class Layer { Standard, Domain, Project, Folder };
+using Tesk::Layer;
 
 const char* nameOf(Layer layer);
 
@@ -21,6 +23,15 @@ struct Place {
     bool dropped = false;  // a copy of texts that the strip drops for a bad line
 
     bool operator==(const Place&) const = default;
+};
+
+// A folder that may be the domain's; the first that is there is taken.
+struct DomainFolder {
+    std::string path;
+    bool found = false;
+    std::string key;  // of the registry, when it is named there
+
+    bool operator==(const DomainFolder&) const = default;
 };
 
 // One definition of a text.
@@ -76,26 +87,27 @@ struct Project {
 struct Tooltip {
     std::string rule;  // "template", "title", "default"; empty for a drawing that cannot be read
     std::string title;
-    std::string text;
+    std::string text;  // empty: there is no balloon
     bool contentsKnown = false;
 
     bool operator==(const Tooltip&) const = default;
 };
 
 struct Problem {
-    bool error = false;
     std::string file;     // or a registry key
     unsigned line = 0;    // from 1; 0 for the file as a whole
     unsigned column = 0;  // in bytes from 1
+    bool error = false;
     std::string text;
-    std::string source;  // the line itself
+    std::string source;      // the line itself
+    bool unchecked = false;  // something could not be looked into
 
-    bool operator==(const Problem&) const = default;
+    auto operator<=>(const Problem&) const = default;
 };
 
 // All but path and tooltip are often the same for a folder's drawings.
 struct Findings {
-    std::vector<Place> domainFolders;
+    std::vector<DomainFolder> domainFolders;
     std::vector<Place> searched;
     std::vector<Text> texts;
     Project project;
@@ -106,6 +118,7 @@ struct Findings {
 
 struct DrawingReport {
     std::string path;
+    bool settingsFile = false;  // no drawing: of the findings the problems alone count
     Findings findings;
     Tooltip tooltip;
     bool unreadable = false;  // the drawing is there but does not open

@@ -1,88 +1,153 @@
 #include "tabscheck/SourceFile.h"
 
 #include "library/diagnostics/ExceptionText.h"
-#include "library/files/TextFileContents.h"
+#include "library/text/CodePage.h"
+#include "library/text/MultiByte.h"
+
+#include <windows.h>
 
 #include <algorithm>
+#include <exception>
 #include <tuple>
 
 namespace tabscheck {
 
 namespace {
 
-constexpr std::string_view kUtf8 = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16Big = "\xFE\xFF";
-constexpr std::string_view kUtf16Little = "\xFF\xFE";
+constexpr struct {
+    std::string_view mark;
+    const char* name;
+    bool texts;  // the texts' reader knows it
+} kMarks[] = {
+    {"\xEF\xBB\xBF", "UTF-8", false}, {"\xFE\xFF", "UTF-16, big-endian", false}, {"\xFF\xFE", "UTF-16", true}};
+
+// As UTF-8, where it is that and more than ASCII; else empty.
+std::wstring decodeUtf8(std::string_view sText)
+{
+    const bool ascii = std::all_of(sText.begin(), sText.end(), [](char c) { return (c & 0x80) == 0; });
+    if (ascii || Tesk::MultiByte::CLeadBytes().any())
+        return {};
+    std::wstring sWide(sText.size(), L'\0');
+    const int length = static_cast<int>(sText.size());
+    const int count = ::MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, sText.data(), length, sWide.data(), length);
+    sWide.resize(static_cast<std::size_t>(count));
+    return sWide;
+}
+
+std::size_t firstHigh(std::string_view sText)
+{
+    return static_cast<std::size_t>(std::find_if(sText.begin(), sText.end(), [](char c) { return (c & 0x80) != 0; }) -
+                                    sText.begin());
+}
+
+std::string quoted(std::string_view sText) { return "\"" + std::string(sText) + "\""; }
 
 }  // namespace
 
-SourceFile::SourceFile(const std::string& sPath, Reading reading) : m_path(sPath)
+SourceFile::SourceFile(const std::string& sPath, Form form) : m_path(sPath)
 {
     try {
-        Tesk::CTextFileContents contents(sPath.c_str(), reading == Reading::Detecting);
-        for (std::string_view sLine; contents.nextConverted(sLine);)
-            m_lines.emplace_back(sLine);
-        checkEncoding(reading);
+        m_contents = std::make_unique<Tesk::CTextFileContents>(sPath.c_str(), form == Form::Texts);
+        if (form == Form::Project) {
+            m_project = Tesk::parseProject(*m_contents);
+        } else {
+            Tesk::CSettingsEntries entries(*m_contents);
+            for (Tesk::CSettingsEntry entry; entries.next(entry);)
+                m_texts.push_back(entry);
+        }
+        checkMark(form);
+        m_contents->rewind();
+        if (m_contents->isUnicode())
+            checkWideLines();
+        else if (m_problems.empty())
+            checkLines();
     } catch (CException* pException) {
-        m_problems.push_back(problem(true, 0, 0, Tesk::takeExceptionText(pException).GetString()));
+        m_problems.push_back(problemAt(true, 0, 0, Tesk::takeExceptionText(pException).GetString(), {}));
+        m_problems.back().unchecked = true;
+    } catch (const std::exception& exception) {
+        m_problems.push_back(problemAt(true, 0, 0, std::string("it cannot be read: ") + exception.what(), {}));
+        m_problems.back().unchecked = true;
     }
-    if (m_problems.empty())
-        checkZeros();
 }
 
-const std::string& SourceFile::line(unsigned number) const
+bool SourceFile::sound() const
 {
-    static const std::string sNone;
-    return number >= 1 && number <= m_lines.size() ? m_lines[number - 1] : sNone;
+    return m_contents != nullptr && (m_texts.empty() || m_texts.back().m_kind != Tesk::CSettingsEntry::Damage);
 }
 
-Problem SourceFile::problem(bool error, unsigned line, std::size_t position, std::string sText) const
+Problem SourceFile::problemAt(bool error, unsigned line, std::size_t position, std::string sText,
+                              std::string_view sLine) const
 {
     const unsigned column = line == 0 ? 0 : static_cast<unsigned>(position + 1);
-    return {error, m_path, line, column, std::move(sText), this->line(line)};
+    return {m_path, line, column, error, std::move(sText), std::string(sLine), false};
 }
 
-void SourceFile::checkEncoding(Reading reading)
+void SourceFile::checkMark(Form form)
 {
-    Tesk::CTextFileContents contents(m_path.c_str(), false);
-    std::string_view sFirst;
-    contents.nextNarrow(sFirst);
-    const char* sEncoding = nullptr;
-    if (sFirst.substr(0, kUtf8.size()) == kUtf8)
-        sEncoding = "UTF-8";
-    else if (sFirst.substr(0, kUtf16Big.size()) == kUtf16Big)
-        sEncoding = "UTF-16, big-endian";
-    else if (reading == Reading::Ansi && sFirst.substr(0, kUtf16Little.size()) == kUtf16Little)
-        sEncoding = "UTF-16";
-    if (sEncoding == nullptr)
-        return;
-    const std::string sHelp = reading == Reading::Ansi ? "save it as ANSI" : "save it as ANSI or as \"Unicode\"";
-    m_problems.push_back(
-        problem(true, 1, 0, "the file is in " + std::string(sEncoding) + ", which is not read: " + sHelp));
-}
-
-void SourceFile::checkZeros()
-{
-    for (std::size_t i = 0; i < m_lines.size(); ++i) {
-        const std::size_t zero = m_lines[i].find('\0');
-        if (zero == std::string::npos)
+    const std::string_view sBytes = m_contents->getBytes();
+    for (const auto& [mark, name, texts] : kMarks) {
+        if (sBytes.substr(0, mark.size()) != mark || (texts && form == Form::Texts))
             continue;
-        m_problems.push_back(problem(false, static_cast<unsigned>(i + 1), zero,
-                                     "a zero byte: Windows shows a text only up to it; is this a text file?"));
-        return;
+        const char* const sHelp = form == Form::Project ? "save it as ANSI" : "save it as ANSI or as \"Unicode\"";
+        m_problems.push_back(problemAt(true, 1, 0,
+                                       "the file is in " + std::string(name) + ", which is not read: " + sHelp,
+                                       sBytes.substr(0, sBytes.find_first_of("\r\n"))));
     }
 }
 
-const SourceFile& SourceFiles::get(const std::string& sPath, Reading reading)
+// The first line that was meant otherwise, and the first with a zero byte.
+void SourceFile::checkLines()
 {
-    const std::pair key(sPath, reading);
+    std::string_view sLine;
+    bool told = false, zero = false;
+    for (unsigned line = 1; m_contents->nextNarrow(sLine); ++line) {
+        const std::wstring sMeant = told ? std::wstring() : decodeUtf8(sLine);
+        if (!sMeant.empty()) {
+            told = true;
+            const std::size_t at = firstHigh(sLine);
+            m_problems.push_back(problemAt(false, line, at,
+                                           "UTF-8 without a mark, which is read as ANSI: " +
+                                               quoted(Tesk::toNarrow(std::wstring_view(sMeant).substr(at, 20))) +
+                                               " becomes " + quoted(sLine.substr(at, 20)) + "; save the file as ANSI",
+                                           sLine));
+        }
+        const std::size_t end = sLine.find('\0');
+        if (end != sLine.npos && !zero) {
+            zero = true;
+            m_problems.push_back(problemAt(
+                false, line, end, "a zero byte: Windows shows a text only up to it; is this a text file?", sLine));
+        }
+    }
+}
+
+// The characters that the code page lacks.
+void SourceFile::checkWideLines()
+{
+    std::wstring_view sLine;
+    for (unsigned line = 1; m_contents->nextWide(sLine); ++line) {
+        const std::string sNarrow = Tesk::toNarrow(sLine);
+        const std::wstring sBack = Tesk::toWide(sNarrow);
+        const auto [lost, became] = std::mismatch(sLine.begin(), sLine.end(), sBack.begin(), sBack.end());
+        if (lost == sLine.end())
+            continue;
+        char sCode[16];
+        std::snprintf(sCode, sizeof sCode, "U+%04X", static_cast<unsigned>(*lost));
+        const std::string sBefore = Tesk::toNarrow(std::wstring_view(sLine.begin(), lost));
+        m_problems.push_back(problemAt(false, line, sBefore.size(),
+                                       std::string(sCode) + " is not in the Windows code page: it becomes " +
+                                           quoted(std::string_view(sNarrow).substr(sBefore.size(), 1)),
+                                       sNarrow));
+    }
+}
+
+const SourceFile& SourceFiles::get(const std::string& sPath, Form form)
+{
+    const std::pair key(sPath, form);
     const auto found = m_files.find(key);
     if (found != m_files.end())
         return found->second;
-    return m_files.emplace(std::piecewise_construct, std::forward_as_tuple(key), std::forward_as_tuple(sPath, reading))
+    return m_files.emplace(std::piecewise_construct, std::forward_as_tuple(key), std::forward_as_tuple(sPath, form))
         .first->second;
 }
-
-std::size_t firstWord(const std::string& sLine) { return std::min(sLine.find_first_not_of(" \t\r\v\f"), sLine.size()); }
 
 }  // namespace tabscheck

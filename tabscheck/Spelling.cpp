@@ -38,13 +38,13 @@ std::size_t distance(const std::string& sOne, const std::string& sOther)
 
 }  // namespace
 
-std::string nearest(std::string_view sWord, const std::vector<std::string>& words)
+std::string nearest(std::string_view sWord, const std::vector<std::string>& words, std::size_t mostEdits)
 {
     if (sWord.size() > kLongestWord)
         return {};
     const std::string sLower = lower(sWord);
     std::string sBest;
-    std::size_t best = std::max<std::size_t>(sWord.size() / 3, 1) + 1;
+    std::size_t best = mostEdits + 1;
     for (const std::string& sKnown : words) {
         const std::size_t edits = distance(sLower, lower(sKnown));
         if (edits < best) {
@@ -57,7 +57,7 @@ std::string nearest(std::string_view sWord, const std::vector<std::string>& word
 
 std::string suggestion(std::string_view sWord, const std::vector<std::string>& words)
 {
-    const std::string sNearest = nearest(sWord, words);
+    const std::string sNearest = nearest(sWord, words, std::max<std::size_t>(sWord.size() / 4, 1));
     return sNearest.empty() ? "" : "; did you mean \"" + sNearest + "\"?";
 }
 

@@ -2,15 +2,16 @@
 
 // Which known word somebody may have meant.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tabscheck {
 
-// The nearest of the words, without case, by letters added, lost, changed or swapped;
-// empty when none is near enough to be meant.
-std::string nearest(std::string_view sWord, const std::vector<std::string>& words);
+// The nearest of the words, without case, by so many letters at most that were added, lost,
+// changed or swapped; empty when none is as near.
+std::string nearest(std::string_view sWord, const std::vector<std::string>& words, std::size_t mostEdits);
 
 // "; did you mean "X"?", or nothing.
 std::string suggestion(std::string_view sWord, const std::vector<std::string>& words);

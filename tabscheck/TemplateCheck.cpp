@@ -13,7 +13,7 @@ namespace tabscheck {
 namespace {
 
 constexpr const char* kDates[] = {"UPDATE_DATE", "UPDATE_DATE_UTC", "CURRENT_DATE", "CURRENT_DATE_UTC"};
-constexpr std::string_view kFormatMark = "::";
+constexpr const char* kTitleBlock = "HALVORAN";
 constexpr std::size_t kLongestKeyword = 128;  // a longer one is no keyword that somebody meant
 
 bool isDate(std::string_view sName)
@@ -21,82 +21,148 @@ bool isDate(std::string_view sName)
     return std::find(std::begin(kDates), std::end(kDates), sName) != std::end(kDates);
 }
 
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_'; }
-
-// What stands between two delimiters may be plain text, as in "100% of 50%": a keyword
-// begins with a letter and has no blank before its "::".
-bool looksLikeKeyword(std::string_view sToken)
+bool isWordCharacter(char c)
 {
-    const std::string_view sName = sToken.substr(0, sToken.find(kFormatMark));
-    return !sName.empty() && sToken.size() <= kLongestKeyword && isLetter(sName[0]) &&
-           std::all_of(sName.begin(), sName.end(), [](char c) { return isLetter(c) || (c >= '0' && c <= '9'); });
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
 }
+
+std::string_view wordAt(std::string_view sText)
+{
+    const auto end = std::find_if_not(sText.begin(), sText.end(), isWordCharacter);
+    return sText.substr(0, static_cast<std::size_t>(end - sText.begin()));
+}
+
+bool startsWith(std::string_view sText, std::string_view sStart) { return sText.substr(0, sStart.size()) == sStart; }
 
 class Checker {
 public:
-    Checker(const std::string& sTemplate, const std::set<std::string>& keywords)
-        : m_template(sTemplate), m_keywords(keywords)
-    {
-    }
+    Checker(const std::string& sTemplate, const Keywords& keywords) : m_template(sTemplate), m_keywords(keywords) {}
 
     std::vector<TemplateFault> check()
     {
-        std::size_t at = m_template.find('%');
-        while (at != std::string::npos) {
-            const std::size_t end = m_template.find('%', at + 1);
-            if (end == std::string::npos)
-                break;
-            const std::string sToken = m_template.substr(at + 1, end - at - 1);
-            // The closing delimiter of what is no token may open one.
-            at = m_keywords.count(sToken) != 0 || checkToken(at, sToken) ? m_template.find('%', end + 1) : end;
-        }
+        std::size_t at = 0;
+        while ((at = m_template.find('%', at)) != m_template.npos)
+            at += 1 + checkAt(at, std::string_view(m_template).substr(at + 1));
         return std::move(m_faults);
     }
 
 private:
-    // True when the text between the delimiters is meant as a token.
-    bool checkToken(std::size_t at, const std::string& sToken)
+    // The token behind a delimiter; how much of it need not be looked at again.
+    std::size_t checkAt(std::size_t at, std::string_view sRest)
     {
-        const std::size_t mark = sToken.find(kFormatMark);
-        const std::string sName = sToken.substr(0, mark);
-        if (isDate(sName)) {
-            const std::string sFormat = mark == std::string::npos ? "" : sToken.substr(mark + kFormatMark.size());
-            checkDate(at, sToken, sFormat);
-            return true;
+        const std::string_view sToken = sRest.substr(0, sRest.find('%'));
+        const bool closed = sToken.size() < sRest.size();
+        if (closed && knows(sToken))
+            return sToken.size() + 1;
+        const std::string sName(wordAt(sRest));
+        const std::string_view sBehind = sRest.substr(sName.size());
+        // What stands between two delimiters may be plain text, as in "100% of 50%".
+        if (sName.empty() || (sName[0] >= '0' && sName[0] <= '9') || sToken.size() > kLongestKeyword)
+            return 0;
+        const bool date = isDate(sName);
+        const bool title = sName == kTitleBlock || sName == std::string("X_") + kTitleBlock;
+        if ((date || title) && startsWith(sBehind, ":") && !startsWith(sBehind, "::")) {
+            add(false, at, stays(sToken, closed) + "; \"::\" stands between name and " + (date ? "format" : "key"));
+            return sToken.size();
         }
-        if (!looksLikeKeyword(sToken))
-            return false;
-        std::vector<std::string> known(m_keywords.begin(), m_keywords.end());
-        known.insert(known.end(), std::begin(kDates), std::end(kDates));
-        const bool mapped = sName == "HALVORAN" && mark != std::string::npos;
-        m_faults.push_back({false, at,
-                            "%" + sToken + "% stays as it is written: " +
-                                (mapped ? "no mapping of the title block defines it" : "there is no such keyword") +
-                                suggestion(sToken, known)});
-        return true;
+        if (date && startsWith(sBehind, "::"))
+            return checkDate(at, sName, sBehind.substr(2));
+        if (closed && sToken == sName) {
+            add(false, at,
+                stays(sToken, true) + (date ? ": a date needs a format, as in %" + sName + "::|Y-|m-|d%"
+                                            : ": there is no such keyword" + suggest(sToken)));
+            return sToken.size() + 1;
+        }
+        if (closed && title && startsWith(sBehind, "::")) {
+            if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
+                sKey.size() < sToken.size() && m_keywords.names.count(sKey) != 0)
+                return unclosed(at, sKey);
+            if (m_keywords.mappingKnown)
+                add(false, at, stays(sToken, true) + ": no mapping of the title block defines it" + suggest(sToken));
+            return sToken.size() + 1;
+        }
+        return date || title || knows(sName) ? unclosed(at, title ? std::string(sToken) : sName) : 0;
     }
 
-    void checkDate(std::size_t at, const std::string& sToken, const std::string& sFormat)
+    // A token that ends nowhere, or at another's beginning.
+    std::size_t unclosed(std::size_t at, const std::string& sToken)
     {
-        if (sFormat.empty())
-            m_faults.push_back({false, at,
-                                "%" + sToken + "% stays as it is written: a date needs a format, as in %" +
-                                    sToken.substr(0, sToken.find(kFormatMark)) + "::|Y-|m-|d%"});
-        else if (Tesk::formatTime(::_time64(nullptr), sFormat, false).empty())
-            m_faults.push_back(
-                {true, at, "%" + sToken + "% shows nothing: Windows makes no date of the format \"" + sFormat + "\""});
+        add(false, at, stays(sToken, false) + ": its closing \"%\" is missing");
+        return sToken.size();
     }
+
+    // A format has one character at least and ends at the first "%" behind it.
+    std::size_t checkDate(std::size_t at, const std::string& sName, std::string_view sRest)
+    {
+        const std::size_t end = sRest.find('%', 1);
+        const std::string sFormat(sRest.substr(0, end));
+        const std::size_t size = sName.size() + 2 + sFormat.size();
+        if (end == sRest.npos || nextToken(sRest.substr(end + 1)))
+            return unclosed(at, sName + "::" + sFormat);
+        const std::string sShown = Tesk::formatTime(::_time64(nullptr), sFormat, false);
+        const std::string sToken = "%" + sName + "::" + sFormat + "%";
+        if (sFormat[0] == '%') {
+            add(true, at,
+                sToken + " shows \"" + sShown +
+                    "\" and what follows as it is written: \"%\" ends a format; write \"|\" "
+                    "for it, as in |d.|m.|Y");
+            return m_template.size() - at;
+        }
+        if (sShown.empty())
+            add(true, at, sToken + " shows nothing: Windows makes no date of the format \"" + sFormat + "\"");
+        else if (sFormat.find('|') == std::string::npos)
+            add(false, at,
+                sToken + " shows \"" + sShown + "\" and no date: \"|\" stands before each letter, as in |d.|m.|Y");
+        return size + 1;
+    }
+
+    // What follows the delimiter makes that another token's beginning.
+    bool nextToken(std::string_view sRest) const
+    {
+        const std::string_view sToken = sRest.substr(0, sRest.find('%'));
+        return sToken.size() < sRest.size() && knows(sToken);
+    }
+
+    bool knows(std::string_view sToken) const { return m_keywords.names.count(std::string(sToken)) != 0; }
+
+    static std::string stays(std::string_view sToken, bool closed)
+    {
+        return "%" + std::string(sToken) + (closed ? "%" : "") + " stays as it is written";
+    }
+
+    std::string suggest(std::string_view sToken) const
+    {
+        std::vector<std::string> known(m_keywords.names.begin(), m_keywords.names.end());
+        known.insert(known.end(), std::begin(kDates), std::end(kDates));
+        return suggestion(sToken, known);
+    }
+
+    void add(bool error, std::size_t at, std::string sText) { m_faults.push_back({error, at, std::move(sText)}); }
 
     const std::string& m_template;
-    const std::set<std::string>& m_keywords;
+    const Keywords& m_keywords;
     std::vector<TemplateFault> m_faults;
 };
 
 }  // namespace
 
-std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const std::set<std::string>& keywords)
+std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const Keywords& keywords)
 {
     return Checker(sTemplate, keywords).check();
+}
+
+std::string findToken(const std::string& sText)
+{
+    for (std::size_t at = sText.find('%'); at != std::string::npos; at = sText.find('%', at + 1)) {
+        const std::string_view sRest = std::string_view(sText).substr(at + 1);
+        const std::string_view sToken = sRest.substr(0, sRest.find('%'));
+        const std::string_view sName = wordAt(sToken);
+        const bool capitals = std::none_of(sName.begin(), sName.end(), [](char c) { return c >= 'a' && c <= 'z'; });
+        if (sToken.size() < sRest.size() && sName.size() > 2 && capitals &&
+            (sName == sToken || startsWith(sToken.substr(sName.size()), "::")))
+            return "%" + std::string(sToken) + "%";
+    }
+    return {};
 }
 
 }  // namespace tabscheck

@@ -1,6 +1,6 @@
 #pragma once
 
-// Whether a tooltip template says anything that the strip does not understand.
+// Whether a template says anything that the strip does not understand.
 
 #include <cstddef>
 #include <set>
@@ -15,7 +15,15 @@ struct TemplateFault {
     std::string text;
 };
 
-// The keywords are those without delimiters; dates are known here.
-std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const std::set<std::string>& keywords);
+// What a template may name, without delimiters; dates are known here.
+struct Keywords {
+    std::set<std::string> names;
+    bool mappingKnown = true;  // else any key of a title block may be there
+};
+
+std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const Keywords& keywords);
+
+// The first token, with its delimiters, in a text that is no template; empty when there is none.
+std::string findToken(const std::string& sText);
 
 }  // namespace tabscheck

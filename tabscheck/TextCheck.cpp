@@ -1,20 +1,17 @@
 #include "tabscheck/TextCheck.h"
 
-#include "library/diagnostics/ExceptionText.h"
-#include "library/files/DefaultSettings.h"
+#include "library/controls/HyperLink.h"
 #include "library/files/FileSearch.h"
 #include "library/files/Locator.h"
 #include "library/files/PathParts.h"
 #include "library/text/CaseFold.h"
 #include "library/text/MultiByte.h"
-#include "library/text/StringView.h"
-#include "settings/TabsDefaultSettings.h"
 #include "settings/TextKeys.h"
+#include "tabscheck/Folders.h"
 #include "tabscheck/Spelling.h"
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 #include <optional>
 #include <set>
 
@@ -22,7 +19,9 @@ namespace tabscheck {
 
 namespace {
 
+using Tesk::CSettingsEntry;
 using Tesk::MultiByte::equalNoCase;
+using Tesk::MultiByte::withoutQuotes;
 
 constexpr const char* kSettingsFile = "MDITabs.ini";
 constexpr std::size_t kMostListed = 5;
@@ -34,186 +33,214 @@ const TextKey* findKey(std::string_view sKey)
     return found == std::end(kTextKeys) ? nullptr : &*found;
 }
 
-std::vector<std::string> knownKeys()
+std::string list(const std::vector<std::string>& names)
 {
-    std::vector<std::string> names;
-    for (const TextKey& key : kTextKeys)
-        names.push_back(key.sName);
-    return names;
+    std::string sList;
+    for (std::size_t i = 0; i < std::min(names.size(), kMostListed); ++i)
+        sList += (i == 0 ? "" : ", ") + names[i];
+    return names.size() <= kMostListed ? sList : sList + " and " + std::to_string(names.size() - kMostListed) + " more";
 }
 
-// The product's locator, which tells also where it looked in vain.
-class RecordingLocator : public Tesk::Support::File::CLocator {
+// What follows the only "&" of a caption, small; none without one.
+char mnemonic(const std::string& sCaption)
+{
+    for (std::size_t at = 0; at + 1 < sCaption.size(); ++at) {
+        if (sCaption[at] != '&')
+            continue;
+        if (sCaption[++at] != '&')
+            return static_cast<char>(sCaption[at] | (sCaption[at] >= 'A' && sCaption[at] <= 'Z' ? 0x20 : 0));
+    }
+    return '\0';
+}
+
+// Takes copy after copy, as the strip merges them.
+class Merge {
 public:
-    explicit RecordingLocator(std::string sFolder) : m_folder(std::move(sFolder)) {}
-
-    void addExistingVariants(Tesk::Support::File::CStringList& vecFiles, const char* sPath) override
+    Merge(SourceFiles& files, TextFindings& findings) : m_files(files), m_findings(findings)
     {
-        const Layer layer = nextLayer(sPath);
-        for (const CString& sVariant : variantsOf(sPath))
-            m_places.push_back({layer, sVariant.GetString(), false});
-        const std::size_t first = vecFiles.size();
-        CLocator::addExistingVariants(vecFiles, sPath);
-        for (std::size_t i = first; i < vecFiles.size(); ++i)
-            for (auto place = m_places.end() - kVariants; place != m_places.end(); ++place)
-                place->found |= place->path == vecFiles[i].GetString();
+        for (const TextKey& key : kTextKeys)
+            m_findings.texts.push_back({key.sName, {}});
     }
 
-    std::vector<Place>& places() { return m_places; }
-
-private:
-    static constexpr int kVariants = 3;
-
-    // The application root and the domain's folder come first, the drawing's own last.
-    Layer nextLayer(const std::string& sPath) const
+    void take(Layer layer, const std::string& sPath)
     {
-        switch (m_places.size() / kVariants) {
-        case 0:
-            return Layer::Standard;
-        case 1:
-            return Layer::Domain;
-        default:
-            return sPath == m_folder + kSettingsFile ? Layer::Folder : Layer::Project;
-        }
+        Place place = {layer, sPath, Tesk::fileExists(sPath.c_str()), 0, false};
+        if (place.found)
+            read(m_files.get(sPath, Form::Texts), place);
+        else if (const std::string sReason = whyClosed(sPath); !sReason.empty())
+            m_findings.problems.push_back({sPath, 0, 0, true, "the strip cannot open it: " + sReason, "", true});
+        m_findings.searched.push_back(place);
     }
 
-    const std::string m_folder;
-    std::vector<Place> m_places;
-};
-
-// What the reader made of the files, in their order.
-class Recorder : public Tesk::CSettingsListener {
-public:
-    Recorder(SourceFiles& files, std::vector<Place>& places, TextFindings& findings)
-        : m_files(files), m_places(places), m_findings(findings)
-    {
-    }
-
-    void onFile(const char* sFileName) override
-    {
-        m_place = &*std::find_if(m_places.begin(), m_places.end(),
-                                 [sFileName](const Place& place) { return place.path == sFileName; });
-        m_keys.clear();
-    }
-
-    void onSection(unsigned line, std::string_view sName) override
+    // After the last copy.
+    void finish()
     {
         closeSection();
-        if (!sName.empty())
-            m_section = Section{m_place->path, line, std::string(sName)};
-    }
-
-    void onIgnoredHeader(unsigned line) override
-    {
-        add(false, line,
-            "this header does not end in \"]\" and is ignored: the keys below it belong to " +
-                (m_section ? "[" + m_section->name + "]" : std::string("no section, and are read")));
-    }
-
-    void onKey(unsigned line, std::string_view, std::string_view sKey, std::string_view sValue) override
-    {
-        const TextKey* pKey = findKey(sKey);
-        if (m_section) {
-            swallow(line, sKey, pKey != nullptr);
-            return;
-        }
-        m_keys.insert(Tesk::toCString(sKey));
-        m_place->keys = static_cast<unsigned>(m_keys.size());
-        if (pKey == nullptr) {
-            // The mark of an encoding, which is told already, stands before the key.
-            if (line == 1 && !m_files.get(m_place->path, Reading::Detecting).problems().empty())
-                return;
-            add(false, line,
-                "unknown key \"" + std::string(sKey) + "\": the strip does not read it" +
-                    suggestion(sKey, knownKeys()));
-            return;
-        }
-        const auto text = std::find_if(m_findings.texts.begin(), m_findings.texts.end(),
-                                       [pKey](const Text& t) { return t.key == pKey->sName; });
-        // Of two lines in one file the later counts, and the earlier is overridden like any other.
-        const std::string sText(sValue.substr(0, sValue.find('\0')));
-        text->settings.insert(text->settings.begin(), {m_place->layer, m_place->path, line, sText});
-    }
-
-    // After the last file.
-    void closeSection()
-    {
-        if (m_section && (m_section->known || !m_section->later.empty()))
-            report(*m_section);
-        m_section.reset();
+        for (Text& text : m_findings.texts)
+            if (!text.settings.empty())
+                checkValue(text, *findKey(text.key));
+        checkMnemonics();
+        std::erase_if(m_findings.texts, [](const Text& t) { return t.settings.empty() && findKey(t.key)->bOptIn; });
     }
 
 private:
     struct Section {
-        std::string file;
-        unsigned line;
-        std::string name;
+        const SourceFile* file;
+        CSettingsEntry header;
         std::vector<std::string> own = {};
         std::vector<std::string> later = {};
         bool known = false;
     };
 
-    void swallow(unsigned line, std::string_view sKey, bool known)
+    void read(const SourceFile& file, Place& place)
     {
-        m_section->known |= known;
-        if (m_place->path == m_section->file)
-            m_section->own.push_back(std::string(sKey));
-        else
-            m_section->later.push_back(std::string(sKey) + " (" + m_place->path + ":" + std::to_string(line) + ")");
+        m_findings.problems.insert(m_findings.problems.end(), file.problems().begin(), file.problems().end());
+        place.dropped = !file.sound();
+        if (place.dropped && !file.texts().empty())
+            add(file, true, file.texts().back(), "no \"=\" in this line: the strip drops this whole copy of the file");
+        if (place.dropped)
+            return;
+        std::set<std::string, Tesk::CLessNoCase> keys;
+        for (const CSettingsEntry& entry : file.texts()) {
+            if (entry.m_kind == CSettingsEntry::Key)
+                takeKey(file, entry, place, keys);
+            else if (entry.m_kind == CSettingsEntry::Section)
+                openSection(file, entry);
+            else
+                add(file, false, entry,
+                    "this header does not end in \"]\" and is ignored: the keys below it belong to " +
+                        (m_section ? "[" + std::string(m_section->header.m_sKey) + "]"
+                                   : std::string("no section, and are read")));
+        }
+        place.keys = static_cast<unsigned>(keys.size());
     }
 
-    void report(const Section& section)
+    void openSection(const SourceFile& file, const CSettingsEntry& header)
     {
-        std::string sText = "section [" + section.name + "] swallows ";
-        if (!section.own.empty())
-            sText += "the keys below it: " + list(section.own);
-        if (!section.later.empty())
-            sText +=
-                (section.own.empty() ? "keys of later files: " : "; and keys of later files: ") + list(section.later);
-        const SourceFile& file = m_files.get(section.file, Reading::Detecting);
-        m_findings.problems.push_back(
-            file.problem(true, section.line, firstWord(file.line(section.line)), std::move(sText)));
+        closeSection();
+        if (!header.m_sKey.empty())
+            m_section = Section{&file, header};
     }
 
-    static std::string list(const std::vector<std::string>& names)
+    void closeSection()
     {
-        std::string sList;
-        for (std::size_t i = 0; i < std::min(names.size(), kMostListed); ++i)
-            sList += (i == 0 ? "" : ", ") + names[i];
-        return names.size() <= kMostListed ? sList
-                                           : sList + " and " + std::to_string(names.size() - kMostListed) + " more";
+        if (m_section && (m_section->known || !m_section->later.empty())) {
+            std::string sText = "section [" + std::string(m_section->header.m_sKey) + "] swallows ";
+            if (!m_section->own.empty())
+                sText += "the keys below it: " + list(m_section->own);
+            if (!m_section->later.empty())
+                sText += (m_section->own.empty() ? "keys of later files: " : "; and keys of later files: ") +
+                         list(m_section->later);
+            add(*m_section->file, true, m_section->header, std::move(sText));
+        }
+        m_section.reset();
     }
 
-    void add(bool error, unsigned line, std::string sText)
+    template <class Keys>
+    void takeKey(const SourceFile& file, const CSettingsEntry& entry, const Place& place, Keys& keys)
     {
-        const SourceFile& file = m_files.get(m_place->path, Reading::Detecting);
-        m_findings.problems.push_back(file.problem(error, line, firstWord(file.line(line)), std::move(sText)));
+        const TextKey* pKey = findKey(entry.m_sKey);
+        const std::string sKey(entry.m_sKey);
+        if (m_section) {
+            m_section->known |= pKey != nullptr;
+            if (m_section->file == &file)
+                m_section->own.push_back(sKey);
+            else
+                m_section->later.push_back(sKey + " (" + place.path + ":" + std::to_string(entry.m_uLine) + ")");
+            return;
+        }
+        keys.insert(sKey);
+        if (pKey == nullptr) {
+            // The mark of an encoding, which is told already, stands before the key.
+            if (entry.m_uLine != 1 || file.problems().empty())
+                add(file, false, entry,
+                    "unknown key \"" + sKey + "\": the strip does not read it" + suggestion(sKey, unusedKeys(file)));
+            return;
+        }
+        // Of two lines in one file the later counts, and the earlier is overridden like any other.
+        std::string_view sValue = entry.m_sValue.substr(0, entry.m_sValue.find('\0'));
+        if (pKey->bQuoted)
+            sValue = withoutQuotes(sValue);
+        std::vector<Setting>& settings = textOf(pKey->sName).settings;
+        settings.insert(settings.begin(), {place.layer, place.path, entry.m_uLine, std::string(sValue)});
+        m_entries[pKey->sName] = {&file, &entry};
+    }
+
+    static std::vector<std::string> unusedKeys(const SourceFile& file)
+    {
+        std::vector<std::string> names;
+        for (const TextKey& key : kTextKeys)
+            if (std::none_of(file.texts().begin(), file.texts().end(),
+                             [&key](const CSettingsEntry& entry) { return equalNoCase(entry.m_sKey, key.sName); }))
+                names.push_back(key.sName);
+        return names;
+    }
+
+    void checkValue(const Text& text, const TextKey& key)
+    {
+        const auto& [pFile, pEntry] = m_entries.at(text.key);
+        const std::string& sValue = text.value();
+        const auto tell = [&, this](const std::string& sText) {
+            m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue, sText));
+        };
+        if (!key.bQuoted && sValue.size() > 1 && withoutQuotes(sValue).size() + 2 <= sValue.size() &&
+            sValue.front() == sValue.back())
+            tell("the quotes are shown: the strip drops those of ModifiedText, XrefsReadOnlyText and SameNameText "
+                 "alone");
+        const std::string sTarget = sValue.empty() ? "" : CHyperLink::getTarget(sValue.c_str()).GetString();
+        if (key.eKind == TextKind::Address && !sValue.empty() && sTarget.empty())
+            tell("this is no address that can be opened: http://, https://, www. or one mail address");
+        if (key.eKind == TextKind::MailAddress && !sValue.empty() && sTarget.compare(0, 7, "mailto:") != 0)
+            tell("this is no mail address: the button is not offered");
+        if (const std::string sToken = key.eKind == TextKind::Template ? "" : findToken(sValue); !sToken.empty())
+            tell(sToken + " stays as it is written: " + text.key + " is no template; TooltipText and SameNameText are");
+    }
+
+    void checkMnemonics()
+    {
+        std::map<char, const Text*> known;
+        for (const Text& text : m_findings.texts) {
+            const char letter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value()) : '\0';
+            const auto [other, fresh] = known.emplace(letter, &text);
+            if (letter == '\0' || fresh)
+                continue;
+            const auto& [pFile, pEntry] = m_entries.at(text.key);
+            m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue,
+                                                         "\"" + text.value() + "\" shares its mnemonic \"" + letter +
+                                                             "\" with \"" + other->second->value() + "\" (" +
+                                                             other->second->key + "): one key does not choose either"));
+        }
+    }
+
+    Text& textOf(const std::string& sKey)
+    {
+        return *std::find_if(m_findings.texts.begin(), m_findings.texts.end(),
+                             [&sKey](const Text& text) { return text.key == sKey; });
+    }
+
+    void add(const SourceFile& file, bool error, const CSettingsEntry& entry, std::string sText)
+    {
+        m_findings.problems.push_back(file.problem(error, entry, Tesk::MultiByte::trim(entry.m_sLine), sText));
     }
 
     SourceFiles& m_files;
-    std::vector<Place>& m_places;
     TextFindings& m_findings;
-    Place* m_place = nullptr;
-    std::set<CString, Tesk::CLessNoCase> m_keys;  // of the file
     std::optional<Section> m_section;
+    std::map<std::string, std::pair<const SourceFile*, const CSettingsEntry*>> m_entries;  // that count, by key
 };
 
-// Empty when the strip can use the copy.
-std::optional<Problem> findDamage(SourceFiles& files, const std::string& sPath)
+// One line for all menu items that nobody gives a caption.
+void checkUndefined(TextFindings& findings)
 {
-    try {
-        Tesk::CDefaultSettings({sPath.c_str()}, false);
-        return std::nullopt;
-    } catch (CException* pException) {
-        const auto* pDamage = dynamic_cast<Tesk::CDefaultSettingsException*>(pException);
-        const unsigned line = pDamage != nullptr ? pDamage->getLine() : 0;
-        const std::string sError = Tesk::takeExceptionText(pException).GetString();
-        const SourceFile& file = files.get(sPath, Reading::Detecting);
-        if (line == 0)
-            return file.problem(true, 0, 0, sError);
-        return file.problem(true, line, firstWord(file.line(line)),
-                            "no \"=\" in this line: the strip drops this whole copy of the file");
-    }
+    std::vector<std::string> names;
+    for (const Text& text : findings.texts)
+        if (text.settings.empty() && findKey(text.key)->eKind == TextKind::Caption)
+            names.push_back(text.key);
+    if (!names.empty())
+        findings.problems.push_back(
+            {findings.searched.front().path, 0, 0, true,
+             "no file defines " + list(names) + ": the menu has blank items; is this the application root (--root)?",
+             "", false});
 }
 
 }  // namespace
@@ -224,51 +251,52 @@ const Text* TextFindings::find(const std::string& sKey) const
     return found == texts.end() ? nullptr : &*found;
 }
 
-const TextFindings& TextCheck::of(const std::string& sDrawing)
+TextCheck::TextCheck(SourceFiles& files)
+    : m_files(files), m_bases(Tesk::Support::File::CLocator().getStandardDirectories())
 {
-    const std::string sFolder = Tesk::PathParts(sDrawing).parent();
-    const auto found = m_byFolder.find(sFolder);
-    return found != m_byFolder.end() ? found->second : m_byFolder.emplace(sFolder, read(sDrawing)).first->second;
 }
 
-TextFindings TextCheck::read(const std::string& sDrawing)
+const TextFindings& TextCheck::of(const std::string& sDrawing)
+{
+    using Tesk::Support::File::CLocator;
+    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
+    TextFindings& findings = found->second;
+    if (!fresh)
+        return findings;
+    Merge merge(m_files, findings);
+    for (const auto& [layer, sPath] : CLocator().getCandidates(m_bases, {sDrawing.c_str()}, kSettingsFile, ""))
+        for (const CString& sVariant : CLocator::variantsOf(sPath))
+            merge.take(layer, sVariant.GetString());
+    merge.finish();
+    checkUndefined(findings);
+    return findings;
+}
+
+TextFindings TextCheck::ofFile(const std::string& sPath)
 {
     TextFindings findings;
-    RecordingLocator locator(Tesk::PathParts(sDrawing).parent());
-    std::vector<CString> vecCopies;
-    locator.findFilesForDrawing(vecCopies, sDrawing.c_str(), kSettingsFile, "");
-
-    std::vector<CString> vecReadable;
-    for (const CString& sCopy : vecCopies) {
-        const SourceFile& file = m_files.get(sCopy.GetString(), Reading::Detecting);
-        findings.problems.insert(findings.problems.end(), file.problems().begin(), file.problems().end());
-        if (const std::optional<Problem> damage = findDamage(m_files, sCopy.GetString())) {
-            findings.problems.push_back(*damage);
-            for (Place& place : locator.places())
-                place.dropped |= place.path == sCopy.GetString();
-        } else {
-            vecReadable.push_back(sCopy);
-        }
-    }
-
-    for (const TextKey& key : kTextKeys)
-        findings.texts.push_back({key.sName, {}});
-    Recorder recorder(m_files, locator.places(), findings);
-    const Tesk::CDefaultSettings settings(vecReadable, false, &recorder);
-    recorder.closeSection();
-    findings.searched = std::move(locator.places());
-
-    // Where a text comes from is the recorder's to say; what it is, the strip's.
-    const std::unique_ptr<CTabsDefaultSettings> pShown = CTabsDefaultSettings::createReadable(sDrawing.c_str());
-    for (Text& text : findings.texts) {
-        if (!text.settings.empty())
-            text.settings.front().value = pShown->getValue(text.key.c_str()).GetString();
-        for (Setting& setting : text.settings)
-            if (findKey(text.key)->bQuoted)
-                setting.value = CString(setting.value.c_str()).Trim("\"'").GetString();
-    }
-    std::erase_if(findings.texts, [](const Text& text) { return text.settings.empty() && findKey(text.key)->bOptIn; });
+    Merge merge(m_files, findings);
+    merge.take(Layer::Folder, sPath);
+    merge.finish();
     return findings;
+}
+
+std::vector<Problem> TextCheck::checkTemplateOf(const Text& text, const Keywords& keywords) const
+{
+    std::vector<Problem> problems;
+    if (text.settings.empty())
+        return problems;
+    const Setting& setting = text.settings.front();
+    const SourceFile& file = m_files.get(setting.file, Form::Texts);
+    for (const CSettingsEntry& entry : file.texts()) {
+        if (entry.m_uLine != setting.line)
+            continue;
+        const std::size_t value = entry.m_sValue.find(setting.value);
+        for (const TemplateFault& fault : checkTemplate(setting.value, keywords))
+            problems.push_back(
+                file.problem(fault.error, entry, entry.m_sValue.substr(value + fault.position), fault.text));
+    }
+    return problems;
 }
 
 }  // namespace tabscheck

@@ -4,6 +4,7 @@
 
 #include "tabscheck/Report.h"
 #include "tabscheck/SourceFile.h"
+#include "tabscheck/TemplateCheck.h"
 
 #include <map>
 #include <string>
@@ -22,15 +23,18 @@ struct TextFindings {
 
 class TextCheck {
 public:
-    explicit TextCheck(SourceFiles& files) : m_files(files) {}
+    explicit TextCheck(SourceFiles& files);
 
     // For the drawing of that full path. All drawings of a folder have the same.
     const TextFindings& of(const std::string& sDrawing);
+    // For this copy alone.
+    TextFindings ofFile(const std::string& sPath);
+    // What is wrong with a text that is a template, where it is defined.
+    std::vector<Problem> checkTemplateOf(const Text& text, const Keywords& keywords) const;
 
 private:
-    TextFindings read(const std::string& sDrawing);
-
     SourceFiles& m_files;
+    std::vector<CString> m_bases;
     std::map<std::string, TextFindings> m_byFolder;
 };
 

@@ -3,6 +3,7 @@
 #include "library/files/PathParts.h"
 
 #include <algorithm>
+#include <set>
 
 namespace tabscheck {
 
@@ -27,18 +28,14 @@ std::string counted(std::size_t count, const std::string& sThing)
 std::string visible(std::string_view sText)
 {
     std::string sVisible;
-    for (const char c : sText) {
-        if (c == '\n')
-            sVisible += "\\n";
-        else
-            sVisible += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
-    }
+    for (const char c : sText)
+        sVisible += c == '\n' ? std::string("\\n") : std::string(1, c == '\r' ? ' ' : c);
     return sVisible;
 }
 
 std::string quoted(std::string_view sText) { return "\"" + visible(sText) + "\""; }
 
-std::string nameOfDrawing(const std::string& sPath) { return Tesk::PathParts(sPath).fileName(); }
+std::string nameOfDrawing(const std::string& sPath) { return Tesk::CPathParts(sPath).fileName(); }
 
 std::string placeState(const Place& place, const std::string& sThing)
 {
@@ -60,7 +57,7 @@ std::string excerpt(const Problem& problem)
     const std::string sBefore = from > 0 ? "..." : "";
     std::string sLine = problem.source.substr(from, to - from);
     std::replace_if(
-        sLine.begin(), sLine.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+        sLine.begin(), sLine.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     return "    " + sBefore + sLine + (to < problem.source.size() ? "..." : "") + "\r\n    " +
            std::string(sBefore.size() + position - from, ' ') + "^\r\n";
 }
@@ -77,14 +74,30 @@ std::string ruleText(const Tooltip& tooltip)
                                    : "by DefaultTooltipText, as it holds neither title block nor Title property";
 }
 
+// Which of several drawings, unless all.
+std::string someOf(const std::vector<std::string>& names, std::size_t all)
+{
+    if (names.size() == all)
+        return {};
+    std::string sNames;
+    for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i)
+        sNames += (i == 0 ? " [" : ", ") + names[i];
+    return sNames + (names.size() > kMostNames ? " and " + std::to_string(names.size() - kMostNames) + " more]" : "]");
+}
+
 }  // namespace
 
 void TextReport::add(DrawingReport report)
 {
+    ++(report.settingsFile ? m_files : m_count);
+    for (const Problem& problem : std::set<Problem>(report.findings.problems.begin(), report.findings.problems.end()))
+        ++m_problems[problem];
+    if (m_problemsAlone)
+        return;
     if (!m_run.empty()) {
         const Findings& last = m_run.back().findings;
         const Findings& now = report.findings;
-        if (last.searched != now.searched || last.texts != now.texts)
+        if (report.settingsFile || last.searched != now.searched || last.texts != now.texts)
             flush();
     }
     m_run.push_back(std::move(report));
@@ -93,21 +106,30 @@ void TextReport::add(DrawingReport report)
 void TextReport::finish()
 {
     flush();
-    const auto errors = static_cast<std::size_t>(
-        std::count_if(m_problems.begin(), m_problems.end(), [](const Problem& problem) { return problem.error; }));
-    m_console.print(counted(m_count, "drawing") + " checked: " + counted(errors, "error") + ", " +
-                    counted(m_problems.size() - errors, "warning") + "\r\n");
+    std::size_t errors = 0;
+    for (const auto& [problem, count] : m_problems) {
+        errors += problem.error ? 1 : 0;
+        if (m_problemsAlone)
+            printProblem(problem, m_count == 0 ? "" : " [" + counted(count, "drawing") + "]");
+    }
+    if (m_count == 0 && m_files != 0)
+        m_console.print(counted(m_files, "file"));
+    else
+        m_console.print(counted(m_count, "drawing"));
+    m_console.print(" checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning") +
+                    "\r\n");
 }
 
 void TextReport::flush()
 {
     if (m_run.empty())
         return;
-    m_count += m_run.size();
     printHeader();
-    printSearched();
-    printTexts();
-    printProjects();
+    if (!m_run.front().settingsFile) {
+        printSearched();
+        printTexts();
+        printProjects();
+    }
     printProblems();
     m_run.clear();
 }
@@ -116,7 +138,7 @@ void TextReport::printHeader() const
 {
     const std::string& sFirst = m_run.front().path;
     m_console.print(
-        (m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::PathParts(sFirst).parent()) +
+        (m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::CPathParts(sFirst).parent()) +
         "\r\n");
 }
 
@@ -129,7 +151,7 @@ void TextReport::printSearched() const
                         "\r\n");
     m_console.print("  domain settings folder; the first that exists is taken\r\n");
     bool taken = false;
-    for (const Place& folder : findings.domainFolders) {
+    for (const DomainFolder& folder : findings.domainFolders) {
         const bool takes = folder.found && !taken;
         taken |= takes;
         m_console.print("    " + padded("domain", 8) +
@@ -137,7 +159,7 @@ void TextReport::printSearched() const
                                : folder.found ? "there"
                                               : "-",
                                9) +
-                        folder.path + "\r\n");
+                        folder.path + (folder.key.empty() ? "" : "  <- " + folder.key) + "\r\n");
     }
 }
 
@@ -208,7 +230,9 @@ void TextReport::printTooltips(std::size_t first, std::size_t behind) const
                                            : " to " + nameOfDrawing(m_run[next - 1].path) + " (" +
                                                  counted(next - first, "drawing") + ")") +
                         ": " + ruleText(tooltip) + "\r\n");
-        if (!tooltip.rule.empty()) {
+        if (!tooltip.rule.empty() && tooltip.text.empty())
+            m_console.print("      no balloon: the text is empty\r\n");
+        if (!tooltip.text.empty()) {
             std::string sText = tooltip.title + "\n" + tooltip.text;
             for (std::size_t end; (end = sText.find('\n')) != std::string::npos; sText.erase(0, end + 1))
                 m_console.print("      | " + visible(sText.substr(0, end)) + "\r\n");
@@ -220,43 +244,30 @@ void TextReport::printTooltips(std::size_t first, std::size_t behind) const
 
 void TextReport::printProblems()
 {
-    std::vector<Problem> problems;
-    const auto isKnown = [](const std::vector<Problem>& known, const Problem& problem) {
-        return std::find(known.begin(), known.end(), problem) != known.end();
-    };
-    for (const DrawingReport& report : m_run)
-        for (const Problem& problem : report.findings.problems)
-            if (!isKnown(problems, problem))
-                problems.push_back(problem);
-
-    m_console.print(problems.empty() ? "\r\n  no problems\r\n" : "\r\n  problems\r\n");
-    for (const Problem& problem : problems) {
-        std::string sPlace = problem.file;
-        if (problem.line != 0)
-            sPlace += ":" + std::to_string(problem.line) + ":" + std::to_string(problem.column);
-        m_console.print(sPlace + ": " + (problem.error ? "error: " : "warning: ") + visible(problem.text) +
-                        drawingsOf(problem) + "\r\n" + excerpt(problem));
-        if (!isKnown(m_problems, problem))
-            m_problems.push_back(problem);
+    std::vector<Problem> order;
+    std::map<Problem, std::vector<std::string>> names;
+    for (const DrawingReport& report : m_run) {
+        for (const Problem& problem : report.findings.problems) {
+            std::vector<std::string>& drawings = names[problem];
+            if (drawings.empty())
+                order.push_back(problem);
+            if (drawings.empty() || drawings.back() != nameOfDrawing(report.path))
+                drawings.push_back(nameOfDrawing(report.path));
+        }
     }
+    m_console.print(order.empty() ? "\r\n  no problems\r\n" : "\r\n  problems\r\n");
+    for (const Problem& problem : order)
+        printProblem(problem, someOf(names[problem], m_run.size()));
     m_console.print("\r\n");
 }
 
-// Which of several drawings have the problem, unless all have.
-std::string TextReport::drawingsOf(const Problem& problem) const
+void TextReport::printProblem(const Problem& problem, const std::string& sWhom)
 {
-    std::vector<std::string> names;
-    for (const DrawingReport& report : m_run) {
-        const std::vector<Problem>& problems = report.findings.problems;
-        if (std::find(problems.begin(), problems.end(), problem) != problems.end())
-            names.push_back(nameOfDrawing(report.path));
-    }
-    if (names.size() == m_run.size())
-        return {};
-    std::string sNames;
-    for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i)
-        sNames += (i == 0 ? " [" : ", ") + names[i];
-    return sNames + (names.size() > kMostNames ? " and " + std::to_string(names.size() - kMostNames) + " more]" : "]");
+    std::string sPlace = problem.file;
+    if (problem.line != 0)
+        sPlace += ":" + std::to_string(problem.line) + ":" + std::to_string(problem.column);
+    m_console.print(sPlace + ": " + (problem.error ? "error: " : "warning: ") + visible(problem.text) + sWhom + "\r\n" +
+                    excerpt(problem));
 }
 
 }  // namespace tabscheck

@@ -1,11 +1,12 @@
 #pragma once
 
 // The reports for a person to read. Drawings of one folder, whose texts are the same, are
-// shown together.
+// shown together; or the problems alone, each once.
 
 #include "tabscheck/Console.h"
 #include "tabscheck/Report.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,7 @@ namespace tabscheck {
 
 class TextReport {
 public:
-    explicit TextReport(Console& console) : m_console(console) {}
+    TextReport(Console& console, bool problemsAlone) : m_console(console), m_problemsAlone(problemsAlone) {}
 
     void add(DrawingReport report);
     // After the last drawing.
@@ -28,12 +29,14 @@ private:
     void printProject(const Project& project) const;
     void printTooltips(std::size_t first, std::size_t behind) const;
     void printProblems();
-    std::string drawingsOf(const Problem& problem) const;
+    void printProblem(const Problem& problem, const std::string& sWhom);
 
     Console& m_console;
-    std::vector<DrawingReport> m_run;  // drawings with the same texts
-    std::vector<Problem> m_problems;   // of all drawings, each once
+    std::vector<DrawingReport> m_run;           // drawings with the same texts
+    std::map<Problem, std::size_t> m_problems;  // of all drawings, with how many have it
     std::size_t m_count = 0;
+    std::size_t m_files = 0;
+    const bool m_problemsAlone;
 };
 
 }  // namespace tabscheck

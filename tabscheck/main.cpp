@@ -1,5 +1,5 @@
-// tabscheck [--root FOLDER] [--release R] [--product P] [--json] [--strict] PATH...: which
-// file said so. It shows for each drawing where the strip's texts come from, and what is
+// tabscheck [--root FOLDER] [--release R] [--product P] [--problems | --json] [--strict]
+// PATH...: which file said so. It shows for each drawing where the strip's texts come from, and what is
 // wrong where. It never writes.
 
 #include "library/diagnostics/ExceptionText.h"
@@ -33,13 +33,17 @@ namespace {
 
 constexpr const char* kUsage = "Shows which file gives the document tabs their texts, and what is wrong where.\r\n"
                                "\r\n"
-                               "  tabscheck [--root FOLDER] [--release R] [--product P] [--json] [--strict] PATH...\r\n"
+                               "  tabscheck [--root FOLDER] [--release R] [--product P]\r\n"
+                               "            [--problems | --json] [--strict] PATH...\r\n"
                                "\r\n"
-                               "PATH      a drawing, which need not exist, or a folder: all drawings below it\r\n"
+                               "PATH      a drawing, which need not exist, or a folder: all drawings below it;\r\n"
+                               "          * and ? in its name stand for all that fit. Or a settings file\r\n"
                                "--root    the application root, where that is not this program's folder\r\n"
                                "--release, --product\r\n"
                                "          the host that is asked for, as in MDITabs16.0.ini and\r\n"
                                "          MDITabsAutoCAD_16.0.ini (16.0 and AutoCAD)\r\n"
+                               "--problems\r\n"
+                               "          problems alone, each once, with the number of drawings that have it\r\n"
                                "--json    for programs, in UTF-8\r\n"
                                "--strict  warnings count as problems\r\n"
                                "\r\n"
@@ -54,6 +58,7 @@ struct Arguments {
     std::string release = "16.0";
     std::string product = "AutoCAD";
     bool json = false;
+    bool problems = false;
     bool strict = false;
     bool help = false;
     std::vector<std::string> paths;
@@ -70,12 +75,16 @@ Arguments parse(int count, char** words)
                               : sWord == "--release" ? &arguments.release
                               : sWord == "--product" ? &arguments.product
                                                      : nullptr;
-        if (!options || sWord.substr(0, 2) != "--")
+        if (options && sWord == "/?")
+            arguments.help = true;
+        else if (!options || sWord.substr(0, 2) != "--")
             arguments.paths.push_back(sWord);
         else if (sWord == "--")
             options = false;
         else if (sWord == "--json")
             arguments.json = true;
+        else if (sWord == "--problems")
+            arguments.problems = true;
         else if (sWord == "--strict")
             arguments.strict = true;
         else if (sWord == "--help")
@@ -87,6 +96,8 @@ Arguments parse(int count, char** words)
     }
     if (arguments.paths.empty() && arguments.error.empty())
         arguments.error = "which drawing or folder?";
+    if (arguments.json && arguments.problems)
+        arguments.error = "--json has the problems in it: without --problems";
     return arguments;
 }
 
@@ -97,7 +108,7 @@ std::string moduleFile(const std::string& sRoot)
     if (sRoot.empty()) {
         char sProgram[MAX_PATH * 4] = "";
         ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-        return Tesk::PathParts(sProgram).parent() + kModule + ".arx";
+        return Tesk::CPathParts(sProgram).parent() + kModule + ".arx";
     }
     const std::string sFolder = existingFolder(sRoot);
     const std::string sComponents = sFolder + "Components\\" + kModule + ".arx";
@@ -113,7 +124,7 @@ public:
         if (m_arguments.json)
             m_json.emplace(m_console);
         else
-            m_text.emplace(m_console);
+            m_text.emplace(m_console, m_arguments.problems);
     }
 
     ExitCode run()
@@ -121,6 +132,8 @@ public:
         DrawingFinder finder([this](const std::string& sDrawing) { check(sDrawing); },
                              [this](const std::string& sPath, const std::string& sReason, bool unreadable) {
                                  m_unchecked |= unreadable;
+                                 if (m_json && unreadable)
+                                     m_json->addUnchecked(sPath, sReason);
                                  m_console.progress("");
                                  m_console.complain("tabscheck: " + sPath + ": " + sReason);
                              });
@@ -144,8 +157,10 @@ private:
         try {
             DrawingReport report = m_check.check(sDrawing);
             m_unchecked |= report.unreadable;
-            for (const Problem& problem : report.findings.problems)
+            for (const Problem& problem : report.findings.problems) {
                 m_problems |= problem.error || m_arguments.strict;
+                m_unchecked |= problem.unchecked;
+            }
             if (m_json)
                 m_json->add(report);
             else
@@ -160,6 +175,8 @@ private:
     void fail(const std::string& sDrawing, const std::string& sReason)
     {
         m_unchecked = true;
+        if (m_json)
+            m_json->addUnchecked(sDrawing, sReason);
         m_console.complain("tabscheck: " + sDrawing + ": " + sReason);
     }
 

@@ -1,7 +1,6 @@
 #include "library/files/DefaultSettings.h"
 
 #include "library/diagnostics/Prerelease.h"
-#include "library/files/TextFileContents.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
 
@@ -10,37 +9,17 @@
 
 namespace Tesk {
 
-using MultiByte::trim;
-
-namespace {
-
-constexpr char cSectionOpen = '[';
-constexpr char kSectionClose = ']';
-constexpr char kComment = ';';
-constexpr char kEquals = '=';
-
-// How many "]" the text ends in. It is read from its start, as "]" may be the
-// second byte of a double-byte character.
-std::size_t countClosing(std::string_view sText)
-{
-    const MultiByte::CLeadBytes lead;
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < sText.size(); i = lead.next(sText, i))
-        count = sText[i] == kSectionClose ? count + 1 : 0;
-    return count;
-}
-
-}  // namespace
-
-CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines,
-                                   CSettingsListener* pListener)
-    : m_bKeepLines(bKeepLines), m_pListener(pListener)
+CDefaultSettings::CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines) : m_bKeepLines(bKeepLines)
 {
     for (const CString& sFileName : vFileNames)
         readAFile(sFileName);
 }
 
-void CDefaultSettings::readAFile(const char* sFileName)
+void CDefaultSettings::readAFile(const char* sFileName) { read(sFileName, false); }
+
+void CDefaultSettings::readASoundFile(const char* sFileName) { read(sFileName, true); }
+
+void CDefaultSettings::read(const char* sFileName, bool bSoundOnly)
 {
     TESK_TRACE("CDefaultSettings::readAFile(\"%s\")\n", sFileName);
     TESK_ASSERT_TEXT(std::strlen(sFileName) != 0, "_tcslen(sFileName) != 0");
@@ -48,63 +27,47 @@ void CDefaultSettings::readAFile(const char* sFileName)
     TESK_ASSERT(m_pCurrentException == NULL);
     m_pCurrentException = std::make_unique<CDefaultSettingsException>(CDefaultSettingsException::errorUnknown);
     m_pCurrentException->setFileName(sFileName);
-    if (m_pListener)
-        m_pListener->onFile(sFileName);
-    uint32_t uLine = 0;
-    for (std::string_view sLine; contents.nextConverted(sLine);) {
-        m_pCurrentException->setLine(++uLine);
-        readLine(trim(sLine));
+    CSettingsEntry entry;
+    if (bSoundOnly) {
+        for (CSettingsEntries entries(contents); entries.next(entry);)
+            if (entry.m_kind == CSettingsEntry::Damage)
+                merge(entry);
+        contents.rewind();
     }
+    for (CSettingsEntries entries(contents); entries.next(entry);)
+        merge(entry);
     m_pCurrentException.reset();
 }
 
-void CDefaultSettings::readLine(std::string_view sLine)
+void CDefaultSettings::merge(const CSettingsEntry& entry)
 {
-    if (sLine.empty() || sLine[0] == kComment)
-        return;
-    if (sLine[0] == cSectionOpen)
-        readSectionLine(sLine);
-    else
-        readKeyLine(sLine);
-}
-
-// A header that does not end in "]" is passed over, and the section stays.
-void CDefaultSettings::readSectionLine(std::string_view sLine)
-{
-    TESK_ASSERT(sLine[0] == cSectionOpen);
-    const std::size_t closing = countClosing(sLine);
-    if (closing == 0) {
-        if (m_pListener)
-            m_pListener->onIgnoredHeader(m_pCurrentException->getLine());
-        return;
-    }
-    sLine.remove_suffix(closing);
-    const std::size_t first = sLine.find_first_not_of(cSectionOpen);
-    m_sCurrentSection = toCString(first == sLine.npos ? std::string_view() : sLine.substr(first));
-    if (m_pListener)
-        m_pListener->onSection(m_pCurrentException->getLine(), viewOf(m_sCurrentSection));
-}
-
-void CDefaultSettings::readKeyLine(std::string_view sLine)
-{
-    const std::size_t equals = sLine.find(kEquals);
-    if (equals == sLine.npos) {
+    m_pCurrentException->setLine(entry.m_uLine);
+    switch (entry.m_kind) {
+    case CSettingsEntry::Section:
+        m_sCurrentSection = toCString(entry.m_sKey);
+        break;
+    case CSettingsEntry::IgnoredHeader:
+        break;
+    case CSettingsEntry::Key:
+        mergeKey(entry);
+        break;
+    case CSettingsEntry::Damage:
         m_pCurrentException->setCode(CDefaultSettingsException::errorTokenising);
         throw m_pCurrentException.release();
     }
-    const std::string_view sKey = trim(sLine.substr(0, equals));
-    CString sValue = toCString(trim(sLine.substr(equals + 1)));
+}
+
+void CDefaultSettings::mergeKey(const CSettingsEntry& entry)
+{
     if (isTraceEnabled()) {
         if (!m_sCurrentSection.IsEmpty())
             trace("\tsSection = \"%s\"\n", m_sCurrentSection.GetString());
-        trace("\tsKey = \"%s\"\n", toCString(sKey).GetString());
-        trace("\tsValue =  \"%s\"\n", sValue.GetString());
+        trace("\tsKey = \"%s\"\n", toCString(entry.m_sKey).GetString());
+        trace("\tsValue =  \"%s\"\n", toCString(entry.m_sValue).GetString());
     }
-    if (m_pListener)
-        m_pListener->onKey(m_pCurrentException->getLine(), viewOf(m_sCurrentSection), sKey, viewOf(sValue));
-    assign(findOrAddSection(viewOf(m_sCurrentSection)), sKey, std::move(sValue));
+    assign(findOrAddSection(viewOf(m_sCurrentSection)), entry.m_sKey, toCString(entry.m_sValue));
     if (m_bKeepLines)
-        m_vecKeyLines.push_back(toCString(sLine));
+        m_vecKeyLines.push_back(toCString(MultiByte::trim(entry.m_sLine)));
 }
 
 CDefaultSettings::Keys& CDefaultSettings::findOrAddSection(std::string_view sSection)

@@ -8,34 +8,24 @@
 // section of the empty name.
 
 #include "library/files/DefaultSettingsException.h"
+#include "library/files/SettingsEntries.h"
 #include "library/text/CaseFold.h"
 #include "mfc/afx.h"
 
 #include <map>
 #include <memory>
+#include <memory_resource>
 #include <string_view>
 #include <vector>
 
 namespace Tesk {
 
-// Hears what the reader makes of the lines, for a program that explains settings. Texts are
-// good for the call; lines count from 1 in the file that was begun last.
-class CSettingsListener {
-public:
-    virtual ~CSettingsListener() = default;
-    virtual void onFile(const char* sFileName) = 0;
-    virtual void onSection(uint32_t uLine, std::string_view sName) = 0;
-    // A header that does not end in "]".
-    virtual void onIgnoredHeader(uint32_t uLine) = 0;
-    virtual void onKey(uint32_t uLine, std::string_view sSection, std::string_view sKey, std::string_view sValue) = 0;
-};
-
 class CDefaultSettings {
 public:
     // Reads the files in order; a later value replaces an earlier one of the
     // same section and key. Raises what readAFile raises. With bKeepLines the
-    // key lines are kept as read, trimmed. A listener must outlive the reading.
-    CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines, CSettingsListener* pListener = nullptr);
+    // key lines are kept as read, trimmed.
+    CDefaultSettings(const std::vector<CString>& vFileNames, bool bKeepLines);
 
     CDefaultSettings(const CDefaultSettings&) = delete;
     CDefaultSettings& operator=(const CDefaultSettings&) = delete;
@@ -44,6 +34,9 @@ public:
     // CDefaultSettingsException at a key line without "="; what came before
     // that line stays.
     void readAFile(const char* sFileName);
+
+    // The same, but of a file with such a line nothing stays.
+    void readASoundFile(const char* sFileName);
 
     bool isDefined(const char* sSection, const char* sKey) const;
 
@@ -65,21 +58,21 @@ public:
     const std::vector<CString>& getKeyLines() const { return m_vecKeyLines; }
 
 private:
-    using Keys = std::map<CString, CString, CLessNoCase>;
-    using Sections = std::map<CString, Keys, CLessNoCase>;
+    using Keys = std::pmr::map<CString, CString, CLessNoCase>;
+    using Sections = std::pmr::map<CString, Keys, CLessNoCase>;
 
-    void readLine(std::string_view sLine);
-    void readSectionLine(std::string_view sLine);
-    void readKeyLine(std::string_view sLine);
+    void read(const char* sFileName, bool bSoundOnly);
+    void merge(const CSettingsEntry& entry);
+    void mergeKey(const CSettingsEntry& entry);
     Keys& findOrAddSection(std::string_view sSection);
     static void assign(Keys& mapKeys, std::string_view sKey, CString sValue);
 
-    Sections m_mapSections;
+    std::pmr::monotonic_buffer_resource m_nodes;  // all go together, so one after the other will do
+    Sections m_mapSections{&m_nodes};
     std::vector<CString> m_vecKeyLines;
     bool m_bKeepLines;
     std::unique_ptr<CDefaultSettingsException> m_pCurrentException;
     CString m_sCurrentSection;
-    CSettingsListener* m_pListener;
 };
 
 }  // namespace Tesk

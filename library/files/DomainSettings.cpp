@@ -21,43 +21,44 @@ bool findNewMachineValue(const char* sKey, const char* sStampsKey, CString& sMac
            (!Registry::GetValue(HKEY_CURRENT_USER, sStampsKey, kValue, sUserStamp) || sUserStamp != sMachineStamp);
 }
 
-bool registeredDomainSettings(CString& sFolder)
+bool registeredDomainSettings(CDomainCandidate& candidate)
 {
     const CString sKey = Registry::GetRemoteConfigurableKey(nullptr);
     const CString sStampsKey = sKey + "\\Stamps";
     CString sMachine, sMachineStamp;
     if (findNewMachineValue(sKey, sStampsKey, sMachine, sMachineStamp)) {
         if (isLookOnly()) {
-            sFolder = sMachine;
+            candidate = {sMachine, "HKEY_LOCAL_MACHINE\\" + sKey};
             return true;
         }
         Registry::SetValue(HKEY_CURRENT_USER, sKey, kValue, sMachine);
         Registry::SetValue(HKEY_CURRENT_USER, sStampsKey, kValue, sMachineStamp);
     }
-    return Registry::GetValue(HKEY_CURRENT_USER, sKey, kValue, sFolder);
+    candidate.m_sKey = "HKEY_CURRENT_USER\\" + sKey;
+    return Registry::GetValue(HKEY_CURRENT_USER, sKey, kValue, candidate.m_sFolder);
 }
 
 }  // namespace
 
-std::vector<CString> getDomainSettingsCandidates()
+std::vector<CDomainCandidate> getDomainSettingsCandidates()
 {
-    std::vector<CString> vecCandidates;
-    CString sRegistered;
-    if (registeredDomainSettings(sRegistered))
-        vecCandidates.push_back(sRegistered);
+    std::vector<CDomainCandidate> vecCandidates;
+    CDomainCandidate registered;
+    if (registeredDomainSettings(registered))
+        vecCandidates.push_back(registered);
     if (G_sApplicationName != "Courier Desk")
-        vecCandidates.push_back("P:\\Program Files\\Zavik\\DomainSettings");
+        vecCandidates.push_back({"P:\\Program Files\\Zavik\\DomainSettings", ""});
     const CString sRoot = getLocation(LOCATION_DIR_APPLICATION_ROOT);
-    vecCandidates.push_back(sRoot + "..\\DomainSettings");
-    vecCandidates.push_back(sRoot + "..\\..\\DomainSettings");
+    vecCandidates.push_back({sRoot + "..\\DomainSettings", ""});
+    vecCandidates.push_back({sRoot + "..\\..\\DomainSettings", ""});
     return vecCandidates;
 }
 
 CString getDomainSettingsFolder()
 {
-    const std::vector<CString> vecCandidates = getDomainSettingsCandidates();
+    const std::vector<CDomainCandidate> vecCandidates = getDomainSettingsCandidates();
     int iIndex = 0;
-    for (const CString& sCandidate : vecCandidates) {
+    for (const auto& [sCandidate, sKey] : vecCandidates) {
         const bool bFound = folderExists(sCandidate);
         TESK_TRACE("Testing for DomainSettings: %d: \"%s\", bFound = %d\n", iIndex, sCandidate.GetString(),
                    bFound ? 1 : 0);
@@ -65,7 +66,7 @@ CString getDomainSettingsFolder()
             return sCandidate;
         ++iIndex;
     }
-    return vecCandidates.back();
+    return vecCandidates.back().m_sFolder;
 }
 
 }  // namespace Tesk

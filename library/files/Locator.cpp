@@ -3,7 +3,6 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
 #include "objectarx/dbapserv.h"
 
@@ -38,28 +37,37 @@ CString CLocator::findFileForDrawing(const char* sDrawing, const char* sFileName
     return lastOf(vecFiles);
 }
 
-void CLocator::findFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
-                           const char* sFileName, const char* sSubfolder)
+std::vector<CCandidate> CLocator::getCandidates(const CStringList& vecBases, const CStringList& vecDrawings,
+                                                const char* sFileName, const char* sSubfolder)
 {
-    const std::string sTail = (getSupportSubfolder(sSubfolder) + sFileName).GetString();
+    const CString sTail = getSupportSubfolder(sSubfolder) + sFileName;
+    std::vector<CCandidate> vecCandidates;
     for (const CString& sBase : vecBases)
-        addExistingVariants(vecFiles, (sBase.GetString() + sTail).c_str());
+        vecCandidates.push_back({vecCandidates.empty() ? Layer::Standard : Layer::Domain, sBase + sTail});
 
     // Ordered sets: several drawings of one project give one candidate.
-    std::set<std::string> setProject;
-    std::set<std::string> setDrawing;
+    std::set<CString> setProject;
+    std::set<CString> setDrawing;
     for (const CString& sCurrentFile : vecDrawings) {
         TESK_ASSERT(!sCurrentFile.IsEmpty());
-        const std::string sFolder = CPathParts(sCurrentFile.GetString()).parent();
-        const std::string sProject = findProjectFolder(sFolder.c_str()).GetString();
-        if (!sProject.empty())
+        const CString sFolder = CPathParts(sCurrentFile.GetString()).parent().c_str();
+        const CString sProject = findProjectFolder(sFolder);
+        if (!sProject.IsEmpty())
             setProject.insert(sProject + "Settings\\" + sTail);
         setDrawing.insert(sFolder + sFileName);
     }
-    for (const std::string& sCandidate : setProject)
-        addExistingVariants(vecFiles, sCandidate.c_str());
-    for (const std::string& sCandidate : setDrawing)
-        addExistingVariants(vecFiles, sCandidate.c_str());
+    for (const CString& sCandidate : setProject)
+        vecCandidates.push_back({Layer::Project, sCandidate});
+    for (const CString& sCandidate : setDrawing)
+        vecCandidates.push_back({Layer::Folder, sCandidate});
+    return vecCandidates;
+}
+
+void CLocator::findFilesIn(CStringList& vecFiles, const CStringList& vecBases, const CStringList& vecDrawings,
+                           const char* sFileName, const char* sSubfolder)
+{
+    for (const CCandidate& candidate : getCandidates(vecBases, vecDrawings, sFileName, sSubfolder))
+        addExistingVariants(vecFiles, candidate.m_sPath);
 }
 
 void CLocator::findFiles(CStringList& vecFiles, const CStringList& vecDrawings, const char* sFileName,

@@ -3,6 +3,7 @@
 // Finds the existing copies of a settings file, from the most general to the most
 // specific: application root, domain settings, projects' "Settings", drawings' folders.
 
+#include "library/files/SupportFileLocator.h"
 #include "mfc/afx.h"
 
 #include <vector>
@@ -10,6 +11,11 @@
 namespace Tesk::Support::File {
 
 using CStringList = std::vector<CString>;
+
+struct CCandidate {
+    Layer m_eLayer;
+    CString m_sPath;
+};
 
 // Polymorphic so that a caller can bring a locator of its own. Output lists are appended
 // to. Nothing here raises: what does not exist is left out.
@@ -25,6 +31,11 @@ public:
                                const char* sSubfolder);
     virtual CString findFile(const CStringList& vecDrawings, const char* sFileName, const char* sSubfolder);
     virtual CString findFileForDrawing(const char* sDrawing, const char* sFileName, const char* sSubfolder);
+
+    // Where a search looks, in its order, whether anything is there or not: each path stands
+    // for its variants, too. Of the base folders the first is the standard one.
+    std::vector<CCandidate> getCandidates(const CStringList& vecBases, const CStringList& vecDrawings,
+                                          const char* sFileName, const char* sSubfolder);
 
     // Every copy: below each base folder and each project's "Settings" folder in the
     // support sub-folder, then beside the drawings. No drawing path may be empty.

@@ -23,7 +23,6 @@ struct CPathParts {
     std::string m_sBase;
     std::string m_sExtension;
 };
-using PathParts = CPathParts;  // until every caller says the new name
 
 // With one trailing backslash more, unless there is one already (or the path is empty).
 std::string withBackslash(std::string sPath);

@@ -3,6 +3,7 @@
 // "ProjectSettings.txt" at a project's root: keyword lines, each followed by a block in
 // braces. The domain and standard settings files have the same form.
 
+#include "library/files/ProjectEntries.h"
 #include "mfc/afx.h"
 
 #include <array>
@@ -37,13 +38,16 @@ struct CBlockGroup {
 class CSettingsFile {
 public:
     CSettingsFile() = default;
-    // Reads the file. When that cannot be opened or read the record is not valid and holds
-    // the defaults; no other error is caught.
+    // Reads the file. When that fails, for whatever reason, the record is not valid and
+    // holds the defaults.
     explicit CSettingsFile(const char* sPath);
 
     // Replaces everything by what the file says. Raises the text reader's file error, and
     // then the record holds the defaults. Malformed lines are passed over.
     void read(const char* sPath);
+    // Adds what the lines say. Relative project paths are below `sFolder`, which ends in a
+    // backslash.
+    void merge(const std::vector<CProjectEntry>& vecEntries, const std::string& sFolder);
 
     bool m_bValid = false;
     CString m_sProjectLabel;

@@ -240,6 +240,14 @@ CString getLocation(int iWhere)
     return (iWhere < LOCATION_FILES ? withBackslash(sPath) : sPath).c_str();
 }
 
+CString getTitleBlockFile(Layer eLayer, const char* sDrawing)
+{
+    if (eLayer != Layer::Project)
+        return getLocation(eLayer == Layer::Domain ? LOCATION_FILE_DOMAIN_SETTINGS : LOCATION_FILE_STANDARD_SETTINGS);
+    const CString sFolder = findProjectFolder(CPathParts(sDrawing).parent().c_str());
+    return sFolder.IsEmpty() ? sFolder : sFolder + kProjectSettings;
+}
+
 CString getTempFolder()
 {
     const std::string sSystem = getLocation(LOCATION_DIR_WINDOWS_SYSTEM).GetString();

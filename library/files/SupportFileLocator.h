@@ -36,6 +36,15 @@ enum Location {
     LOCATION_FILE_PROJECT_SETTINGS = 25
 };
 
+// Who a settings file is for, from the most general to the most specific.
+enum class Layer { Standard, Domain, Project, Folder };
+
+// The files that may define a drawing's title block, in the order in which they are asked.
+inline constexpr Layer kTitleBlockLayers[] = {Layer::Project, Layer::Domain, Layer::Standard};
+
+// The path of one of them, which need not be there; empty for a drawing without a project.
+CString getTitleBlockFile(Layer eLayer, const char* sDrawing);
+
 // The full path of a location; empty when there is none (no project, an unknown number).
 // Never raises.
 CString getLocation(int iWhere);

@@ -4,8 +4,11 @@
 #include "library/text/CodePage.h"
 #include "mfc/afx.h"
 
+#include <io.h>
+
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -14,7 +17,8 @@ namespace Tesk {
 
 namespace {
 
-constexpr std::size_t kFirstBlock = 16 * 1024;  // settings files are small; each further block doubles
+constexpr std::size_t kLeastBlock = 4 * 1024;  // of what tells no size, such as a device
+constexpr long long kMost = INT_MAX;           // no line of a larger one is sure to fit a string
 constexpr char kCtrlZ = 0x1A;
 
 // The text up to the next line end, which is consumed. A last line counts only
@@ -50,8 +54,12 @@ CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding
     if (m_bUnicode)
         decode();
     else
-        m_sBytes.resize(std::min(m_sBytes.find(kCtrlZ), m_sBytes.size()));
+        cutAtEnd();
 }
+
+CTextFileContents::CTextFileContents(std::string sBytes) : m_sBytes(std::move(sBytes)) { cutAtEnd(); }
+
+void CTextFileContents::cutAtEnd() { m_sBytes.resize(std::min(m_sBytes.find(kCtrlZ), m_sBytes.size())); }
 
 void CTextFileContents::load(const char* sFileName)
 {
@@ -59,10 +67,13 @@ void CTextFileContents::load(const char* sFileName)
     const std::unique_ptr<FILE, decltype(close)> pInput(std::fopen(sFileName, "rb"), close);
     if (!pInput)
         CFileException::ThrowErrno(errno, sFileName);
-    std::setvbuf(pInput.get(), nullptr, _IONBF, 0);  // the blocks are large enough
+    const long long size = ::_filelengthi64(::_fileno(pInput.get()));
+    if (size >= kMost)
+        CFileException::ThrowErrno(EFBIG, sFileName);
+    std::setvbuf(pInput.get(), nullptr, _IONBF, 0);  // one block takes all
     std::size_t filled = 0;
-    for (;;) {
-        m_sBytes.resize(filled + std::max(kFirstBlock, filled));
+    for (std::size_t block = size > 0 ? static_cast<std::size_t>(size) + 1 : kLeastBlock;; block = kLeastBlock) {
+        m_sBytes.resize(filled + std::max(block, filled));
         const std::size_t got = std::fread(m_sBytes.data() + filled, 1, m_sBytes.size() - filled, pInput.get());
         filled += got;
         if (filled < m_sBytes.size())
@@ -94,15 +105,18 @@ bool CTextFileContents::nextConverted(std::string_view& sLine)
         std::wstring_view sWideLine;
         if (!nextWide(sWideLine))
             return false;
-        m_sConverted = toNarrow(sWideLine);
+        m_vecConverted.push_back(toNarrow(sWideLine));
     } else {
         if (!nextNarrow(sLine))
             return false;
         if (isAscii(sLine))
             return true;  // the same in every ANSI code page
-        m_sConverted = toNarrow(toWide(sLine));
+        std::string sConverted = toNarrow(toWide(sLine));
+        if (sConverted == sLine)
+            return true;
+        m_vecConverted.push_back(std::move(sConverted));
     }
-    sLine = m_sConverted;
+    sLine = m_vecConverted.back();
     return true;
 }
 

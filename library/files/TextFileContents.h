@@ -4,8 +4,9 @@
 // would give it: CR LF is one line end, a lone CR belongs to the line, a Ctrl-Z
 // ends the text. A UTF-16 little-endian file is known by its byte-order mark.
 //
-// Reads by large blocks; what a line points into is gone with the next call.
+// Read at once; a line is good as long as the contents are.
 
+#include <deque>
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,18 @@ class CTextFileContents {
 public:
     // Without encoding detection every file is narrow text. Raises CFileException.
     CTextFileContents(const char* sFileName, bool bDetectEncoding);
+    // Narrow text that somebody has read.
+    explicit CTextFileContents(std::string sBytes);
+    CTextFileContents(const CTextFileContents&) = delete;
+    CTextFileContents& operator=(const CTextFileContents&) = delete;
 
     bool isUnicode() const { return m_bUnicode; }
+    // The whole text, of a narrow file and of a UTF-16 one.
+    std::string_view getBytes() const { return m_sBytes; }
+    std::wstring_view getWide() const { return m_sWide; }
 
+    // Back to the first line.
+    void rewind() { m_position = 0; }
     // The bytes of the next line of a narrow file; false at the end.
     bool nextNarrow(std::string_view& sLine);
 
@@ -29,11 +39,12 @@ public:
 
 private:
     void load(const char* sFileName);
+    void cutAtEnd();
     void decode();
 
     std::string m_sBytes;
     std::wstring m_sWide;
-    std::string m_sConverted;
+    std::deque<std::string> m_vecConverted;  // the lines that the conversion changes
     std::size_t m_position = 0;
     bool m_bUnicode = false;
 };

@@ -15,7 +15,6 @@ struct CMessage {
     CString m_sText;
     CString m_sAttachment;  // a file's full path; empty: none
 };
-using Message = CMessage;  // until every caller says the new name
 
 enum class Result {
     sent,       // handed to the mail program, which may keep it as a draft

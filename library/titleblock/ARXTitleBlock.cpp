@@ -148,6 +148,14 @@ bool CARXTitleBlock::setAttributeValue(const char* sTag, const char* sValue)
     return bClosed;
 }
 
+std::vector<CString> CARXTitleBlock::getTags() const
+{
+    std::vector<CString> vecTags;
+    for (const auto& [sTag, attribute] : m_mapInstanceAttributes)
+        vecTags.push_back(sTag);
+    return vecTags;
+}
+
 bool CARXTitleBlock::hasAttribute(const char* sTag) { return m_mapInstanceAttributes.count(sTag) != 0; }
 
 }  // namespace Tesk

@@ -6,6 +6,7 @@
 #include "library/titleblock/TitleBlock.h"
 
 #include <map>
+#include <vector>
 
 class AcDbDatabase;
 
@@ -25,6 +26,9 @@ public:
     CString getAttributeValue(const char* sTag) override;
     bool setAttributeValue(const char* sTag, const char* sValue) override;
     bool hasAttribute(const char* sTag) override;
+
+    // Those of the instance.
+    std::vector<CString> getTags() const;
 
 private:
     // The id of the instance's block reference, by its handle; null without one.

@@ -2,10 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/CurrentBorder.h"
-#include "library/files/FileSearch.h"
-#include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
-#include "library/text/StringView.h"
 
 namespace Tesk {
 
@@ -83,11 +80,12 @@ CString CTitleBlock::get(const char* sKey)
 bool CTitleBlock::getMapping()
 {
     TESK_TRACE("CTitleBlock::getMapping()\n");
-    const CString sProjectFolder = findProjectFolder(CPathParts(viewOf(m_sFileName)).parent().c_str());
-    if (!sProjectFolder.IsEmpty() && getMappingFromFile(sProjectFolder + kProjectSettings, true))
-        return true;
-    return getMappingFromFile(getLocation(LOCATION_FILE_DOMAIN_SETTINGS), false) ||
-           getMappingFromFile(getLocation(LOCATION_FILE_STANDARD_SETTINGS), false);
+    for (const Layer eLayer : kTitleBlockLayers) {
+        const CString sFile = getTitleBlockFile(eLayer, m_sFileName);
+        if (!sFile.IsEmpty() && getMappingFromFile(sFile, eLayer == Layer::Project))
+            return true;
+    }
+    return false;
 }
 
 bool CTitleBlock::getMappingFromFile(const char* sFile, bool bProject)

@@ -45,14 +45,14 @@ class DiagnosticsTest(HostTest):
         transcript = self.run_host(["ARX U ZavikMDITabs.arx", f"ARX L {MODULE}", f"OPEN {long}"])
         log = self.log()
         self.assertEqual(sum(line.startswith("Diagnostics started: ") for line in log), 1)
-        header = log[:log.index(":") + 1]
+        header = log[:log.index(":") + 3]
         started = time.mktime(time.strptime(header[0], "Diagnostics started: %m/%d/%y %H:%M:%S"))
         self.assertLess(abs(time.time() - started), 600, "local time")
         self.assertRegex(header[1], r"^::HostName=.+")
         self.assertIn("PathLocation::LOCATION_FILE_MODULE=" + self.path(MODULE), header)
         version = re.search(r"VERSION (\d+\.\d+\.\d+)", (REPOSITORY / "CMakeLists.txt").read_text())[1]
-        self.assertEqual(header[-4:], ["Module::FileVersion=" + version, "Module::Comments=Built from a working tree",
-                                       ":" + "-" * 25, ":"])
+        self.assertEqual(header[-4:], [":" + "-" * 25, ":", "Module::FileVersion=" + version,
+                                       "Module::Comments=Built from a working tree"])
         traces = log[len(header):]
         self.assertEqual(reactor_steps(traces)[:4], ATTACH, "the first start's log is gone")
         opened = f'ZavikMDITabs : CDocManagerReactor::documentCreated("{self.path(long)}")'

@@ -1,5 +1,4 @@
 #include "library/files/SettingsFile.h"
-#include "library/files/SettingsFileReader.h"
 #include "library/text/StringView.h"
 
 #include "tests/library/Raised.h"
@@ -8,8 +7,6 @@
 
 #include <windows.h>
 #include <doctest/doctest.h>
-
-#include <sstream>
 
 using namespace std::string_literals;
 using Tesk::CBlockGroup;
@@ -21,10 +18,8 @@ namespace {
 CSettingsFile parse(const std::string& sLines)
 {
     CSettingsFile settings;
-    Tesk::CSettingsFileReader reader(settings, "C:\\Jobs\\1234\\");
-    std::istringstream lines(sLines);
-    for (std::string sLine; std::getline(lines, sLine);)
-        reader.readLine(sLine);
+    Tesk::CTextFileContents contents(sLines);
+    settings.merge(Tesk::parseProject(contents), "C:\\Jobs\\1234\\");
     return settings;
 }
 

@@ -73,5 +73,5 @@ class CheckerTest(HostTest):
         _, output, complaints = self.check("--json", *arguments)
         self.assertEqual(complaints, "")
         told = json.loads(output)
-        self.assertEqual(told["version"], 1)
+        self.assertEqual(told["version"], 2)
         return {drawing["path"]: drawing for drawing in told["drawings"]}

@@ -13,7 +13,9 @@ TAGS = ["T0", "T1", "T2"]
 TOKENS = ["%PATH%", "%X_FOLDER%", "%FILENAME%", "%NEWLINE%", "%DIR_PROJECT_DWG_ROOT%", "%DIR_PROJECT_DWG_SETTINGS%",
           "%DIR_PROGRAM%", "%X_DIR_APPLICATION_ROOT%", "%DIR_DOMAIN_SETTINGS%", "%HALVORAN_PROJECT_LABEL%",
           "%HALVORAN::A%", "%HALVORAN::B%", "%X_HALVORAN::A%", "%UNKNOWN%", "100% ", "%UPDATE_DATE::|Y-|m-|d%",
-          "%CURRENT_DATE_UTC::|Y%", "%CURRENT_DATE::|Q%", "é=;"]
+          "%CURRENT_DATE_UTC::|Y%", "%CURRENT_DATE::|Q%", "é=;", "%HALVORAN:A%", "%UPDATE_DATE:|d%", "%FILENAME",
+          "%UPDATE_DATE::|Y", "%UPDATE_DATE::d.m.%", "%UPDATE_DATE::%d.%m.%", "%HALVORAN::a%", "%filename%"]
+MISNAMED = ["MDITabs2004.ini", "MDITabs.ini.txt", "ProjectSetting.txt", "ProjectSettings.txt.txt", "Setting/support/MDITabs.ini"]
 
 
 class Tree:
@@ -42,6 +44,8 @@ class Tree:
             if self.random.random() < chance:
                 self.files[folder + variant] = self.texts()
             chance /= 2
+        if self.random.random() < 0.3:
+            self.files[folder + self.random.choice(MISNAMED)] = self.texts()
         if project and self.random.random() < 0.8:
             self.files[project] = self.project()
 
@@ -55,7 +59,8 @@ class Tree:
         if self.random.random() < 0.25:
             lines.append("this line is no key")
         text = self.random.choice(["\n", "\r\n"]).join(lines)
-        return text.encode(self.random.choice([ANSI, ANSI, ANSI, "utf-16", "utf-8-sig"]))
+        encoding = self.random.choice([ANSI, ANSI, ANSI, "utf-16", "utf-8-sig", "utf-8"])
+        return (text + "\r\n;Ж" * (encoding == "utf-16")).encode(encoding)
 
     def spelling(self, key):
         return self.random.choice([key, key, key.upper(), key.lower()])
@@ -67,13 +72,16 @@ class Tree:
         return self.random.choice(["{}é {}", '"{} {}"', "' {}={}'", "&{};{}"]).format(key, self.value)
 
     def project(self):
-        lines = [f"{self.random.choice(['PROJECTLABEL', 'ProjectLabel', 'Label'])}", "{", f"label {self.value}", "}"]
+        keyword, label = self.random.choice(["PROJECTLABEL", "ProjectLabel", "Label"]), f"label {self.value}"
+        lines = self.random.choice([[keyword, "{", label, "}"], [keyword + " {", label, "}"], [keyword, "{ " + label + " }"],
+                                    [keyword, label], ["; remark", keyword, "{", label, "}"]])
         for keyword in self.random.choices(["TITLEBLOCKS", "titleblocks", "MOCKBORDERS", "CADSTANDARDS"], k=3):
             lines += [keyword, "{"]
             for block in self.random.sample(BLOCKS, 2):
-                fields = self.random.choice(['"x" "{}"', '"x" "{}.dwg" "1" "2" "3"', '"x" "{}" "3"']).format(block)
+                fields = self.random.choice(['"x" "{}"', '"x" "{}.dwg" "1" "2" "3"', '"x" "{}" "3"', '“x” “{}”']).format(block)
                 lines.append(f"  BORDER {fields}")
-            lines += [f"  {key} {self.random.choice(TAGS)}" for key in "AB" if self.random.random() < 0.8]
+            lines += [f"  {key} {self.random.choice([*TAGS, *TAGS, 't0'])}" for key in "AB" if self.random.random() < 0.8]
+            lines += ["  ; remark"] if self.random.random() < 0.1 else []
             lines += ["}"] if self.random.random() < 0.9 else []
         return "\r\n".join(lines).encode(ANSI)
 

@@ -30,7 +30,8 @@ class ProgramTest(CheckerTest):
         (self.folder / "read/secret.dwg").chmod(0)
         for code, *arguments in (
                 (CLEAN, "clean", "clean/new.dwg"), (CLEAN, "odd"), (PROBLEMS, "--strict", "odd"), (PROBLEMS, "bad", "clean"),
-                (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (UNCHECKED, "cl*"),
+                (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (CLEAN, "cl*"),
+                (UNCHECKED, "cl*x"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"), (CLEAN, "clean/D.*"),
                 (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean")):
             with self.subTest(arguments):
                 self.assertEqual(self.check(*arguments)[0], code)
@@ -74,7 +75,10 @@ class ProgramTest(CheckerTest):
             report, = self.reports("Sketches").values()
             self.assertEqual(report["texts"]["PopupSaveText"]["value"], value)
             domain = [place for place in report["searched"] if place["layer"] == "domain"]
-            self.assertEqual(domain[0], {"layer": "domain", "path": self.path(value), "found": True, "keys": 0})
+            self.assertEqual((domain[0]["path"], domain[0]["keys"]), (self.path(value + "/support/MDITabs.ini"), 1))
+            self.assertEqual(report["domain"][0], {"path": self.path(value), "found": True, "registry":
+                                                    (machine if stamp else user).replace("HKLM", "HKEY_LOCAL_MACHINE").replace(
+                                                        "HKCU", "HKEY_CURRENT_USER")})
         self.assertEqual(self.state(), before)
 
     def test_an_entry_of_the_user_that_hides_the_machine_s(self):
@@ -125,7 +129,8 @@ class ProgramTest(CheckerTest):
                 self.assertEqual(report["tooltip"]["text"],
                                  "Station, Platform 2: %HALVORAN::NUMBER%\n%HALVORAN::TITLE%")
                 self.assertEqual(report["project"]["source"], self.path("Projects/Station/ProjectSettings.txt"))
-                self.assertEqual(report["project"]["mapping"], {"TITLE": "TITLE1", "NUMBER": "NUMBER"})
+                self.assertEqual([(one["key"], one["tag"]) for one in report["project"]["mapping"]],
+                                 [("TITLE", "TITLE1"), ("NUMBER", "NUMBER")])
                 self.assertEqual(report["problems"], [])
 
     def test_drawings_with_the_same_result_are_shown_once(self):
