@@ -4,7 +4,7 @@
 
 namespace Tesk {
 
-PathParts::CPathParts(std::string_view sPath)
+CPathParts::CPathParts(std::string_view sPath)
 {
     if (sPath.size() >= 2 && sPath[1] == ':' && !MultiByte::CLeadBytes().contains(sPath[0])) {
         m_sDrive = sPath.substr(0, 2);

@@ -3,12 +3,14 @@
 
 #include "host/application/Application.h"
 #include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/VersionBlock.h"
 #include "library/files/DefaultSettingsManager.h"
 #include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
+#include "library/system/Handles.h"
 #include "objectarx/dbapserv.h"
 #include "tests/library/Environment.h"
 #include "tests/library/Installation.h"
@@ -55,7 +57,10 @@ TEST_CASE("files and folders are told apart")
 {
     const CTestFolder tree;
     const std::string sFile = tree.write("A\\file.txt"), sFolder = tree.path("A");
-    CHECK((fileExists(sFile.c_str()) && !folderExists(sFile.c_str())));
+    // As an editor has it that lets others read and write.
+    const UniqueHandle edited(::CreateFileA(sFile.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    CHECK((edited && fileExists(sFile.c_str()) && !folderExists(sFile.c_str())));
     CHECK((folderExists(sFolder.c_str()) && !fileExists(sFolder.c_str())));
     CHECK(folderExists((sFolder + "\\").c_str()));
     CHECK(folderExists(sFolder.substr(0, 3).c_str()));
@@ -252,6 +257,10 @@ TEST_CASE_FIXTURE(AppFixture, "copies of a settings file run from the most gener
     ::DeleteFileA(vecExpected[0]);
     ::DeleteFileA(vecExpected[1]);
     CHECK(locator.findFileIn({tree.path("App\\").c_str()}, {}, "Tabs.ini", "") == vecExpected[2]);
+    vecFiles.clear();
+    locator.findFilesInForDrawing(vecFiles, {tree.path("App\\").c_str()}, vecDrawings[2], "Tabs.ini", "");
+    CHECK(vecFiles == CStringList{vecExpected[2], vecExpected[6], vecExpected[7], vecExpected[8], vecExpected[15],
+                                  vecExpected[16], vecExpected[17]});
     CHECK(locator.splitPathList(";C:\\A B;;D:\\x;") == CStringList{"C:\\A B", "D:\\x"});
 }
 
@@ -304,6 +313,8 @@ TEST_CASE_FIXTURE(CLibraryFixture, "a manager deletes the locator that it made, 
 {
     CLocator borrowed;
     startAt(2);
+    CHECK(CManager("", &borrowed).CDefaultSettingsManager::getSupportSubfolderName() ==
+          CVersionBlock::getInternalName());
     for (CLocator* const pLocator : {&borrowed, static_cast<CLocator*>(nullptr)}) {
         commandLinePieces().clear();
         delete new CManager("", pLocator);

@@ -1,4 +1,5 @@
 #include "library/files/FileUtilities_TextFiles.h"
+#include "library/system/Handles.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
 
@@ -81,7 +82,10 @@ TEST_CASE("lines of UTF-16 files")
         CHECK(wideLines(sFile) == each.m_lines);
         CHECK(Tesk::isUnicodeTextFile(sFile));
     }
-    CHECK_FALSE(Tesk::isUnicodeTextFile(folder.write("b.txt", "\xFF").c_str()));
+    const std::string sShort = folder.write("b.txt", "\xFF");
+    const UniqueHandle edited(::CreateFileA(sShort.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                            FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
+    CHECK((edited && !Tesk::isUnicodeTextFile(sShort.c_str())));
 }
 
 TEST_CASE("narrow lines become wide by the thread's code page, the list is added to")

@@ -2,6 +2,7 @@
 #include "ModuleFixture.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/DefaultSettingsException.h"
+#include "library/system/Handles.h"
 #include "settings/MDITabSettings.h"
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
@@ -146,6 +147,8 @@ TEST_CASE_FIXTURE(TextsFixture, "a damaged file costs its own texts, says where 
     const std::string where = "Error (<<" + drawing("MDITabs.ini") + ">> @ line 2) : Tokenising error.";
     CHECK(said.find(where) != std::string::npos);
     CHECK(said.find(where) == said.rfind(where));
+    CMDITabSettings::getPopupSaveText(name.c_str());  // while nothing is traced
+    CHECK(traced([&] { CMDITabSettings::getPopupSaveText(name.c_str()); }).find(where) != std::string::npos);
 
     texts("PopupSaveText = drawing's\n");
     CHECK(CMDITabSettings::getPopupSaveText(name.c_str()) == "drawing's");
@@ -156,6 +159,18 @@ TEST_CASE_FIXTURE(TextsFixture, "a damaged file costs its own texts, says where 
     CMDITabSettings::clearDefaultSettings();
     CHECK(CMDITabSettings::getModifiedText(name.c_str()) == "");
     CHECK(CMDITabSettings::getPopupSaveText(name.c_str()) == "drawing's");
+    // One that the memory does not hold, with holes for contents.
+    {
+        const UniqueHandle huge(
+            ::CreateFileA(drawing("MDITabs.ini").c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        LONG high = 0;
+        ::SetFilePointer(huge.get(), sizeof(void*) == 4 ? 0x78000000 : LONG(0xC0000000), &high, FILE_BEGIN);
+        REQUIRE(::SetEndOfFile(huge.get()));
+    }
+    folder.write(project, "ModifiedText = ' of it'\n");
+    CMDITabSettings::clearDefaultSettings();
+    CHECK(CMDITabSettings::getModifiedText(name.c_str()) == " of it");
+    CHECK(CMDITabSettings::getDefaultSettings(name.c_str())->getCopies().back().sReason != "");
     ::DeleteFileA((folder.path() + project).c_str());
     texts("PopupSaveText = new\n");
     CHECK(CMDITabSettings::getPopupSaveText(name.c_str()) == "new");

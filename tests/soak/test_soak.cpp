@@ -1,6 +1,7 @@
 // The whole module in the host, in this process, worked at random for a while: after
 // every step the strip shows the open documents, and at the end nothing is held.
 // SOAK_SEED chooses a run (0: any), SOAK_SECONDS sets how long it lasts.
+#include "additions/MenuIds.h"
 #include "dxf/Memory.h"
 #include "host/observation/ResourceCount.h"
 #include "host/ui/MainFrame.h"
@@ -34,7 +35,8 @@ public:
         folder.write("ProjectSettings.txt", "PROJECTLABEL\r\n{\r\nJob\r\n}\r\nTITLEBLOCKS\r\n{\r\n"
                                             "BORDER \"A1\" \"SHEET\"\r\nNO NR\r\n}\r\n");
         folder.write("MDITabs.ini", "ModifiedText = *\r\nTooltipText = %HALVORAN::NO% %FILENAME%%NEWLINE%%PATH%\r\n"
-                                    "PopupXrefsText = Xrefs\r\n");
+                                    "PopupXrefsText = Xrefs\r\nPopupCloseOthersText = Others\r\n"
+                                    "PopupCloseSavedText = Saved\r\nPopupCopyPathText = Copy\r\n");
         folder.writeDrawing("grid.dwg");
     }
 
@@ -45,6 +47,7 @@ public:
         for (int i = 0; i < kFiles; ++i)
             folder.write("d" + std::to_string(i) + ".dwg", drawing(i).str());
         m_random.seed(m_seed);
+        user.set("MiddleClickCloses", 1);
         load();
         const DWORD begin = ::GetTickCount();
         int steps = 0;
@@ -129,7 +132,10 @@ private:
             return {"LOCKDOCS 1", "CLICK " + anyTab(), "LOCKDOCS 0"};
         if (step < 89)
             return reload();
-        return {"CLOSE"};
+        if (step < 90)
+            return {"MENU " + anyTab() + " " +
+                    std::to_string(IDC_DYNAMIC_MENU_CLOSE_SAVED + static_cast<UINT>(below(2)))};
+        return {step < 95 ? "CLOSE" : "MIDDLECLICK " + anyTab()};
     }
 
     std::string edit()
@@ -156,8 +162,9 @@ private:
 
     std::string menuItem()
     {
-        static const UINT items[] = {0, IDC_DYNAMIC_MENU_SAVE, IDC_DYNAMIC_MENU_CLOSE, IDC_DYNAMIC_MENU_XREFS};
-        const UINT item = items[below(4)];
+        static const UINT items[] = {0, IDC_DYNAMIC_MENU_SAVE, IDC_DYNAMIC_MENU_CLOSE, IDC_DYNAMIC_MENU_XREFS,
+                                     IDC_DYNAMIC_MENU_COPY_PATH};
+        const UINT item = items[below(5)];
         return item == 0 ? "" : " " + std::to_string(item);
     }
 

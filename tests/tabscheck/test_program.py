@@ -28,10 +28,13 @@ class ProgramTest(CheckerTest):
         self.write({"clean/D.dwg": drawing(), "odd/D.dwg": drawing(), "odd/MDITabs.ini": "Colour=red\n",
                     "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "read/secret.dwg": drawing()})
         (self.folder / "read/secret.dwg").chmod(0)
+        self.write({"closed/D.dwg": drawing(), "closed/MDITabs.ini": "PopupSaveText=S\n"})
+        (self.folder / "closed/MDITabs.ini").chmod(0)
         for code, *arguments in (
                 (CLEAN, "clean", "clean/new.dwg"), (CLEAN, "odd"), (PROBLEMS, "--strict", "odd"), (PROBLEMS, "bad", "clean"),
-                (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (CLEAN, "cl*"),
-                (UNCHECKED, "cl*x"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"), (CLEAN, "clean/D.*"),
+                (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (CLEAN, "cle*"),
+                (UNCHECKED, "cle*x"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"),
+                (PROBLEMS, "--root", "clean", "clean"), (UNCHECKED, "closed"), (UNCHECKED, "--json", "--problems", "clean"), (CLEAN, "clean/D.*"),
                 (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean")):
             with self.subTest(arguments):
                 self.assertEqual(self.check(*arguments)[0], code)
@@ -80,11 +83,26 @@ class ProgramTest(CheckerTest):
                                                     (machine if stamp else user).replace("HKLM", "HKEY_LOCAL_MACHINE").replace(
                                                         "HKCU", "HKEY_CURRENT_USER")})
         self.assertEqual(self.state(), before)
+        self.add_value(machine, "Domain Settings", self.path("gone"))
+        code, output, _ = self.check("--problems", "Sketches")
+        self.assertEqual(code, UNCHECKED)
+        self.assertRegex(output.decode(CONSOLE), r'HKEY_LOCAL_MACHINE\\.*: error: .*names ".*gone".*not there \[1 drawing\]')
 
     def test_an_entry_of_the_user_that_hides_the_machine_s(self):
         self.add_value("HKLM\\" + HOST, "LOADER", r"C:\Program Files\Zavik\ZavikMDITabs.arx")
         self.assertEqual([p for report in self.reports("Projects/Station").values() for p in report["problems"]], [])
         self.add_value("HKCU\\" + HOST, "LOADER", r"D:\old\ZavikMDITabs.arx")
+        user = "HKCU\\" + HOST
+        for name, kind, value, words in (("LOADER", "REG_SZ", r"c:\PROGRAM FILES\Zavik\ZavikMDITabs.arx", ""),
+                                         ("LOADCTRLS", "REG_DWORD", "12", "lacks 2"), ("LOADCTRLS", "REG_DWORD", "18", "has 16")):
+            wine("reg", "add", user, "/v", name, "/t", kind, "/d", value, "/f")
+            report, = self.reports("Projects/Station/Drawings/Details").values()
+            self.assertRegex("".join(problem["text"] for problem in report["problems"]), words or "^$")
+        wine("reg", "delete", user, "/v", "LOADER", "/f")
+        wine("reg", "delete", user, "/v", "LOADCTRLS", "/f")
+        report, = self.reports("Projects/Station/Drawings/Details").values()
+        self.assertIn("has no LOADER", report["problems"][0]["text"])
+        self.add_value(user, "LOADER", r"D:\old\ZavikMDITabs.arx")
         for report in self.reports("Projects/Station").values():
             problem, = report["problems"]
             self.assertEqual((problem["severity"], problem["file"].upper(), problem["line"]),
@@ -114,7 +132,7 @@ class ProgramTest(CheckerTest):
 
     def test_every_key_that_the_module_reads_is_known(self):
         read = set()
-        for path in (REPOSITORY / "settings").glob("*.cpp"):
+        for path in [*(REPOSITORY / "settings").glob("*.cpp"), *(REPOSITORY / "additions").glob("*.cpp")]:
             read |= set(re.findall(r'"(\w+(?:Text|Title|Address))"', path.read_text("ascii")))
         listed = re.findall(r'\{"(\w+)", ', (REPOSITORY / "settings/TextKeys.h").read_text("ascii"))
         self.assertEqual(sorted(listed), sorted(read))
@@ -141,6 +159,11 @@ class ProgramTest(CheckerTest):
         self.assertRegex(text, r"T0\.dwg to T9\.dwg \(20 drawings\): by DefaultTooltipText")
         self.assertTrue(text.endswith("\n30 drawings checked: 0 errors, 1 warning\n"), text[-200:])
         self.assertNotIn("\x1b", text)
+        self.write({"Projects/Station/Drawings/MDITabs.ini": "Colour=red\n"})
+        problems = self.check("--problems", "Projects")[1].decode(CONSOLE).replace("\r", "")
+        self.assertEqual(problems.count("Colour"), 2)  # told once, and its line
+        self.assertIn("read it [22 drawings]\n", problems)
+        self.assertEqual(problems.count("\n"), 7, problems)
 
 
 class GuideTest(CheckerTest):
