@@ -7,7 +7,7 @@ namespace dxf {
 
 bool BlockTable::has(const char* sName) const
 {
-    if (callFails("AcDbBlockTable::has") || !mayRead() || sName == nullptr)
+    if (!mayRead() || sName == nullptr)
         return false;
     return node().database->graph().block(sName) != nullptr;
 }
@@ -16,8 +16,6 @@ Acad::ErrorStatus BlockTable::getAt(const char* sName, AcDbBlockTableRecord*& pR
                                     bool bOpenErased) const
 {
     pRecord = nullptr;
-    if (callFails("AcDbBlockTable::getAt"))
-        return Acad::eKeyNotFound;
     if (sName == nullptr)
         return Acad::eInvalidInput;
     if (!mayRead())
@@ -30,8 +28,6 @@ Acad::ErrorStatus BlockTable::newIterator(AcDbBlockTableIterator*& pIterator, bo
                                           bool bSkipDeleted) const
 {
     pIterator = nullptr;
-    if (callFails("AcDbBlockTable::newIterator"))
-        return Acad::eOutOfMemory;
     if (!mayRead())
         return Acad::eNotOpenForRead;
     pIterator = new BlockTableIterator(node().database->graph(), bAtBeginning, bSkipDeleted);
@@ -62,8 +58,6 @@ Acad::ErrorStatus BlockTableIterator::getRecord(AcDbBlockTableRecord*& pRecord, 
                                                 bool bOpenErased) const
 {
     pRecord = nullptr;
-    if (callFails("AcDbBlockTableIterator::getRecord"))
-        return Acad::eWasOpenForWrite;
     if (done())
         return Acad::eInvalidIndex;
     return openAs(pRecord, *m_blocks[static_cast<std::size_t>(m_position)], mode, bOpenErased);
@@ -71,28 +65,28 @@ Acad::ErrorStatus BlockTableIterator::getRecord(AcDbBlockTableRecord*& pRecord, 
 
 bool BlockTableRecord::isAnonymous() const
 {
-    if (callFails("AcDbBlockTableRecord::isAnonymous") || !mayRead())
+    if (!mayRead())
         return false;
     return (block().flags & 1) != 0;
 }
 
 bool BlockTableRecord::isLayout() const
 {
-    if (callFails("AcDbBlockTableRecord::isLayout") || !mayRead())
+    if (!mayRead())
         return false;
     return block().layout;
 }
 
 bool BlockTableRecord::isFromExternalReference() const
 {
-    if (callFails("AcDbBlockTableRecord::isFromExternalReference") || !mayRead())
+    if (!mayRead())
         return false;
     return block().isXref();
 }
 
 AcDb::XrefStatus BlockTableRecord::xrefStatus() const
 {
-    if (callFails("AcDbBlockTableRecord::xrefStatus") || !mayRead() || !block().isXref())
+    if (!mayRead() || !block().isXref())
         return AcDb::kXrfNotAnXref;
     if (block().unloaded)
         return AcDb::kXrfUnloaded;
@@ -102,15 +96,13 @@ AcDb::XrefStatus BlockTableRecord::xrefStatus() const
 AcDbDatabase* BlockTableRecord::xrefDatabase(bool) const
 {
     // What is not resolved has no database here, so there is none to include.
-    if (callFails("AcDbBlockTableRecord::xrefDatabase") || !mayRead())
+    if (!mayRead())
         return nullptr;
     return block().xref.get();
 }
 
 Acad::ErrorStatus BlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids, bool, bool)
 {
-    if (callFails("AcDbBlockTableRecord::getBlockReferenceIds"))
-        return Acad::eOutOfMemory;
     if (!mayRead())
         return Acad::eNotOpenForRead;
     for (InsertNode* pInsert : block().references)
@@ -121,7 +113,7 @@ Acad::ErrorStatus BlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids,
 
 AcDbObjectIterator* BlockReference::attributeIterator() const
 {
-    if (callFails("AcDbBlockReference::attributeIterator") || !mayRead())
+    if (!mayRead())
         return nullptr;
     return new AttributeIterator(static_cast<const InsertNode&>(node()));
 }

@@ -2,6 +2,7 @@
 
 // Block table, its records, and references to blocks.
 
+#include "dxf/Memory.h"
 #include "dxf/Objects.h"
 
 namespace dxf {
@@ -31,6 +32,7 @@ private:
     const std::vector<BlockNode*>& m_blocks;
     // Past either end when the walk is done.
     std::ptrdiff_t m_position;
+    HandedOut m_handedOut;
 };
 
 class BlockTableRecord final : public ObjectFace<AcDbBlockTableRecord> {
@@ -68,6 +70,7 @@ private:
 
     const InsertNode& m_insert;
     std::size_t m_position = 0;
+    HandedOut m_handedOut;
 };
 
 }  // namespace dxf

@@ -35,8 +35,6 @@ Drawing* Drawing::of(const AcDbDatabase* pDatabase)
 Acad::ErrorStatus Drawing::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMode mode)
 {
     pTable = nullptr;
-    if (callFails("AcDbDatabase::getSymbolTable"))
-        return Acad::eNoDatabase;
     return openAs(pTable, m_graph->blockTable(), mode, false);
 }
 

@@ -4,7 +4,6 @@
 #include "library/system/Handles.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <utility>
 
@@ -19,10 +18,17 @@ std::size_t lineOf(std::string_view text, const char* pPosition)
     return static_cast<std::size_t>(std::count(text.data(), pPosition, '\n')) + 1;
 }
 
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 bool isBinaryDrawing(std::string_view bytes)
 {
-    return bytes.size() >= 6 && bytes.starts_with("AC10") && std::isdigit(static_cast<unsigned char>(bytes[4])) &&
-           std::isdigit(static_cast<unsigned char>(bytes[5]));
+    return bytes.size() >= 6 && bytes.starts_with("AC10") && isDigit(bytes[4]) && isDigit(bytes[5]);
+}
+
+// From before R9: "AC1.40", "AC2.10".
+bool isOldDrawing(std::string_view bytes)
+{
+    return bytes.size() >= 6 && bytes.starts_with("AC") && isDigit(bytes[2]) && bytes[3] == '.' && isDigit(bytes[4]);
 }
 
 // What the walk over the sections has seen so far.
@@ -54,6 +60,8 @@ bool DxfRecord::has(int code) const { return value(code).data() != nullptr; }
 
 std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
 {
+    if (sPath.size() >= MAX_PATH)
+        throw FileError(sPath, 0, "the path is too long");
     const DWORD attributes = GetFileAttributesA(sPath.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         throw FileError(sPath, 0, "a folder, not a file");
@@ -102,6 +110,8 @@ void DxfFile::scan(const std::string& sName)
         fail(nullptr, "the file is empty");
     if (bytes.starts_with(kBinaryDxf))
         fail(nullptr, "binary DXF cannot be read");
+    if (isOldDrawing(bytes))
+        fail(nullptr, "a binary drawing from before R9 (" + m_bytes.substr(0, 6) + ") cannot be read");
     if (const std::size_t nul = bytes.find('\0'); nul != std::string_view::npos)
         fail(bytes.data() + nul, "NUL byte in the text");
     const std::size_t firstEnd = bytes.find('\n');

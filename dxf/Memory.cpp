@@ -23,6 +23,10 @@ void release(void* pMemory)
 
 long dxf::liveAllocations() { return s_live; }
 
+dxf::HandedOut::HandedOut() { ++s_live; }
+
+dxf::HandedOut::~HandedOut() { --s_live; }
+
 Acad::ErrorStatus acutNewBuffer(char*& pOutput, std::size_t nBytes)
 {
     pOutput = nullptr;

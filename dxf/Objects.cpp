@@ -49,8 +49,6 @@ Acad::ErrorStatus openNode(AcDbStub& node, AcDb::OpenMode mode, bool openErased)
 
 Acad::ErrorStatus closeNode(AcDbStub& node)
 {
-    // The object is closed all the same: a caller cannot close it again.
-    const Acad::ErrorStatus status = callFails("AcDbObject::close") ? Acad::eNotOpenForRead : Acad::eOk;
     if (node.readers == 0 && !node.writer) {
         Drawing::countMisuse();
         return Acad::eNotOpenForRead;
@@ -58,12 +56,12 @@ Acad::ErrorStatus closeNode(AcDbStub& node)
     node.database->countOpen(-1);
     if (node.readers > 0) {
         --node.readers;
-        return status;
+        return Acad::eOk;
     }
     node.writer = false;
     if (std::exchange(node.modified, false))
         node.database->tellModified(node);
-    return status;
+    return Acad::eOk;
 }
 
 template <class Base>

@@ -110,11 +110,12 @@ Summary readSummary(const DxfFile& file)
 #define SUMMARY_FIELD(FIELD) \
     Acad::ErrorStatus SummaryInfo::get##FIELD(char*& sValue) const \
     { \
-        return get("AcDbDatabaseSummaryInfo::get" #FIELD, Summary::FIELD, sValue); \
+        return acutNewString(m_summary.fields[Summary::FIELD].c_str(), sValue); \
     } \
     Acad::ErrorStatus SummaryInfo::set##FIELD(const char* sValue) \
     { \
-        return set("AcDbDatabaseSummaryInfo::set" #FIELD, Summary::FIELD, sValue); \
+        m_summary.fields[Summary::FIELD] = sValue == nullptr ? "" : sValue; \
+        return Acad::eOk; \
     }
 
 SUMMARY_FIELD(Title)
@@ -126,30 +127,11 @@ SUMMARY_FIELD(LastSavedBy)
 SUMMARY_FIELD(RevisionNumber)
 SUMMARY_FIELD(HyperlinkBase)
 
-Acad::ErrorStatus SummaryInfo::get(const char* sCall, Summary::Field field, char*& sValue) const
-{
-    sValue = nullptr;
-    return callFails(sCall) ? Acad::eOutOfMemory : acutNewString(m_summary.fields[field].c_str(), sValue);
-}
-
-Acad::ErrorStatus SummaryInfo::set(const char* sCall, Summary::Field field, const char* sValue)
-{
-    if (callFails(sCall))
-        return Acad::eInvalidInput;
-    m_summary.fields[field] = sValue == nullptr ? "" : sValue;
-    return Acad::eOk;
-}
-
-int SummaryInfo::numCustomInfo() const
-{
-    return callFails("AcDbDatabaseSummaryInfo::numCustomInfo") ? 0 : static_cast<int>(m_summary.custom.size());
-}
+int SummaryInfo::numCustomInfo() const { return static_cast<int>(m_summary.custom.size()); }
 
 Acad::ErrorStatus SummaryInfo::getCustomSummaryInfo(int iIndex, char*& sKey, char*& sValue) const
 {
     sKey = sValue = nullptr;
-    if (callFails("AcDbDatabaseSummaryInfo::getCustomSummaryInfo"))
-        return Acad::eOutOfMemory;
     if (iIndex < 0 || iIndex >= std::ssize(m_summary.custom))
         return Acad::eInvalidIndex;
     const auto& [sName, sText] = m_summary.custom[static_cast<std::size_t>(iIndex)];
@@ -163,8 +145,6 @@ Acad::ErrorStatus SummaryInfo::getCustomSummaryInfo(int iIndex, char*& sKey, cha
 
 Acad::ErrorStatus SummaryInfo::addCustomSummaryInfo(const char* sKey, const char* sValue)
 {
-    if (callFails("AcDbDatabaseSummaryInfo::addCustomSummaryInfo"))
-        return Acad::eOutOfMemory;
     if (sKey == nullptr || *sKey == '\0')
         return Acad::eInvalidKey;
     m_summary.custom.emplace_back(sKey, sValue == nullptr ? "" : sValue);
@@ -173,8 +153,7 @@ Acad::ErrorStatus SummaryInfo::addCustomSummaryInfo(const char* sKey, const char
 
 Acad::ErrorStatus SummaryInfo::deleteCustomSummaryInfo(int iIndex)
 {
-    if (callFails("AcDbDatabaseSummaryInfo::deleteCustomSummaryInfo") || iIndex < 0 ||
-        iIndex >= std::ssize(m_summary.custom))
+    if (iIndex < 0 || iIndex >= std::ssize(m_summary.custom))
         return Acad::eInvalidIndex;
     m_summary.custom.erase(m_summary.custom.begin() + iIndex);
     return Acad::eOk;

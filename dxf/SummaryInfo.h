@@ -4,6 +4,7 @@
 // it. From R2004 on that is the header; before, an XRECORD named DWGPROPS in the
 // named objects. Drawings older than that keep it in the header too.
 
+#include "dxf/Memory.h"
 #include "objectarx/summinfo.h"
 
 #include <array>
@@ -74,10 +75,8 @@ public:
     Acad::ErrorStatus deleteCustomSummaryInfo(int iIndex) override;
 
 private:
-    Acad::ErrorStatus get(const char* sCall, Summary::Field field, char*& sValue) const;
-    Acad::ErrorStatus set(const char* sCall, Summary::Field field, const char* sValue);
-
     Summary m_summary;
+    HandedOut m_handedOut;
 };
 
 }  // namespace dxf

@@ -31,7 +31,7 @@ AcGePoint3d TextFace<Base>::point(int code) const
 template <class Base>
 char* TextFace<Base>::textString() const
 {
-    if (callFails("AcDbText::textString") || !this->mayRead())
+    if (!this->mayRead())
         return nullptr;
     return newString(1);
 }
@@ -39,8 +39,6 @@ char* TextFace<Base>::textString() const
 template <class Base>
 Acad::ErrorStatus TextFace<Base>::setTextString(const char* sText)
 {
-    if (callFails("AcDbText::setTextString"))
-        return Acad::eInvalidInput;
     if (sText == nullptr)
         return Acad::eInvalidInput;
     AcDbStub& target = this->node();
@@ -109,7 +107,7 @@ template class TextFace<AcDbAttribute>;
 
 char* Attribute::tag() const
 {
-    if (callFails("AcDbAttribute::tag") || !mayRead())
+    if (!mayRead())
         return nullptr;
     return newString(2);
 }

@@ -12,7 +12,8 @@ void forEachDocument(Call call)
 {
     const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
     for (; pIterator != nullptr && !pIterator->done(); pIterator->step())
-        call(pIterator->document());
+        if (AcApDocument* pDocument = pIterator->document())
+            call(pDocument);
 }
 
 // By the pointer alone, for a document that may be gone.

@@ -4,7 +4,7 @@ import re
 import sys
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
-ROWS = {"": "library settings reactors tabs additions module",
+ROWS = {"": "library dxf host settings reactors tabs additions module",
         "library/": "text network system controls diagnostics registry mail drawing files titleblock expansion maintenance"}
 faults = []
 for prefix, row in ROWS.items():

@@ -32,8 +32,6 @@ Acad::ErrorStatus CommandStack::addCommand(const char* sGroupName, const char* s
 {
     if (pCmdPtrRet != nullptr)
         *pCmdPtrRet = nullptr;
-    if (Faults::hit("AcEdCommandStack::addCommand"))
-        return Acad::eOutOfMemory;
     if (sGroupName == nullptr || *sGroupName == '\0' || !isName(sGlobalName) || !isName(sLocalName) ||
         functionAddr == nullptr)
         return Acad::eInvalidInput;

@@ -1,5 +1,6 @@
 #include "host/application/DocumentManager.h"
 
+#include "dxf/Memory.h"
 #include "host/application/DocumentWindows.h"
 #include "host/application/Editor.h"
 #include "host/drawing/Assumptions.h"
@@ -12,12 +13,10 @@
 
 namespace host {
 
-namespace {
-
 // The documents at the time it was made; those closed since are passed over.
-class Iterator final : public AcApDocumentIterator {
+class DocumentIterator final : public AcApDocumentIterator {
 public:
-    Iterator(const DocumentManager& manager, std::vector<AcApDocument*> documents)
+    DocumentIterator(const DocumentManager& manager, std::vector<AcApDocument*> documents)
         : m_manager(manager), m_documents(std::move(documents))
     {
         skipClosed();
@@ -41,9 +40,8 @@ private:
     const DocumentManager& m_manager;
     std::vector<AcApDocument*> m_documents;
     std::size_t m_next = 0;
+    HandedOut m_handedOut;
 };
-
-}  // namespace
 
 DocumentManager::~DocumentManager()
 {
@@ -53,8 +51,6 @@ DocumentManager::~DocumentManager()
 
 AcApDocument* DocumentManager::document(const AcDbDatabase* pDatabase) const
 {
-    if (Faults::hit("AcApDocManager::document"))
-        return nullptr;
     for (const auto& document : m_documents)
         if (pDatabase != nullptr && document->database() == pDatabase)
             return document.get();
@@ -63,12 +59,10 @@ AcApDocument* DocumentManager::document(const AcDbDatabase* pDatabase) const
 
 AcApDocumentIterator* DocumentManager::newAcApDocumentIterator()
 {
-    if (Faults::hit("AcApDocManager::newAcApDocumentIterator"))
-        return nullptr;
     std::vector<AcApDocument*> documents;
     for (const auto& document : m_documents)
         documents.push_back(document.get());
-    return new Iterator(*this, std::move(documents));
+    return new DocumentIterator(*this, std::move(documents));
 }
 
 bool DocumentManager::owns(const AcApDocument* pDocument) const
@@ -94,8 +88,6 @@ Acad::ErrorStatus DocumentManager::setActivation(bool enabled)
 
 Acad::ErrorStatus DocumentManager::activateDocument(AcApDocument* pDocument, bool)
 {
-    if (Faults::hit("AcApDocManager::activateDocument"))
-        return Acad::eNotApplicable;
     if (!owns(pDocument))
         return Acad::eNoDocument;
     if (!m_activationEnabled)
@@ -230,8 +222,6 @@ void DocumentManager::readAside(const std::string& sPath)
 
 Acad::ErrorStatus DocumentManager::appContextOpenDocument(const char* sPath)
 {
-    if (Faults::hit("AcApDocManager::appContextOpenDocument"))
-        return Acad::eFilerError;
     if (sPath == nullptr || *sPath == '\0')
         return Acad::eInvalidInput;
     if (!m_activationEnabled)
@@ -324,8 +314,6 @@ void DocumentManager::refreshWindow(Document& document)
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, const char* sCommand, bool bActivate,
                                                        bool, bool bEchoString)
 {
-    if (Faults::hit("AcApDocManager::sendStringToExecute"))
-        return Acad::eNotApplicable;
     if (!owns(pDocument))
         return Acad::eNoDocument;
     if (sCommand == nullptr)

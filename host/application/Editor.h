@@ -23,21 +23,10 @@ public:
         m_reactors.notify(notification, arguments...);
     }
 
-    void databaseConstructed(Database& database) override { notify(&AcEditorReactor::databaseConstructed, &database); }
     void databaseToBeDestroyed(Database& database) override
     {
         notify(&AcEditorReactor::databaseToBeDestroyed, &database);
     }
-    void xrefToBeAttached(Database& to, const std::string& sPath, AcDbDatabase& from) override
-    {
-        notify(&AcEditorReactor::beginAttach, &to, sPath.c_str(), &from);
-    }
-    void xrefAttached(Database& to) override { notify(&AcEditorReactor::endAttach, &to); }
-    void xrefToBeRestored(Database& to, const std::string& sName, AcDbDatabase& from) override
-    {
-        notify(&AcEditorReactor::beginRestore, &to, sName.c_str(), &from);
-    }
-    void xrefRestored(Database& to) override { notify(&AcEditorReactor::endRestore, &to); }
 
 private:
     Listeners<AcEditorReactor> m_reactors;

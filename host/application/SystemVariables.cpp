@@ -15,7 +15,6 @@ namespace {
 
 enum class Scope {
     session,  // settable, the host's own
-    fixed,    // read-only, the host's own
     drawing,  // read-only, worked out from the drawing
     header,   // settable, kept in the drawing
 };
@@ -28,14 +27,10 @@ struct Definition {
 };
 
 constexpr Definition kDefinitions[] = {
-    {"ACADVER", RTSTR, Scope::fixed, ""},        {"PRODUCT", RTSTR, Scope::fixed, ""},
-    {"SDI", RTSHORT, Scope::session, "0"},       {"TREEMAX", RTLONG, Scope::session, "10000000"},
-    {"USERS1", RTSTR, Scope::session, ""},       {"DBMOD", RTSHORT, Scope::drawing, "0"},
-    {"DWGNAME", RTSTR, Scope::drawing, ""},      {"DWGPREFIX", RTSTR, Scope::drawing, ""},
-    {"DWGTITLED", RTSHORT, Scope::drawing, "0"}, {"ORTHOMODE", RTSHORT, Scope::header, "0"},
-    {"LTSCALE", RTREAL, Scope::header, "1"},     {"LIMMIN", RTPOINT, Scope::header, "0,0"},
-    {"LIMMAX", RTPOINT, Scope::header, "12,9"},  {"INSBASE", RT3DPOINT, Scope::header, "0,0,0"},
-    {"PROJECTNAME", RTSTR, Scope::header, ""},
+    {"SDI", RTSHORT, Scope::session, "0"},     {"TREEMAX", RTLONG, Scope::session, "10000000"},
+    {"USERS1", RTSTR, Scope::session, ""},     {"DBMOD", RTSHORT, Scope::drawing, "0"},
+    {"DWGPREFIX", RTSTR, Scope::drawing, ""},  {"LTSCALE", RTREAL, Scope::header, "1"},
+    {"LIMMIN", RTPOINT, Scope::header, "0,0"}, {"INSBASE", RT3DPOINT, Scope::header, "0,0,0"},
 };
 
 const Definition* definitionOf(const std::string& sName)
@@ -53,15 +48,6 @@ VariableValue initialValue(const Definition& definition)
     VariableValue value;
     value.type = definition.type;
     SystemVariables::fromText(definition.initial, value);
-    return value;
-}
-
-VariableValue fixedValue(const std::string& sName)
-{
-    const AcDbHostApplicationServices& services = *acdbHostApplicationServices();
-    VariableValue value;
-    value.type = RTSTR;
-    value.text = sName == "PRODUCT" ? services.product() : services.releaseMajorMinorString();
     return value;
 }
 
@@ -116,8 +102,6 @@ std::optional<VariableValue> SystemVariables::get(const std::string& sName) cons
     const Definition* const pDefinition = definitionOf(sName);
     if (pDefinition == nullptr)
         return std::nullopt;
-    if (pDefinition->scope == Scope::fixed)
-        return fixedValue(pDefinition->name);
     if (pDefinition->scope == Scope::session) {
         const auto changed = m_session.find(pDefinition->name);
         return changed != m_session.end() ? changed->second : initialValue(*pDefinition);
@@ -137,18 +121,10 @@ std::optional<VariableValue> SystemVariables::drawingValue(const std::string& sN
         value.number = drawing.dbmod();
         return value;
     }
-    const AcApDocument* const pDocument = m_documents.document(&drawing);
-    const std::string sPath = pDocument != nullptr ? pDocument->fileName() : drawing.path();
-    const bool titled = pDocument != nullptr ? static_cast<const Document*>(pDocument)->isTitled() : !sPath.empty();
-    if (sName == "DWGTITLED") {
-        value.number = titled ? 1 : 0;
-        return value;
-    }
+    const auto* const pDocument = static_cast<const Document*>(m_documents.document(&drawing));
+    const std::string sPath = pDocument != nullptr && pDocument->isTitled() ? pDocument->fileName() : drawing.path();
     value.type = RTSTR;
-    if (sName == "DWGNAME")
-        value.text = nameOf(sPath);
-    else
-        value.text = titled ? folderOf(sPath) : currentFolder();
+    value.text = sPath.empty() ? currentFolder() : folderOf(sPath);
     return value;
 }
 
@@ -157,7 +133,7 @@ SystemVariables::SetResult SystemVariables::set(const std::string& sName, const 
     const Definition* const pDefinition = definitionOf(sName);
     if (pDefinition == nullptr)
         return SetResult::unknown;
-    if (pDefinition->scope == Scope::drawing || pDefinition->scope == Scope::fixed)
+    if (pDefinition->scope == Scope::drawing)
         return SetResult::readOnly;
     if (pDefinition->type != value.type)
         return SetResult::wrongType;

@@ -77,6 +77,8 @@ int acedSetVar(const char* sName, const resbuf* pValue)
 
 int acutPrintf(const char* sFormat, ...)
 {
+    if (host::Faults::hit("acutPrintf"))
+        return RTERROR;
     constexpr std::size_t longest = 132;
     char text[longest + 1];
     va_list arguments;

@@ -87,7 +87,8 @@ void fault(Application& application, const Arguments& a)
         Faults::clear();
         return;
     }
-    Faults::failNth(a.text(0), a.integer(1));
+    if (!Faults::failNth(a.text(0), a.integer(1)))
+        throw CommandError("No call is named " + a.text(0) + ".");
 }
 
 void help(Application& application, const Arguments&)

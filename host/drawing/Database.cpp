@@ -20,7 +20,6 @@ Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool
     : Drawing(std::move(file), sPath), m_undo(std::make_unique<UndoList>(*this, 0))
 {
     resolveXrefs(*this, loadXrefs);
-    s_pObserver->databaseConstructed(*this);
 }
 
 Database::~Database()
@@ -52,24 +51,15 @@ std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::
 
 void Database::setObserver(DatabaseObserver* pObserver) { s_pObserver = pObserver != nullptr ? pObserver : &s_nobody; }
 
-DatabaseObserver& Database::observer() { return *s_pObserver; }
-
 Database* Database::of(const AcDbDatabase* pDatabase)
 {
     // The host makes every database there is.
     return const_cast<Database*>(static_cast<const Database*>(pDatabase));
 }
 
-Acad::ErrorStatus Database::addReactor(AcDbDatabaseReactor* pReactor) const
-{
-    return Faults::hit("AcDbDatabase::addReactor") ? Acad::eOutOfMemory : m_reactors.add(pReactor);
-}
+Acad::ErrorStatus Database::addReactor(AcDbDatabaseReactor* pReactor) const { return m_reactors.add(pReactor); }
 
-Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const
-{
-    const Acad::ErrorStatus status = m_reactors.remove(pReactor);
-    return Faults::hit("AcDbDatabase::removeReactor") ? Acad::eKeyNotFound : status;
-}
+Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const { return m_reactors.remove(pReactor); }
 
 void Database::save(const std::string& sPath)
 {

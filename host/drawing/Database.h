@@ -21,12 +21,7 @@ class UndoList;
 class DatabaseObserver {
 public:
     virtual ~DatabaseObserver() = default;
-    virtual void databaseConstructed(Database&) {}
     virtual void databaseToBeDestroyed(Database&) {}
-    virtual void xrefToBeAttached(Database& /*to*/, const std::string& /*sPath*/, AcDbDatabase& /*from*/) {}
-    virtual void xrefAttached(Database& /*to*/) {}
-    virtual void xrefToBeRestored(Database& /*to*/, const std::string& /*sName*/, AcDbDatabase& /*from*/) {}
-    virtual void xrefRestored(Database& /*to*/) {}
 };
 
 class Database final : public Drawing {
@@ -42,7 +37,6 @@ public:
     void loadXrefs();
     // At most one; null for none.
     static void setObserver(DatabaseObserver* pObserver);
-    static DatabaseObserver& observer();
     // The implementation behind an API pointer; null for null.
     static Database* of(const AcDbDatabase* pDatabase);
 

@@ -54,7 +54,6 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
     std::unique_ptr<Drawing> xref;
     if (const Acad::ErrorStatus status = load(*this, sPath, xref); status != Acad::eOk)
         return status;
-    observer().xrefToBeAttached(*this, sPath, *xref);
     std::vector<DxfRecord*> records;
     unsigned long long handle = graph().newHandle();
     if (DxfRecord* pEnd = tableRecord(file(), "")) {
@@ -82,9 +81,7 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
     node.xref = std::move(xref);
     node.status = AcDb::kXrfResolved;
     m_undo->appended({&node}, records);
-    const Acad::ErrorStatus status = insertBlock(sName, 0.0, 0.0);
-    observer().xrefAttached(*this);
-    return status;
+    return insertBlock(sName, 0.0, 0.0);
 }
 
 Acad::ErrorStatus Database::reloadXref(const std::string& sName)
@@ -95,11 +92,9 @@ Acad::ErrorStatus Database::reloadXref(const std::string& sName)
     std::unique_ptr<Drawing> xref;
     if (const Acad::ErrorStatus status = load(*this, pBlock->xrefPath, xref); status != Acad::eOk)
         return status;
-    observer().xrefToBeRestored(*this, sName, *xref);
     pBlock->xref = std::move(xref);
     pBlock->status = AcDb::kXrfResolved;
     m_undo->changeObject(*pBlock, std::string(pBlock->record->text()));
-    observer().xrefRestored(*this);
     return Acad::eOk;
 }
 

@@ -24,13 +24,14 @@ State& state()
 
 }  // namespace
 
-void Faults::failNth(const std::string& sName, int n) { throwNth(sName, n, nullptr); }
-
-void Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
+bool Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
 {
+    if (!prepare(sName))
+        return false;
     state() = {sName, n, 0, false, pThrow};
     s_armed = true;
     dxf::pCallFails = &hitArmed;
+    return true;
 }
 
 void Faults::clear()

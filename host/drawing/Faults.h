@@ -1,21 +1,24 @@
 #pragma once
 
 // Fault injection: makes the n-th call of an API function fail, by its error
-// status or by an exception. Every entry point of the host's API asks once, by
-// its own name ("acdbGetSummaryInfo", "AcDbBlockTable::getAt").
+// status or by an exception; a notification of that name is not sent. A call's name
+// is "acdbGetSummaryInfo" or "AcDbBlockTable::getAt".
 
+#include <cstring>
 #include <string>
+
+class AcRxClass;
 
 namespace host {
 
 class Faults {
 public:
     // The n-th call from now on (1 is the next) of the named function fails; the
-    // name "*" counts the calls of all. One fault at a time.
-    static void failNth(const std::string& sName, int n);
+    // name "*" counts the calls of all. One fault at a time. False for an unknown name.
+    static bool failNth(const std::string& sName, int n) { return throwNth(sName, n, nullptr); }
     // As before, but the call throws: the function throws what it likes. For use
     // in process only.
-    static void throwNth(const std::string& sName, int n, void (*pThrow)());
+    static bool throwNth(const std::string& sName, int n, void (*pThrow)());
     // Ends injection; what count() answers stays.
     static void clear();
 
@@ -25,9 +28,22 @@ public:
 
     // For the entry points: true when this call has to fail.
     static bool hit(const char* sName) { return s_armed && hitArmed(sName); }
+    // True when this notification has to be left out.
+    template <class Reactor, class... Parameters>
+    static bool leavesOut(void (Reactor::*notification)(Parameters...))
+    {
+        if (!s_armed)
+            return false;
+        std::size_t place = 0;  // of a virtual function the first word is its offset, and 1
+        std::memcpy(&place, &notification, sizeof place);
+        return withholds(Reactor::desc(), place / sizeof(void*));
+    }
 
 private:
     static bool hitArmed(const char* sName);
+    // False for an unknown name.
+    static bool prepare(const std::string& sName);
+    static bool withholds(const AcRxClass* pReactor, std::size_t place);
     static bool s_armed;
 };
 

@@ -18,11 +18,7 @@ HostServices& services()
 
 AcDbDatabase* HostServices::workingDatabase() const { return m_pWorking; }
 
-void HostServices::setWorkingDatabase(AcDbDatabase* pDatabase)
-{
-    if (!Faults::hit("AcDbHostApplicationServices::setWorkingDatabase"))
-        m_pWorking = pDatabase;
-}
+void HostServices::setWorkingDatabase(AcDbDatabase* pDatabase) { m_pWorking = pDatabase; }
 
 void forgetWorkingDatabase(const AcDbDatabase* pDatabase)
 {

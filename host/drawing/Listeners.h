@@ -5,6 +5,7 @@
 // is being notified: one removed hears nothing more, one added hears from the next
 // notification on.
 
+#include "host/drawing/Faults.h"
 #include "objectarx/acadstrc.h"
 
 #include <algorithm>
@@ -44,6 +45,8 @@ public:
     template <class... Parameters, class... Arguments>
     void notify(void (Reactor::*notification)(Parameters...), Arguments... arguments)
     {
+        if (Faults::leavesOut(notification))
+            return;
         const Depth depth(*this);
         const std::size_t count = m_reactors.size();
         for (std::size_t i = 0; i < count; ++i)

@@ -1,15 +1,19 @@
 #include "host/observation/ResourceCount.h"
 
+#include "dxf/Memory.h"
 #include "library/system/Handles.h"
 
 #include <windows.h>
 #include <tlhelp32.h>
 
 #include <cstdint>
+#include <string_view>
 
 namespace host::observation {
 
 namespace {
+
+constexpr std::uintptr_t kMostHandles = 0x4000;
 
 // Older Wines answer 0 to GetGuiResources; the table that the process shares with
 // the system is found through its environment block. Its layout is that of Windows
@@ -61,6 +65,27 @@ long loadedModules()
     return count;
 }
 
+// Whatever handle there can be is asked for its type.
+void countHandles(long& handles, long& keys)
+{
+    struct TypeInformation {
+        USHORT length;
+        USHORT capacity;
+        const wchar_t* name;
+        char rest[1024];
+    };
+    constexpr ULONG kType = 2;
+    const auto query = reinterpret_cast<LONG(WINAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*)>(
+        reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleA("ntdll.dll"), "NtQueryObject")));
+    for (std::uintptr_t handle = 4; handle < kMostHandles; handle += 4) {
+        TypeInformation type{};
+        if (query(reinterpret_cast<HANDLE>(handle), kType, &type, sizeof type, nullptr) != 0)
+            continue;
+        ++handles;
+        keys += std::wstring_view(type.name, type.length / sizeof(wchar_t)) == L"Key";
+    }
+}
+
 BOOL CALLBACK countChild(HWND, LPARAM count)
 {
     ++*reinterpret_cast<long*>(count);
@@ -84,6 +109,8 @@ ResourceCount ResourceCount::now()
     count.menus = menuHandles();
     count.modules = loadedModules();
     count.heap = heapBlocks();
+    countHandles(count.handles, count.keys);
+    count.api = dxf::liveAllocations();
     return count;
 }
 
@@ -104,7 +131,8 @@ long ResourceCount::heapBlocks()
 
 bool ResourceCount::sameObjects(const ResourceCount& other) const
 {
-    return gdi == other.gdi && windows == other.windows && menus == other.menus && modules == other.modules;
+    return gdi == other.gdi && windows == other.windows && menus == other.menus && modules == other.modules &&
+           keys == other.keys && api == other.api;
 }
 
 std::string ResourceCount::text() const
@@ -113,7 +141,7 @@ std::string ResourceCount::text() const
         return std::string(" ") + name + "=" + std::to_string(value);
     };
     return "resources:" + part("gdi", gdi) + part("windows", windows) + part("menus", menus) + part("heap", heap) +
-           part("modules", modules);
+           part("modules", modules) + part("handles", handles) + part("keys", keys) + part("api", api);
 }
 
 }  // namespace host::observation

@@ -14,12 +14,15 @@ struct ResourceCount {
     long menus = 0;
     long heap = 0;     // busy blocks of all heaps
     long modules = 0;  // loaded into the process
+    long handles = 0;  // of the system's kernel, those of keys included
+    long keys = 0;     // of the registry, open
+    long api = 0;      // what the API handed out and nobody has freed yet
 
     static ResourceCount now();
     // Blocks in use, those of the counting itself left out.
     static long heapBlocks();
 
-    // Everything but the heap, whose caches settle only slowly.
+    // Everything but the heap and the handles, whose caches settle only slowly.
     bool sameObjects(const ResourceCount& other) const;
     // The RESOURCES command's line.
     std::string text() const;

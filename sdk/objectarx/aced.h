@@ -15,7 +15,6 @@ public:
 
     // The drawing's contents are read and its document owns it.
     virtual void dwgFileOpened(AcDbDatabase*, char* /*fileName*/) {}
-    virtual void databaseConstructed(AcDbDatabase*) {}
     virtual void databaseToBeDestroyed(AcDbDatabase*) {}
     virtual void beginSave(AcDbDatabase*, const char* /*intendedName*/) {}
     // The file is written, and the document carries its new name and state.
@@ -27,10 +26,6 @@ public:
     // The drawing was to be closed, and stays: a person said so when asked.
     virtual void docCloseAborted(AcDbDatabase*) {}
     // An external reference is attached, or read anew.
-    virtual void beginAttach(AcDbDatabase* /*pTo*/, const char* /*fileName*/, AcDbDatabase* /*pFrom*/) {}
-    virtual void endAttach(AcDbDatabase* /*pTo*/) {}
-    virtual void beginRestore(AcDbDatabase* /*pTo*/, const char* /*blockName*/, AcDbDatabase* /*pFrom*/) {}
-    virtual void endRestore(AcDbDatabase* /*pTo*/) {}
 };
 
 class AcEditor : public AcRxObject {

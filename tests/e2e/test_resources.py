@@ -15,17 +15,21 @@ class ResourcesTest(HostTest):
         lines = [line for line in transcript.lines if line.startswith("resources: ")]
         return [{name: int(value) for name, value in re.findall(r"(\w+)=(\d+)", line)} for line in lines]
 
-    def compare(self, before, after):
-        # A single block a cycle would be hundreds; Windows' own caches settle late.
+    def compare(self, before, after, handles_that_stay=0):
+        # A single block or handle a cycle would be hundreds; Windows' own caches settle late.
         heap = after.pop("heap") - before.pop("heap")
+        handles = after.pop("handles") - before.pop("handles")
         self.assertEqual(after, before)
+        self.assertGreater(before["keys"], 0)
+        self.assertLess(handles, handles_that_stay + 20)
         self.assertGreater(before["gdi"] * before["windows"] * before["menus"] * before["modules"], 0)
         self.assertLess(heap, 20)
 
     def test_loading_and_unloading_leaves_nothing(self):
+        # One handle of the kernel stays with each load, no key of the registry: two would be seen.
         cycle = [LOAD, UNLOAD]
         self.compare(*self.counts(["OPEN Projects/Riverside/Drawings/A-101.dwg", *cycle * 3, "RESOURCES",
-                                   *cycle * CYCLES, "RESOURCES"]))
+                                   *cycle * CYCLES, "RESOURCES"]), handles_that_stay=CYCLES)
 
     def test_opening_and_closing_drawings_leaves_nothing(self):
         # Titled, with a title block and xrefs, and with neither; what is kept a file name is kept once.

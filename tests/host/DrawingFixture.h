@@ -1,9 +1,10 @@
 #pragma once
 
-// What the tests of drawings share: the files of a folder, DXF text from short
-// notes, and a reactor that writes down what it hears.
+// What the tests of drawings share: the files of a folder, a border, and a reactor that
+// writes down what it hears.
 
 #include "host/drawing/Database.h"
+#include "tests/support/DrawingText.h"
 #include "tests/support/TestFolder.h"
 
 #include "objectarx/dbents.h"
@@ -11,7 +12,6 @@
 
 #include <windows.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -32,27 +32,6 @@ inline void listFiles(const std::string& sFolder, const std::string& sEnding, st
         }
     } while (FindNextFileA(find, &data));
     FindClose(find);
-}
-
-// DXF text from tags written "code=value", separated by bars.
-inline std::string dxfText(const std::string& sNotes, const std::string& sEnd = "\r\n")
-{
-    std::istringstream notes(sNotes);
-    std::string sText, sTag;
-    while (std::getline(notes, sTag, '|')) {
-        const std::size_t equals = sTag.find('=');
-        sText += sTag.substr(0, equals) + sEnd + sTag.substr(equals + 1) + sEnd;
-    }
-    return sText;
-}
-
-// A drawing around blocks and entities: header variables, then both.
-inline std::string drawing(const std::string& sVersion, const std::string& sHeader, const std::string& sBlocks,
-                           const std::string& sEntities, const std::string& sEnd = "\r\n")
-{
-    return dxfText("0=SECTION|2=HEADER|9=$ACADVER|1=" + sVersion + sHeader + "|0=ENDSEC|0=SECTION|2=BLOCKS" + sBlocks +
-                       "|0=ENDSEC|0=SECTION|2=ENTITIES" + sEntities + "|0=ENDSEC|0=EOF",
-                   sEnd);
 }
 
 // A border with two attributes, inserted once.

@@ -6,12 +6,11 @@ using host::Database;
 
 namespace {
 
-std::unique_ptr<Database> border(const CTestFolder& folder, const std::string& sVersion = "AC1018",
-                                 const std::string& sHeader = "")
+std::unique_ptr<Database> border(const CTestFolder& folder)
 {
-    const std::string sBytes =
-        drawing(sVersion, "|9=$HANDSEED|5=99|9=$LTSCALE|40=1.0" + sHeader, kBorderBlock, kBorderInsert);
-    return Database::open(folder.write("border.dwg", sBytes));
+    DrawingText text("AC1018");
+    text.header("|9=$HANDSEED|5=99|9=$LTSCALE|40=1.0").blocks(kBorderBlock).entities(kBorderInsert);
+    return Database::open(folder.write("border.dwg", text.str()));
 }
 
 }  // namespace

@@ -4,24 +4,11 @@
 
 using host::Database;
 
-namespace {
-
-std::unique_ptr<Database> opened(const CTestFolder& folder, const std::string& sBytes)
-{
-    return Database::open(folder.write("drawing.dwg", sBytes));
-}
-
-std::unique_ptr<Database> border(const CTestFolder& folder, const std::string& sVersion = "AC1015")
-{
-    return opened(folder, drawing(sVersion, "|9=$HANDSEED|5=99", kBorderBlock, kBorderInsert));
-}
-
-}  // namespace
-
 TEST_CASE("opening and closing are strict")
 {
     const CTestFolder folder;
-    std::unique_ptr<Database> database = border(folder);
+    const DrawingText text = DrawingText().border("BORDER", {{"NUMBER", "A-1"}});
+    std::unique_ptr<Database> database = Database::open(folder.write("drawing.dwg", text.str()));
     const AcDbObjectId id = references(*database, "BORDER").at(0);
     AcDbObject *pFirst = nullptr, *pSecond = nullptr;
     REQUIRE(acdbOpenAcDbObject(pFirst, id, AcDb::kForRead) == Acad::eOk);

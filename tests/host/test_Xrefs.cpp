@@ -6,11 +6,6 @@ using host::Database;
 
 namespace {
 
-std::string xrefBlock(const std::string& sName, const std::string& sPath, const std::string& sMore = "")
-{
-    return "|0=BLOCK|8=0|2=" + sName + "|70=36|1=" + sPath + sMore + "|0=ENDBLK|8=0";
-}
-
 struct Xref {
     AcDb::XrefStatus status = AcDb::kXrfNotAnXref;
     AcDbDatabase* database = nullptr;
@@ -35,12 +30,12 @@ Xref xrefOf(Database& database, const char* sName)
 TEST_CASE("an xref's status and database follow what its path leads to")
 {
     const CTestFolder folder;
-    const std::string sEmpty = drawing("AC1015", "", "", "");
-    folder.write("good.dwg", sEmpty);
+    folder.write("good.dwg", DrawingText().str());
     folder.write("bad.dwg", "no drawing\n");
-    folder.write("nested.dwg", drawing("AC1015", "", xrefBlock("inner", "good.dwg"), "|0=INSERT|8=0|2=inner"));
+    folder.write("nested.dwg", DrawingText().xref("inner", "good.dwg").insert("inner").str());
     const std::string sHost = folder.path("host.dwg");
-    std::string sBlocks = "|0=BLOCK|8=0|2=plain|70=0|0=ENDBLK|8=0", sEntities;
+    DrawingText text;
+    text.block("plain");
     const struct {
         const char* name;
         std::string path;
@@ -59,11 +54,14 @@ TEST_CASE("an xref's status and database follow what its path leads to")
         {"unused", "good.dwg", AcDb::kXrfUnreferenced, folder.path("good.dwg")},
     };
     for (const auto& row : rows) {
-        sBlocks += xrefBlock(row.name, row.path, row.status == AcDb::kXrfUnloaded ? "|71=1" : "");
+        if (row.status == AcDb::kXrfUnloaded)
+            text.blocks("|0=BLOCK|8=0|2=unloaded|70=36|1=" + row.path + "|71=1|0=ENDBLK|8=0");
+        else
+            text.xref(row.name, row.path);
         if (row.status != AcDb::kXrfUnreferenced)
-            sEntities += std::string("|0=INSERT|8=0|2=") + row.name;
+            text.insert(row.name);
     }
-    folder.write("host.dwg", drawing("AC1015", "", sBlocks, sEntities));
+    folder.write("host.dwg", text.str());
     std::unique_ptr<Database> database = Database::open(sHost);
     CHECK(xrefOf(*database, "plain").status == AcDb::kXrfNotAnXref);
     for (const auto& row : rows) {
@@ -86,7 +84,7 @@ TEST_CASE("an xref's status and database follow what its path leads to")
 TEST_CASE("an xref is attached, kept in the file, and detached, each one undo step")
 {
     const CTestFolder folder;
-    folder.write("grid.dwg", drawing("AC1009", "", "", ""));
+    folder.write("grid.dwg", DrawingText().str());
     folder.write("bad.dwg", "no drawing\n");
     std::unique_ptr<Database> database = Database::createNew();
     database->save(folder.path("host.dwg"));

@@ -35,29 +35,6 @@ TEST_CASE_FIXTURE(HostFixture, "a command is found by local name, and by global 
     CHECK(acedRegCmds->addCommand("G", "two words", "x", 0, count) == Acad::eInvalidInput);
 }
 
-TEST_CASE_FIXTURE(HostFixture, "a typed line runs when the host is idle, also without a drawing")
-{
-    const HWND pane = ::GetDlgItem(application.frame().m_hWnd, 0xE801);
-    const HWND input = ::GetDlgItem(pane, 2);
-    const auto type = [&](const char* sLine) {
-        ::SetWindowTextA(input, sLine);
-        ::PostMessageA(input, WM_KEYDOWN, VK_RETURN, 1);
-    };
-    type("new");
-    CHECK(documents().count() == 0);
-    application.pumpUntilIdle();
-    CHECK(documents().count() == 1);
-    type("line 0 0 1 1");
-    application.pumpUntilIdle();
-    CHECK(documents().at(0).isModified());
-    // What is typed over the drawing arrives in the line.
-    const HWND view =
-        reinterpret_cast<HWND>(::SendMessageA(application.frame().m_hWndMDIClient, WM_MDIGETACTIVE, 0, 0));
-    ::PostMessageA(view, WM_CHAR, 'l', 1);
-    application.pumpUntilIdle();
-    CHECK(::GetWindowTextLengthA(input) == 1);
-}
-
 TEST_CASE_FIXTURE(HostFixture, "a print is cut at 132 characters")
 {
     application.commandLine().history().clear();

@@ -71,10 +71,6 @@ public:
         events.push_back("saveComplete " + sPath.substr(sPath.rfind('\\') + 1) + " of " +
                          nameOf(acDocManager->document(pDatabase)));
     }
-    void beginAttach(AcDbDatabase*, const char*, AcDbDatabase*) override { events.push_back("beginAttach"); }
-    void endAttach(AcDbDatabase*) override { events.push_back("endAttach"); }
-    void beginRestore(AcDbDatabase*, const char*, AcDbDatabase*) override { events.push_back("beginRestore"); }
-    void endRestore(AcDbDatabase*) override { events.push_back("endRestore"); }
     void abortSave(AcDbDatabase*) override { events.push_back("abortSave"); }
     void beginDxfIn(AcDbDatabase*) override { events.push_back("beginDxfIn"); }
     void abortDxfIn(AcDbDatabase*) override { events.push_back("abortDxfIn"); }
@@ -175,24 +171,6 @@ TEST_CASE_FIXTURE(RecordedHost, "saving and importing are announced, also when t
     REQUIRE(run("SAVECOPY " + path("copy.sv$")));
     CHECK(take() == Events{"beginSave", "saveComplete copy.sv$ of b.dwg"});
     CHECK(documents().at(0).isModified());
-}
-
-TEST_CASE_FIXTURE(RecordedHost, "references are announced when they come and are read anew, and go with their drawing")
-{
-    REQUIRE(run("OPEN " + drawing("a.dwg")));
-    const std::string sGrid = drawing("grid.dwg");
-    take();
-    REQUIRE(run("XATTACH " + sGrid));
-    CHECK(take() == Events{"beginAttach", "endAttach"});
-    REQUIRE(run("QSAVE"));
-    take();
-    REQUIRE(run("XRELOAD grid"));
-    CHECK(take() == Events{"beginRestore", "databaseToBeDestroyed", "endRestore"});
-    CHECK(documents().at(0).isModified());
-    REQUIRE(run("UNDO"));
-    CHECK_FALSE(documents().at(0).isModified());
-    REQUIRE(run("XDETACH grid"));
-    CHECK(take() == Events{});
 }
 
 TEST_CASE_FIXTURE(RecordedHost, "a drawing that does not open changes nothing but a message")

@@ -1,9 +1,10 @@
 #pragma once
 
 // A small drawing as text, put together by a test: header variables, blocks, inserts
-// with attributes, external references.
+// with attributes, external references; or, where a test is about the file itself, tags
+// as notes: "|code=value|code=value".
 
-#include <initializer_list>
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +15,12 @@ public:
 
     // A block's flags.
     enum Flags { Anonymous = 1, HasAttributes = 2, Xref = 4, Resolved = 32 };
+
+    explicit DrawingText(const std::string& sVersion = "AC1018") : m_sVersion(sVersion) {}
+
+    DrawingText& header(const std::string& sNotes) { return addNotes(m_sHeader, sNotes); }
+    DrawingText& blocks(const std::string& sNotes) { return addNotes(m_sBlocks, sNotes); }
+    DrawingText& entities(const std::string& sNotes) { return addNotes(m_sEntities, sNotes); }
 
     DrawingText& variable(const std::string& sName, const std::string& sValue, const char* sCode = "1")
     {
@@ -59,7 +66,7 @@ public:
 
     std::string str() const
     {
-        return section("HEADER", tag("9", "$ACADVER") + tag("1", "AC1018") + tag("9", "$DWGCODEPAGE") +
+        return section("HEADER", tag("9", "$ACADVER") + tag("1", m_sVersion) + tag("9", "$DWGCODEPAGE") +
                                      tag("3", "ANSI_1252") + m_sHeader) +
                section("BLOCKS", m_sBlocks) + section("ENTITIES", m_sEntities) + tag("0", "EOF");
     }
@@ -76,6 +83,16 @@ private:
     static std::string point() { return tag("10", "0.0") + tag("20", "0.0") + tag("30", "0.0"); }
     static std::string text(const std::string& sText) { return point() + tag("40", "2.5") + tag("1", sText); }
 
+    DrawingText& addNotes(std::string& sSection, const std::string& sNotes)
+    {
+        for (std::size_t start = 1, end; start < sNotes.size(); start = end + 1) {
+            end = std::min(sNotes.find('|', start), sNotes.size());
+            const std::size_t equals = sNotes.find('=', start);
+            sSection += tag(sNotes.substr(start, equals - start), sNotes.substr(equals + 1, end - equals - 1));
+        }
+        return *this;
+    }
+
     std::string entity(const char* sType)
     {
         static const char digits[] = "0123456789ABCDEF";
@@ -91,6 +108,7 @@ private:
         return *this;
     }
 
+    std::string m_sVersion;
     std::string m_sHeader;
     std::string m_sBlocks;
     std::string m_sEntities;
