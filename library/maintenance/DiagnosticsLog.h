@@ -31,8 +31,8 @@ public:
     // The local time in a strftime format.
     static CString now(const char* sFormat);
 
-    // The log's path with another extension, or with none.
-    static CString companionFile(const char* sExtension);
+    // The log's path without extension, of a folder that is there: what crash dumps are named after.
+    static CString getDumpStem();
 
 private:
     CDiagnosticsLog() = default;
