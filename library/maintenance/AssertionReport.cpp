@@ -1,6 +1,5 @@
 #include "library/maintenance/AssertionReport.h"
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/PathParts.h"
@@ -9,6 +8,7 @@
 #include "library/maintenance/GUIConsole.h"
 #include "library/maintenance/StackWalker.h"
 #include "library/text/StringView.h"
+#include "library/threads/CriticalSection.h"
 
 #include <windows.h>
 

@@ -3,7 +3,7 @@
 // The diagnostics log file: a description of the machine, then one line a
 // report. The log may fail to be written, but never raises.
 
-#include "library/diagnostics/CriticalSection.h"
+#include "library/threads/CriticalSection.h"
 #include "mfc/afx.h"
 
 #include <vector>

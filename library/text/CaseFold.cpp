@@ -1,7 +1,7 @@
 #include "library/text/CaseFold.h"
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/text/CodePage.h"
+#include "library/threads/CriticalSection.h"
 
 #include <map>
 

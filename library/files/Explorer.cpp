@@ -1,4 +1,4 @@
-#include "library/system/Explorer.h"
+#include "library/files/Explorer.h"
 
 #include "library/files/FileSearch.h"
 #include "library/text/MultiByte.h"
