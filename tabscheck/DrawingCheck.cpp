@@ -224,7 +224,7 @@ std::vector<DomainFolder> findDomainFolders(std::vector<Problem>& problems)
 {
     std::vector<DomainFolder> folders;
     for (const auto& [sFolder, sKey] : Tesk::getDomainSettingsCandidates()) {
-        const std::string sPath = fullPath(sFolder.GetString());
+        const std::string sPath = Tesk::fullPath(sFolder.GetString());
         folders.push_back({sPath, Tesk::folderExists(sFolder), sKey.GetString()});
         if (!folders.back().found && !sKey.IsEmpty())
             problems.push_back({sKey.GetString(), 0, 0, true,

@@ -94,12 +94,12 @@ private:
 
     std::vector<std::string> unusedKeywords() const
     {
-        std::vector<std::string> names = Tesk::getProjectKeywords();
-        std::erase_if(names, [this](const std::string& sName) {
-            return std::any_of(m_source.project().begin(), m_source.project().end(), [&sName](const auto& entry) {
-                return entry.m_kind == CProjectEntry::Keyword && entry.m_sKey == sName;
-            });
-        });
+        std::vector<std::string> names;
+        for (const auto& [sName, block] : Tesk::kProjectKeywords)
+            if (std::none_of(m_source.project().begin(), m_source.project().end(), [&sName = sName](const auto& entry) {
+                    return entry.m_kind == CProjectEntry::Keyword && entry.m_sKey == sName;
+                }))
+                names.push_back(sName);
         return names;
     }
 
