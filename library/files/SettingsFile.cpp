@@ -1,6 +1,6 @@
 #include "library/files/SettingsFile.h"
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/PathParts.h"
 #include "library/text/MultiByte.h"

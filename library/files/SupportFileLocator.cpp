@@ -1,6 +1,5 @@
 #include "library/files/SupportFileLocator.h"
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
@@ -8,6 +7,7 @@
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/text/MultiByte.h"
+#include "library/threads/CriticalSection.h"
 
 #include <windows.h>
 
