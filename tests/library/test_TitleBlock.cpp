@@ -1,6 +1,6 @@
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
-#include "library/files/CurrentBorder.h"
+#include "library/files/SettingsFile.h"
 #include "library/text/StringView.h"
 #include "library/titleblock/ARXTitleBlock.h"
 #include "tests/library/DrawingFixture.h"
