@@ -129,6 +129,8 @@ bool Application::runNextInput()
     if (input->activate)
         m_documents.activateDocument(input->pDocument);
     m_documents.setCurrent(input->pDocument);
+    if (!input->wrapUp && input->pDocument != m_documents.active())
+        m_commandLine.printLine("\"" + input->pDocument->title() + "\" is not wrapped up.");
     if (!runLine(input->line, input->echo))
         m_script.fail();
     m_documents.setCurrent(m_documents.active());

@@ -312,7 +312,7 @@ void DocumentManager::refreshWindow(Document& document)
 }
 
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, const char* sCommand, bool bActivate,
-                                                       bool, bool bEchoString)
+                                                       bool bWrapUpInactiveDoc, bool bEchoString)
 {
     if (!owns(pDocument))
         return Acad::eNoDocument;
@@ -329,7 +329,7 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, 
     }
     std::size_t start = 0;
     for (std::size_t end; (end = text.find_first_of("\r\n", start)) != std::string::npos; start = end + 1)
-        m_input.push_back({pTarget, text.substr(start, end - start), bActivate, bEchoString});
+        m_input.push_back({pTarget, text.substr(start, end - start), bActivate, bWrapUpInactiveDoc, bEchoString});
     if (start < text.size())
         m_unfinished.emplace_back(pTarget, text.substr(start));
     return Acad::eOk;

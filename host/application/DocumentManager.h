@@ -31,6 +31,7 @@ struct QueuedInput {
     Document* pDocument;
     std::string line;
     bool activate;
+    bool wrapUp;  // of an inactive document
     bool echo;
 };
 
