@@ -4,6 +4,7 @@
 #include "bench/DialogClock.h"
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
+#include "library/expansion/KeywordExpansion.h"
 #include "module/OptionsCommand.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/acedads.h"
@@ -75,27 +76,29 @@ double addThenRemove(const Documents& documents)
     return time;
 }
 
-// Drawings of one name from as many folders, and of as many names, with the folder to be
-// added to names that are shared, and without.
+// Drawings of one name from as many folders, with the folder to be added and without. The
+// least that telling them apart takes is one expansion a drawing.
 void benchSameNames(StripSetup& setup, int iCount, int iRounds)
 {
-    for (const bool bShared : {false, true}) {
-        const auto inFolders = [&](const std::string& sGroup, const std::string& sTexts) {
-            return makeDocuments(iCount, [&](const std::string& sNumber) {
-                const std::string sFolder = sGroup + "\\" + sNumber + "\\";
-                setup.write(sFolder + "MDITabs.ini", sTexts);
-                return setup.write(sFolder + (bShared ? "Plan" : "Plan " + sNumber) + ".dwg", "");
-            });
-        };
-        const Documents on = inFolders(bShared ? "on shared" : "on", "SameNameText = \" in %X_DIRECTORY%\"\n");
-        const Documents off = inFolders(bShared ? "off shared" : "off", "");
-        const std::string sWork = "adding " + std::to_string(iCount) + (bShared ? " of one name" : " of own names");
-        compare(
-            sWork + ", SameNameText on against off", iRounds, [&] { return addThenRemove(on); },
-            [&] { return addThenRemove(off); });
-        forget(on);
-        forget(off);
-    }
+    const std::string sText = " in %X_DIRECTORY%";
+    const auto inFolders = [&](const std::string& sGroup, const std::string& sTexts) {
+        return makeDocuments(iCount, [&](const std::string& sNumber) {
+            const std::string sFolder = sGroup + "\\" + sNumber + "\\";
+            setup.write(sFolder + "MDITabs.ini", sTexts);
+            return setup.write(sFolder + "Plan.dwg", "");
+        });
+    };
+    const Documents on = inFolders("on", "SameNameText = \"" + sText + "\"\n");
+    const Documents off = inFolders("off", "");
+    const auto expandAll = [&] {
+        for (const auto& document : off)
+            Tesk::CKeywordExpansion(document->fileName(), 1, 1).expandString(sText.c_str());
+    };
+    compare(
+        "adding " + std::to_string(iCount) + " of one name, SameNameText on against off and expanded", iRounds,
+        [&] { return addThenRemove(on); }, [&] { return addThenRemove(off) + timed(1, expandAll); });
+    forget(on);
+    forget(off);
 }
 
 void benchAdding(int iCount, int iRounds)
@@ -116,6 +119,13 @@ void benchAdding(int iCount, int iRounds)
     forget(documents);
 }
 
+void fill(const BareTabs& bare)
+{
+    for (int i = 0; i < DRAWINGS; ++i)
+        bare.insert("A-" + std::to_string(100 + i), i, i);
+    ::SendMessageA(bare.window(), TCM_SETCURSEL, DRAWINGS - 1, 0);
+}
+
 void benchLayout(StripSetup& setup)
 {
     const auto pass = [&] { return timed(50, [&] { setup.frame().RecalcLayout(); }); };
@@ -126,27 +136,34 @@ void benchLayout(StripSetup& setup)
             setup.pump();
         });
     };
-    compare("layout pass, nothing moves", 9, pass, [&] { return setup.without(pass); });
-    compare("frame resized and painted", 9, resizing, [&] { return setup.without(resizing); });
-}
-
-void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs, int iDrawings = 0)
-{
-    int iTab = iFirstTab;
-    const BareMenu bare(iXrefs, iDrawings);
-    const auto rightClick = [&] {
-        const CPoint point = setup.showTab(iTab);
-        iTab += iStep;
-        return setup.untilMenu([&] {
-            m_pWndTabs->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_pWndTabs->m_hWnd),
-                                    MAKELPARAM(point.x, point.y));
+    // A bare control beside the frame, as wide and as full as the strip.
+    const auto resizingBare = [&] {
+        const BareTabs bare(m_pWndTabs->m_hWnd);
+        fill(bare);
+        return timed(4, [&] {
+            ::SetWindowPos(bare.window(), nullptr, 0, 0, 900 + 10 * (iWidth ^= 1), 29, SWP_NOMOVE | SWP_NOZORDER);
+            setup.pump();
         });
     };
-    const auto bareMenu = [&] {
-        const CPoint point = setup.showTab(iTab);
-        return setup.untilMenu([&] { bare.show(point); });
+    compare("layout pass, nothing moves", 9, pass, [&] { return setup.without(pass); });
+    compare("frame resized and painted, against a bare control besides", 9, resizing,
+            [&] { return resizingBare() + setup.without(resizing); });
+}
+
+void benchMenu(StripSetup& setup)
+{
+    setup.write("MDITabs.ini", "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
+                               "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\n");
+    CMDITabSettings::clearDefaultSettings();
+    const BareMenu bare;
+    const CPoint point = setup.showTab(3);
+    const auto rightClick = [&] {
+        m_pWndTabs->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_pWndTabs->m_hWnd),
+                                MAKELPARAM(point.x, point.y));
     };
-    compare(sName, 15, rightClick, bareMenu);
+    compare(
+        "right click to menu, everything on", 15, [&] { return setup.untilMenu(rightClick); },
+        [&] { return setup.untilMenu([&] { bare.show(point); }); });
 }
 
 void benchOptions(StripSetup& setup)
@@ -154,9 +171,10 @@ void benchOptions(StripSetup& setup)
     const BareTabs bare(m_pWndTabs->m_hWnd);
     const auto refill = [&] {
         const Clock clock;
-        bare.clear();
+        // As the rebuild goes: a tab at a time.
         for (int i = 0; i < DRAWINGS; ++i)
-            bare.insert("A-" + std::to_string(100 + i), i, i);
+            ::SendMessageA(bare.window(), TCM_DELETEITEM, 0, 0);
+        fill(bare);
         setup.frame().RecalcLayout();
         return clock.elapsed();
     };
@@ -175,7 +193,7 @@ void benchOptions(StripSetup& setup)
 
 }  // namespace
 
-// An argument names the only figures wanted: adding, notification, layout, menu, options.
+// An argument names the only figures wanted: adding, same-names, notification, layout, menu, options.
 int main(int iCount, char** aArguments)
 {
     const std::string sOnly = iCount > 1 ? aArguments[1] : "";
@@ -185,6 +203,8 @@ int main(int iCount, char** aArguments)
     if (wanted("adding")) {
         benchAdding(100, 9);
         benchAdding(1000, 5);
+    }
+    if (wanted("same-names")) {
         benchSameNames(setup, 100, 9);
         benchSameNames(setup, 400, 5);
     }
@@ -196,16 +216,8 @@ int main(int iCount, char** aArguments)
         benchNotification("notification, 50 drawings");
     if (wanted("layout"))
         benchLayout(setup);
-    if (wanted("menu")) {
-        // Each round another drawing, whose texts and data are not cached yet.
-        benchMenu("right click to menu, a drawing's first", setup, 1, 1, 0);
-        benchMenu("right click to menu", setup, 3, 0, 0);
-        benchMenu("right click to menu, 8 references", setup, 0, 0, XREFS);
-        setup.write("MDITabs.ini", "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
-                                   "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\n");
-        CMDITabSettings::clearDefaultSettings();
-        benchMenu("right click to menu, everything on", setup, 3, 0, 0, DRAWINGS);
-    }
+    if (wanted("menu"))
+        benchMenu(setup);
     if (wanted("options"))
         benchOptions(setup);
     return 0;
