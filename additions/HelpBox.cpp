@@ -6,7 +6,6 @@
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/FileSearch.h"
 #include "library/files/Locator.h"
-#include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/mail/SimpleMail.h"
 #include "library/system/Explorer.h"
@@ -42,12 +41,11 @@ CString textFiles(const CString& sFilename)
 CString titleBlockFiles(const CString& sFilename)
 {
     CString sLines;
-    const CString sProject = Tesk::findProjectFolder(Tesk::toCString(Tesk::CPathParts(sFilename.GetString()).parent()));
-    for (const CString& sFile : {Tesk::getLocation(Tesk::LOCATION_FILE_STANDARD_SETTINGS),
-                                 Tesk::getLocation(Tesk::LOCATION_FILE_DOMAIN_SETTINGS),
-                                 sProject.IsEmpty() ? CString() : sProject + "ProjectSettings.txt"})
+    for (const Tesk::Layer eLayer : Tesk::kTitleBlockLayers) {
+        const CString sFile = Tesk::getTitleBlockFile(eLayer, sFilename);
         if (!sFile.IsEmpty() && Tesk::fileExists(sFile))
-            sLines += kIndent + sFile + kNewLine;
+            sLines = kIndent + sFile + kNewLine + sLines;
+    }
     return sLines;
 }
 

@@ -9,6 +9,7 @@
 #include "host/observation/Screenshot.h"
 #include "host/observation/Strip.h"
 #include "host/observation/Tips.h"
+#include "host/observation/WindowTable.h"
 #include "host/observation/Windows.h"
 #include "host/ui/MainFrame.h"
 
@@ -115,6 +116,11 @@ void menu(Application& application, const Arguments& a)
 
 void dialog(Application& application, const Arguments&) { report(application, describeDialog()); }
 
+void windows(Application& application, const Arguments&)
+{
+    report(application, describeWindows(application.frame().m_hWnd));
+}
+
 void pressControl(Application&, const Arguments& a) { press(a.integer(0)); }
 
 void key(Application&, const Arguments& a) { pressKey(CommandStack::plainName(a.text(0))); }
@@ -149,11 +155,11 @@ void bench(Application& application, const Arguments& a)
 }
 
 constexpr Command kCommands[] = {
-    {"STRIP", strip, true},   {"CLICK", click},         {"HOVER", hover},
-    {"MENU", menu},           {"DIALOG", dialog, true}, {"PRESS", pressControl, true},
-    {"KEY", key, true},       {"SHOT", shot, true},     {"WAIT", wait, true},
-    {"BENCH", bench},         {"RESOURCES", resources}, {"MIDDLECLICK", middleClick},
-    {"CLIPBOARD", clipboard},
+    {"STRIP", strip, true},   {"CLICK", click},           {"HOVER", hover},
+    {"MENU", menu},           {"DIALOG", dialog, true},   {"PRESS", pressControl, true},
+    {"KEY", key, true},       {"SHOT", shot, true},       {"WAIT", wait, true},
+    {"BENCH", bench},         {"RESOURCES", resources},   {"MIDDLECLICK", middleClick},
+    {"CLIPBOARD", clipboard}, {"WINDOWS", windows, true},
 };
 
 }  // namespace

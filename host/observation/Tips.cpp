@@ -12,6 +12,7 @@ namespace {
 struct Watched {
     WNDPROC original;
     std::string title;
+    int icon = 0;
 };
 
 std::map<HWND, Watched>& watched()
@@ -31,6 +32,8 @@ LRESULT CALLBACK watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto entry = watched().find(window);
     const WNDPROC original = entry->second.original;
+    if (message == TTM_SETTITLEA || message == TTM_SETTITLEW)
+        entry->second.icon = static_cast<int>(wParam);
     if (message == TTM_SETTITLEA && lParam != 0)
         entry->second.title = reinterpret_cast<const char*>(lParam);
     else if (message == TTM_SETTITLEW && lParam != 0)
@@ -47,7 +50,7 @@ LRESULT CALLBACK onCreate(int code, WPARAM wParam, LPARAM lParam)
     const HWND window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && classOf(window) == TOOLTIPS_CLASSA && !watched().contains(window)) {
         const LONG_PTR original = ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&watch));
-        watched()[window] = {reinterpret_cast<WNDPROC>(original), {}};
+        watched()[window] = {reinterpret_cast<WNDPROC>(original), {}, 0};
     }
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
@@ -65,6 +68,12 @@ Tips::~Tips()
 }
 
 bool Tips::exist() { return !watched().empty(); }
+
+int Tips::iconOf(HWND tip)
+{
+    const auto entry = watched().find(tip);
+    return entry != watched().end() ? entry->second.icon : 0;
+}
 
 bool Tips::isShown() { return visibleWindow(TOOLTIPS_CLASSA) != nullptr; }
 

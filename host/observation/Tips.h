@@ -21,6 +21,8 @@ public:
     static std::string describe();
     // Whether there is a tooltip control, so that a balloon may come.
     static bool exist();
+    // The icon of the title that the balloon was given, as TTM_SETTITLE counts them.
+    static int iconOf(HWND tip);
     static bool isShown();
     static void hide();
 

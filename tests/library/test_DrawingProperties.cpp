@@ -1,5 +1,5 @@
-#include "host/drawing/Faults.h"
 #include "dxf/Memory.h"
+#include "host/drawing/Faults.h"
 #include "library/drawing/ARXDrawingProperties.h"
 #include "objectarx/summinfo.h"
 #include "tests/library/DrawingFixture.h"

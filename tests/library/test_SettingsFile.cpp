@@ -79,9 +79,9 @@ TEST_CASE("an unknown block is skipped up to its first closing brace")
 
 TEST_CASE("issues continue by + and &")
 {
-    const CSettingsFile settings =
-        parse("ISSUE\n{\n+ too early\na First issue\n+ second line\nb\tOther\n&A  tail\nof+it third\n& more\nb again\n}\n"
-              "CADSTANDARDS\n{\nLayer Z 01\nunit\n}");
+    const CSettingsFile settings = parse(
+        "ISSUE\n{\n+ too early\na First issue\n+ second line\nb\tOther\n&A  tail\nof+it third\n& more\nb again\n}\n"
+        "CADSTANDARDS\n{\nLayer Z 01\nunit\n}");
     CHECK(settings.m_mapIssues.size() == 2);
     CHECK(settings.m_mapIssues.at("A") == "First issue\r\nsecond linetail\r\nthirdmore");
     CHECK(settings.m_mapIssues.at("B") == "again");

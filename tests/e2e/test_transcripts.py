@@ -1,0 +1,89 @@
+"""Whole sessions in debug mode: each line that is traced, reported or shown, in its order.
+
+tests/transcripts/NAME.scr is played; what comes of it is compared with NAME.txt beside it.
+With WRITE=1 in the environment that is written anew; the difference is to be read.
+"""
+import os
+import pathlib
+import re
+import unittest
+
+from host import ANSI, ARCH, REPOSITORY
+from test_extras import EVERYTHING, ExtrasBase
+
+FOLDER = REPOSITORY / "tests/transcripts"
+PREFIX = pathlib.Path(os.environ.get("WINEPREFIX", REPOSITORY / "build" / f"wineprefix-{ARCH}"))
+DRIVE = PREFIX / "dosdevices/w:"
+NOON = 1092153600      # in the summer of 2004
+TRACE = re.compile(r"\[[\d:]{8}\] ZavikMDITabs : ")
+
+# What differs from machine to machine, from build to build.
+NEUTRAL = [
+    (r"\[\d\d:\d\d:\d\d\]", "[time]"),
+    (r'((?:USER|COMPUTER)_NAME", )"[^"]*"', r'\1"..."'),
+    (r"C:\\users\\[^\\]*", r"C:\\users\\person"),
+    (r"(?m)^((?:::|OS::|Hardware::|Module::)[^=]*)=.*$", r"\1=..."),
+    (r"Diagnostics started: .*", "Diagnostics started: ..."),
+    (r"(?:Hardware::SystemBiosVersion .*\n)+", "Hardware::SystemBiosVersion (0...)\n"),
+    # Of a report: the line, and the stack, in the box and in the log.
+    (r"\(\d+\): Assertion", "(line): Assertion"),
+    (r'Line : \d+\\n\\n[^"]*', r"Line : ...\\n\\nstack"),
+    (r"\[time\] (?:\S+ \+ 0x.*|0x[0-9a-f]+)(?:\n(?:\S+ \+ 0x.*|0x[0-9a-f]+)$)*", "[time] stack"),
+    (r'(window "(?:Static" (?:1088|65535)|Button" 1)): rect=\S+(.* font="Tahoma"|.* icon=)', r"\1: rect=...\2"),
+]
+
+
+def neutral(text):
+    for pattern, replacement in NEUTRAL:
+        text = re.sub(pattern, replacement, text, flags=re.M)
+    return text
+
+
+class TranscriptsTest(ExtrasBase):
+    def setUp(self):
+        super().setUp()
+        # A drive of the test's own: what is traced is divided by its length, and no path is to tell.
+        DRIVE.unlink(missing_ok=True)
+        DRIVE.symlink_to(self.folder)
+        self.addCleanup(DRIVE.unlink)
+        self.set_registry({}, {"DebugStartup": 1})
+
+    def play(self, name):
+        for path in self.folder.rglob("*"):
+            os.utime(path, (NOON, NOON))
+        shown = self.run_host((FOLDER / f"{name}.scr").read_text("utf-8"), (), expect_exit=None).text
+        log = next(PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/ZavikMDITabs.log")).read_text(ANSI)
+        self.check_echo(shown, log)
+        # Of the log what is not shown, too: its beginning, and the reports.
+        header, body = neutral(log).split("[time]", 1)
+        reports = re.findall(r"(?m)^\[time\] (?!ZavikMDITabs : ).*\n", body)
+        text = f"{neutral(shown)}\nIn the log alone:\n{header}{''.join(reports)}"
+        golden = FOLDER / f"{name}.txt"
+        if os.environ.get("WRITE"):
+            golden.write_text(text, "utf-8")
+        self.assertEqual(text.splitlines(), golden.read_text("utf-8").splitlines())
+
+    def check_echo(self, shown, log):
+        """The log's traces, all of them, are on the command line, each once and whole."""
+        at = 0
+        for line in filter(TRACE.match, log.splitlines()):
+            self.assertEqual(shown.find(line, at) != -1, True, line)
+            at = shown.find(line, at) + len(line)
+        self.assertEqual(len(TRACE.findall(shown)), len(TRACE.findall(log)))
+
+    def test_session(self):
+        self.play("session")
+
+    def test_additions(self):
+        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="cad@office.example")
+        self.play("additions")
+
+    def test_failures(self):
+        (self.folder / "install/ZavikMDITabs/support/MDITabs.ini").unlink()
+        with (self.folder / "Projects/Riverside/Settings/support/MDITabs.ini").open("a") as texts:
+            texts.write("no key\n")
+        self.play("failures")
+
+
+if __name__ == "__main__":
+    unittest.main()
