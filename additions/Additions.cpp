@@ -181,7 +181,7 @@ void CAdditions::openMenu(CMenu& menu)
         TESK_VERIFY(m_tabs.GetItem(iItem, &tabItem));
         m_vecDrawings.push_back(reinterpret_cast<AcApDocument*>(tabItem.lParam));
         TESK_VERIFY(menu.AppendMenu(MF_STRING | (m_vecDrawings.back() == pActive ? MF_CHECKED : MF_UNCHECKED),
-                                    static_cast<UINT>(IDC_DYNAMIC_MENU_DRAWINGS + iItem), asCaption(tabItem.pszText)));
+                                    IDC_DYNAMIC_MENU_DRAWINGS + static_cast<UINT>(iItem), asCaption(tabItem.pszText)));
     }
 }
 

@@ -19,30 +19,6 @@ std::string upper(const CString& sText) { return Tesk::MultiByte::upper(Tesk::vi
 
 CString templateOf(const AcApDocument* pDocument) { return getOptInText(pDocument->fileName(), "SameNameText"); }
 
-// From the drawing's own up to the drive or the server; none for a name without a path.
-std::vector<CString> foldersOf(const CString& sFilename)
-{
-    std::vector<CString> vecFolders;
-    std::string sPath = Tesk::withoutBackslash(Tesk::CPathParts(sFilename.GetString()).parent());
-    while (!sPath.empty()) {
-        const Tesk::CPathParts parts(sPath);
-        const std::string sFolder = parts.fileName().empty() ? sPath : parts.fileName();
-        if (sFolder.find_first_not_of('\\') != std::string::npos)
-            vecFolders.push_back(Tesk::toCString(sFolder));
-        sPath = parts.fileName().empty() ? "" : Tesk::withoutBackslash(parts.parent());
-    }
-    return vecFolders;
-}
-
-// Each once, in one case.
-std::set<std::string> folderKeys(const CString& sFilename)
-{
-    std::set<std::string> keys;
-    for (const CString& sFolder : foldersOf(sFilename))
-        keys.insert(upper(sFolder));
-    return keys;
-}
-
 // What the path and the dates can tell; nothing of the drawing has to be read for it.
 CString expand(CString sTemplate, const CString& sFilename, const CString& sNearestFolder)
 {
@@ -51,6 +27,30 @@ CString expand(CString sTemplate, const CString& sFilename, const CString& sNear
 }
 
 }  // namespace
+
+// Up to the drive or the server; none for a name without a path.
+std::vector<CSameNames::Folder> CSameNames::foldersOf(const CString& sFilename)
+{
+    std::vector<Folder> vecFolders;
+    std::string sPath = Tesk::withoutBackslash(Tesk::CPathParts(sFilename.GetString()).parent());
+    while (!sPath.empty()) {
+        const Tesk::CPathParts parts(sPath);
+        const std::string sFolder = parts.fileName().empty() ? sPath : parts.fileName();
+        if (sFolder.find_first_not_of('\\') != std::string::npos)
+            vecFolders.push_back({Tesk::toCString(sFolder), Tesk::MultiByte::upper(sFolder)});
+        sPath = parts.fileName().empty() ? "" : Tesk::withoutBackslash(parts.parent());
+    }
+    return vecFolders;
+}
+
+// Each once.
+std::set<std::string> CSameNames::keysOf(const std::vector<Folder>& vecFolders)
+{
+    std::set<std::string> keys;
+    for (const Folder& folder : vecFolders)
+        keys.insert(folder.sKey);
+    return keys;
+}
 
 CString CSameNames::getSuffix(AcApDocument* pDocument, const CString& sName)
 {
@@ -63,9 +63,9 @@ CString CSameNames::getSuffix(AcApDocument* pDocument, const CString& sName)
     remember(pDocument, sName, sTemplate);
     if (sTemplate.IsEmpty())
         return CString();
-    std::optional<CString>& shown = m_mapNames.at(pDocument).shown;
-    shown = distinguish(pDocument);
-    return shown ? expand(sTemplate, pDocument->fileName(), *shown) : CString();
+    Name& name = m_mapNames.at(pDocument);
+    name.shown = distinguish(m_mapGroups.at(name.sKey), name);
+    return name.shown ? expand(sTemplate, name.sFilename, *name.shown) : CString();
 }
 
 void CSameNames::rememberTabs()
@@ -88,11 +88,12 @@ void CSameNames::remember(AcApDocument* pDocument, const CString& sName, const C
     forget(pDocument);
     Group& group = m_mapGroups[sKey];
     group.vecDocuments.push_back(pDocument);
-    for (const std::string& sFolder : folderKeys(pDocument->fileName()))
+    Name name{sKey, pDocument->fileName(), sTemplate, foldersOf(pDocument->fileName()), {}};
+    for (const std::string& sFolder : keysOf(name.vecFolders))
         ++group.mapFolders[sFolder];
-    m_setChanged.insert(sKey);
+    m_mapNames.insert({pDocument, std::move(name)});
+    m_setChanged.insert(std::move(sKey));
     m_iAsking += !sTemplate.IsEmpty();
-    m_mapNames.insert({pDocument, Name{std::move(sKey), pDocument->fileName(), sTemplate, {}}});
 }
 
 void CSameNames::forget(AcApDocument* pDocument)
@@ -103,7 +104,7 @@ void CSameNames::forget(AcApDocument* pDocument)
     const Name& name = known->second;
     Group& group = m_mapGroups.at(name.sKey);
     group.vecDocuments.erase(std::find(group.vecDocuments.begin(), group.vecDocuments.end(), pDocument));
-    for (const std::string& sFolder : folderKeys(name.sFilename))
+    for (const std::string& sFolder : keysOf(name.vecFolders))
         --group.mapFolders[sFolder];
     if (group.vecDocuments.empty())
         m_mapGroups.erase(name.sKey);
@@ -133,36 +134,32 @@ void CSameNames::updateOthers()
             continue;
         for (AcApDocument* pDocument : std::vector<AcApDocument*>(group->second.vecDocuments)) {
             const Name& name = m_mapNames.at(pDocument);
-            if (!name.sTemplate.IsEmpty() && name.shown != distinguish(pDocument))
+            if (!name.sTemplate.IsEmpty() && name.shown != distinguish(m_mapGroups.at(name.sKey), name))
                 m_tabs.updateTabText(pDocument);
         }
     }
 }
 
-std::optional<CString> CSameNames::distinguish(AcApDocument* pDocument) const
+std::optional<CString> CSameNames::distinguish(const Group& group, const Name& name) const
 {
-    const Name& name = m_mapNames.at(pDocument);
-    const Group& group = m_mapGroups.at(name.sKey);
-    if (group.vecDocuments.size() < 2 || foldersOf(name.sFilename).empty())
+    if (group.vecDocuments.size() < 2 || name.vecFolders.empty())
         return std::nullopt;
-    return name.sTemplate.Find(kNearestFolder) == -1 ? CString() : nearestFolder(group, pDocument);
+    return name.sTemplate.Find(kNearestFolder) == -1 ? CString() : nearestFolder(group, name);
 }
 
 // One that no other drawing of the name lies below. Where there is none, the drawing's own
 // folder, unless another's has the same name.
-CString CSameNames::nearestFolder(const Group& group, AcApDocument* pDocument) const
+CString CSameNames::nearestFolder(const Group& group, const Name& name) const
 {
-    const CString sFilename = m_mapNames.at(pDocument).sFilename;
-    const std::vector<CString> vecFolders = foldersOf(sFilename);
-    for (const CString& sFolder : vecFolders)
-        if (group.mapFolders.at(upper(sFolder)) == 1)
-            return sFolder;
-    const std::string sOwn = upper(vecFolders.front());
+    for (const Folder& folder : name.vecFolders)
+        if (group.mapFolders.at(folder.sKey) == 1)
+            return folder.sName;
+    const Folder& own = name.vecFolders.front();
     const auto isSame = [&](AcApDocument* pOther) {
-        const std::vector<CString> vecOthers = foldersOf(m_mapNames.at(pOther).sFilename);
-        return pOther != pDocument && !vecOthers.empty() && upper(vecOthers.front()) == sOwn;
+        const Name& other = m_mapNames.at(pOther);
+        return &other != &name && !other.vecFolders.empty() && other.vecFolders.front().sKey == own.sKey;
     };
     if (std::none_of(group.vecDocuments.begin(), group.vecDocuments.end(), isSame))
-        return vecFolders.front();
-    return Tesk::toCString(Tesk::withoutBackslash(Tesk::CPathParts(sFilename.GetString()).parent()));
+        return own.sName;
+    return Tesk::toCString(Tesk::withoutBackslash(Tesk::CPathParts(name.sFilename.GetString()).parent()));
 }

@@ -22,11 +22,16 @@ public:
     void updateOthers();
 
 private:
+    struct Folder {
+        CString sName;
+        std::string sKey;  // the name in one case
+    };
     struct Name {
-        std::string sKey;              // the name in one case
-        CString sFilename;             // the full path
-        CString sTemplate;             // empty: does not ask
-        std::optional<CString> shown;  // by which the tab's text tells it apart now, if it does
+        std::string sKey;                // the name in one case
+        CString sFilename;               // the full path
+        CString sTemplate;               // empty: does not ask
+        std::vector<Folder> vecFolders;  // from the drawing's own up
+        std::optional<CString> shown;    // by which the tab's text tells it apart now, if it does
     };
     // The documents of one name, and how many of them lie below a folder of that name.
     struct Group {
@@ -34,12 +39,14 @@ private:
         std::map<std::string, int> mapFolders;
     };
 
+    static std::vector<Folder> foldersOf(const CString& sFilename);
+    static std::set<std::string> keysOf(const std::vector<Folder>& vecFolders);
     void rememberTabs();
     void remember(AcApDocument* pDocument, const CString& sName, const CString& sTemplate);
     void forget(AcApDocument* pDocument);
     // Nothing for a drawing that shares its name with none, or was never saved.
-    std::optional<CString> distinguish(AcApDocument* pDocument) const;
-    CString nearestFolder(const Group& group, AcApDocument* pDocument) const;
+    std::optional<CString> distinguish(const Group& group, const Name& name) const;
+    CString nearestFolder(const Group& group, const Name& name) const;
 
     CARXMDITabs& m_tabs;
     std::map<AcApDocument*, Name> m_mapNames;

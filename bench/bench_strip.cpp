@@ -4,6 +4,7 @@
 #include "bench/DialogClock.h"
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
+#include "library/expansion/KeywordExpansion.h"
 #include "module/OptionsCommand.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/acedads.h"
@@ -75,27 +76,29 @@ double addThenRemove(const Documents& documents)
     return time;
 }
 
-// Drawings of one name from as many folders, and of as many names, with the folder to be
-// added to names that are shared, and without.
+// Drawings of one name from as many folders, with the folder to be added and without. The
+// least that telling them apart takes is one expansion a drawing.
 void benchSameNames(StripSetup& setup, int iCount, int iRounds)
 {
-    for (const bool bShared : {false, true}) {
-        const auto inFolders = [&](const std::string& sGroup, const std::string& sTexts) {
-            return makeDocuments(iCount, [&](const std::string& sNumber) {
-                const std::string sFolder = sGroup + "\\" + sNumber + "\\";
-                setup.write(sFolder + "MDITabs.ini", sTexts);
-                return setup.write(sFolder + (bShared ? "Plan" : "Plan " + sNumber) + ".dwg", "");
-            });
-        };
-        const Documents on = inFolders(bShared ? "on shared" : "on", "SameNameText = \" in %X_DIRECTORY%\"\n");
-        const Documents off = inFolders(bShared ? "off shared" : "off", "");
-        const std::string sWork = "adding " + std::to_string(iCount) + (bShared ? " of one name" : " of own names");
-        compare(
-            sWork + ", SameNameText on against off", iRounds, [&] { return addThenRemove(on); },
-            [&] { return addThenRemove(off); });
-        forget(on);
-        forget(off);
-    }
+    const std::string sText = " in %X_DIRECTORY%";
+    const auto inFolders = [&](const std::string& sGroup, const std::string& sTexts) {
+        return makeDocuments(iCount, [&](const std::string& sNumber) {
+            const std::string sFolder = sGroup + "\\" + sNumber + "\\";
+            setup.write(sFolder + "MDITabs.ini", sTexts);
+            return setup.write(sFolder + "Plan.dwg", "");
+        });
+    };
+    const Documents on = inFolders("on", "SameNameText = \"" + sText + "\"\n");
+    const Documents off = inFolders("off", "");
+    const auto expandAll = [&] {
+        for (const auto& document : off)
+            Tesk::CKeywordExpansion(document->fileName(), 1, 1).expandString(sText.c_str());
+    };
+    compare(
+        "adding " + std::to_string(iCount) + " of one name, SameNameText on against off and expanded", iRounds,
+        [&] { return addThenRemove(on); }, [&] { return addThenRemove(off) + timed(1, expandAll); });
+    forget(on);
+    forget(off);
 }
 
 void benchAdding(int iCount, int iRounds)
@@ -175,7 +178,7 @@ void benchOptions(StripSetup& setup)
 
 }  // namespace
 
-// An argument names the only figures wanted: adding, notification, layout, menu, options.
+// An argument names the only figures wanted: adding, same-names, notification, layout, menu, options.
 int main(int iCount, char** aArguments)
 {
     const std::string sOnly = iCount > 1 ? aArguments[1] : "";
@@ -185,6 +188,8 @@ int main(int iCount, char** aArguments)
     if (wanted("adding")) {
         benchAdding(100, 9);
         benchAdding(1000, 5);
+    }
+    if (wanted("same-names")) {
         benchSameNames(setup, 100, 9);
         benchSameNames(setup, 400, 5);
     }

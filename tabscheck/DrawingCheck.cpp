@@ -62,39 +62,36 @@ public:
     }
 
 private:
-    std::string textOf(const char* sKey) const { return m_texts.find(sKey)->value(); }
+    std::string textOf(const char* sKey) const { return m_texts.find(sKey)->value; }
 
     void show()
     {
-        m_report.findings.project.root = m_projects.root;
-        m_report.findings.project.label = m_projects.label();
+        m_report.project.root = m_projects.root;
+        m_report.project.label = m_projects.label();
         for (const ProjectFile* pFile : m_projects.files)
-            m_report.findings.project.searched.push_back(pFile->place);
+            m_report.project.searched.push_back(pFile->place);
         if (::GetFileAttributesA(m_report.path.c_str()) == INVALID_FILE_ATTRIBUTES) {
-            showTemplate();
+            showUnread();
             return;
         }
         m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
         try {
             dxf::Drawing drawing(dxf::DxfFile::read(m_report.path), m_report.path);
             if (drawing.file().contentsNotRead())
-                showTemplate();
+                showUnread();
             else
                 showDrawing(drawing);
         } catch (const dxf::FileError& error) {
             chooseSource(m_projects.files);
-            addProblem({error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U, true,
-                        "the drawing cannot be read: " + error.reason(), "", false});
+            m_report.problems.push_back({error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U,
+                                         true, "the drawing cannot be read: " + error.reason(), "", false});
         }
     }
 
-    void showTemplate()
+    void showUnread()
     {
         chooseSource(m_projects.files);
-        const KnownExpansion expansion(m_report.path, m_projects);
-        m_report.tooltip.rule = "template";
-        m_report.tooltip.text = expansion.expandString(textOf("TooltipText").c_str()).GetString();
-        checkTooltipText(expansion, m_projects.files);
+        showTemplate(KnownExpansion(m_report.path, m_projects), m_projects.files);
     }
 
     void showDrawing(dxf::Drawing& database)
@@ -104,33 +101,33 @@ private:
         const Tesk::CARXKeywordExpansion expansion(&database, m_report.path.c_str(), 1, 1);
         const auto& titleBlock = static_cast<const Tesk::CARXTitleBlock&>(*expansion.getTitleBlock());
         m_report.tooltip.contentsKnown = true;
-        m_report.findings.project.sourceIsCertain = true;
+        m_report.project.sourceIsCertain = true;
         chooseBorder(titleBlock);
 
-        switch (chooseTooltipRule(expansion, properties)) {
-        case TooltipRule::Template:
-            m_report.tooltip.rule = "template";
-            m_report.tooltip.text = expansion.expandString(textOf("TooltipText").c_str()).GetString();
+        const TooltipRule rule = chooseTooltipRule(expansion, properties);
+        if (rule == TooltipRule::Template) {
+            showTemplate(expansion, {});
             checkMapping(titleBlock);
-            checkTooltipText(expansion, {});
-            break;
-        case TooltipRule::Title:
-            m_report.tooltip.rule = "title";
-            m_report.tooltip.text = properties.getTitle().GetString();
-            checkTooltipText(expansion, m_projects.files);
-            break;
-        default:
-            m_report.tooltip.rule = "default";
-            m_report.tooltip.text = textOf("DefaultTooltipText");
-            checkTooltipText(expansion, m_projects.files);
+            return;
         }
+        m_report.tooltip.rule = rule == TooltipRule::Title ? "title" : "default";
+        m_report.tooltip.text =
+            rule == TooltipRule::Title ? properties.getTitle().GetString() : textOf("DefaultTooltipText");
+        checkTooltipText(expansion, m_projects.files);
+    }
+
+    void showTemplate(const Tesk::CKeywordExpansion& expansion, const std::vector<const ProjectFile*>& files)
+    {
+        m_report.tooltip.rule = "template";
+        m_report.tooltip.text = expansion.expandString(textOf("TooltipText").c_str()).GetString();
+        checkTooltipText(expansion, files);
     }
 
     // The file that the search for the title block stopped at; without one all files were
     // asked in vain.
     void chooseBorder(const Tesk::CTitleBlock& titleBlock)
     {
-        Project& project = m_report.findings.project;
+        Project& project = m_report.project;
         const ProjectFile* pSource = m_projects.find(titleBlock.getSettingsFile().GetString());
         if (pSource == nullptr) {
             for (const ProjectFile* pFile : m_projects.files)
@@ -139,10 +136,10 @@ private:
         }
         project.source = pSource->place.path;
         addBorders(*pSource);
+        const std::string sBlock = titleBlock.getBorderBlock().GetString();
         for (const ProjectFile::Group& group : pSource->groups) {
-            const auto found = std::find_if(group.borders.begin(), group.borders.end(), [&](const Border& border) {
-                return border.block == titleBlock.getBorderBlock().GetString();
-            });
+            const auto found = std::find_if(group.borders.begin(), group.borders.end(),
+                                            [&sBlock](const Border& border) { return border.block == sBlock; });
             if (found == group.borders.end())
                 continue;
             for (Border& border : project.borders)
@@ -155,7 +152,7 @@ private:
     // Without the drawing's blocks: the first file that has borders is the one asked first.
     void chooseSource(const std::vector<const ProjectFile*>& files)
     {
-        Project& project = m_report.findings.project;
+        Project& project = m_report.project;
         for (const ProjectFile* pFile : files) {
             const auto first = std::find_if(pFile->groups.begin(), pFile->groups.end(),
                                             [](const ProjectFile::Group& group) { return !group.borders.empty(); });
@@ -170,9 +167,9 @@ private:
 
     void addBorders(const ProjectFile& file)
     {
+        std::vector<Border>& borders = m_report.project.borders;
         for (const ProjectFile::Group& group : file.groups)
-            m_report.findings.project.borders.insert(m_report.findings.project.borders.end(), group.borders.begin(),
-                                                     group.borders.end());
+            borders.insert(borders.end(), group.borders.begin(), group.borders.end());
     }
 
     // Of the keys that the template shows, those whose attribute the border lacks.
@@ -180,7 +177,7 @@ private:
     {
         const std::string sTemplate = textOf("TooltipText");
         const std::vector<CString> tags = titleBlock.getTags();
-        for (const Mapping& mapping : m_report.findings.project.mapping) {
+        for (const Mapping& mapping : m_report.project.mapping) {
             if (std::find(tags.begin(), tags.end(), mapping.tag.c_str()) != tags.end() ||
                 sTemplate.find("HALVORAN::" + mapping.key + "%") == std::string::npos)
                 continue;
@@ -193,11 +190,11 @@ private:
             const SourceFile& file = m_files.get(mapping.file, Form::Project);
             for (const Tesk::CProjectEntry& entry : file.project())
                 if (entry.m_uLine == mapping.line)
-                    addProblem(file.problem(false, entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
-                                            "the drawing's border \"" +
-                                                std::string(titleBlock.getBorderBlock().GetString()) +
-                                                "\" has no attribute \"" + mapping.tag +
-                                                "\": %HALVORAN::" + mapping.key + "% is empty" + sHelp));
+                    m_report.problems.push_back(
+                        file.problem(false, entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
+                                     "the drawing's border \"" + std::string(titleBlock.getBorderBlock().GetString()) +
+                                         "\" has no attribute \"" + mapping.tag + "\": %HALVORAN::" + mapping.key +
+                                         "% is empty" + sHelp));
         }
     }
 
@@ -209,24 +206,12 @@ private:
             for (const ProjectFile::Group& group : pFile->groups)
                 for (const Mapping& mapping : group.mapping)
                     keywords.names.insert({"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key});
-        for (Problem& problem : m_check.checkTemplateOf(*m_texts.find("TooltipText"), keywords))
-            addProblem(std::move(problem));
-        checkSameNameText();
-    }
-
-    // It knows the file's keywords, and one of its own.
-    void checkSameNameText()
-    {
-        const Text* const pText = m_texts.find("SameNameText");
-        if (pText == nullptr)
-            return;
-        Keywords keywords = keywordsOf(Tesk::CKeywordExpansion(m_report.path.c_str(), 1, 1));
+        m_check.checkTemplateOf(m_texts.find("TooltipText"), keywords, m_report.problems);
+        // This one knows the file's keywords, and one of its own.
+        keywords = keywordsOf(Tesk::CKeywordExpansion(m_report.path.c_str(), 1, 1));
         keywords.names.insert("DISTINCT_FOLDER");
-        for (Problem& problem : m_check.checkTemplateOf(*pText, keywords))
-            addProblem(std::move(problem));
+        m_check.checkTemplateOf(m_texts.find("SameNameText"), keywords, m_report.problems);
     }
-
-    void addProblem(Problem problem) { m_report.findings.problems.push_back(std::move(problem)); }
 
     SourceFiles& m_files;
     const TextCheck& m_check;
@@ -276,18 +261,17 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
 {
     DrawingReport report;
     report.path = sPath;
-    Findings& findings = report.findings;
     if (isSettingsFile(sPath)) {
         checkSettingsFile(report);
     } else {
         const TextFindings& texts = m_texts.of(sPath);
         const ProjectFindings& projects = m_projects.of(sPath);
-        findings.domainFolders = m_domainFolders;
-        findings.searched = texts.searched;
-        findings.texts = texts.texts;
-        findings.problems = texts.problems;
-        const auto add = [&findings](const std::vector<Problem>& problems) {
-            findings.problems.insert(findings.problems.end(), problems.begin(), problems.end());
+        report.domain = m_domainFolders;
+        report.searched = texts.searched;
+        report.texts = texts.texts;
+        report.problems = texts.problems;
+        const auto add = [&report](const std::vector<Problem>& problems) {
+            report.problems.insert(report.problems.end(), problems.begin(), problems.end());
         };
         for (const ProjectFile* pFile : projects.files)
             add(pFile->problems);
@@ -295,14 +279,14 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
         add(m_names.of(Tesk::CPathParts(sPath).parent(), projects.root));
         add(m_commonProblems);
     }
-    sortByPlace(findings.problems);
+    sortByPlace(report.problems);
     return report;
 }
 
 void DrawingCheck::checkSettingsFile(DrawingReport& report)
 {
     report.settingsFile = true;
-    std::vector<Problem>& problems = report.findings.problems;
+    std::vector<Problem>& problems = report.problems;
     if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).m_sExtension, ".txt")) {
         problems = m_projects.get(Layer::Project, report.path).problems;
         return;
@@ -313,9 +297,7 @@ void DrawingCheck::checkSettingsFile(DrawingReport& report)
     keywords.names.insert({"DISTINCT_FOLDER", "HALVORAN_PROJECT_LABEL"});
     keywords.mappingKnown = false;
     for (const char* sKey : {"TooltipText", "SameNameText"})
-        if (const Text* const pText = findings.find(sKey))
-            for (Problem& problem : m_texts.checkTemplateOf(*pText, keywords))
-                problems.push_back(std::move(problem));
+        m_texts.checkTemplateOf(findings.find(sKey), keywords, problems);
 }
 
 }  // namespace tabscheck

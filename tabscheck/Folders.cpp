@@ -32,8 +32,6 @@ bool isMissing(DWORD error)
     return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
 }
 
-bool isNameless(const char* sName) { return std::string_view(sName) == "." || std::string_view(sName) == ".."; }
-
 }  // namespace
 
 std::string systemReason(unsigned long code)
@@ -78,6 +76,21 @@ std::string existingFolder(const std::string& sPath)
     return Tesk::folderExists(sFull.c_str()) ? Tesk::withBackslash(sFull) : "";
 }
 
+Listing entriesOf(const std::string& sPattern)
+{
+    Listing listing;
+    WIN32_FIND_DATAA entry;
+    const UniqueFind find(::FindFirstFileA(sPattern.c_str(), &entry));
+    for (bool more = static_cast<bool>(find); more; more = ::FindNextFileA(find.get(), &entry) != FALSE) {
+        const std::string sName = entry.cFileName;
+        if (sName != "." && sName != "..")
+            listing.entries.push_back({sName, isFolder(entry.dwFileAttributes)});
+    }
+    listing.error = ::GetLastError();
+    std::sort(listing.entries.begin(), listing.entries.end());
+    return listing;
+}
+
 void DrawingFinder::add(const std::string& sPath)
 {
     const std::string sFull = fullPath(sPath);
@@ -101,17 +114,14 @@ void DrawingFinder::add(const std::string& sPath)
 
 void DrawingFinder::addMatching(const std::string& sPattern)
 {
-    const std::string sFolder = Tesk::CPathParts(sPattern).parent();
-    std::vector<std::string> names;
-    WIN32_FIND_DATAA entry;
-    const UniqueFind find(::FindFirstFileA(sPattern.c_str(), &entry));
-    for (bool more = static_cast<bool>(find); more; more = ::FindNextFileA(find.get(), &entry) != FALSE)
-        if (isFolder(entry.dwFileAttributes) ? !isNameless(entry.cFileName) : isDrawingName(entry.cFileName))
-            names.emplace_back(entry.cFileName);
-    std::sort(names.begin(), names.end());
-    for (const std::string& sName : names)
-        add(sFolder + sName);
-    if (names.empty())
+    bool any = false;
+    for (const FolderEntry& entry : entriesOf(sPattern).entries) {
+        if (!entry.folder && !isDrawingName(entry.name))
+            continue;
+        any = true;
+        add(Tesk::CPathParts(sPattern).parent() + entry.name);
+    }
+    if (!any)
         m_tell(sPattern, "no drawing and no folder is so named", true);
 }
 
@@ -144,29 +154,15 @@ void DrawingFinder::addFolder(const std::string& sFolder)
 {
     if (!fits(sFolder + "*") || !enter(sFolder))
         return;
-    std::vector<std::string> folders, drawings;
-    WIN32_FIND_DATAA entry;
-    const UniqueFind find(::FindFirstFileA((sFolder + "*").c_str(), &entry));
-    DWORD error = find ? ERROR_SUCCESS : ::GetLastError();
-    while (error == ERROR_SUCCESS) {
-        const std::string sName = entry.cFileName;
-        if (isFolder(entry.dwFileAttributes) && !isNameless(entry.cFileName))
-            folders.push_back(sName);
-        else if (!isFolder(entry.dwFileAttributes) && isDrawingName(sName))
-            drawings.push_back(sName);
-        error = ::FindNextFileA(find.get(), &entry) ? ERROR_SUCCESS : ::GetLastError();
-    }
-    if (error != ERROR_NO_MORE_FILES && error != ERROR_FILE_NOT_FOUND)
-        m_tell(sFolder, systemReason(error), true);
-
-    std::sort(folders.begin(), folders.end());
-    std::sort(drawings.begin(), drawings.end());
-    for (const std::string& sName : drawings) {
-        if (fits(sFolder + sName))
-            m_found(sFolder + sName);
-    }
-    for (const std::string& sName : folders)
-        addFolder(sFolder + sName + "\\");
+    const Listing listing = entriesOf(sFolder + "*");
+    if (listing.error != ERROR_NO_MORE_FILES && listing.error != ERROR_FILE_NOT_FOUND)
+        m_tell(sFolder, systemReason(listing.error), true);
+    for (const FolderEntry& entry : listing.entries)
+        if (!entry.folder && isDrawingName(entry.name) && fits(sFolder + entry.name))
+            m_found(sFolder + entry.name);
+    for (const FolderEntry& entry : listing.entries)
+        if (entry.folder)
+            addFolder(sFolder + entry.name + "\\");
 }
 
 }  // namespace tabscheck

@@ -3,6 +3,7 @@
 // From the paths of the command line to drawings. What cannot be looked into is told, and
 // the rest goes on.
 
+#include <compare>
 #include <functional>
 #include <set>
 #include <string>
@@ -10,6 +11,21 @@
 #include <vector>
 
 namespace tabscheck {
+
+struct FolderEntry {
+    std::string name;
+    bool folder;
+
+    auto operator<=>(const FolderEntry&) const = default;
+};
+
+struct Listing {
+    std::vector<FolderEntry> entries;  // by their names
+    unsigned long error;               // that ended it
+};
+
+// What fits a path whose name may have "*" and "?".
+Listing entriesOf(const std::string& sPattern);
 
 class DrawingFinder {
 public:

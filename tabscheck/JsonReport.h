@@ -10,25 +10,29 @@
 
 namespace tabscheck {
 
-class JsonReport {
+class JsonReport : public Reports {
 public:
     explicit JsonReport(Console& console);
 
-    void add(const DrawingReport& report);
-    // A path that could not be checked.
-    void addUnchecked(const std::string& sPath, const std::string& sReason);
-    // After the last drawing.
-    void finish();
+    void add(DrawingReport report) override;
+    void addUnchecked(const std::string& sPath, const std::string& sReason) override;
+    void finish() override;
 
 private:
+    struct File {
+        std::string path;
+        std::vector<Problem> problems;
+        BOOST_DESCRIBE_CLASS(File, (), (path, problems), (), ())
+    };
+    struct Unchecked {
+        std::string path, reason;
+        BOOST_DESCRIBE_CLASS(Unchecked, (), (path, reason), (), ())
+    };
+
     Console& m_console;
     bool m_first = true;
-    std::vector<std::string> m_files;      // settings files that were named
-    std::vector<std::string> m_unchecked;  // both as JSON
-    // Drawings of one folder mostly have the same texts: those of the last one, and as JSON.
-    std::vector<Place> m_searched;
-    std::vector<Text> m_texts;
-    std::string m_sSame;
+    std::vector<File> m_files;  // settings files that were named
+    std::vector<Unchecked> m_unchecked;
 };
 
 }  // namespace tabscheck

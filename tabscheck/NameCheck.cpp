@@ -1,12 +1,11 @@
+#include "library/expansion/Regex.h"
+
 #include "tabscheck/NameCheck.h"
 
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/system/Handles.h"
 #include "library/text/MultiByte.h"
 #include "tabscheck/Spelling.h"
-
-#include <windows.h>
 
 #include <algorithm>
 
@@ -16,44 +15,32 @@ namespace {
 
 using Tesk::MultiByte::equalNoCase;
 
-constexpr std::string_view kTexts = "MDITabs.ini";
-constexpr std::string_view kDoubled = ".txt";  // what an editor appends
+constexpr const char* kTexts = "MDITabs.ini";
+constexpr const char* kDoubled = ".txt";  // what an editor appends
 constexpr std::size_t kMostEdits = 2;
-
-// Texts for some host: "16.0" or "AutoCAD_16.0" behind the name.
-bool isForAHost(const std::string& sName)
-{
-    const Tesk::CPathParts parts(sName);
-    if (!equalNoCase(parts.m_sBase.substr(0, 7), "MDITabs") || !equalNoCase(parts.m_sExtension, ".ini"))
-        return false;
-    const std::string sRelease = parts.m_sBase.substr(std::max<std::size_t>(parts.m_sBase.rfind('_') + 1, 7));
-    const std::size_t dot = sRelease.find('.');
-    return dot != std::string::npos && dot > 0 && dot + 1 < sRelease.size() &&
-           sRelease.find_first_not_of("0123456789.") == std::string::npos;
-}
 
 bool isMeantAs(const std::string& sName, const std::string& sWanted)
 {
-    const std::string sDoubled = sName.size() > kDoubled.size() ? sName.substr(0, sName.size() - kDoubled.size()) : "";
-    if (equalNoCase(sDoubled + std::string(kDoubled), sName) && equalNoCase(sDoubled, sWanted))
+    static const boost::regex sTexts("MDITabs.*\\.ini", boost::regex::icase);
+    // "16.0" or "AutoCAD_16.0" behind the name.
+    static const boost::regex sForAHost("MDITabs(.*_)?\\d+\\.[\\d.]+\\.ini", boost::regex::icase);
+    if (equalNoCase(sName, sWanted + kDoubled))
         return true;
-    const bool host = sWanted == kTexts && equalNoCase(sName.substr(0, 7), "MDITabs") &&
-                      equalNoCase(Tesk::CPathParts(sName).m_sExtension, ".ini");
-    return host ? !isForAHost(sName) : !nearest(sName, {sWanted}, kMostEdits).empty();
+    return sWanted == kTexts && boost::regex_match(sName, sTexts) ? !boost::regex_match(sName, sForAHost)
+                                                                  : !nearest(sName, {sWanted}, kMostEdits).empty();
 }
 
 }  // namespace
 
-const std::vector<NameCheck::Entry>& NameCheck::entries(const std::string& sFolder)
+const std::vector<FolderEntry>& NameCheck::entries(const std::string& sFolder)
 {
     const auto [found, fresh] = m_entries.try_emplace(sFolder);
-    WIN32_FIND_DATAA entry;
-    const UniqueFind find(fresh && sFolder.size() + 1 < MAX_PATH ? ::FindFirstFileA((sFolder + "*").c_str(), &entry)
-                                                                 : INVALID_HANDLE_VALUE);
-    for (bool more = static_cast<bool>(find); more; more = ::FindNextFileA(find.get(), &entry) != FALSE) {
-        const char first = entry.cFileName[0] | 0x20;  // of what is looked for
-        if (first == 'm' || first == 'p' || first == 's' || first == 'd')
-            found->second.push_back({entry.cFileName, (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    if (fresh) {
+        found->second = entriesOf(sFolder + "*").entries;
+        // What is looked for begins with one of these.
+        std::erase_if(found->second, [](const FolderEntry& entry) {
+            return std::string_view("mMpPsSdD").find(entry.name[0]) == std::string_view::npos;
+        });
     }
     return found->second;
 }
@@ -62,10 +49,10 @@ void NameCheck::look(const Wanted& wanted, std::vector<Problem>& problems)
 {
     const std::string sWanted = wanted.name;
     const bool folder = Tesk::CPathParts(sWanted).m_sExtension.empty();
-    const std::vector<Entry>& all = entries(wanted.folder);
+    const std::vector<FolderEntry>& all = entries(wanted.folder);
     const bool there =
-        std::any_of(all.begin(), all.end(), [&](const Entry& e) { return equalNoCase(e.name, sWanted); });
-    for (const Entry& entry : all) {
+        std::any_of(all.begin(), all.end(), [&](const FolderEntry& e) { return equalNoCase(e.name, sWanted); });
+    for (const FolderEntry& entry : all) {
         const bool same = equalNoCase(entry.name, sWanted);
         if (entry.folder != folder || (same ? wanted.meant.empty() : !isMeantAs(entry.name, sWanted)))
             continue;
@@ -83,30 +70,23 @@ const std::vector<Problem>& NameCheck::of(const std::string& sFolder, const std:
         return found->second;
     const std::string sApplication = Tesk::getLocation(Tesk::LOCATION_DIR_APPLICATION_ROOT).GetString();
     const std::string sDomain = Tesk::getLocation(Tesk::LOCATION_DIR_DOMAIN_SETTINGS).GetString();
-    const std::string sTexts = "support\\" + std::string(kTexts);
-    std::vector<Wanted> rows = {
-        {sApplication, "support", ""},
-        {sApplication, kTexts.data(), sApplication + sTexts},
-        {sApplication + "support\\", kTexts.data(), ""},
-        {sApplication + "support\\", "StandardSettings.txt", ""},
-        {sDomain, "support", ""},
-        {sDomain, kTexts.data(), sDomain + sTexts},
-        {sDomain, "DomainSettings.txt", ""},
-        {sDomain + "support\\", kTexts.data(), ""},
-        {sFolder, kTexts.data(), ""},
-    };
+    std::vector<Wanted> rows = {{sApplication + "support\\", "StandardSettings.txt", ""},
+                                {sDomain, "DomainSettings.txt", ""},
+                                {sFolder, kTexts, ""}};
     for (std::string sUp = sFolder; !sUp.empty() && sUp.back() == '\\';
          sUp = Tesk::CPathParts(Tesk::withoutBackslash(sUp)).parent()) {
         rows.push_back({sUp, Tesk::kProjectSettings, ""});
         if (sUp == sRoot)
             break;
     }
-    if (!sRoot.empty()) {
-        const std::string sSettings = sRoot + "Settings\\";
+    if (!sRoot.empty())
         rows.push_back({sRoot, "Settings", ""});
-        rows.push_back({sSettings, "support", ""});
-        rows.push_back({sSettings, kTexts.data(), sSettings + sTexts});
-        rows.push_back({sSettings + "support\\", kTexts.data(), ""});
+    for (const std::string& sBase : {sApplication, sDomain, sRoot.empty() ? "" : sRoot + "Settings\\"}) {
+        if (sBase.empty())
+            continue;
+        rows.push_back({sBase, "support", ""});
+        rows.push_back({sBase, kTexts, sBase + "support\\" + kTexts});
+        rows.push_back({sBase + "support\\", kTexts, ""});
     }
     for (const Wanted& row : rows)
         look(row, found->second);

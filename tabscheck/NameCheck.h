@@ -2,10 +2,10 @@
 
 // Files and folders that somebody meant as settings, and that nothing ever reads.
 
+#include "tabscheck/Folders.h"
 #include "tabscheck/Report.h"
 
 #include <map>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -17,20 +17,16 @@ public:
     const std::vector<Problem>& of(const std::string& sFolder, const std::string& sRoot);
 
 private:
-    struct Entry {
-        std::string name;
-        bool folder;
-    };
     struct Wanted {
         std::string folder;  // to look in
         const char* name;    // to be there, in a few spellings
         std::string meant;   // the full path; empty for the name in that folder
     };
 
-    const std::vector<Entry>& entries(const std::string& sFolder);
+    const std::vector<FolderEntry>& entries(const std::string& sFolder);
     void look(const Wanted& wanted, std::vector<Problem>& problems);
 
-    std::map<std::string, std::vector<Entry>> m_entries;
+    std::map<std::string, std::vector<FolderEntry>> m_entries;
     std::map<std::string, std::vector<Problem>> m_problems;
 };
 

@@ -221,12 +221,9 @@ const ProjectFile& ProjectCheck::get(Layer layer, const std::string& sPath)
 ProjectFile ProjectCheck::read(Layer layer, const std::string& sPath)
 {
     ProjectFile file;
-    file.place = {layer, sPath, Tesk::fileExists(sPath.c_str()), 0, false};
-    if (!file.place.found) {
-        if (const std::string sReason = whyClosed(sPath); !sReason.empty())
-            file.problems.push_back({sPath, 0, 0, true, "the strip cannot open it: " + sReason, "", true});
+    file.place = placeOf(layer, sPath, file.problems);
+    if (!file.place.found)
         return file;
-    }
     const SourceFile& source = m_files.get(sPath, Form::Project);
     file.problems = source.problems();
     Reader(source, file).read();

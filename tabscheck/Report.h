@@ -1,22 +1,30 @@
 #pragma once
 
-// What was found out about one drawing: plain values, in the thread's ANSI code page.
+// What was found out about one drawing: plain values, in the thread's ANSI code page. What
+// is described of a structure is what a program reads of it.
 
 #include "library/files/SupportFileLocator.h"
 
+#include <boost/describe/class.hpp>
+
 #include <compare>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tabscheck {
 
 using Tesk::Layer;
 
-const char* nameOf(Layer layer);
+inline std::string_view nameOf(Layer layer)
+{
+    constexpr std::string_view kNames[] = {"standard", "domain", "project", "folder"};
+    return kNames[static_cast<int>(layer)];
+}
 
 // A place that was asked, in the order of asking.
 struct Place {
-    Layer layer = Layer::Standard;
+    std::string_view layer;
     std::string path;
     bool found = false;
     unsigned keys = 0;     // those that the strip takes from it
@@ -24,35 +32,35 @@ struct Place {
 
     bool operator==(const Place&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Place, (), (layer, path, found, dropped, keys))
 
 // A folder that may be the domain's; the first that is there is taken.
 struct DomainFolder {
     std::string path;
     bool found = false;
-    std::string key;  // of the registry, when it is named there
-
-    bool operator==(const DomainFolder&) const = default;
+    std::string registry;  // the key, when it is named there
 };
+BOOST_DESCRIBE_STRUCT(DomainFolder, (), (path, found, registry))
 
 // One definition of a text.
 struct Setting {
-    Layer layer = Layer::Standard;
+    std::string_view layer;
     std::string file;
     unsigned line = 0;
     std::string value;
 
     bool operator==(const Setting&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Setting, (), (layer, file, line, value))
 
-struct Text {
+// The definition that counts; its line is 0 when no file defines the key.
+struct Text : Setting {
     std::string key;
-    // The one that counts first, then what it overrode, the nearest first; empty when no
-    // file defines the key.
-    std::vector<Setting> settings;
+    std::vector<Setting> overrides;  // the nearest first
 
-    const std::string& value() const;
     bool operator==(const Text&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Text, (Setting), (overrides))
 
 struct Border {
     std::string block;
@@ -62,6 +70,7 @@ struct Border {
 
     bool operator==(const Border&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Border, (), (block, file, line, chosen))
 
 struct Mapping {
     std::string key;
@@ -71,6 +80,7 @@ struct Mapping {
 
     bool operator==(const Mapping&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Mapping, (), (key, tag, file, line))
 
 struct Project {
     std::string root;  // with a trailing backslash; empty outside any project
@@ -83,6 +93,7 @@ struct Project {
 
     bool operator==(const Project&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Project, (), (root, label, source, borders, mapping))
 
 struct Tooltip {
     std::string rule;  // "template", "title", "default"; empty for a drawing that cannot be read
@@ -92,6 +103,7 @@ struct Tooltip {
 
     bool operator==(const Tooltip&) const = default;
 };
+BOOST_DESCRIBE_STRUCT(Tooltip, (), (rule, title, text))
 
 struct Problem {
     std::string file;     // or a registry key
@@ -105,23 +117,28 @@ struct Problem {
     auto operator<=>(const Problem&) const = default;
 };
 
-// All but path and tooltip are often the same for a folder's drawings.
-struct Findings {
-    std::vector<DomainFolder> domainFolders;
+struct DrawingReport {
+    std::string path;
+    bool settingsFile = false;  // no drawing: the problems alone count
+    bool unreadable = false;    // the drawing is there but does not open
+    std::vector<DomainFolder> domain;
     std::vector<Place> searched;
     std::vector<Text> texts;
     Project project;
-    std::vector<Problem> problems;
-
-    bool operator==(const Findings&) const = default;
-};
-
-struct DrawingReport {
-    std::string path;
-    bool settingsFile = false;  // no drawing: of the findings the problems alone count
-    Findings findings;
     Tooltip tooltip;
-    bool unreadable = false;  // the drawing is there but does not open
+    std::vector<Problem> problems;
+};
+BOOST_DESCRIBE_STRUCT(DrawingReport, (), (path, domain, searched, texts, project, tooltip, problems))
+
+// Where the reports go.
+class Reports {
+public:
+    virtual ~Reports() = default;
+    virtual void add(DrawingReport report) = 0;
+    // A path that could not be checked.
+    virtual void addUnchecked(const std::string& /*sPath*/, const std::string& /*sReason*/) {}
+    // After the last drawing.
+    virtual void finish() = 0;
 };
 
 }  // namespace tabscheck

@@ -1,14 +1,15 @@
 #include "tabscheck/SourceFile.h"
 
 #include "library/diagnostics/ExceptionText.h"
+#include "library/files/FileSearch.h"
 #include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
+#include "tabscheck/Folders.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <exception>
-#include <tuple>
 
 namespace tabscheck {
 
@@ -142,12 +143,15 @@ void SourceFile::checkWideLines()
 
 const SourceFile& SourceFiles::get(const std::string& sPath, Form form)
 {
-    const std::pair key(sPath, form);
-    const auto found = m_files.find(key);
-    if (found != m_files.end())
-        return found->second;
-    return m_files.emplace(std::piecewise_construct, std::forward_as_tuple(key), std::forward_as_tuple(sPath, form))
-        .first->second;
+    return m_files.try_emplace({sPath, form}, sPath, form).first->second;
+}
+
+Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems)
+{
+    const bool found = Tesk::fileExists(sPath.c_str());
+    if (const std::string sReason = found ? "" : whyClosed(sPath); !sReason.empty())
+        problems.push_back({sPath, 0, 0, true, "the strip cannot open it: " + sReason, "", true});
+    return {nameOf(layer), sPath, found, 0, false};
 }
 
 }  // namespace tabscheck

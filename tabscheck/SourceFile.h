@@ -63,4 +63,7 @@ private:
     std::map<std::pair<std::string, Form>, SourceFile> m_files;
 };
 
+// Whether the strip finds a settings file; a problem when it is there but closed.
+Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems);
+
 }  // namespace tabscheck

@@ -1,5 +1,7 @@
 #include "tabscheck/Spelling.h"
 
+#include "library/text/MultiByte.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -9,24 +11,15 @@ namespace {
 
 constexpr std::size_t kLongestWord = 64;  // no known word is longer
 
-std::string lower(std::string_view sWord)
-{
-    std::string sLower(sWord);
-    for (char& c : sLower)
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    return sLower;
-}
-
 // Edits, a swap of neighbours counting as one.
 std::size_t distance(const std::string& sOne, const std::string& sOther)
 {
     std::vector<std::vector<std::size_t>> rows(sOne.size() + 1, std::vector<std::size_t>(sOther.size() + 1));
     for (std::size_t i = 0; i <= sOne.size(); ++i) {
         for (std::size_t j = 0; j <= sOther.size(); ++j) {
-            if (i == 0 || j == 0) {
-                rows[i][j] = i + j;
+            rows[i][j] = i + j;
+            if (i == 0 || j == 0)
                 continue;
-            }
             const std::size_t change = sOne[i - 1] == sOther[j - 1] ? 0 : 1;
             rows[i][j] = std::min({rows[i - 1][j] + 1, rows[i][j - 1] + 1, rows[i - 1][j - 1] + change});
             if (i > 1 && j > 1 && sOne[i - 1] == sOther[j - 2] && sOne[i - 2] == sOther[j - 1])
@@ -42,15 +35,14 @@ std::string nearest(std::string_view sWord, const std::vector<std::string>& word
 {
     if (sWord.size() > kLongestWord)
         return {};
-    const std::string sLower = lower(sWord);
+    const std::string sUpper = Tesk::MultiByte::upper(sWord);
     std::string sBest;
     std::size_t best = mostEdits + 1;
     for (const std::string& sKnown : words) {
-        const std::size_t edits = distance(sLower, lower(sKnown));
-        if (edits < best) {
-            best = edits;
+        const std::size_t edits = distance(sUpper, Tesk::MultiByte::upper(sKnown));
+        if (edits < best)
             sBest = sKnown;
-        }
+        best = std::min(best, edits);
     }
     return sBest;
 }

@@ -1,3 +1,5 @@
+#include "library/expansion/Regex.h"
+
 #include "tabscheck/TemplateCheck.h"
 
 #include "library/expansion/DatePass.h"
@@ -21,18 +23,10 @@ bool isDate(std::string_view sName)
     return std::find(std::begin(kDates), std::end(kDates), sName) != std::end(kDates);
 }
 
-bool isWordCharacter(char c)
-{
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
-}
-
 std::string_view wordAt(std::string_view sText)
 {
-    const auto end = std::find_if_not(sText.begin(), sText.end(), isWordCharacter);
-    return sText.substr(0, static_cast<std::size_t>(end - sText.begin()));
+    return sText.substr(0, sText.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_"));
 }
-
-bool startsWith(std::string_view sText, std::string_view sStart) { return sText.substr(0, sStart.size()) == sStart; }
 
 class Checker {
 public:
@@ -61,11 +55,11 @@ private:
             return 0;
         const bool date = isDate(sName);
         const bool title = sName == kTitleBlock || sName == std::string("X_") + kTitleBlock;
-        if ((date || title) && startsWith(sBehind, ":") && !startsWith(sBehind, "::")) {
+        if ((date || title) && sBehind.starts_with(":") && !sBehind.starts_with("::")) {
             add(false, at, stays(sToken, closed) + "; \"::\" stands between name and " + (date ? "format" : "key"));
             return sToken.size();
         }
-        if (date && startsWith(sBehind, "::"))
+        if (date && sBehind.starts_with("::"))
             return checkDate(at, sName, sBehind.substr(2));
         if (closed && sToken == sName) {
             add(false, at,
@@ -73,7 +67,7 @@ private:
                                             : ": there is no such keyword" + suggest(sToken)));
             return sToken.size() + 1;
         }
-        if (closed && title && startsWith(sBehind, "::")) {
+        if (closed && title && sBehind.starts_with("::")) {
             if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
                 sKey.size() < sToken.size() && m_keywords.names.count(sKey) != 0)
                 return unclosed(at, sKey);
@@ -153,16 +147,9 @@ std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const Key
 
 std::string findToken(const std::string& sText)
 {
-    for (std::size_t at = sText.find('%'); at != std::string::npos; at = sText.find('%', at + 1)) {
-        const std::string_view sRest = std::string_view(sText).substr(at + 1);
-        const std::string_view sToken = sRest.substr(0, sRest.find('%'));
-        const std::string_view sName = wordAt(sToken);
-        const bool capitals = std::none_of(sName.begin(), sName.end(), [](char c) { return c >= 'a' && c <= 'z'; });
-        if (sToken.size() < sRest.size() && sName.size() > 2 && capitals &&
-            (sName == sToken || startsWith(sToken.substr(sName.size()), "::")))
-            return "%" + std::string(sToken) + "%";
-    }
-    return {};
+    static const boost::regex sToken("%[A-Z0-9_]{3,}(::[^%]*)?%");
+    boost::smatch found;
+    return boost::regex_search(sText, found, sToken) ? found.str() : "";
 }
 
 }  // namespace tabscheck

@@ -59,16 +59,14 @@ public:
     Merge(SourceFiles& files, TextFindings& findings) : m_files(files), m_findings(findings)
     {
         for (const TextKey& key : kTextKeys)
-            m_findings.texts.push_back({key.sName, {}});
+            m_findings.texts.push_back({{}, key.sName, {}});
     }
 
     void take(Layer layer, const std::string& sPath)
     {
-        Place place = {layer, sPath, Tesk::fileExists(sPath.c_str()), 0, false};
+        Place place = placeOf(layer, sPath, m_findings.problems);
         if (place.found)
             read(m_files.get(sPath, Form::Texts), place);
-        else if (const std::string sReason = whyClosed(sPath); !sReason.empty())
-            m_findings.problems.push_back({sPath, 0, 0, true, "the strip cannot open it: " + sReason, "", true});
         m_findings.searched.push_back(place);
     }
 
@@ -77,10 +75,10 @@ public:
     {
         closeSection();
         for (Text& text : m_findings.texts)
-            if (!text.settings.empty())
+            if (text.line != 0)
                 checkValue(text, *findKey(text.key));
         checkMnemonics();
-        std::erase_if(m_findings.texts, [](const Text& t) { return t.settings.empty() && findKey(t.key)->bOptIn; });
+        std::erase_if(m_findings.texts, [](const Text& t) { return t.line == 0 && findKey(t.key)->bOptIn; });
     }
 
 private:
@@ -161,8 +159,12 @@ private:
         std::string_view sValue = entry.m_sValue.substr(0, entry.m_sValue.find('\0'));
         if (pKey->bQuoted)
             sValue = withoutQuotes(sValue);
-        std::vector<Setting>& settings = textOf(pKey->sName).settings;
-        settings.insert(settings.begin(), {place.layer, place.path, entry.m_uLine, std::string(sValue)});
+        Text& text = *std::find_if(m_findings.texts.begin(), m_findings.texts.end(),
+                                   [pKey](const Text& one) { return one.key == pKey->sName; });
+        Setting setting = {place.layer, place.path, entry.m_uLine, std::string(sValue)};
+        std::swap<Setting>(text, setting);
+        if (setting.line != 0)
+            text.overrides.insert(text.overrides.begin(), std::move(setting));
         m_entries[pKey->sName] = {&file, &entry};
     }
 
@@ -179,7 +181,7 @@ private:
     void checkValue(const Text& text, const TextKey& key)
     {
         const auto& [pFile, pEntry] = m_entries.at(text.key);
-        const std::string& sValue = text.value();
+        const std::string& sValue = text.value;
         const auto tell = [&, this](const std::string& sText) {
             m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue, sText));
         };
@@ -200,22 +202,16 @@ private:
     {
         std::map<char, const Text*> known;
         for (const Text& text : m_findings.texts) {
-            const char letter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value()) : '\0';
+            const char letter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value) : '\0';
             const auto [other, fresh] = known.emplace(letter, &text);
             if (letter == '\0' || fresh)
                 continue;
             const auto& [pFile, pEntry] = m_entries.at(text.key);
             m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue,
-                                                         "\"" + text.value() + "\" shares its mnemonic \"" + letter +
-                                                             "\" with \"" + other->second->value() + "\" (" +
+                                                         "\"" + text.value + "\" shares its mnemonic \"" + letter +
+                                                             "\" with \"" + other->second->value + "\" (" +
                                                              other->second->key + "): one key does not choose either"));
         }
-    }
-
-    Text& textOf(const std::string& sKey)
-    {
-        return *std::find_if(m_findings.texts.begin(), m_findings.texts.end(),
-                             [&sKey](const Text& text) { return text.key == sKey; });
     }
 
     void add(const SourceFile& file, bool error, const CSettingsEntry& entry, std::string sText)
@@ -234,7 +230,7 @@ void checkUndefined(TextFindings& findings)
 {
     std::vector<std::string> names;
     for (const Text& text : findings.texts)
-        if (text.settings.empty() && findKey(text.key)->eKind == TextKind::Caption)
+        if (text.line == 0 && findKey(text.key)->eKind == TextKind::Caption)
             names.push_back(text.key);
     if (!names.empty())
         findings.problems.push_back(
@@ -281,22 +277,16 @@ TextFindings TextCheck::ofFile(const std::string& sPath)
     return findings;
 }
 
-std::vector<Problem> TextCheck::checkTemplateOf(const Text& text, const Keywords& keywords) const
+void TextCheck::checkTemplateOf(const Text* pText, const Keywords& keywords, std::vector<Problem>& problems) const
 {
-    std::vector<Problem> problems;
-    if (text.settings.empty())
-        return problems;
-    const Setting& setting = text.settings.front();
-    const SourceFile& file = m_files.get(setting.file, Form::Texts);
-    for (const CSettingsEntry& entry : file.texts()) {
-        if (entry.m_uLine != setting.line)
-            continue;
-        const std::size_t value = entry.m_sValue.find(setting.value);
-        for (const TemplateFault& fault : checkTemplate(setting.value, keywords))
-            problems.push_back(
-                file.problem(fault.error, entry, entry.m_sValue.substr(value + fault.position), fault.text));
-    }
-    return problems;
+    if (pText == nullptr || pText->line == 0)
+        return;
+    const SourceFile& file = m_files.get(pText->file, Form::Texts);
+    const CSettingsEntry& entry = *std::find_if(file.texts().begin(), file.texts().end(),
+                                                [pText](const auto& one) { return one.m_uLine == pText->line; });
+    const std::size_t value = entry.m_sValue.find(pText->value);
+    for (const TemplateFault& fault : checkTemplate(pText->value, keywords))
+        problems.push_back(file.problem(fault.error, entry, entry.m_sValue.substr(value + fault.position), fault.text));
 }
 
 }  // namespace tabscheck

@@ -29,8 +29,8 @@ public:
     const TextFindings& of(const std::string& sDrawing);
     // For this copy alone.
     TextFindings ofFile(const std::string& sPath);
-    // What is wrong with a text that is a template, where it is defined.
-    std::vector<Problem> checkTemplateOf(const Text& text, const Keywords& keywords) const;
+    // Adds what is wrong with a text that is a template, if it is there, where it is defined.
+    void checkTemplateOf(const Text* pText, const Keywords& keywords, std::vector<Problem>& problems) const;
 
 private:
     SourceFiles& m_files;

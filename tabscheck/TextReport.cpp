@@ -3,7 +3,9 @@
 #include "library/files/PathParts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
+#include <utility>
 
 namespace tabscheck {
 
@@ -13,10 +15,9 @@ constexpr std::size_t kMostNames = 3;
 constexpr std::size_t kShownBefore = 60;  // of a long line, around the caret
 constexpr std::size_t kShownBehind = 60;
 
-std::string padded(std::string sText, std::size_t width)
+std::string padded(std::string_view sText, std::size_t width)
 {
-    sText.resize(std::max(sText.size(), width), ' ');
-    return sText + " ";
+    return std::string(sText) + std::string(width - std::min(width, sText.size()) + 1, ' ');
 }
 
 std::string counted(std::size_t count, const std::string& sThing)
@@ -37,16 +38,9 @@ std::string quoted(std::string_view sText) { return "\"" + visible(sText) + "\""
 
 std::string nameOfDrawing(const std::string& sPath) { return Tesk::CPathParts(sPath).fileName(); }
 
-std::string placeState(const Place& place, const std::string& sThing)
-{
-    if (place.dropped)
-        return "dropped";
-    return place.found ? counted(place.keys, sThing) : "-";
-}
-
 std::string at(const std::string& sFile, unsigned line) { return sFile + ":" + std::to_string(line); }
 
-// The line with a caret below; of a long one the part around it.
+// Below the problem its line with a caret; of a long one the part around it.
 std::string excerpt(const Problem& problem)
 {
     if (problem.column == 0 || problem.source.empty())
@@ -58,8 +52,8 @@ std::string excerpt(const Problem& problem)
     std::string sLine = problem.source.substr(from, to - from);
     std::replace_if(
         sLine.begin(), sLine.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return "    " + sBefore + sLine + (to < problem.source.size() ? "..." : "") + "\r\n    " +
-           std::string(sBefore.size() + position - from, ' ') + "^\r\n";
+    return "\r\n    " + sBefore + sLine + (to < problem.source.size() ? "..." : "") + "\r\n    " +
+           std::string(sBefore.size() + position - from, ' ') + "^";
 }
 
 std::string ruleText(const Tooltip& tooltip)
@@ -90,16 +84,13 @@ std::string someOf(const std::vector<std::string>& names, std::size_t all)
 void TextReport::add(DrawingReport report)
 {
     ++(report.settingsFile ? m_files : m_count);
-    for (const Problem& problem : std::set<Problem>(report.findings.problems.begin(), report.findings.problems.end()))
+    for (const Problem& problem : std::set<Problem>(report.problems.begin(), report.problems.end()))
         ++m_problems[problem];
     if (m_problemsAlone)
         return;
-    if (!m_run.empty()) {
-        const Findings& last = m_run.back().findings;
-        const Findings& now = report.findings;
-        if (report.settingsFile || last.searched != now.searched || last.texts != now.texts)
-            flush();
-    }
+    if (!m_run.empty() &&
+        (report.settingsFile || m_run.back().searched != report.searched || m_run.back().texts != report.texts))
+        flush();
     m_run.push_back(std::move(report));
 }
 
@@ -112,19 +103,16 @@ void TextReport::finish()
         if (m_problemsAlone)
             printProblem(problem, m_count == 0 ? "" : " [" + counted(count, "drawing") + "]");
     }
-    if (m_count == 0 && m_files != 0)
-        m_console.print(counted(m_files, "file"));
-    else
-        m_console.print(counted(m_count, "drawing"));
-    m_console.print(" checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning") +
-                    "\r\n");
+    print((m_count == 0 && m_files != 0 ? counted(m_files, "file") : counted(m_count, "drawing")) +
+          " checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning"));
 }
 
 void TextReport::flush()
 {
     if (m_run.empty())
         return;
-    printHeader();
+    const std::string& sFirst = m_run.front().path;
+    print(m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::CPathParts(sFirst).parent());
     if (!m_run.front().settingsFile) {
         printSearched();
         printTexts();
@@ -134,112 +122,91 @@ void TextReport::flush()
     m_run.clear();
 }
 
-void TextReport::printHeader() const
+void TextReport::print(const std::string& sLine) const { m_console.print(sLine + "\r\n"); }
+
+void TextReport::printPlace(std::string_view sLayer, const std::string& sState, const std::string& sPath) const
 {
-    const std::string& sFirst = m_run.front().path;
-    m_console.print(
-        (m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::CPathParts(sFirst).parent()) +
-        "\r\n");
+    print("    " + padded(sLayer, 8) + padded(sState, 9) + sPath);
 }
 
 void TextReport::printSearched() const
 {
-    const Findings& findings = m_run.front().findings;
-    m_console.print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one\r\n");
-    for (const Place& place : findings.searched)
-        m_console.print("    " + padded(nameOf(place.layer), 8) + padded(placeState(place, "key"), 9) + place.path +
-                        "\r\n");
-    m_console.print("  domain settings folder; the first that exists is taken\r\n");
-    bool taken = false;
-    for (const DomainFolder& folder : findings.domainFolders) {
-        const bool takes = folder.found && !taken;
-        taken |= takes;
-        m_console.print("    " + padded("domain", 8) +
-                        padded(takes          ? "taken"
-                               : folder.found ? "there"
-                                              : "-",
-                               9) +
-                        folder.path + (folder.key.empty() ? "" : "  <- " + folder.key) + "\r\n");
-    }
+    print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one");
+    for (const Place& place : m_run.front().searched)
+        printPlace(place.layer, place.dropped ? "dropped" : place.found ? counted(place.keys, "key") : "-", place.path);
+    print("  domain settings folder; the first that exists is taken");
+    const char* sState = "taken";
+    for (const DomainFolder& folder : m_run.front().domain)
+        printPlace("domain", folder.found ? std::exchange(sState, "there") : "-",
+                   folder.path + (folder.registry.empty() ? "" : "  <- " + folder.registry));
 }
 
 void TextReport::printTexts() const
 {
-    m_console.print("\r\n  texts\r\n");
-    for (const Text& text : m_run.front().findings.texts) {
-        m_console.print("    " + padded(text.key, 18) + quoted(text.value()) + "\r\n");
-        if (text.settings.empty())
-            m_console.print("        no file defines it\r\n");
-        for (std::size_t i = 0; i < text.settings.size(); ++i) {
-            const Setting& setting = text.settings[i];
-            m_console.print("        " + padded(i == 0 ? "from" : "overrides", 9) + padded(nameOf(setting.layer), 8) +
-                            at(setting.file, setting.line) + (i == 0 ? "" : "  " + quoted(setting.value)) + "\r\n");
-        }
+    print("\r\n  texts");
+    for (const Text& text : m_run.front().texts) {
+        print("    " + padded(text.key, 18) + quoted(text.value));
+        print(text.line == 0 ? "        no file defines it"
+                             : "        from      " + padded(text.layer, 8) + at(text.file, text.line));
+        for (const Setting& setting : text.overrides)
+            print("        overrides " + padded(setting.layer, 8) + at(setting.file, setting.line) + "  " +
+                  quoted(setting.value));
     }
 }
 
 // Drawings of one folder share their project, but not the border in use.
 void TextReport::printProjects() const
 {
-    for (std::size_t first = 0; first < m_run.size();) {
-        std::size_t behind = first;
-        while (behind < m_run.size() && m_run[behind].findings.project == m_run[first].findings.project)
-            ++behind;
-        printProject(m_run[first].findings.project);
-        printTooltips(first, behind);
-        first = behind;
+    for (auto first = m_run.begin(); first != m_run.end();) {
+        const auto behind = std::find_if(first, m_run.end(),
+                                         [&](const DrawingReport& other) { return other.project != first->project; });
+        printProject(first->project);
+        print("\r\n  tooltip");
+        while (first != behind) {
+            const auto next = std::find_if(first, behind,
+                                           [&](const DrawingReport& other) { return other.tooltip != first->tooltip; });
+            const std::string sLast = nameOfDrawing(std::prev(next)->path);
+            const auto count = static_cast<std::size_t>(next - first);
+            print("    " + nameOfDrawing(first->path) +
+                  (count == 1 ? "" : " to " + sLast + " (" + counted(count, "drawing") + ")") + ": " +
+                  ruleText(first->tooltip));
+            printBalloon(first->tooltip);
+            first = next;
+        }
     }
 }
 
 void TextReport::printProject(const Project& project) const
 {
-    m_console.print("\r\n  project\r\n");
-    m_console.print(
-        "    " + padded("root", 8) +
-        (project.root.empty() ? "none: no ProjectSettings.txt from the drawing's folder upwards" : project.root) +
-        "\r\n");
+    print("\r\n  project");
+    print("    root     " +
+          (project.root.empty() ? "none: no ProjectSettings.txt from the drawing's folder upwards" : project.root));
     if (!project.root.empty())
-        m_console.print("    " + padded("label", 8) + quoted(project.label) + "\r\n");
+        print("    label    " + quoted(project.label));
     for (const Place& place : project.searched)
-        m_console.print("    " + padded(nameOf(place.layer), 8) + padded(place.found ? "there" : "-", 9) + place.path +
-                        (place.path == project.source
-                             ? project.sourceIsCertain ? "  <- its borders" : "  <- its borders, asked first"
-                             : "") +
-                        "\r\n");
+        printPlace(place.layer, place.found ? "there" : "-",
+                   place.path + (place.path != project.source ? ""
+                                 : project.sourceIsCertain    ? "  <- its borders"
+                                                              : "  <- its borders, asked first"));
     if (project.sourceIsCertain && project.source.empty())
-        m_console.print(project.borders.empty() ? "    no border is defined\r\n"
-                                                : "    none of these borders is in the drawing\r\n");
+        print(project.borders.empty() ? "    no border is defined" : "    none of these borders is in the drawing");
     for (const Border& border : project.borders)
-        m_console.print("    " + padded("border", 8) + padded(border.block, 18) + at(border.file, border.line) +
-                        (border.chosen ? "  <- in the drawing" : "") + "\r\n");
+        print("    border   " + padded(border.block, 18) + at(border.file, border.line) +
+              (border.chosen ? "  <- in the drawing" : ""));
     for (const Mapping& mapping : project.mapping)
-        m_console.print("    " + padded("mapping", 8) + padded(mapping.key, 18) + at(mapping.file, mapping.line) +
-                        "  " + mapping.tag + "\r\n");
+        print("    mapping  " + padded(mapping.key, 18) + at(mapping.file, mapping.line) + "  " + mapping.tag);
 }
 
-void TextReport::printTooltips(std::size_t first, std::size_t behind) const
+void TextReport::printBalloon(const Tooltip& tooltip) const
 {
-    m_console.print("\r\n  tooltip\r\n");
-    while (first < behind) {
-        const Tooltip& tooltip = m_run[first].tooltip;
-        std::size_t next = first;
-        while (next < behind && m_run[next].tooltip == tooltip)
-            ++next;
-        m_console.print("    " + nameOfDrawing(m_run[first].path) +
-                        (next - first == 1 ? ""
-                                           : " to " + nameOfDrawing(m_run[next - 1].path) + " (" +
-                                                 counted(next - first, "drawing") + ")") +
-                        ": " + ruleText(tooltip) + "\r\n");
-        if (!tooltip.rule.empty() && tooltip.text.empty())
-            m_console.print("      no balloon: the text is empty\r\n");
-        if (!tooltip.text.empty()) {
-            std::string sText = tooltip.title + "\n" + tooltip.text;
-            for (std::size_t end; (end = sText.find('\n')) != std::string::npos; sText.erase(0, end + 1))
-                m_console.print("      | " + visible(sText.substr(0, end)) + "\r\n");
-            m_console.print("      | " + visible(sText) + "\r\n");
-        }
-        first = next;
-    }
+    if (!tooltip.rule.empty() && tooltip.text.empty())
+        print("      no balloon: the text is empty");
+    if (tooltip.text.empty())
+        return;
+    std::string sText = tooltip.title + "\n" + tooltip.text;
+    for (std::size_t end; (end = sText.find('\n')) != std::string::npos; sText.erase(0, end + 1))
+        print("      | " + visible(sText.substr(0, end)));
+    print("      | " + visible(sText));
 }
 
 void TextReport::printProblems()
@@ -247,7 +214,7 @@ void TextReport::printProblems()
     std::vector<Problem> order;
     std::map<Problem, std::vector<std::string>> names;
     for (const DrawingReport& report : m_run) {
-        for (const Problem& problem : report.findings.problems) {
+        for (const Problem& problem : report.problems) {
             std::vector<std::string>& drawings = names[problem];
             if (drawings.empty())
                 order.push_back(problem);
@@ -255,19 +222,17 @@ void TextReport::printProblems()
                 drawings.push_back(nameOfDrawing(report.path));
         }
     }
-    m_console.print(order.empty() ? "\r\n  no problems\r\n" : "\r\n  problems\r\n");
+    print(order.empty() ? "\r\n  no problems" : "\r\n  problems");
     for (const Problem& problem : order)
         printProblem(problem, someOf(names[problem], m_run.size()));
-    m_console.print("\r\n");
+    print("");
 }
 
 void TextReport::printProblem(const Problem& problem, const std::string& sWhom)
 {
-    std::string sPlace = problem.file;
-    if (problem.line != 0)
-        sPlace += ":" + std::to_string(problem.line) + ":" + std::to_string(problem.column);
-    m_console.print(sPlace + ": " + (problem.error ? "error: " : "warning: ") + visible(problem.text) + sWhom + "\r\n" +
-                    excerpt(problem));
+    const std::string sPlace =
+        problem.line == 0 ? problem.file : at(problem.file, problem.line) + ":" + std::to_string(problem.column);
+    print(sPlace + (problem.error ? ": error: " : ": warning: ") + visible(problem.text) + sWhom + excerpt(problem));
 }
 
 }  // namespace tabscheck

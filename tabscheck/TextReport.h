@@ -8,26 +8,27 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tabscheck {
 
-class TextReport {
+class TextReport : public Reports {
 public:
     TextReport(Console& console, bool problemsAlone) : m_console(console), m_problemsAlone(problemsAlone) {}
 
-    void add(DrawingReport report);
-    // After the last drawing.
-    void finish();
+    void add(DrawingReport report) override;
+    void finish() override;
 
 private:
     void flush();
-    void printHeader() const;
+    void print(const std::string& sLine) const;
+    void printPlace(std::string_view sLayer, const std::string& sState, const std::string& sPath) const;
     void printSearched() const;
     void printTexts() const;
     void printProjects() const;
     void printProject(const Project& project) const;
-    void printTooltips(std::size_t first, std::size_t behind) const;
+    void printBalloon(const Tooltip& tooltip) const;
     void printProblems();
     void printProblem(const Problem& problem, const std::string& sWhom);
 

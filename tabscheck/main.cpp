@@ -17,9 +17,9 @@
 
 #include <windows.h>
 
-#include <algorithm>
 #include <exception>
-#include <optional>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -68,29 +68,26 @@ struct Arguments {
 Arguments parse(int count, char** words)
 {
     Arguments arguments;
+    const std::map<std::string, bool*> flags = {{"/?", &arguments.help},
+                                                {"--help", &arguments.help},
+                                                {"--json", &arguments.json},
+                                                {"--problems", &arguments.problems},
+                                                {"--strict", &arguments.strict}};
+    const std::map<std::string, std::string*> values = {
+        {"--root", &arguments.root}, {"--release", &arguments.release}, {"--product", &arguments.product}};
     bool options = true;
     for (int i = 1; i < count; ++i) {
         const std::string sWord = words[i];
-        std::string* pValue = sWord == "--root"      ? &arguments.root
-                              : sWord == "--release" ? &arguments.release
-                              : sWord == "--product" ? &arguments.product
-                                                     : nullptr;
-        if (options && sWord == "/?")
-            arguments.help = true;
+        const auto flag = flags.find(sWord);
+        const auto value = values.find(sWord);
+        if (options && flag != flags.end())
+            *flag->second = true;
         else if (!options || sWord.substr(0, 2) != "--")
             arguments.paths.push_back(sWord);
         else if (sWord == "--")
             options = false;
-        else if (sWord == "--json")
-            arguments.json = true;
-        else if (sWord == "--problems")
-            arguments.problems = true;
-        else if (sWord == "--strict")
-            arguments.strict = true;
-        else if (sWord == "--help")
-            arguments.help = true;
-        else if (pValue != nullptr && i + 1 < count)
-            *pValue = words[++i];
+        else if (value != values.end() && i + 1 < count)
+            *value->second = words[++i];
         else
             arguments.error = "\"" + sWord + "\" is unknown or lacks its value";
     }
@@ -122,28 +119,22 @@ public:
     explicit Program(const Arguments& arguments) : m_arguments(arguments)
     {
         if (m_arguments.json)
-            m_json.emplace(m_console);
+            m_reports = std::make_unique<JsonReport>(m_console);
         else
-            m_text.emplace(m_console, m_arguments.problems);
+            m_reports = std::make_unique<TextReport>(m_console, m_arguments.problems);
     }
 
     ExitCode run()
     {
         DrawingFinder finder([this](const std::string& sDrawing) { check(sDrawing); },
                              [this](const std::string& sPath, const std::string& sReason, bool unreadable) {
-                                 m_unchecked |= unreadable;
-                                 if (m_json && unreadable)
-                                     m_json->addUnchecked(sPath, sReason);
                                  m_console.progress("");
-                                 m_console.complain("tabscheck: " + sPath + ": " + sReason);
+                                 tell(sPath, sReason, unreadable);
                              });
         for (const std::string& sPath : m_arguments.paths)
             finder.add(sPath);
         m_console.progress("");
-        if (m_json)
-            m_json->finish();
-        else
-            m_text->finish();
+        m_reports->finish();
         m_console.flush();
         if (m_unchecked || m_console.failed())
             return kUnchecked;
@@ -157,34 +148,30 @@ private:
         try {
             DrawingReport report = m_check.check(sDrawing);
             m_unchecked |= report.unreadable;
-            for (const Problem& problem : report.findings.problems) {
+            for (const Problem& problem : report.problems) {
                 m_problems |= problem.error || m_arguments.strict;
                 m_unchecked |= problem.unchecked;
             }
-            if (m_json)
-                m_json->add(report);
-            else
-                m_text->add(std::move(report));
+            m_reports->add(std::move(report));
         } catch (CException* pException) {
-            fail(sDrawing, Tesk::takeExceptionText(pException).GetString());
+            tell(sDrawing, Tesk::takeExceptionText(pException).GetString(), true);
         } catch (const std::exception& exception) {
-            fail(sDrawing, exception.what());
+            tell(sDrawing, exception.what(), true);
         }
     }
 
-    void fail(const std::string& sDrawing, const std::string& sReason)
+    void tell(const std::string& sPath, const std::string& sReason, bool unchecked)
     {
-        m_unchecked = true;
-        if (m_json)
-            m_json->addUnchecked(sDrawing, sReason);
-        m_console.complain("tabscheck: " + sDrawing + ": " + sReason);
+        m_unchecked |= unchecked;
+        if (unchecked)
+            m_reports->addUnchecked(sPath, sReason);
+        m_console.complain("tabscheck: " + sPath + ": " + sReason);
     }
 
     const Arguments& m_arguments;
     Console m_console;
     DrawingCheck m_check;
-    std::optional<TextReport> m_text;
-    std::optional<JsonReport> m_json;
+    std::unique_ptr<Reports> m_reports;
     std::size_t m_count = 0;
     bool m_problems = false;
     bool m_unchecked = false;
@@ -192,17 +179,14 @@ private:
 
 ExitCode run(const Arguments& arguments)
 {
+    const std::string sModuleFile = moduleFile(arguments.root);
     if (arguments.help) {
         Console().print(kUsage);
         return kClean;
     }
-    if (!arguments.error.empty()) {
-        Console().complain("tabscheck: " + arguments.error + "\r\n\r\n" + kUsage);
-        return kUnchecked;
-    }
-    const std::string sModuleFile = moduleFile(arguments.root);
-    if (sModuleFile.empty()) {
-        Console().complain("tabscheck: " + arguments.root + ": no such folder");
+    if (!arguments.error.empty() || sModuleFile.empty()) {
+        Console().complain("tabscheck: " + (arguments.error.empty() ? arguments.root + ": no such folder"
+                                                                    : arguments.error + "\r\n\r\n" + kUsage));
         return kUnchecked;
     }
     Tesk::lookOnlyAs(sModuleFile.c_str());

@@ -14,7 +14,6 @@
 
 #include <map>
 #include <memory>
-#include <memory_resource>
 #include <string_view>
 #include <vector>
 
@@ -58,8 +57,8 @@ public:
     const std::vector<CString>& getKeyLines() const { return m_vecKeyLines; }
 
 private:
-    using Keys = std::pmr::map<CString, CString, CLessNoCase>;
-    using Sections = std::pmr::map<CString, Keys, CLessNoCase>;
+    using Keys = std::map<CString, CString, CLessNoCase>;
+    using Sections = std::map<CString, Keys, CLessNoCase>;
 
     void read(const char* sFileName, bool bSoundOnly);
     void merge(const CSettingsEntry& entry);
@@ -67,8 +66,7 @@ private:
     Keys& findOrAddSection(std::string_view sSection);
     static void assign(Keys& mapKeys, std::string_view sKey, CString sValue);
 
-    std::pmr::monotonic_buffer_resource m_nodes;  // all go together, so one after the other will do
-    Sections m_mapSections{&m_nodes};
+    Sections m_mapSections;
     std::vector<CString> m_vecKeyLines;
     bool m_bKeepLines;
     std::unique_ptr<CDefaultSettingsException> m_pCurrentException;
