@@ -50,9 +50,9 @@ CDocManagerReactor* CDocManagerReactor::getReactor()
 bool CDocManagerReactor::isDatabaseModified(AcApDocument* pDocument)
 {
     TESK_TRACE("CDocManagerReactor::isDatabaseModified(...)\n");
-    // DBMOD answers for the working database alone.
     if (pDocument->database() == nullptr)
         return false;
+    // DBMOD answers for the working database alone.
     const Tesk::CWorkingDatabase scope(pDocument->database());
     Tesk::CARXVariable variable("DBMOD");
     variable.read();
