@@ -45,25 +45,11 @@ void BareTabs::insertAfterWalk(const std::string& sText, LPARAM data) const
 
 void BareTabs::clear() const { ::SendMessageA(m_tabs, TCM_DELETEALLITEMS, 0, 0); }
 
-BareMenu::BareMenu(int iXrefs, int iDrawings)
+BareMenu::BareMenu()
     : m_owner(::CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 1, 1, nullptr, nullptr,
-                                ::GetModuleHandleA(nullptr), nullptr)),
-      m_iXrefs(iXrefs),
-      m_iDrawings(iDrawings)
+                                ::GetModuleHandleA(nullptr), nullptr))
 {
 }
-
-namespace {
-
-void appendSubmenu(HMENU menu, const char* sCaption, const std::string& sItems, int iCount)
-{
-    const HMENU submenu = ::CreatePopupMenu();
-    for (int i = 0; i < iCount; ++i)
-        ::AppendMenuA(submenu, MF_STRING, static_cast<UINT>(100 + i), (sItems + std::to_string(i)).c_str());
-    ::AppendMenuA(menu, MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(submenu), sCaption);
-}
-
-}  // namespace
 
 void BareMenu::show(POINT point) const
 {
@@ -71,24 +57,11 @@ void BareMenu::show(POINT point) const
     const auto append = [&](const char* sCaption) {
         ::AppendMenuA(menu.get(), sCaption != nullptr ? MF_STRING : MF_SEPARATOR, 1, sCaption);
     };
-    append("Save");
-    append("Close");
-    if (m_iDrawings != 0) {
-        append("a");
-        append("b");
-        append(nullptr);
-        append("c");
-        append("d");
-        appendSubmenu(menu.get(), "e", "A-", m_iDrawings);
-    }
-    append(nullptr);
-    append("Options");
-    if (m_iDrawings != 0)
-        append("f");
-    if (m_iXrefs != 0) {
-        append(nullptr);
-        appendSubmenu(menu.get(), "Xrefs", "X-", m_iXrefs);
-    }
+    for (const char* sCaption : {"Save", "Close", "a", "b", static_cast<const char*>(nullptr), "c", "d"})
+        append(sCaption);
+    ::AppendMenuA(menu.get(), MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(::CreatePopupMenu()), "e");
+    for (const char* sCaption : {static_cast<const char*>(nullptr), "Options", "f"})
+        append(sCaption);
     ::TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_VCENTERALIGN | TPM_RIGHTBUTTON, point.x, point.y, 0, m_owner.get(),
                      nullptr);
 }

@@ -29,17 +29,15 @@ private:
     HWND m_tabs;
 };
 
-// With the items of the strip's context menu, for a window of its own.
+// With the items of the strip's context menu, all that can be switched on, for a window of
+// its own. The list of drawings is empty, as it is in the strip's until it opens.
 class BareMenu {
 public:
-    // With a list of drawings go the other items that can be switched on.
-    explicit BareMenu(int iXrefs, int iDrawings = 0);
+    BareMenu();
 
     // At a screen point; returns when the menu is gone.
     void show(POINT point) const;
 
 private:
     UniqueWindow m_owner;
-    int m_iXrefs;
-    int m_iDrawings;
 };

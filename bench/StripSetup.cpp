@@ -53,11 +53,6 @@ void StripSetup::open(int iCount)
     for (; iCount > 0; --iCount, ++m_iOpened) {
         DrawingText text;
         text.variable("TITLE", "Plan").border("SHEET", {{"NR", "1"}, {"TITLE", "Ground floor"}});
-        if (m_iOpened == 0)
-            for (int i = 0; i < XREFS; ++i) {
-                const std::string sName = "X-" + std::to_string(i);
-                text.xref(sName, m_folder.write(sName + ".dwg", DrawingText().str()));
-            }
         m_application.documents().open(m_folder.write("A-" + std::to_string(100 + m_iOpened) + ".dwg", text.str()));
     }
     pump();

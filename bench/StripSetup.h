@@ -13,8 +13,6 @@
 
 #include <functional>
 
-constexpr int XREFS = 8;
-
 class StripSetup {
 public:
     explicit StripSetup(bool bVisible = true);
@@ -23,7 +21,7 @@ public:
     // Into the program's own image, where the module's code is linked already.
     void load();
     void unload();
-    // Opens so many drawings more. The first one has XREFS external references.
+    // Opens so many drawings more.
     void open(int iCount);
     void open(const std::string& sPath);
     void closeAll();

@@ -119,6 +119,13 @@ void benchAdding(int iCount, int iRounds)
     forget(documents);
 }
 
+void fill(const BareTabs& bare)
+{
+    for (int i = 0; i < DRAWINGS; ++i)
+        bare.insert("A-" + std::to_string(100 + i), i, i);
+    ::SendMessageA(bare.window(), TCM_SETCURSEL, DRAWINGS - 1, 0);
+}
+
 void benchLayout(StripSetup& setup)
 {
     const auto pass = [&] { return timed(50, [&] { setup.frame().RecalcLayout(); }); };
@@ -129,27 +136,34 @@ void benchLayout(StripSetup& setup)
             setup.pump();
         });
     };
-    compare("layout pass, nothing moves", 9, pass, [&] { return setup.without(pass); });
-    compare("frame resized and painted", 9, resizing, [&] { return setup.without(resizing); });
-}
-
-void benchMenu(const char* sName, StripSetup& setup, int iFirstTab, int iStep, int iXrefs, int iDrawings = 0)
-{
-    int iTab = iFirstTab;
-    const BareMenu bare(iXrefs, iDrawings);
-    const auto rightClick = [&] {
-        const CPoint point = setup.showTab(iTab);
-        iTab += iStep;
-        return setup.untilMenu([&] {
-            m_pWndTabs->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_pWndTabs->m_hWnd),
-                                    MAKELPARAM(point.x, point.y));
+    // A bare control beside the frame, as wide and as full as the strip.
+    const auto resizingBare = [&] {
+        const BareTabs bare(m_pWndTabs->m_hWnd);
+        fill(bare);
+        return timed(4, [&] {
+            ::SetWindowPos(bare.window(), nullptr, 0, 0, 900 + 10 * (iWidth ^= 1), 29, SWP_NOMOVE | SWP_NOZORDER);
+            setup.pump();
         });
     };
-    const auto bareMenu = [&] {
-        const CPoint point = setup.showTab(iTab);
-        return setup.untilMenu([&] { bare.show(point); });
+    compare("layout pass, nothing moves", 9, pass, [&] { return setup.without(pass); });
+    compare("frame resized and painted, against a bare control besides", 9, resizing,
+            [&] { return resizingBare() + setup.without(resizing); });
+}
+
+void benchMenu(StripSetup& setup)
+{
+    setup.write("MDITabs.ini", "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
+                               "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\n");
+    CMDITabSettings::clearDefaultSettings();
+    const BareMenu bare;
+    const CPoint point = setup.showTab(3);
+    const auto rightClick = [&] {
+        m_pWndTabs->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_pWndTabs->m_hWnd),
+                                MAKELPARAM(point.x, point.y));
     };
-    compare(sName, 15, rightClick, bareMenu);
+    compare(
+        "right click to menu, everything on", 15, [&] { return setup.untilMenu(rightClick); },
+        [&] { return setup.untilMenu([&] { bare.show(point); }); });
 }
 
 void benchOptions(StripSetup& setup)
@@ -157,9 +171,10 @@ void benchOptions(StripSetup& setup)
     const BareTabs bare(m_pWndTabs->m_hWnd);
     const auto refill = [&] {
         const Clock clock;
-        bare.clear();
+        // As the rebuild goes: a tab at a time.
         for (int i = 0; i < DRAWINGS; ++i)
-            bare.insert("A-" + std::to_string(100 + i), i, i);
+            ::SendMessageA(bare.window(), TCM_DELETEITEM, 0, 0);
+        fill(bare);
         setup.frame().RecalcLayout();
         return clock.elapsed();
     };
@@ -201,16 +216,8 @@ int main(int iCount, char** aArguments)
         benchNotification("notification, 50 drawings");
     if (wanted("layout"))
         benchLayout(setup);
-    if (wanted("menu")) {
-        // Each round another drawing, whose texts and data are not cached yet.
-        benchMenu("right click to menu, a drawing's first", setup, 1, 1, 0);
-        benchMenu("right click to menu", setup, 3, 0, 0);
-        benchMenu("right click to menu, 8 references", setup, 0, 0, XREFS);
-        setup.write("MDITabs.ini", "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
-                                   "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\n");
-        CMDITabSettings::clearDefaultSettings();
-        benchMenu("right click to menu, everything on", setup, 3, 0, 0, DRAWINGS);
-    }
+    if (wanted("menu"))
+        benchMenu(setup);
     if (wanted("options"))
         benchOptions(setup);
     return 0;

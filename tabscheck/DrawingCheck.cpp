@@ -74,7 +74,6 @@ private:
             showUnread();
             return;
         }
-        m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
         try {
             dxf::Drawing drawing(dxf::DxfFile::read(m_report.path), m_report.path);
             if (drawing.file().contentsNotRead())
@@ -82,6 +81,7 @@ private:
             else
                 showDrawing(drawing);
         } catch (const dxf::FileError& error) {
+            m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
             chooseSource(m_projects.files);
             m_report.problems.push_back({error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U,
                                          true, "the drawing cannot be read: " + error.reason(), "", false});

@@ -46,14 +46,14 @@ class MenuTest(HostTest):
         ready = self.folder / "ready.png"
 
         def remove():
-            for _ in range(600):
+            for _ in range(3000):
                 if ready.exists():
                     return grid.unlink()
-                time.sleep(0.05)
+                time.sleep(0.01)
 
         helper = threading.Thread(target=remove)
         helper.start()
-        transcript = self.run_host([f"OPEN {A100}", "STRIP", "SHOT ready.png", "WAIT 1500",
+        transcript = self.run_host([f"OPEN {A100}", "STRIP", "SHOT ready.png", "WAIT 500",
                                     f"MENU 1 {XREFS}", "STRIP"], expect_exit=None)
         helper.join()
         before, after = transcript.strips

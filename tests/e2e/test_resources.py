@@ -2,7 +2,7 @@
 import re
 import unittest
 
-from host import MODULE, HostTest
+from host import ARCH, MODULE, HostTest
 
 CYCLES = 200
 DRAWINGS = 40  # the thousand are opened without windows, in tests/module
@@ -27,10 +27,11 @@ class ResourcesTest(HostTest):
 
     def test_loading_and_unloading_leaves_nothing(self):
         self.set_registry({"Use": 1})  # a key that is there can be left open
-        # One handle of the kernel stays with each load, no key of the registry: two would be seen.
+        # Semaphores of the compiler's runtime stay with each load, which nobody can reach to
+        # close them: two where it has exceptions by tables of its own (32 bits), else one.
         cycle = [LOAD, UNLOAD]
         self.compare(*self.counts(["OPEN Projects/Riverside/Drawings/A-101.dwg", *cycle * 3, "RESOURCES",
-                                   *cycle * CYCLES, "RESOURCES"]), handles_that_stay=CYCLES)
+                                   *cycle * CYCLES, "RESOURCES"]), handles_that_stay=CYCLES * (2 if ARCH == "x86" else 1))
 
     def test_opening_and_closing_drawings_leaves_nothing(self):
         # Titled, with a title block and xrefs, and with neither; what is kept a file name is kept once.

@@ -2,7 +2,7 @@
 
 #include "library/expansion/DatePass.h"
 #include "tests/library/TestRandom.h"
-#include "tests/library/ThreadCodePage.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>

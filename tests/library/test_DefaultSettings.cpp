@@ -5,9 +5,9 @@
 #include "library/text/StringView.h"
 #include "tests/library/Raised.h"
 #include "tests/library/TestRandom.h"
-#include "tests/library/ThreadCodePage.h"
 #include "tests/library/Utf16.h"
 #include "tests/support/TestFolder.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <doctest/doctest.h>
 

@@ -1,7 +1,7 @@
 #include "library/diagnostics/Guard.h"
 #include "library/maintenance/AssertionReport.h"
 #include "tests/library/LibraryFixture.h"
-#include "tests/library/ThreadCodePage.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <doctest/doctest.h>
 

@@ -4,9 +4,9 @@
 #include "library/expansion/DatePass.h"
 #include "library/files/SupportFileLocator.h"
 #include "tests/library/DrawingFixture.h"
-#include "tests/library/ThreadCodePage.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>

@@ -15,9 +15,9 @@
 #include "tests/library/Environment.h"
 #include "tests/library/Installation.h"
 #include "tests/library/LibraryFixture.h"
-#include "tests/library/ThreadCodePage.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <windows.h>
 #include <doctest/doctest.h>

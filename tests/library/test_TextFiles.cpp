@@ -5,10 +5,10 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "tests/library/Raised.h"
-#include "tests/library/ThreadCodePage.h"
 #include "tests/library/Utf16.h"
 #include "tests/support/Answers.h"
 #include "tests/support/TestFolder.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <doctest/doctest.h>
 

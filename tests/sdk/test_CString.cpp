@@ -1,27 +1,10 @@
 #include "mfc/afx.h"
+#include "tests/support/ThreadCodePage.h"
 
 #include <doctest/doctest.h>
 
 #include <cerrno>
 #include <cstring>
-
-namespace {
-
-class ThreadLocale {
-public:
-    explicit ThreadLocale(LCID locale) : m_before(::GetThreadLocale()) { ::SetThreadLocale(locale); }
-    ~ThreadLocale() { ::SetThreadLocale(m_before); }
-    ThreadLocale(const ThreadLocale&) = delete;
-    ThreadLocale& operator=(const ThreadLocale&) = delete;
-
-private:
-    LCID m_before;
-};
-
-constexpr LCID japanese = 0x0411;
-constexpr LCID english = 0x0409;
-
-}  // namespace
 
 TEST_CASE("CString formats, cuts and joins, also from and into itself")
 {
@@ -47,7 +30,7 @@ TEST_CASE("CString formats, cuts and joins, also from and into itself")
 
 TEST_CASE("CString takes no trail byte for a character of its own (code page 932)")
 {
-    const ThreadLocale locale(japanese);
+    const CThreadLocale locale(CThreadLocale::japanese);
     // 0x83 0x5C ends in a backslash, 0x83 0x41 in 'A', 0x81 0x7C in a bar.
     CString path("C:\\\x83\x5C\\\x83\x5C.dwg");
     CHECK(path.Find('\\') == 2);
@@ -66,7 +49,7 @@ TEST_CASE("CString takes no trail byte for a character of its own (code page 932
 
 TEST_CASE("CString compares without case by the thread's code page")
 {
-    const ThreadLocale locale(english);
+    const CThreadLocale locale(CThreadLocale::english);
     CHECK(CString("\xC4").CompareNoCase("\xE4") == 0);
     CHECK(CString("a\x83\\").ReverseFind('\\') == 2);
     CHECK(CString(" \t\r\n x \n").Trim() == "x");
@@ -74,7 +57,7 @@ TEST_CASE("CString compares without case by the thread's code page")
 
 TEST_CASE("a file exception names file and reason within the caller's buffer")
 {
-    const ThreadLocale locale(japanese);
+    const CThreadLocale locale(CThreadLocale::japanese);
     char message[300];
     try {
         CFileException::ThrowErrno(ENOENT, "C:\\\x83\x5C.txt");
