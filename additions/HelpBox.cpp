@@ -4,11 +4,11 @@
 #include "additions/resource.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/files/Explorer.h"
 #include "library/files/FileSearch.h"
 #include "library/files/Locator.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/mail/SimpleMail.h"
-#include "library/system/Explorer.h"
 #include "library/text/StringView.h"
 #include "settings/MDITabSettings.h"
 #include "settings/ResourceScope.h"
@@ -117,7 +117,7 @@ void CHelpBox::mailLog()
     const Tesk::Mail::CMessage message = {m_sSupportAddress, sSubject, describe(),
                                           Tesk::fileExists(sLog) ? sLog : CString()};
     const Tesk::Mail::Result result = Tesk::Mail::compose(m_hWnd, message);
-    if (result == Tesk::Mail::Result::sent || result == Tesk::Mail::Result::cancelled)
+    if (result == Tesk::Mail::Result::done)
         return;
     const CString sReason = result == Tesk::Mail::Result::noProgram
                                 ? "There is no mail program on this computer that could be asked."

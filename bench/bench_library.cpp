@@ -1,5 +1,5 @@
 // The support library's figures: settings files, template expansion, disabled trace.
-#include "library/expansion/Regex.h"
+#include "library/text/Regex.h"
 
 #include "bench/Measure.h"
 #include "library/diagnostics/Prerelease.h"

@@ -1,6 +1,6 @@
 #include "settings/TabsDefaultSettings.h"
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"

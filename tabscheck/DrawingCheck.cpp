@@ -82,7 +82,7 @@ private:
                 showDrawing(drawing);
         } catch (const dxf::FileError& error) {
             m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
-            chooseSource(m_projects.files);
+            chooseSource();
             m_report.problems.push_back({error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U,
                                          true, "the drawing cannot be read: " + error.reason(), "", false});
         }
@@ -90,7 +90,7 @@ private:
 
     void showUnread()
     {
-        chooseSource(m_projects.files);
+        chooseSource();
         showTemplate(KnownExpansion(m_report.path, m_projects), m_projects.files);
     }
 
@@ -127,49 +127,35 @@ private:
     // asked in vain.
     void chooseBorder(const Tesk::CTitleBlock& titleBlock)
     {
-        Project& project = m_report.project;
-        const ProjectFile* pSource = m_projects.find(titleBlock.getSettingsFile().GetString());
-        if (pSource == nullptr) {
-            for (const ProjectFile* pFile : m_projects.files)
-                addBorders(*pFile);
-            return;
-        }
-        project.source = pSource->place.path;
-        addBorders(*pSource);
         const std::string sBlock = titleBlock.getBorderBlock().GetString();
-        for (const ProjectFile::Group& group : pSource->groups) {
-            const auto found = std::find_if(group.borders.begin(), group.borders.end(),
-                                            [&sBlock](const Border& border) { return border.block == sBlock; });
-            if (found == group.borders.end())
-                continue;
-            for (Border& border : project.borders)
-                border.chosen = border == *found;
-            project.mapping = group.mapping;
-            return;
-        }
+        if (const ProjectFile* const pSource = m_projects.find(titleBlock.getSettingsFile().GetString()))
+            return choose(*pSource, [&sBlock](const Border& border) { return border.block == sBlock; });
+        std::vector<Border>& borders = m_report.project.borders;
+        for (const ProjectFile* pFile : m_projects.files)
+            borders.insert(borders.end(), pFile->borders.begin(), pFile->borders.end());
     }
 
     // Without the drawing's blocks: the first file that has borders is the one asked first.
-    void chooseSource(const std::vector<const ProjectFile*>& files)
+    void chooseSource()
     {
-        Project& project = m_report.project;
-        for (const ProjectFile* pFile : files) {
-            const auto first = std::find_if(pFile->groups.begin(), pFile->groups.end(),
-                                            [](const ProjectFile::Group& group) { return !group.borders.empty(); });
-            if (first == pFile->groups.end())
-                continue;
-            addBorders(*pFile);
-            project.source = pFile->place.path;
-            project.mapping = first->mapping;
-            return;
-        }
+        const auto& files = m_projects.files;
+        const auto first =
+            std::find_if(files.begin(), files.end(), [](const ProjectFile* pFile) { return !pFile->borders.empty(); });
+        if (first != files.end())
+            choose(**first, [](const Border&) { return true; });
     }
 
-    void addBorders(const ProjectFile& file)
+    template <class IsMeant>
+    void choose(const ProjectFile& file, IsMeant isMeant)
     {
-        std::vector<Border>& borders = m_report.project.borders;
-        for (const ProjectFile::Group& group : file.groups)
-            borders.insert(borders.end(), group.borders.begin(), group.borders.end());
+        Project& project = m_report.project;
+        project.source = file.place.path;
+        project.borders = file.borders;
+        const auto border = std::find_if(project.borders.begin(), project.borders.end(), isMeant);
+        if (border == project.borders.end())
+            return;
+        border->chosen = project.sourceIsCertain;
+        project.mapping = file.mappings[border->group];
     }
 
     // Of the keys that the template shows, those whose attribute the border lacks.
@@ -203,8 +189,8 @@ private:
     {
         Keywords keywords = keywordsOf(expansion);
         for (const ProjectFile* pFile : files)
-            for (const ProjectFile::Group& group : pFile->groups)
-                for (const Mapping& mapping : group.mapping)
+            for (const std::vector<Mapping>& mappings : pFile->mappings)
+                for (const Mapping& mapping : mappings)
                     keywords.names.insert({"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key});
         m_check.checkTemplateOf(m_texts.find("TooltipText"), keywords, m_report.problems);
         // This one knows the file's keywords, and one of its own.
@@ -224,7 +210,7 @@ std::vector<DomainFolder> findDomainFolders(std::vector<Problem>& problems)
 {
     std::vector<DomainFolder> folders;
     for (const auto& [sFolder, sKey] : Tesk::getDomainSettingsCandidates()) {
-        const std::string sPath = fullPath(sFolder.GetString());
+        const std::string sPath = Tesk::fullPath(sFolder.GetString());
         folders.push_back({sPath, Tesk::folderExists(sFolder), sKey.GetString()});
         if (!folders.back().found && !sKey.IsEmpty())
             problems.push_back({sKey.GetString(), 0, 0, true,

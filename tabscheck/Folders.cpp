@@ -3,6 +3,7 @@
 #include "dxf/FileError.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
 #include "library/system/Handles.h"
 #include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
@@ -16,6 +17,7 @@ namespace tabscheck {
 
 namespace {
 
+using Tesk::fullPath;
 using Tesk::MultiByte::equalNoCase;
 
 bool isDrawingName(const std::string& sPath)
@@ -54,20 +56,6 @@ std::string whyClosed(const std::string& sPath)
     if (isMissing(error) || (attributes != INVALID_FILE_ATTRIBUTES && isFolder(attributes)))
         return {};
     return systemReason(error);
-}
-
-std::string fullPath(const std::string& sPath)
-{
-    std::string sFull(MAX_PATH, '\0');
-    for (;;) {
-        const auto size = static_cast<DWORD>(sFull.size());
-        const DWORD length = ::GetFullPathNameA(sPath.c_str(), size, sFull.data(), nullptr);
-        if (length == 0)
-            return sPath;
-        sFull.resize(length);
-        if (length < size)
-            return sFull;
-    }
 }
 
 std::string existingFolder(const std::string& sPath)

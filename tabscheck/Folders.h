@@ -57,9 +57,6 @@ private:
 // The folder's full path ends in a backslash. Empty when there is no such folder.
 std::string existingFolder(const std::string& sPath);
 
-// The full form of a path; the path itself when it has none.
-std::string fullPath(const std::string& sPath);
-
 // Why a file that may be there cannot be opened; empty when it can, or is not there.
 std::string whyClosed(const std::string& sPath);
 

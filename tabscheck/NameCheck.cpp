@@ -1,4 +1,4 @@
-#include "library/expansion/Regex.h"
+#include "library/text/Regex.h"
 
 #include "tabscheck/NameCheck.h"
 

@@ -83,7 +83,8 @@ private:
         m_block = &entry;
         m_brace = nullptr;
         m_nested = false;
-        m_group = {};
+        m_borders.clear();
+        m_mapping.clear();
         if (entry.m_block != ProjectBlock::Unknown || isRemark(entry))
             return;  // what a remark costs is told at the block that it costs
         if (entry.m_uLine != 1 || m_source.problems().empty())  // else the mark of an encoding
@@ -94,19 +95,21 @@ private:
 
     std::vector<std::string> unusedKeywords() const
     {
-        std::vector<std::string> names = Tesk::getProjectKeywords();
-        std::erase_if(names, [this](const std::string& sName) {
-            return std::any_of(m_source.project().begin(), m_source.project().end(), [&sName](const auto& entry) {
-                return entry.m_kind == CProjectEntry::Keyword && entry.m_sKey == sName;
-            });
-        });
+        std::vector<std::string> names;
+        for (const auto& [sName, block] : Tesk::kProjectKeywords)
+            if (std::none_of(m_source.project().begin(), m_source.project().end(), [&sName = sName](const auto& entry) {
+                    return entry.m_kind == CProjectEntry::Keyword && entry.m_sKey == sName;
+                }))
+                names.push_back(sName);
         return names;
     }
 
     void close(const CProjectEntry& entry)
     {
-        if (entry.m_block == ProjectBlock::TitleBlocks)
-            m_file.groups.push_back(m_group);
+        if (entry.m_block == ProjectBlock::TitleBlocks) {
+            m_file.borders.insert(m_file.borders.end(), m_borders.begin(), m_borders.end());
+            m_file.mappings.push_back(m_mapping);
+        }
         if (m_block != nullptr && isRemark(*m_block) && !m_nested)
             tellRemark("what follows up to line " + std::to_string(entry.m_uLine));
         m_block = nullptr;
@@ -144,8 +147,8 @@ private:
         const std::vector<std::string> fields = Tesk::borderFields(entry.m_sValue);
         if (Tesk::isBorder(fields.size())) {
             if (entry.m_block == ProjectBlock::TitleBlocks)
-                m_group.borders.push_back(
-                    {fields[1].substr(0, fields[1].find('.')), m_source.path(), entry.m_uLine, false});
+                m_borders.push_back({fields[1].substr(0, fields[1].find('.')), m_source.path(), entry.m_uLine, false,
+                                     m_file.mappings.size()});
         } else if (hasTypographicQuote(entry.m_sValue)) {
             add(true, entry, "this border is ignored: it has typographic quotes where straight ones are read");
         } else {
@@ -158,9 +161,9 @@ private:
     // Of two lines with one key the later counts.
     void takeMapping(const CProjectEntry& entry)
     {
-        std::erase_if(m_group.mapping, [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
-        m_group.mapping.push_back({entry.m_sKey, std::string(Tesk::MultiByte::withoutQuotes(entry.m_sValue)),
-                                   m_source.path(), entry.m_uLine});
+        std::erase_if(m_mapping, [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
+        m_mapping.push_back({entry.m_sKey, std::string(Tesk::MultiByte::withoutQuotes(entry.m_sValue)), m_source.path(),
+                             entry.m_uLine});
     }
 
     void add(bool error, const CProjectEntry& entry, std::string sText)
@@ -170,7 +173,8 @@ private:
 
     const SourceFile& m_source;
     ProjectFile& m_file;
-    ProjectFile::Group m_group;
+    std::vector<Border> m_borders;  // of the block that is read
+    std::vector<Mapping> m_mapping;
     const CProjectEntry* m_block = nullptr;  // the keyword of the block that is read
     const CProjectEntry* m_brace = nullptr;  // a line in it that ends in "}"
     bool m_nested = false;                   // a keyword in it was told
@@ -227,8 +231,6 @@ ProjectFile ProjectCheck::read(Layer layer, const std::string& sPath)
     const SourceFile& source = m_files.get(sPath, Form::Project);
     file.problems = source.problems();
     Reader(source, file).read();
-    for (const ProjectFile::Group& group : file.groups)
-        file.place.keys += static_cast<unsigned>(group.mapping.size());
     return file;
 }
 

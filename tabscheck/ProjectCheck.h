@@ -15,11 +15,8 @@ namespace tabscheck {
 struct ProjectFile {
     Place place;
     std::string label;
-    struct Group {
-        std::vector<Border> borders;
-        std::vector<Mapping> mapping;
-    };
-    std::vector<Group> groups;  // of title blocks
+    std::vector<Border> borders;
+    std::vector<std::vector<Mapping>> mappings;  // of the borders' groups
     std::vector<Problem> problems;
 };
 

@@ -8,6 +8,7 @@
 #include <boost/describe/class.hpp>
 
 #include <compare>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -66,7 +67,8 @@ struct Border {
     std::string block;
     std::string file;
     unsigned line = 0;
-    bool chosen = false;  // its block is the drawing's title block
+    bool chosen = false;    // its block is the drawing's title block
+    std::size_t group = 0;  // of its file: whose mapping counts with it
 
     bool operator==(const Border&) const = default;
 };

@@ -1,6 +1,6 @@
 #include "tabscheck/SourceFile.h"
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 #include "library/files/FileSearch.h"
 #include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"

@@ -2,7 +2,7 @@
 // PATH...: which file said so. It shows for each drawing where the strip's texts come from, and what is
 // wrong where. It never writes.
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"

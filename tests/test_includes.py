@@ -5,7 +5,7 @@ import sys
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
 ROWS = {"": "library dxf host settings reactors tabs additions module",
-        "library/": "text network system controls diagnostics registry mail drawing files titleblock expansion maintenance"}
+        "library/": "threads text network system controls diagnostics registry mail drawing files titleblock expansion maintenance"}
 faults = []
 for prefix, row in ROWS.items():
     order = row.split()

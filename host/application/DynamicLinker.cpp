@@ -81,8 +81,8 @@ std::string DynamicLinker::load(const std::string& sPath, bool single)
     auto module = std::make_unique<Module>();
     module->name = baseNameOf(sFullPath);
     module->path = sFullPath;
-    if (!module->library.reset(::LoadLibraryExA(sFullPath.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH)) ||
-        !module->library)
+    module->library.reset(::LoadLibraryExA(sFullPath.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!module->library)
         return loadError(::GetLastError());
     module->entryPoint = procedure<EntryPoint>(module->library.get(), "acrxEntryPoint");
     if (module->entryPoint == nullptr)

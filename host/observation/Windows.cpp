@@ -99,8 +99,12 @@ bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition)
 
 void postMouse(HWND window, UINT message, WPARAM buttons, POINT client)
 {
+    // The pointer itself comes along only to move. Else it goes out of the way: what Windows
+    // says of it later would reach the strip at any time.
     POINT screen = client;
     ::ClientToScreen(window, &screen);
+    if (message != WM_MOUSEMOVE)
+        screen = {0, 0};
     ::SetCursorPos(screen.x, screen.y);
     ::PostMessageA(window, message, buttons, MAKELPARAM(client.x, client.y));
 }

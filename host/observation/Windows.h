@@ -25,7 +25,7 @@ HWND visibleWindow(const char* className);
 // Handles messages until the condition holds; false when it does not within the time.
 bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition);
 
-// Posts a mouse message at a point of the window, with the pointer there.
+// Posts a mouse message at a point of the window; when it is a move, with the pointer there.
 void postMouse(HWND window, UINT message, WPARAM buttons, POINT client);
 
 }  // namespace host::observation

@@ -31,9 +31,9 @@ void drawLogo(HDC hdc, RECT rect)
 
 BEGIN_MESSAGE_MAP(CAdvertisingControl, CWnd)
     ON_WM_PAINT()
-    ON_MESSAGE(WM_ERASEBKGND, &ThisClass::OnEraseBackground)
 END_MESSAGE_MAP()
 
+// OnPaint covers everything: the class has no background.
 bool CAdvertisingControl::Create(CWnd* pParent, UINT nID)
 {
     return CWnd::Create(AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW, ::LoadCursorA(nullptr, IDC_ARROW)), "Zavik",
@@ -50,6 +50,3 @@ void CAdvertisingControl::OnPaint()
         ::EndPaint(m_hWnd, &paint);
     }
 }
-
-// OnPaint covers everything.
-LRESULT CAdvertisingControl::OnEraseBackground(WPARAM, LPARAM) { return TRUE; }

@@ -16,7 +16,6 @@ public:
 
 private:
     void OnPaint();
-    LRESULT OnEraseBackground(WPARAM wParam, LPARAM lParam);
 
     DECLARE_MESSAGE_MAP()
 };

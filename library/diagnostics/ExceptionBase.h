@@ -13,7 +13,6 @@ public:
 
     // One text that derived messages append; may be empty.
     const CString& getExtraText() const { return m_sExtraText; }
-    void setExtraText(const char* sExtraText) { m_sExtraText = sExtraText; }
 
     // Fills `sText` with the message; false when the error has none.
     virtual bool getErrorText(CString& sText) const = 0;
@@ -21,5 +20,9 @@ public:
 private:
     CString m_sExtraText;
 };
+
+// The message of a caught heap exception (of others than the library's at most 1,024
+// characters; empty when there is none); the exception is deleted.
+CString takeExceptionText(CException* pException);
 
 }  // namespace Tesk

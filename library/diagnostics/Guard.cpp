@@ -1,6 +1,6 @@
 #include "library/diagnostics/Guard.h"
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Prerelease.h"
 
 #include <exception>

@@ -13,7 +13,6 @@ namespace Tesk {
 namespace Detail {
 // The switches of the current level. Written by setDiagnosticsLevel alone.
 struct CDiagnosticsSwitches {
-    bool m_bTrace = false;
     bool m_bConsole = false;
     bool m_bLog = false;
     bool m_bAssertions = false;
@@ -32,7 +31,7 @@ void setDiagnosticsLevel(int iLevel);
 // The level last set.
 int getDiagnosticsLevel();
 
-inline bool isTraceEnabled() { return Detail::g_switches.m_bTrace; }
+inline bool isTraceEnabled() { return Detail::g_switches.m_bLog; }
 inline bool isAssertionEnabled() { return Detail::g_switches.m_bAssertions; }
 
 // Writes one line, stamped with the local time and the application's name, to

@@ -28,46 +28,6 @@ bool CARXVariableException::getErrorText(CString& sText) const
     return true;
 }
 
-CARXVariable::CARXVariable(const char* sName) : CVariable(sName) {}
-
-CARXVariable::~CARXVariable() = default;
-
-void CARXVariable::set(const C2DPoint& pt2dValue)
-{
-    CVariable::set(pt2dValue);
-    write();
-}
-
-void CARXVariable::set(const C3DPoint& pt3dValue)
-{
-    CVariable::set(pt3dValue);
-    write();
-}
-
-void CARXVariable::set(double dValue)
-{
-    CVariable::set(dValue);
-    write();
-}
-
-void CARXVariable::set(bool bValue)
-{
-    CVariable::set(bValue);
-    write();
-}
-
-void CARXVariable::set(short iValue)
-{
-    CVariable::set(iValue);
-    write();
-}
-
-void CARXVariable::set(const char* sValue)
-{
-    CVariable::set(sValue);
-    write();
-}
-
 void CARXVariable::read()
 {
     resbuf result{};

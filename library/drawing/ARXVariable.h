@@ -27,16 +27,15 @@ private:
 
 class CARXVariable : public CVariable {
 public:
-    explicit CARXVariable(const char* sName);
-    ~CARXVariable() override;
+    using CVariable::CVariable;
 
     // As the base, then write(). When that raises, the value here stays as assigned.
-    void set(const C2DPoint& pt2dValue) override;
-    void set(const C3DPoint& pt3dValue) override;
-    void set(double dValue) override;
-    void set(bool bValue) override;
-    void set(short iValue) override;
-    void set(const char* sValue) override;
+    void set(const C2DPoint& pt2dValue) override { setAndWrite(pt2dValue); }
+    void set(const C3DPoint& pt3dValue) override { setAndWrite(pt3dValue); }
+    void set(double dValue) override { setAndWrite(dValue); }
+    void set(bool bValue) override { setAndWrite(bValue); }
+    void set(short iValue) override { setAndWrite(iValue); }
+    void set(const char* sValue) override { setAndWrite(sValue); }
 
     // Takes value and type from the system variable; on failure (no such variable, or of
     // another type than the five) raises READ_FAILED and changes nothing.
@@ -49,6 +48,14 @@ public:
     const CString& readString();
     // After read(): any bit set, so a bit mask will do.
     bool readBool();
+
+private:
+    template <class Value>
+    void setAndWrite(const Value& value)
+    {
+        CVariable::set(value);
+        write();
+    }
 };
 
 }  // namespace Tesk

@@ -2,6 +2,7 @@
 
 // A copy of a drawing's summary information: eight fields, and custom properties.
 
+#include "library/diagnostics/Prerelease.h"
 #include "mfc/afx.h"
 
 #include <map>
@@ -33,9 +34,9 @@ public:
     CString& getLastSavedBy() { return checked(m_sLastSavedBy); }
     CString& getRevisionNumber() { return checked(m_sRevisionNumber); }
     // Key to value, by the bytes of the keys.
-    std::map<CString, CString>& getCustomEntries();
+    std::map<CString, CString>& getCustomEntries() { return checked(m_mapCustomEntries); }
     // The number that the drawing reported; more than the map holds when keys repeat.
-    int getNumberOfCustomEntries();
+    int getNumberOfCustomEntries() { return checked(m_iNumberOfCustomEntries); }
 
 protected:
     CDrawingProperties() = default;
@@ -53,7 +54,12 @@ protected:
     std::map<CString, CString> m_mapCustomEntries;
 
 private:
-    CString& checked(CString& sField);
+    template <class Field>
+    Field& checked(Field& field)
+    {
+        TESK_ASSERT(m_bValid);
+        return field;
+    }
 };
 
 }  // namespace Tesk

@@ -32,7 +32,6 @@ public:
     void setSubstitutions(const std::map<CString, CString>& mapSubstitutions);
 
     // The drawing held an instance of its title block when this was built.
-    bool& hasTitleInstance() { return m_bTitleInstance; }
     const bool& hasTitleInstance() const { return m_bTitleInstance; }
     // Null without a drawing; shared with the copies of this.
     CTitleBlock* getTitleBlock() const { return m_pTitle.get(); }

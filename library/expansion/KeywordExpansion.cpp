@@ -31,13 +31,6 @@ std::string userName()
     return ::GetUserNameA(sUser, &size) ? sUser : "";
 }
 
-// Fixed from the system's start on.
-const std::string& computerName()
-{
-    static const std::string sComputer = getComputerName();
-    return sComputer;
-}
-
 // By way of local time, as the platform shows the file's time; false when it has no such
 // time.
 bool toTime(const FILETIME& fileTime, __time64_t& time)
@@ -118,7 +111,7 @@ void CKeywordExpansion::buildLocationMappings()
 void CKeywordExpansion::buildSystemMappings()
 {
     addToMap("USER_NAME", userName().c_str());
-    addToMap("COMPUTER_NAME", computerName().c_str());
+    addToMap("COMPUTER_NAME", getComputerName().c_str());
     m_timeCurrent = ::_time64(nullptr);
     m_bCurrentTimeValid = true;
     addToMap("NEWLINE", "\n");

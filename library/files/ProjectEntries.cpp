@@ -1,3 +1,5 @@
+#include "library/text/Regex.h"
+
 #include "library/files/ProjectEntries.h"
 
 #include "library/text/MultiByte.h"
@@ -8,25 +10,6 @@
 namespace Tesk {
 
 namespace {
-
-constexpr struct {
-    const char* sName;
-    ProjectBlock block;
-} kKeywords[] = {
-    {"PROJECTPATH", ProjectBlock::ProjectPath},
-    {"PROJECTLABEL", ProjectBlock::ProjectLabel},
-    {"JOBNUMBER", ProjectBlock::JobNumber},
-    {"ISSUEDIRECTORY", ProjectBlock::IssueDirectory},
-    {"JOBTITLE", ProjectBlock::JobTitle},
-    {"OFFICEDETAILS", ProjectBlock::OfficeDetails},
-    {"CLIENTTITLE", ProjectBlock::ClientTitle},
-    {"DWGSTATUS", ProjectBlock::DrawingStatus},
-    {"DWGDISCIPLINE", ProjectBlock::DrawingDiscipline},
-    {"ISSUE", ProjectBlock::Issue},
-    {"CADSTANDARDS", ProjectBlock::CadStandards},
-    {"TITLEBLOCKS", ProjectBlock::TitleBlocks},
-    {"MOCKBORDERS", ProjectBlock::MockBorders},
-};
 
 constexpr std::string_view kGroupFields[] = {"CATEGORY",   "DEFAULTLAYER", "DEFAULTSPACE",
                                              "INSERTABLE", "ISSUEFORMAT",  "LOCATIONPATH"};
@@ -47,19 +30,11 @@ bool isCommentString(std::string_view sLine) { return sLine.substr(0, 1) == "#" 
 
 ProjectBlock blockOf(std::string_view sKeyword)
 {
-    for (const auto& keyword : kKeywords) {
+    for (const auto& keyword : kProjectKeywords) {
         if (sKeyword == keyword.sName)
             return keyword.block;
     }
     return ProjectBlock::Unknown;
-}
-
-std::vector<std::string> getProjectKeywords()
-{
-    std::vector<std::string> vecNames;
-    for (const auto& keyword : kKeywords)
-        vecNames.push_back(keyword.sName);
-    return vecNames;
 }
 
 std::vector<CProjectEntry> parseProject(CTextFileContents& contents)
@@ -90,25 +65,15 @@ std::vector<CProjectEntry> parseProject(CTextFileContents& contents)
 }
 
 // By the rules of sscanf for ` "%[^"]" "%[^"]" ...`: white space between the fields, a
-// field has one character at least, and the last one need not be closed. Scanned by hand,
-// since a field may be as long as its line.
+// field has one character at least, and the last one need not be closed.
 std::vector<std::string> borderFields(std::string_view sValue)
 {
+    static const boost::regex sField("\\s*\"([^\"]+)(\"|\\z)");
     std::vector<std::string> vecFields;
-    std::size_t at = 0;
-    while (vecFields.size() < 6) {
-        at = sValue.find_first_not_of(" \t\r\n\v\f", at);
-        if (at == sValue.npos || sValue[at] != '"')
-            break;
-        ++at;
-        const std::size_t end = std::min(sValue.find('"', at), sValue.size());
-        if (end == at)
-            break;
-        vecFields.emplace_back(sValue.substr(at, end - at));
-        if (end == sValue.size())
-            break;
-        at = end + 1;
-    }
+    const char* const pEnd = sValue.data() + sValue.size();
+    for (boost::cregex_iterator it(sValue.data(), pEnd, sField, boost::match_continuous), end;
+         it != end && vecFields.size() < 6; ++it)
+        vecFields.push_back((*it)[1]);
     return vecFields;
 }
 

@@ -29,6 +29,26 @@ enum class ProjectBlock {
     MockBorders
 };
 
+// The keywords that begin a block which is read.
+inline constexpr struct {
+    const char* sName;
+    ProjectBlock block;
+} kProjectKeywords[] = {
+    {"PROJECTPATH", ProjectBlock::ProjectPath},
+    {"PROJECTLABEL", ProjectBlock::ProjectLabel},
+    {"JOBNUMBER", ProjectBlock::JobNumber},
+    {"ISSUEDIRECTORY", ProjectBlock::IssueDirectory},
+    {"JOBTITLE", ProjectBlock::JobTitle},
+    {"OFFICEDETAILS", ProjectBlock::OfficeDetails},
+    {"CLIENTTITLE", ProjectBlock::ClientTitle},
+    {"DWGSTATUS", ProjectBlock::DrawingStatus},
+    {"DWGDISCIPLINE", ProjectBlock::DrawingDiscipline},
+    {"ISSUE", ProjectBlock::Issue},
+    {"CADSTANDARDS", ProjectBlock::CadStandards},
+    {"TITLEBLOCKS", ProjectBlock::TitleBlocks},
+    {"MOCKBORDERS", ProjectBlock::MockBorders},
+};
+
 struct CProjectEntry {
     enum Kind {
         Keyword,
@@ -54,9 +74,6 @@ std::vector<CProjectEntry> parseProject(CTextFileContents& contents);
 
 // None unless it is a keyword's (in capitals) or Unknown for any other.
 ProjectBlock blockOf(std::string_view sKeyword);
-
-// The keywords that begin a block which is read.
-std::vector<std::string> getProjectKeywords();
 
 // Whether a line of a project settings file says nothing.
 bool isCommentString(std::string_view sLine);

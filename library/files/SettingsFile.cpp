@@ -1,6 +1,6 @@
 #include "library/files/SettingsFile.h"
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/PathParts.h"
 #include "library/text/MultiByte.h"
@@ -14,6 +14,8 @@
 namespace Tesk {
 
 namespace {
+
+CCurrentBorder g_current;
 
 // A single text, of which the last line counts.
 constexpr struct {
@@ -99,7 +101,8 @@ private:
             takeIssue(toCString(entry.m_sKey), toCString(entry.m_sValue));
             break;
         case ProjectBlock::CadStandards:
-            takeCadStandard(toCString(entry.m_sKey), toCString(entry.m_sValue));
+            TESK_ASSERT_TEXT(!entry.m_sKey.empty(), "!sKey.IsEmpty()");
+            m_settings.m_mapCadStandards[toCString(entry.m_sKey)] = toCString(entry.m_sValue);
             break;
         default:
             ::MessageBoxA(nullptr, toCString(entry.m_sText), "Not reading any section", MB_OK | MB_ICONERROR);
@@ -143,12 +146,6 @@ private:
             m_settings.m_mapIssues[m_sLastIssue] += sValue;
         }
         m_bAnyIssue = true;
-    }
-
-    void takeCadStandard(const CString& sKey, const CString& sValue)
-    {
-        TESK_ASSERT(!sKey.IsEmpty());
-        m_settings.m_mapCadStandards[sKey] = sValue;
     }
 
     void takeField(const CProjectEntry& entry)
@@ -214,5 +211,9 @@ void CSettingsFile::merge(const std::vector<CProjectEntry>& vecEntries, const st
     for (const CProjectEntry& entry : vecEntries)
         target.take(entry);
 }
+
+const CCurrentBorder& getCurrentBorder() { return g_current; }
+
+void setCurrentBorder(const CBorderEntry& border, const CBlockGroup& titleBlock) { g_current = {border, titleBlock}; }
 
 }  // namespace Tesk

@@ -1,6 +1,5 @@
 #include "library/files/SupportFileLocator.h"
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
@@ -8,6 +7,7 @@
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/text/MultiByte.h"
+#include "library/threads/CriticalSection.h"
 
 #include <windows.h>
 
@@ -80,7 +80,12 @@ CCache<std::string> g_longFolders(1);
 std::string g_sStandIn;  // for the module's file; empty for the module itself
 
 // The shell takes its time; the folders stay what they are while the process runs.
-std::string specialFolder(int iFolder) { return g_specialFolders.get(iFolder, readSpecialFolder); }
+// The user's own are made when they are not there.
+std::string specialFolder(int iFolder)
+{
+    const bool bOwn = iFolder == CSIDL_APPDATA || iFolder == CSIDL_LOCAL_APPDATA;
+    return g_specialFolders.get(bOwn && !isLookOnly() ? iFolder | CSIDL_FLAG_CREATE : iFolder, readSpecialFolder);
+}
 
 // The module's file, or the program's while the library has no module. The handle is read
 // directly, since an assertion report asks for this path too.
@@ -96,19 +101,27 @@ std::string moduleFile()
     });
 }
 
+// What a call of the system writes, which takes where to and how much room there is, and
+// gives the length, or the room that it wants; empty when it fails.
+template <class Call>
+std::string written(Call call)
+{
+    std::string sText(MAX_PATH, '\0');
+    for (;;) {
+        const auto size = static_cast<DWORD>(sText.size());
+        const DWORD length = call(sText.data(), size);
+        sText.resize(length);
+        if (length < size)
+            return sText;
+    }
+}
+
 // The long form of a path; the path itself when there is none.
 std::string longForm(const std::string& sPath)
 {
-    std::string sLong(MAX_PATH, '\0');
-    for (;;) {
-        const auto size = static_cast<DWORD>(sLong.size());
-        const DWORD length = ::GetLongPathNameA(sPath.c_str(), sLong.data(), size);
-        if (length == 0)
-            return sPath;
-        sLong.resize(length);
-        if (length < size)
-            return sLong;
-    }
+    const std::string sLong =
+        written([&sPath](char* sOut, DWORD size) { return ::GetLongPathNameA(sPath.c_str(), sOut, size); });
+    return sLong.empty() ? sPath : sLong;
 }
 
 std::string applicationRoot()
@@ -148,82 +161,81 @@ std::string diagnosticsLog()
     return below(LOCATION_DIR_TEMP, "Zavik Diagnostics\\" + CPathParts(sModule).m_sBase + ".log");
 }
 
-int createFlag() { return isLookOnly() ? 0 : CSIDL_FLAG_CREATE; }
+constexpr struct {
+    int iWhere;
+    int iFolder;  // of the shell
+} kSpecial[] = {
+    {LOCATION_DIR_USERAPPDATA, CSIDL_APPDATA},
+    {LOCATION_DIR_USERLOCALAPPDATA, CSIDL_LOCAL_APPDATA},
+    {LOCATION_DIR_WINDOWS, CSIDL_WINDOWS},
+    {LOCATION_DIR_WINDOWS_SYSTEM, CSIDL_SYSTEM},
+    {LOCATION_DIR_WINDOWS_COMMONFILES, CSIDL_PROGRAM_FILES_COMMON},
+    {LOCATION_DIR_PROGRAMFILES, CSIDL_PROGRAM_FILES},
+};
+
+constexpr struct {
+    int iWhere;
+    int iFolder;  // a location
+    const char* sName;
+} kBelow[] = {
+    {LOCATION_DIR_HELPDOCS, LOCATION_DIR_APPLICATION_ROOT, "HelpDocs"},
+    {LOCATION_DIR_USERZAVIKDATA, LOCATION_DIR_USERAPPDATA, "Zavik"},
+    {LOCATION_DIR_USERLOCALZAVIKDATA, LOCATION_DIR_USERLOCALAPPDATA, "Zavik"},
+    {LOCATION_DIR_USERPLENDADATA, LOCATION_DIR_USERAPPDATA, "Draftrix"},
+    {LOCATION_DIR_COMMONZAVIKFILES, LOCATION_DIR_WINDOWS_COMMONFILES, "Zavik"},
+    {LOCATION_DIR_PROJECT_DWG_SETTINGS, LOCATION_DIR_PROJECT_DWG_ROOT, "Settings"},
+    {LOCATION_FILE_HELP, LOCATION_DIR_HELPDOCS, "Draftrix.hlp"},
+    {LOCATION_FILE_DOMAIN_SETTINGS, LOCATION_DIR_DOMAIN_SETTINGS, "DomainSettings.txt"},
+    {LOCATION_FILE_STANDARD_SETTINGS, LOCATION_DIR_APPLICATION_ROOT, "support\\StandardSettings.txt"},
+    {LOCATION_FILE_PROJECT_SETTINGS, LOCATION_DIR_PROJECT_DWG_ROOT, kProjectSettings},
+};
 
 std::string rawLocation(int iWhere)
 {
+    for (const auto& [iLocation, iFolder] : kSpecial)
+        if (iLocation == iWhere)
+            return specialFolder(iFolder);
+    for (const auto& [iLocation, iFolder, sName] : kBelow)
+        if (iLocation == iWhere)
+            return below(iFolder, sName);
     switch (iWhere) {
     case LOCATION_DIR_PROGRAM:
         return CPathParts(getLocation(LOCATION_FILE_MODULE).GetString()).parent();
     case LOCATION_DIR_APPLICATION_ROOT:
         return applicationRoot();
-    case LOCATION_DIR_HELPDOCS:
-        return below(LOCATION_DIR_APPLICATION_ROOT, "HelpDocs");
     case LOCATION_DIR_DOMAIN_SETTINGS:
         return getDomainSettingsFolder().GetString();
     case LOCATION_DIR_TEMP:
         return getTempFolder().GetString();
-    case LOCATION_DIR_USERAPPDATA:
-        return specialFolder(CSIDL_APPDATA | createFlag());
-    case LOCATION_DIR_USERLOCALAPPDATA:
-        return specialFolder(CSIDL_LOCAL_APPDATA | createFlag());
-    case LOCATION_DIR_USERZAVIKDATA:
-        return below(LOCATION_DIR_USERAPPDATA, "Zavik");
-    case LOCATION_DIR_USERLOCALZAVIKDATA:
-        return below(LOCATION_DIR_USERLOCALAPPDATA, "Zavik");
-    case LOCATION_DIR_USERPLENDADATA:
-        return below(LOCATION_DIR_USERAPPDATA, "Draftrix");
-    case LOCATION_DIR_COMMONZAVIKFILES:
-        return below(LOCATION_DIR_WINDOWS_COMMONFILES, "Zavik");
-    case LOCATION_DIR_WINDOWS:
-        return specialFolder(CSIDL_WINDOWS);
-    case LOCATION_DIR_WINDOWS_SYSTEM:
-        return specialFolder(CSIDL_SYSTEM);
-    case LOCATION_DIR_WINDOWS_COMMONFILES:
-        return specialFolder(CSIDL_PROGRAM_FILES_COMMON);
-    case LOCATION_DIR_PROGRAMFILES:
-        return specialFolder(CSIDL_PROGRAM_FILES);
     case LOCATION_DIR_DRAWING:
         return drawingFolder();
     case LOCATION_DIR_PROJECT_DWG_ROOT:
         return findProjectFolder(getLocation(LOCATION_DIR_DRAWING)).GetString();
-    case LOCATION_DIR_PROJECT_DWG_SETTINGS:
-        return below(LOCATION_DIR_PROJECT_DWG_ROOT, "Settings");
-    case LOCATION_FILE_HELP:
-        return below(LOCATION_DIR_HELPDOCS, "Draftrix.hlp");
     case LOCATION_FILE_DIAGNOSTICS_LOG:
         return diagnosticsLog();
     case LOCATION_FILE_MODULE:
         return moduleFile();
-    case LOCATION_FILE_DOMAIN_SETTINGS:
-        return below(LOCATION_DIR_DOMAIN_SETTINGS, "DomainSettings.txt");
-    case LOCATION_FILE_STANDARD_SETTINGS:
-        return below(LOCATION_DIR_APPLICATION_ROOT, "support\\StandardSettings.txt");
-    case LOCATION_FILE_PROJECT_SETTINGS:
-        return below(LOCATION_DIR_PROJECT_DWG_ROOT, kProjectSettings);
     default:
         TESK_ASSERT(false);
         return {};
     }
 }
 
-std::string fullPath(const std::string& sPath)
-{
-    char sFull[MAX_PATH * 4];
-    return ::_fullpath(sFull, sPath.c_str(), sizeof sFull) ? sFull : sPath;
-}
-
 // False when the variable is not set; one that is set may be empty.
 bool environment(const char* sName, std::string& sValue)
 {
-    const DWORD size = ::GetEnvironmentVariableA(sName, nullptr, 0);
-    sValue.resize(size);
-    const DWORD length = size ? ::GetEnvironmentVariableA(sName, sValue.data(), size) : 0;
-    sValue.resize(length < size ? length : 0);
-    return size != 0;
+    sValue = written([sName](char* sOut, DWORD size) { return ::GetEnvironmentVariableA(sName, sOut, size); });
+    return ::GetEnvironmentVariableA(sName, nullptr, 0) != 0;
 }
 
 }  // namespace
+
+std::string fullPath(const std::string& sPath)
+{
+    const std::string sFull =
+        written([&sPath](char* sOut, DWORD size) { return ::GetFullPathNameA(sPath.c_str(), size, sOut, nullptr); });
+    return sFull.empty() ? sPath : sFull;
+}
 
 void lookOnlyAs(const char* sModuleFile) { g_sStandIn = sModuleFile; }
 

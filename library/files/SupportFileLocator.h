@@ -4,6 +4,8 @@
 
 #include "mfc/afx.h"
 
+#include <string>
+
 namespace Tesk {
 
 // Below LOCATION_FILES: folders, given with a trailing backslash. Above: files.
@@ -57,5 +59,8 @@ bool isLookOnly();
 
 // The first temporary folder that exists, else empty.
 CString getTempFolder();
+
+// The full form of a path; the path itself when it has none.
+std::string fullPath(const std::string& sPath);
 
 }  // namespace Tesk

@@ -38,20 +38,6 @@ private:
     std::vector<char> m_vPath;
 };
 
-Result resultOf(ULONG code)
-{
-    switch (code) {
-    case SUCCESS_SUCCESS:
-        return Result::sent;
-    case MAPI_E_USER_ABORT:
-        return Result::cancelled;
-    case MAPI_E_NOT_SUPPORTED:
-        return Result::noProgram;
-    default:
-        return Result::failed;
-    }
-}
-
 // The structures want writable text, and write none.
 char* text(const CString& sText) { return const_cast<char*>(sText.GetString()); }
 
@@ -112,7 +98,9 @@ Result compose(HWND hOwner, const CMessage& message)
     // It may have left the window disabled, or behind others.
     ::EnableWindow(hOwner, TRUE);
     ::SetActiveWindow(hOwner);
-    return resultOf(code);
+    if (code == SUCCESS_SUCCESS || code == MAPI_E_USER_ABORT)
+        return Result::done;
+    return code == MAPI_E_NOT_SUPPORTED ? Result::noProgram : Result::failed;
 }
 
 }  // namespace Tesk::Mail

@@ -17,8 +17,7 @@ struct CMessage {
 };
 
 enum class Result {
-    sent,       // handed to the mail program, which may keep it as a draft
-    cancelled,  // the person closed the message
+    done,       // handed to the mail program, or closed by the person
     noProgram,  // no mail program is registered, or it cannot be asked in this way
     failed      // the mail program says so
 };

@@ -9,17 +9,7 @@
 
 namespace Tesk {
 
-CApplicationID::CApplicationID(HINSTANCE hModule)
-{
-    char sModule[MAX_PATH] = "";
-    const DWORD dwLength = ::GetModuleFileNameA(hModule, sModule, MAX_PATH);
-    if (dwLength != 0 && dwLength < MAX_PATH)
-        readBeside(sModule);
-}
-
-CApplicationID::CApplicationID(const char* sModuleFile) { readBeside(sModuleFile); }
-
-void CApplicationID::readBeside(const char* sModuleFile)
+CApplicationID::CApplicationID(const char* sModuleFile)
 {
     try {
         readDescription(CPathParts(sModuleFile).withExtension(".avf").c_str());
@@ -45,8 +35,9 @@ void CApplicationID::readDescription(const char* sFileName)
     }
 }
 
-bool CApplicationID::isValid() const { return !m_sProductName.IsEmpty() && !m_sProductVersion.IsEmpty(); }
-
-CString CApplicationID::getLabel() const { return m_sProductName + " " + m_sProductVersion; }
+CString CApplicationID::getLabel() const
+{
+    return m_sProductName.IsEmpty() || m_sProductVersion.IsEmpty() ? "" : m_sProductName + " " + m_sProductVersion;
+}
 
 }  // namespace Tesk

@@ -7,27 +7,19 @@
 
 #include "mfc/afx.h"
 
-#include <windows.h>
-
 namespace Tesk {
 
 class CApplicationID {
 public:
-    explicit CApplicationID(HINSTANCE hModule);
     // Of a module's file, which need not exist itself.
     explicit CApplicationID(const char* sModuleFile);
 
     const CString& getName() const { return m_sProductName; }
-    const CString& getVersion() const { return m_sProductVersion; }
 
-    // Both the name and the version are known.
-    bool isValid() const;
-
-    // "name version".
+    // "name version"; empty when one of them is not known.
     CString getLabel() const;
 
 private:
-    void readBeside(const char* sModuleFile);
     void readDescription(const char* sFileName);
 
     CString m_sProductName;

@@ -1,6 +1,5 @@
 #include "library/maintenance/AssertionReport.h"
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/PathParts.h"
@@ -9,6 +8,7 @@
 #include "library/maintenance/GUIConsole.h"
 #include "library/maintenance/StackWalker.h"
 #include "library/text/StringView.h"
+#include "library/threads/CriticalSection.h"
 
 #include <windows.h>
 
@@ -33,39 +33,28 @@ private:
     CLock m_lock;
 };
 
-struct CReport {
-    CString m_sShort;
-    CString m_sStack;
-};
-
-// Makes the report up and shows it. Nothing comes back when reports have come
-// of reports too often.
-bool showReport(const char* sSource, int iLine, const char* sExpression, CReport& report)
-{
-    const CReportDepth depth;
-    if (g_iReportDepth > kDeepestReport)
-        return false;
-    report.m_sStack = CStackWalker().describe();
-    const CString sModuleFile = getLocation(LOCATION_FILE_MODULE);
-    const CString sModule = toCString(CPathParts(viewOf(sModuleFile)).fileName());
-    report.m_sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
-    CString sLong;
-    sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
-                 sSource, iLine, report.m_sStack.GetString());
-    if (g_iReportDepth == 1)
-        ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
-    return true;
-}
-
 // A check that fails while the log is written is dropped: a thread must not
 // wait for another's box with the log in its hands.
 void report(const char* sSource, int iLine, const char* sExpression)
 {
-    CReport report;
-    if (CDiagnosticsLog::get().isAppending() || !showReport(sSource, iLine, sExpression, report))
+    if (CDiagnosticsLog::get().isAppending())
         return;
-    writeDiagnostic(report.m_sShort);
-    writeDiagnostic(report.m_sStack);
+    CString sShort, sLong;
+    const CString sStack = describeCallStack();
+    {
+        const CReportDepth depth;
+        if (g_iReportDepth > kDeepestReport)
+            return;
+        const CString sModuleFile = getLocation(LOCATION_FILE_MODULE);
+        const CString sModule = toCString(CPathParts(viewOf(sModuleFile)).fileName());
+        sShort.Format("%s(%d): Assertion in \"%s\" (%s).\n", sSource, iLine, sModule.GetString(), sExpression);
+        sLong.Format("Module : <%s>\nAssertion : <%s>\nFile : <%s>\nLine : %d\n\n%s", sModule.GetString(), sExpression,
+                     sSource, iLine, sStack.GetString());
+        if (g_iReportDepth == 1)
+            ::MessageBoxA(nullptr, sLong, "Assertion Failure: " + sModule, MB_OK | MB_ICONSTOP);
+    }
+    writeDiagnostic(sShort);
+    writeDiagnostic(sStack);
 }
 
 }  // namespace
@@ -93,7 +82,7 @@ void reportAssertion(const char* sSource, int iLine, const char* sExpression) no
 
 void Detail::assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept
 {
-    neverRaise([&] { report(CPathParts(sSource).m_sBase.c_str(), iLine, sExpression); });
+    neverRaise([&] { reportAssertion(CPathParts(sSource).m_sBase.c_str(), iLine, sExpression); });
     if (::IsDebuggerPresent())
         ::DebugBreak();
 }

@@ -21,18 +21,6 @@ void createFolders(const CString& sFileName)
         ::CreateDirectoryA(sFileName.Left(i), nullptr);
 }
 
-// Marks the log as this thread's for the time of a scope.
-class COwner {
-public:
-    explicit COwner(volatile DWORD& dwOwner) : m_dwOwner(dwOwner) { m_dwOwner = ::GetCurrentThreadId(); }
-    ~COwner() { m_dwOwner = 0; }
-    COwner(const COwner&) = delete;
-    COwner& operator=(const COwner&) = delete;
-
-private:
-    volatile DWORD& m_dwOwner;
-};
-
 }  // namespace
 
 CDiagnosticsLog CDiagnosticsLog::s_log;
@@ -50,9 +38,10 @@ void CDiagnosticsLog::startAfresh() noexcept
     const CLock lock(m_section);
     if (isAppending())
         return;
-    const COwner owner(m_dwOwner);
+    m_dwOwner = ::GetCurrentThreadId();
     m_sFileName.Empty();
     ::DeleteFileA(getFileName());
+    m_dwOwner = 0;
 }
 
 void CDiagnosticsLog::append(const char* sText) noexcept
@@ -60,8 +49,9 @@ void CDiagnosticsLog::append(const char* sText) noexcept
     const CLock lock(m_section);
     if (isAppending())
         return;
-    const COwner owner(m_dwOwner);
+    m_dwOwner = ::GetCurrentThreadId();
     neverRaise([this, sText] { write(sText); });
+    m_dwOwner = 0;
 }
 
 void CDiagnosticsLog::write(const char* sText)
@@ -86,11 +76,11 @@ CString CDiagnosticsLog::now(const char* sFormat)
     return sText;
 }
 
-CString CDiagnosticsLog::companionFile(const char* sExtension)
+CString CDiagnosticsLog::getDumpStem()
 {
     const CString sFileName = getLocation(LOCATION_FILE_DIAGNOSTICS_LOG);
     createFolders(sFileName);
-    return toCString(CPathParts(viewOf(sFileName)).withExtension(sExtension));
+    return toCString(CPathParts(viewOf(sFileName)).withExtension(""));
 }
 
 }  // namespace Tesk

@@ -3,7 +3,7 @@
 // The diagnostics log file: a description of the machine, then one line a
 // report. The log may fail to be written, but never raises.
 
-#include "library/diagnostics/CriticalSection.h"
+#include "library/threads/CriticalSection.h"
 #include "mfc/afx.h"
 
 #include <vector>
@@ -31,8 +31,8 @@ public:
     // The local time in a strftime format.
     static CString now(const char* sFormat);
 
-    // The log's path with another extension, or with none.
-    static CString companionFile(const char* sExtension);
+    // The log's path without extension, of a folder that is there: what crash dumps are named after.
+    static CString getDumpStem();
 
 private:
     CDiagnosticsLog() = default;

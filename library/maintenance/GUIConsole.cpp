@@ -9,8 +9,6 @@ namespace Tesk {
 
 namespace {
 
-bool isUsable(HANDLE hStream) { return hStream != nullptr && hStream != INVALID_HANDLE_VALUE; }
-
 // Closing a console window would end the process that it belongs to: take the
 // command away.
 void disarmClosing()
@@ -44,11 +42,11 @@ bool CGUIConsole::open()
 {
     if (m_hOutput)
         return true;
-    const HANDLE hError = ::GetStdHandle(STD_ERROR_HANDLE);
-    if (isUsable(hError)) {
-        m_hOutput = hError;
+    m_hOutput = ::GetStdHandle(STD_ERROR_HANDLE);
+    if (m_hOutput == INVALID_HANDLE_VALUE)
+        m_hOutput = nullptr;
+    if (m_hOutput)
         return true;
-    }
     // A new console replaces the process's standard streams, and its end closes what then
     // stands there: while it is up, and when it is gone, that is what the host had.
     const CStandardStreams hosts = exchangeStreams({});
@@ -58,8 +56,8 @@ bool CGUIConsole::open()
         return false;
     ::SetConsoleCtrlHandler(keepRunning, TRUE);
     disarmClosing();
-    m_window = UniqueHandle(::CreateFileA("CONOUT$", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                          OPEN_EXISTING, 0, nullptr));
+    m_window.reset(::CreateFileA("CONOUT$", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                 0, nullptr));
     if (!m_window) {
         close();
         return false;

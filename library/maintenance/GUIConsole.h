@@ -3,8 +3,8 @@
 // The console stream of the diagnostics: the process's standard error where it
 // has one, else a console window opened at the first line.
 
-#include "library/diagnostics/CriticalSection.h"
 #include "library/system/Handles.h"
+#include "library/threads/CriticalSection.h"
 
 #include <windows.h>
 

@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/files/SupportFileLocator.h"
 #include "library/maintenance/ApplicationID.h"
 #include "library/maintenance/DiagnosticsLog.h"
 #include "library/maintenance/GUIConsole.h"
@@ -48,11 +49,11 @@ void initialiseLibrary(const char* sApplicationName, HINSTANCE hModule, bool bCr
     G_hCurrentModule = hModule;
     G_bLibraryInitialised = true;
     TESK_ASSERT(G_pApplicationID == NULL);
-    G_pApplicationID = std::make_unique<CApplicationID>(hModule);
+    G_pApplicationID = std::make_unique<CApplicationID>(getLocation(LOCATION_FILE_MODULE));
     if (bCreateMiniDumper) {
         TESK_ASSERT(G_pMiniDumper == NULL);
         G_pMiniDumper.reset();  // before the new one looks at the filter in force
-        G_pMiniDumper = std::make_unique<CMiniDumper>(CDiagnosticsLog::companionFile(""));
+        G_pMiniDumper = std::make_unique<CMiniDumper>(CDiagnosticsLog::getDumpStem());
     }
     TESK_VERIFY_TEXT(CVersionBlock::initialise(), "Tesk::CVersionBlock::initialise()");
     chooseDiagnosticsLevel();
@@ -89,7 +90,7 @@ CString getApplicationVersionLabel()
 {
     TESK_ASSERT(G_bLibraryInitialised);
     TESK_ASSERT(G_pApplicationID != NULL);
-    return G_pApplicationID && G_pApplicationID->isValid() ? G_pApplicationID->getLabel() : CString();
+    return G_pApplicationID ? G_pApplicationID->getLabel() : CString();
 }
 
 }  // namespace Tesk

@@ -27,22 +27,21 @@ CMiniDumper::~CMiniDumper()
     g_pInstalled = nullptr;
 }
 
-bool CMiniDumper::write(EXCEPTION_POINTERS* pException) const
+void CMiniDumper::write(EXCEPTION_POINTERS* pException) const
 {
     const UniqueModule dbghelp = loadSystemLibrary("dbghelp.dll");
     if (!dbghelp)
-        return false;
+        return;
     const auto pWriteDump = reinterpret_cast<decltype(&::MiniDumpWriteDump)>(
         reinterpret_cast<void*>(::GetProcAddress(dbghelp.get(), "MiniDumpWriteDump")));
     const UniqueHandle file(::CreateFileA(m_sFileName, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!pWriteDump || !file)
-        return false;
+        return;
     MINIDUMP_EXCEPTION_INFORMATION information = {::GetCurrentThreadId(), pException, FALSE};
-    const bool bWritten = pWriteDump(::GetCurrentProcess(), ::GetCurrentProcessId(), file.get(), MiniDumpNormal,
-                                     pException ? &information : nullptr, nullptr, nullptr) != FALSE;
+    pWriteDump(::GetCurrentProcess(), ::GetCurrentProcessId(), file.get(), MiniDumpNormal,
+               pException ? &information : nullptr, nullptr, nullptr);
     keepNewestFiles(m_sPattern, kKept);
-    return bWritten;
 }
 
 LONG WINAPI CMiniDumper::filter(EXCEPTION_POINTERS* pException)

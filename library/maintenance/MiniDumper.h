@@ -23,11 +23,10 @@ public:
     CMiniDumper(const CMiniDumper&) = delete;
     CMiniDumper& operator=(const CMiniDumper&) = delete;
 
-    // Writes the dump now and deletes those of the same stem but the five newest; the
-    // exception may be null. False when dbghelp is not there or the file cannot be written.
-    bool write(EXCEPTION_POINTERS* pException) const;
-
 private:
+    // Writes the dump, where dbghelp is there, and deletes those of the same stem but the five
+    // newest; the exception may be null.
+    void write(EXCEPTION_POINTERS* pException) const;
     static LONG WINAPI filter(EXCEPTION_POINTERS* pException);
 
     CString m_sFileName;

@@ -49,8 +49,7 @@ void traceLine(const char* sFormat, va_list arguments)
     sMessage.FormatV(sFormat, arguments);
     const CString sLine = Detail::timeStamp() + G_sApplicationName + " : " + sMessage;
     Detail::sendToDebugger(sLine);
-    if (Detail::g_switches.m_bLog)
-        CDiagnosticsLog::get().append(sLine);
+    CDiagnosticsLog::get().append(sLine);
     echoOnCommandLine(sLine);
 }
 
@@ -63,7 +62,7 @@ void setDiagnosticsLevel(int iLevel)
     if (iLevel == 2)
         CDiagnosticsLog::get().getFileName();  // looked up while the lookup cannot trace
     g_iLevel = iLevel;
-    Detail::g_switches.m_bTrace = Detail::g_switches.m_bConsole = Detail::g_switches.m_bLog = iLevel == 2;
+    Detail::g_switches.m_bConsole = Detail::g_switches.m_bLog = iLevel == 2;
     Detail::g_switches.m_bAssertions = iLevel >= 1;
 }
 

@@ -11,14 +11,12 @@ namespace Tesk::Registry {
 
 namespace {
 
-// The bytes of a value of any type. Asks again while the value grows between
-// the question for its size and the reading.
+// The bytes of a value of any type. The first question is for its size; asks again while
+// the value grows meanwhile.
 bool readBytes(HKEY hkRegistryKey, const char* sName, DWORD& dwType, std::string& sBytes)
 {
     DWORD dwSize = 0;
-    LONG lResult = ::RegQueryValueExA(hkRegistryKey, sName, nullptr, &dwType, nullptr, &dwSize);
-    if (lResult != ERROR_SUCCESS)
-        return false;
+    LONG lResult = ERROR_SUCCESS;
     do {
         sBytes.resize(dwSize + 1);
         dwSize = static_cast<DWORD>(sBytes.size());

@@ -10,6 +10,7 @@
 
 #include <windows.h>
 
+#include <type_traits>
 #include <vector>
 
 namespace Tesk::Registry {
@@ -77,27 +78,12 @@ inline bool GetValue(HKEY hkRoot, const char* sSubKey, const char* sName, T& val
     return key && ReadValue(key.get(), sName, value);
 }
 
-inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, DWORD dwValue)
+// T is DWORD, bool, CString or const char*.
+template <class T>
+inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, T value)
 {
     const CKey key(hkRoot, sSubKey, true);
-    return key && WriteValue(key.get(), sName, dwValue, REG_DWORD);
-}
-
-inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, bool bValue)
-{
-    const CKey key(hkRoot, sSubKey, true);
-    return key && WriteValue(key.get(), sName, bValue, REG_DWORD);
-}
-
-inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, const char* sValue)
-{
-    const CKey key(hkRoot, sSubKey, true);
-    return key && WriteValue(key.get(), sName, sValue, REG_SZ);
-}
-
-inline bool SetValue(HKEY hkRoot, const char* sSubKey, const char* sName, const CString& sValue)
-{
-    return SetValue(hkRoot, sSubKey, sName, static_cast<const char*>(sValue));
+    return key && WriteValue(key.get(), sName, value, std::is_arithmetic_v<T> ? REG_DWORD : REG_SZ);
 }
 
 }  // namespace Tesk::Registry

@@ -18,44 +18,26 @@ public:
     CUnique() = default;
     explicit CUnique(Handle handle) { reset(handle); }
     CUnique(CUnique&& other) noexcept : m_handle(std::exchange(other.m_handle, nullptr)) {}
-    CUnique& operator=(CUnique&& other) noexcept
-    {
-        if (this != &other) {
-            reset();
-            m_handle = std::exchange(other.m_handle, nullptr);
-        }
-        return *this;
-    }
     ~CUnique() { reset(); }
 
     Handle get() const { return m_handle; }
     explicit operator bool() const { return m_handle != nullptr; }
 
-    // Closes what is held and takes the new handle. False when closing failed;
-    // INVALID_HANDLE_VALUE counts as no handle.
-    bool reset(Handle handle = nullptr)
+    // Closes what is held and takes the new handle; INVALID_HANDLE_VALUE counts as none.
+    void reset(Handle handle = nullptr)
     {
-        if (isInvalid(handle))
+        if (static_cast<void*>(handle) == INVALID_HANDLE_VALUE)
             handle = nullptr;
-        const Handle old = std::exchange(m_handle, handle);
         if (handle)
             ++handleBalance;
-        if (!old)
-            return true;
-        --handleBalance;
-        return Close(old) != FALSE;
-    }
-    // Gives the handle away: the caller closes it.
-    [[nodiscard]] Handle release()
-    {
-        if (m_handle)
+        const Handle old = std::exchange(m_handle, handle);
+        if (old) {
             --handleBalance;
-        return std::exchange(m_handle, nullptr);
+            Close(old);
+        }
     }
 
 private:
-    static bool isInvalid(Handle handle) { return static_cast<void*>(handle) == INVALID_HANDLE_VALUE; }
-
     Handle m_handle = nullptr;
 };
 

@@ -11,8 +11,8 @@
 #include <windows.h>
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
+#include <vector>
 
 namespace Tesk {
 
@@ -26,19 +26,11 @@ public:
     // Negative, 0 or positive. A lead byte without a second byte stands for itself.
     int compare(std::string_view sLeft, std::string_view sRight) const;
 
-    UINT getCodePage() const { return m_uCodePage; }
-    // The table made before this one.
-    const CCaseFold* getNext() const { return m_pNext; }
-
 private:
-    void addPair(wchar_t cUpper, wchar_t cLower);
     unsigned next(std::string_view sText, std::size_t& position) const;
 
-    const CCaseFold* m_pNext = nullptr;
-    UINT m_uCodePage;
     MultiByte::CLeadBytes m_lead;
-    unsigned char m_single[256];
-    std::unique_ptr<uint16_t[]> m_rows[256];  // by lead byte, where it has letters
+    std::vector<uint16_t> m_vecLower;  // by code
 };
 
 // The order of a map of narrow texts without case. It keeps to the code page in
@@ -47,21 +39,10 @@ class CLessNoCase {
 public:
     using is_transparent = void;
     CLessNoCase() : m_pFold(&CCaseFold::forThread()) {}
-    bool operator()(std::string_view sLeft, std::string_view sRight) const
+    template <class Left, class Right>
+    bool operator()(const Left& left, const Right& right) const
     {
-        return m_pFold->compare(sLeft, sRight) < 0;
-    }
-    bool operator()(const CString& sLeft, const CString& sRight) const
-    {
-        return m_pFold->compare(viewOf(sLeft), viewOf(sRight)) < 0;
-    }
-    bool operator()(const CString& sLeft, std::string_view sRight) const
-    {
-        return m_pFold->compare(viewOf(sLeft), sRight) < 0;
-    }
-    bool operator()(std::string_view sLeft, const CString& sRight) const
-    {
-        return m_pFold->compare(sLeft, viewOf(sRight)) < 0;
+        return m_pFold->compare(viewOf(left), viewOf(right)) < 0;
     }
 
 private:

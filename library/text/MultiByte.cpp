@@ -60,16 +60,9 @@ std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_vie
     return hit;
 }
 
-std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from)
-{
-    return find(CLeadBytes(), sText, sWhat, from);
-}
-
 std::size_t findLastOf(std::string_view sText, std::string_view sAny)
 {
     const CLeadBytes lead;
-    if (!lead.any())
-        return sText.find_last_of(sAny);
     std::size_t last = std::string_view::npos;
     for (std::size_t at = 0; at < sText.size(); at = lead.next(sText, at)) {
         if (sAny.find(sText[at]) != std::string_view::npos)

@@ -33,7 +33,6 @@ private:
 
 // First occurrence of `sWhat` that begins at a character, from `from` (the beginning of a
 // character) on; npos when there is none or `sWhat` is empty.
-std::size_t find(std::string_view sText, std::string_view sWhat, std::size_t from = 0);
 std::size_t find(const CLeadBytes& lead, std::string_view sText, std::string_view sWhat, std::size_t from = 0);
 
 // Last character that is one of the (single-byte) characters in `sAny`; npos when none is.

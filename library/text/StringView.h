@@ -16,6 +16,8 @@ inline std::string_view viewOf(const CString& sText)
     return std::string_view(sText.GetString(), static_cast<std::size_t>(sText.GetLength()));
 }
 
+inline std::string_view viewOf(std::string_view sText) { return sText; }
+
 inline std::string toString(const CString& sText) { return std::string(viewOf(sText)); }
 
 inline CString toCString(std::string_view sText) { return CString(sText.data(), static_cast<int>(sText.size())); }

@@ -6,34 +6,42 @@
 
 namespace Tesk {
 
-CARXBlockDefinition::CARXBlockDefinition(AcDbDatabase* pDatabase, const char* sBlockName)
-    : m_pDatabase(pDatabase), m_sBlockName(sBlockName)
-{
-}
+namespace {
 
-bool CARXBlockDefinition::exists(bool& bExists) const
+using BlockTable = CObjectPointer<AcDbBlockTable>;
+
+bool open(BlockTable& pBlockTable, AcDbDatabase* pDatabase)
 {
-    CObjectPointer<AcDbBlockTable> pBlockTable;
-    const bool bOpened = m_pDatabase->getSymbolTable(pBlockTable.out(), AcDb::kForRead) == Acad::eOk;
+    const bool bOpened = pDatabase->getSymbolTable(pBlockTable.out(), AcDb::kForRead) == Acad::eOk;
     TESK_ASSERT_TEXT(bOpened, "m_pDatabase->getSymbolTable(pBlockTable, AcDb::kForRead) == Acad::eOk");
-    if (!bOpened)
-        return false;
-    bExists = pBlockTable->has(m_sBlockName);
-    TESK_VERIFY_TEXT(pBlockTable.close() == Acad::eOk, "pBlockTable->close() == Acad::eOk");
-    return true;
+    return bOpened;
 }
 
-AcDbObjectId CARXBlockDefinition::firstReference() const
+void close(BlockTable& pBlockTable)
 {
-    CObjectPointer<AcDbBlockTable> pBlockTable;
-    if (const bool bOpened = m_pDatabase->getSymbolTable(pBlockTable.out(), AcDb::kForRead) == Acad::eOk; !bOpened) {
-        TESK_ASSERT_TEXT(bOpened, "m_pDatabase->getSymbolTable(pBlockTable, AcDb::kForRead) == Acad::eOk");
-        return {};
-    }
-    CObjectPointer<AcDbBlockTableRecord> pRecord;
-    const bool bFound = pBlockTable->getAt(m_sBlockName, pRecord.out(), AcDb::kForRead) == Acad::eOk;
-    TESK_ASSERT_TEXT(bFound, "pBlockTable->getAt(sBorder, pBlockTableRecord, AcDb::kForRead) == Acad::eOk");
     TESK_VERIFY_TEXT(pBlockTable.close() == Acad::eOk, "pBlockTable->close() == Acad::eOk");
+}
+
+}  // namespace
+
+void hasBlock(AcDbDatabase* pDatabase, const char* sBlockName, bool& bHas)
+{
+    BlockTable pBlockTable;
+    if (!open(pBlockTable, pDatabase))
+        return;
+    bHas = pBlockTable->has(sBlockName);
+    close(pBlockTable);
+}
+
+AcDbObjectId firstBlockReference(AcDbDatabase* pDatabase, const char* sBlockName)
+{
+    BlockTable pBlockTable;
+    if (!open(pBlockTable, pDatabase))
+        return {};
+    CObjectPointer<AcDbBlockTableRecord> pRecord;
+    const bool bFound = pBlockTable->getAt(sBlockName, pRecord.out(), AcDb::kForRead) == Acad::eOk;
+    TESK_ASSERT_TEXT(bFound, "pBlockTable->getAt(sBorder, pBlockTableRecord, AcDb::kForRead) == Acad::eOk");
+    close(pBlockTable);
     if (!bFound)
         return {};
 

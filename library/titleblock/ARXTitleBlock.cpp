@@ -35,7 +35,7 @@ bool CARXTitleBlock::hasDefinition(const char* sBlockName)
 {
     TESK_ASSERT(sBlockName != NULL);
     TESK_ASSERT_TEXT(sBlockName != nullptr && *sBlockName != '\0', "_tcslen(sBlockName) > 0");
-    CARXBlockDefinition(m_pDatabase, sBlockName).exists(m_bDefinition);
+    hasBlock(m_pDatabase, sBlockName, m_bDefinition);
     TESK_TRACE("** sBlockName = \"%s\", m_bDefinition = %d\n", sBlockName, m_bDefinition);
     return m_bDefinition;
 }
@@ -44,7 +44,7 @@ void CARXTitleBlock::findInstance(const char* sBorder)
 {
     TESK_ASSERT(m_bDefinition);
     m_bInstance = false;
-    const AcDbObjectId idReference = CARXBlockDefinition(m_pDatabase, sBorder).firstReference();
+    const AcDbObjectId idReference = firstBlockReference(m_pDatabase, sBorder);
     if (idReference.isNull())
         return;
     CObjectPointer<AcDbEntity> pEntity;
@@ -99,8 +99,8 @@ void CARXTitleBlock::readAttributes()
                       "acdbOpenAcDbObject(pAttribute, pIterator->objectId(), AcDb::kForRead) == Acad::eOk"))
                 continue;
             if (const AcDbAttribute* pAttribute = AcDbAttribute::cast(pEntry.get())) {
-                CARXAttribute attribute(*pAttribute);
-                m_mapInstanceAttributes.insert_or_assign(attribute.tag(), attribute);
+                const CARXAttribute attribute(*pAttribute);
+                m_mapInstanceAttributes.insert_or_assign(attribute.m_sTag, attribute);
             }
             TESK_VERIFY_TEXT(pEntry.close() == Acad::eOk, "pAttribute->close() == Acad::eOk");
         }
@@ -112,7 +112,7 @@ AcDbObjectId CARXTitleBlock::attributeId(const char* sTag) const
 {
     TESK_ASSERT(m_bInstance);
     const auto iterAttribute = m_mapInstanceAttributes.find(sTag);
-    return iterAttribute == m_mapInstanceAttributes.end() ? AcDbObjectId() : iterAttribute->second.objectId();
+    return iterAttribute == m_mapInstanceAttributes.end() ? AcDbObjectId() : iterAttribute->second.m_idObject;
 }
 
 CString CARXTitleBlock::getAttributeValue(const char* sTag)

@@ -1,7 +1,7 @@
 #include "library/titleblock/TitleBlock.h"
 
 #include "library/diagnostics/Prerelease.h"
-#include "library/files/CurrentBorder.h"
+#include "library/files/SettingsFile.h"
 #include "library/files/SupportFileLocator.h"
 
 namespace Tesk {

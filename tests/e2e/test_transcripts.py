@@ -17,9 +17,12 @@ DRIVE = PREFIX / "dosdevices/w:"
 NOON = 1092153600      # in the summer of 2004
 TRACE = re.compile(r"\[[\d:]{8}\] ZavikMDITabs : ")
 
-# What differs from machine to machine, from build to build.
+# What differs from machine to machine, from build to build, from run to run.
 NEUTRAL = [
     (r"\[\d\d:\d\d:\d\d\]", "[time]"),
+    # Windows repeats the mouse's moves as it likes.
+    (r"(\[time\] ZavikMDITabs : CARXMDITabs::getDocument\((?:const CPoint point|iItem = \d)\)\n){2}"
+     r"(\[time\] ZavikMDITabs : CARXMDITabs::getTooltip\(.*\)\n(?!.*buildTooltip))?", ""),
     (r'((?:USER|COMPUTER)_NAME", )"[^"]*"', r'\1"..."'),
     (r"C:\\users\\[^\\]*", r"C:\\users\\person"),
     (r"(?m)^((?:::|OS::|Hardware::|Module::)[^=]*)=.*$", r"\1=..."),

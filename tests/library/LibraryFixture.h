@@ -7,7 +7,6 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/maintenance/DiagnosticsLog.h"
 #include "library/registry/Registry.h"
-#include "tests/library/CommandLine.h"
 #include "tests/library/Environment.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/TestHive.h"
@@ -16,11 +15,7 @@
 
 class CLibraryFixture {
 public:
-    CLibraryFixture()
-    {
-        Tesk::setDiagnosticsLevel(0);
-        commandLinePieces().clear();
-    }
+    CLibraryFixture() { Tesk::setDiagnosticsLevel(0); }
     ~CLibraryFixture()
     {
         Tesk::setDiagnosticsLevel(0);

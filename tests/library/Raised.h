@@ -2,7 +2,7 @@
 
 // What an action raises, as text; the exception is deleted.
 
-#include "library/diagnostics/ExceptionText.h"
+#include "library/diagnostics/ExceptionBase.h"
 
 #include <string>
 

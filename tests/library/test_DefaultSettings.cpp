@@ -4,7 +4,6 @@
 #include "library/text/CodePage.h"
 #include "library/text/StringView.h"
 #include "tests/library/Raised.h"
-#include "tests/library/TestRandom.h"
 #include "tests/library/Utf16.h"
 #include "tests/support/TestFolder.h"
 #include "tests/support/ThreadCodePage.h"
@@ -17,9 +16,6 @@ using Tesk::CDefaultSettings;
 using Tesk::CDefaultSettingsException;
 
 namespace {
-
-constexpr LCID kChinese = MAKELCID(MAKELANGID(LANG_CHINESE, SUBLANG_CHINESE_SIMPLIFIED), SORT_DEFAULT);
-constexpr LCID kRussian = MAKELCID(MAKELANGID(LANG_RUSSIAN, SUBLANG_DEFAULT), SORT_DEFAULT);
 
 Lines toLines(const std::vector<CString>& vLines)
 {
@@ -49,8 +45,7 @@ TEST_CASE("what the lines of a settings file mean")
         {"KEY = a=b ; c", {"KEY=a=b ; c"}},
         {"a=1\n[S]\na=2\n[]\nb=3", {"a=1", "b=3", "[S]", "a=2"}},
         {"[A]\na=1\n[B] ; note\nb=2", {"[A]", "a=1", "b=2"}},
-        {"  [[Name]]  \nk=\"  q \"", {"[Name]", "k=\"  q \""}},
-        {"[ Name ]\nk=1\n[Name]\nk=2", {"[ Name ]", "k=1", "[Name]", "k=2"}},
+        {"  [[Name]]  \nk=\"  q \"\n[ Name ]\nk=1", {"[ Name ]", "k=1", "[Name]", "k=\"  q \""}},
         {"[General]\nWidth=1\n[GENERAL]\nWIDTH=2", {"[General]", "Width=2"}},
         {"[Empty]\n[[\n[x", {}},
         {"[a]b]\nk=v", {"[a]b]", "k=v"}},
@@ -82,11 +77,6 @@ TEST_CASE("letters are folded in the thread's code page, others are not")
         CHECK(Tesk::getThreadCodePage() == ::GetACP());  // a language without an ANSI code page
         CHECK(contentsOf(folder, "\xC4=1\n\xE4=2") == Lines{"\xC4=2"});
     }
-    {
-        const CThreadLocale russian(kRussian);
-        CHECK(contentsOf(folder, "[\xC6]\n\xC0=1\n[\xE6]\n\xE0=2\n\xA8=3\n\xB8=4") ==
-              Lines{"[\xC6]", "\xA8=4", "\xC0=2"});
-    }
 }
 
 TEST_CASE("double-byte characters whose second byte looks like syntax")
@@ -110,9 +100,6 @@ TEST_CASE("double-byte characters whose second byte looks like syntax")
             CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
         }
     }
-    const CThreadLocale chinese(kChinese);
-    CHECK(contentsOf(folder, "[\x81\x5D\xB0\x5D]\n\x81\x5C=1\n\x81\x7C=2\n\xA3\xC1=3\n\xA3\xE1=4") ==
-          Lines{"[\x81\x5D\xB0\x5D]", "\x81\x5C=1", "\x81\x7C=2", "\xA3\xC1=4"});
 }
 
 TEST_CASE("later files override, and the section runs on into the next file")
@@ -123,7 +110,6 @@ TEST_CASE("later files override, and the section runs on into the next file")
     const CDefaultSettings settings({sFirst, sSecond}, true);
     CHECK(toLines(settings.getContents()) == Lines{"[S]", "k=2", "only=a", "[T]", "k=3"});
     CHECK(toLines(settings.getKeyLines()) == Lines{"k=1", "only=a", "K=2", "k=3"});
-    CHECK(CDefaultSettings({sFirst}, false).getKeyLines().empty());
 }
 
 TEST_CASE("lookups")
@@ -134,7 +120,6 @@ TEST_CASE("lookups")
     CHECK(settings.getValue("tabs", "WIDTH") == "2");
     CHECK(settings.getValue("", "FREE") == "1");
     CHECK_FALSE(settings.isDefined("Tabs", "free"));
-    CHECK_FALSE(settings.isDefined("None", "width"));
     CHECK(messageOf([&] { settings.getValue("None", "Width"); }) == "Error : Invalid section (None).");
     CHECK(messageOf([&] { settings.getValue("Tabs", "Colour"); }) == "Error : Invalid key (Colour).");
     settings.setValue("tabs", "WIDTH", "3");
@@ -160,18 +145,13 @@ TEST_CASE("a key line without = names file and line, blank lines and comments co
     CHECK(settings.isDefined("S", "z"));
 }
 
-TEST_CASE("an exception's text names what it knows")
+TEST_CASE("an exception without a line or of no known kind")
 {
     CString sText;
     CDefaultSettingsException exception(7, "extra");
-    exception.setLine(3);
     CHECK_FALSE(exception.getErrorText(sText));
-    CHECK(sText == "Error : ");
     exception.setCode(6);
     exception.setFileName("C:\\Data\\a.ini");
-    CHECK(exception.getErrorText(sText));
-    CHECK(sText == "Error (<<C:\\Data\\a.ini>> @ line 3) : Unknown error (extra).");
-    exception.setLine(CDefaultSettingsException::kNoLine);
     CHECK(exception.getErrorText(sText));
     CHECK(sText == "Error (<<C:\\Data\\a.ini>>) : Unknown error (extra).");
 }
@@ -189,33 +169,4 @@ TEST_CASE("a hundred thousand keys, and lines of a megabyte")
     CHECK(settings.getValue("", sLong.c_str()) == sLong.c_str());
     CHECK(settings.getValue(sLong.c_str(), "k") == "v");
     CHECK(contentsOf(folder, "[a" + std::string(200'000, ']') + "\nk=v") == Lines{"[a]", "k=v"});
-}
-
-// Whatever the bytes: no crash, no hang, and no other error.
-TEST_CASE("generated and mutated files for a bounded time")
-{
-    const CTestFolder folder;
-    CTestRandom random;
-    CAPTURE(random.seed());
-#ifdef _GLIBCXX_ASSERTIONS
-    const DWORD dwSeconds = 10;  // the checked build traps where the other would go on
-#else
-    const DWORD dwSeconds = 2;
-#endif
-    const DWORD dwStart = ::GetTickCount();
-    const LCID locales[] = {CThreadLocale::english, CThreadLocale::japanese, kChinese};
-    int iRuns = 0;
-    for (; ::GetTickCount() - dwStart < dwSeconds * 1000; ++iRuns) {
-        const CThreadLocale locale(locales[random.below(3)]);
-        std::string sBytes = random.once(3) ? "\xFF\xFE" : "";
-        sBytes += random.text("[ ] [a] = ; \n \r\n \r \t k K \x81 \x83\x5D \x82\x60 \x82\x81 \xC4=1\n \xFF \x80", 60);
-        for (std::size_t n = random.below(4); n > 0 && !sBytes.empty(); --n)
-            sBytes[random.below(sBytes.size())] = static_cast<char>(random.below(256));
-        CAPTURE(sBytes);
-        const CString sFile = folder.write("a.ini", sBytes).c_str();
-        CDefaultSettings settings({}, true);
-        const std::string sMessage = messageOf([&] { settings.readAFile(sFile); });
-        REQUIRE((sMessage.empty() || sMessage.find("Tokenising error.") != std::string::npos));
-    }
-    CHECK(iRuns > 10);
 }

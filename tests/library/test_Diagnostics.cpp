@@ -1,15 +1,20 @@
 #include "library/diagnostics/Guard.h"
+#include "library/diagnostics/VersionBlock.h"
+#include "library/files/FileSearch.h"
+#include "library/maintenance/ApplicationID.h"
 #include "library/maintenance/AssertionReport.h"
+#include "library/maintenance/MiniDumper.h"
+#include "library/system/Handles.h"
 #include "tests/library/LibraryFixture.h"
-#include "tests/support/ThreadCodePage.h"
+#include "tests/support/Answers.h"
 
 #include <doctest/doctest.h>
 
+#include <algorithm>
+#include <fstream>
 #include <regex>
 
 namespace {
-
-bool matches(const std::string& sText, const char* sPattern) { return std::regex_match(sText, std::regex(sPattern)); }
 
 std::size_t count(const std::string& sText, const std::string& sWhat)
 {
@@ -19,14 +24,6 @@ std::size_t count(const std::string& sText, const std::string& sWhat)
     return n;
 }
 
-std::string joined()
-{
-    std::string sAll;
-    for (const std::string& sPiece : commandLinePieces())
-        sAll += sPiece;
-    return sAll;
-}
-
 DWORD WINAPI writeLines(void*)
 {
     for (int i = 0; i < 25; ++i)
@@ -34,23 +31,53 @@ DWORD WINAPI writeLines(void*)
     return 0;
 }
 
+// What follows the stem in the names of the dumps there; of a real one its magic.
+std::vector<std::string> dumps(const std::string& sStem)
+{
+    std::vector<std::string> vecDumps;
+    WIN32_FIND_DATAA found;
+    const std::string sFolder = sStem.substr(0, sStem.rfind('\\') + 1);
+    const UniqueFind search(::FindFirstFileA((sStem + " *.dmp").c_str(), &found));
+    for (bool bMore = static_cast<bool>(search); bMore; bMore = ::FindNextFileA(search.get(), &found) != FALSE) {
+        const std::string sBytes = CTestFolder::read(sFolder + found.cFileName);
+        vecDumps.push_back(sBytes.empty() ? (sFolder + found.cFileName).substr(sStem.size()) : sBytes.substr(0, 4));
+    }
+    std::sort(vecDumps.begin(), vecDumps.end());
+    return vecDumps;
+}
+
+LONG WINAPI hostsFilter(EXCEPTION_POINTERS*) { return 7; }
+
+// The flags mask of this program's version resource, whose flags say pre-release.
+DWORD& flagsMask()
+{
+    const HRSRC hResource = ::FindResourceA(nullptr, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(16));
+    auto* const pBytes = static_cast<char*>(::LockResource(::LoadResource(nullptr, hResource)));
+    DWORD dwProtection;
+    ::VirtualProtect(pBytes, 100, PAGE_READWRITE, &dwProtection);
+    return reinterpret_cast<VS_FIXEDFILEINFO*>(pBytes + 40)->dwFileFlagsMask;
+}
+
 }  // namespace
 
-TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
+TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values and the module's pre-release flag")
 {
     const struct {
         int m_iDebug;  // -1: no value
         int m_iAssert;
+        DWORD m_dwFlag;  // in the flags mask
         int m_iLevel;
         bool m_bOldLogKept;
     } cases[] = {
-        {-1, -1, 0, true}, {0, 0, 0, true}, {1, 0, 2, false}, {0, 1, 1, true}, {1, 1, 1, false},
+        {-1, -1, 0, 0, true}, {0, 0, 0, 0, true},  {1, 0, 0, 2, false},
+        {0, 1, 0, 1, true},   {1, 1, 0, 1, false}, {0, 0, VS_FF_PRERELEASE, 2, false},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_iDebug);
         CAPTURE(each.m_iAssert);
         const CTestHive hive;
         Tesk::setDiagnosticsLevel(0);
+        flagsMask() = each.m_dwFlag;
         if (each.m_iDebug >= 0)
             setStartup("DebugStartup", each.m_iDebug != 0);
         if (each.m_iAssert >= 0)
@@ -64,17 +91,54 @@ TEST_CASE_FIXTURE(CLibraryFixture, "the level by the user's startup values")
         CHECK((log() == "old") == each.m_bOldLogKept);
         Tesk::terminateLibrary();
     }
+    flagsMask() = 0;
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 a trace does not look at its arguments; other numbers are no level")
+TEST_CASE_FIXTURE(CLibraryFixture, "at level 1 boxes are shown and nothing is written; at level 0 neither")
 {
     startAt(1);
     Tesk::setDiagnosticsLevel(3);
     Tesk::setDiagnosticsLevel(-1);
-    CHECK(Tesk::getDiagnosticsLevel() == 1);
-    int iLooked = 0;
-    TESK_TRACE("%d\n", ++iLooked);
-    CHECK(iLooked == 0);
+    int iCalls = 0;
+    const Answers answers;
+    TESK_ASSERT(iCalls == 0);
+    TESK_VERIFY(++iCalls == 0);
+    const std::string sLine = "Line : " + std::to_string(__LINE__ - 1) + "\n\n" + moduleName().GetString() + " + 0x";
+    TESK_TRACE("%d\n", ++iCalls);
+    Tesk::setDiagnosticsLevel(0);
+    TESK_VERIFY(++iCalls == 0);
+    TESK_ASSERT(++iCalls == 0);
+    CHECK(iCalls == 2);
+    REQUIRE(answers.boxes().size() == 1);
+    CHECK(answers.boxes()[0].text.find(sLine) != std::string::npos);
+    CHECK(log().empty());
+}
+
+// Inside one box, as a box each takes its time.
+TEST_CASE_FIXTURE(CLibraryFixture,
+                  "a start too many and a stop too many are reported; while a box is up, in the log alone")
+{
+    startAt(2);
+    {
+        const Answers answers({}, [] {
+            Tesk::initialiseLibrary("", ::GetModuleHandleA(nullptr), false);
+            Tesk::terminateLibrary();
+            Tesk::getCurrentModule();
+            Tesk::getApplicationVersionLabel();
+            Tesk::terminateLibrary();
+        });
+        TESK_ASSERT_TEXT(false, "outer");
+        CHECK(answers.boxes().size() == 1);
+    }
+    std::string sAll;
+    const std::string sLog = log();
+    const std::regex report("Assertion in \"[^\"]*\" \\((.*)\\)\\.");
+    for (std::sregex_iterator each(sLog.begin(), sLog.end(), report), end; each != end; ++each)
+        sAll += (*each)[1].str() + "; ";
+    CHECK(sAll == "!G_bLibraryInitialised; !CString(sApplicationName).IsEmpty(); G_pApplicationID == NULL; "
+                  "!G_sApplicationName.IsEmpty(); G_bLibraryInitialised; G_bLibraryInitialised; "
+                  "G_pApplicationID != NULL; G_hCurrentModule != NULL; G_bLibraryInitialised; "
+                  "!G_sApplicationName.IsEmpty(); G_pApplicationID != NULL; outer; ");
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "what ends in a guard is named and deleted")
@@ -88,74 +152,33 @@ TEST_CASE_FIXTURE(CLibraryFixture, "what ends in a guard is named and deleted")
     CHECK_FALSE(Tesk::guarded("C::call", [&] { throw new CCounted(iLive); }));
     startAt(2);
     CHECK_FALSE(Tesk::guarded("C::call", [] { throw std::runtime_error("why"); }));
-    CHECK(joined().ends_with("C::call ended by an exception: why\n"));
+    CHECK(log().ends_with("C::call ended by an exception: why\r\n"));
     Tesk::neverRaise([&] { throw new CCounted(iLive); });
     CHECK(iLive == 0);
 }
 
-TEST_CASE_FIXTURE(CLibraryFixture, "a new log starts with its header, once")
+TEST_CASE_FIXTURE(CLibraryFixture, "a new log tells what the registry says of the machine")
 {
     const CTestHive machine(HKEY_LOCAL_MACHINE);
-    const std::string sKey = "SOFTWARE\\Microsoft\\Windows";
-    const char* const aValues[][3] = {{" NT\\CurrentVersion", "ProductName", "W"},
-                                      {" NT\\CurrentVersion", "CurrentBuildNumber", "9"},
-                                      {" NT\\CurrentVersion", "SystemRoot", "C:\\w"},
-                                      {"\\CurrentVersion\\Explorer\\Shell Folders", "Common Desktop", "C:\\d"},
-                                      {"\\CurrentVersion", "CommonFilesDir", "C:\\c"}};
-    for (const auto& [sBelow, sName, sValue] : aValues)
-        Tesk::Registry::SetValue(HKEY_LOCAL_MACHINE, (sKey + sBelow).c_str(), sName, sValue);
-    const char sSystem[] = "HARDWARE\\DESCRIPTION\\System";
     const char sProcessor[] = "HARDWARE\\DESCRIPTION\\System\\CentralProcessor\\0";
-    const Tesk::Registry::CKey system(HKEY_LOCAL_MACHINE, sSystem, true);
+    const Tesk::Registry::CKey system(HKEY_LOCAL_MACHINE, "HARDWARE\\DESCRIPTION\\System", true);
     ::RegSetValueExA(system.get(), "SystemBiosVersion", 0, REG_MULTI_SZ, reinterpret_cast<const BYTE*>("A\0B\0"), 5);
     Tesk::Registry::SetValue(HKEY_LOCAL_MACHINE, sProcessor, "~MHz", DWORD{2000});
     Tesk::Registry::SetValue(HKEY_LOCAL_MACHINE, sProcessor, "VendorIdentifier", "V");
     Tesk::Registry::SetValue(HKEY_LOCAL_MACHINE, sProcessor, "Identifier", "I");
+    Tesk::Registry::SetValue(HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\Windows\\CurrentVersion", "CommonFilesDir",
+                             "C:\\c");
     startAt(2);
     TESK_TRACE("first %d\n\n", 1);
-    TESK_TRACE("second\n");
-    // Dates, times and paths are this run's.
-    std::string sLog = std::regex_replace(log(), std::regex("(started: |Name=|LOCATION_[A-Z_]*=).{2,}"), "$1*");
-    sLog = std::regex_replace(sLog, std::regex("\\[[0-9:]+|\r"), "");
-    CHECK(sLog == "Diagnostics started: *\n::HostName=*\nOS::ProductName=W\nOS::CurrentBuildNumber=9\n"
-                  "Folders::Common Desktop=C:\\d\nFolders::SystemRoot=C:\\w\nFolders::CommonFilesDir=C:\\c\n"
-                  "Hardware::SystemBiosVersion (0)=A\nHardware::SystemBiosVersion (1)=B\n"
-                  "Hardware::id= 2000 MHz, V, I\nPathLocation::LOCATION_FILE_MODULE=*\n"
-                  "PathLocation::LOCATION_DIR_PROGRAM=*\nPathLocation::LOCATION_DIR_USERZAVIKDATA=*\n"
-                  ":-------------------------\n:\nModule::FileVersion=\nModule::Comments=\n"
-                  "] Test : first 1\n] Test : second\n");
+    const std::string sLog = log();
+    CHECK(sLog.find("\r\nFolders::CommonFilesDir=C:\\c\r\nHardware::SystemBiosVersion (0)=A\r\n"
+                    "Hardware::SystemBiosVersion (1)=B\r\nHardware::id= 2000 MHz, V, I\r\nPathLocation") !=
+          std::string::npos);
+    CHECK(sLog.find("OS::") == std::string::npos);
+    CHECK(sLog.ends_with("] Test : first 1\r\n"));
     CHECK(::DeleteFileA(logFile()));
-    TESK_TRACE("third\n");
+    TESK_TRACE("second\n");
     CHECK(count(log(), "Diagnostics started") == 1);
-}
-
-TEST_CASE_FIXTURE(CLibraryFixture, "the command line gets pieces of at most 132 characters")
-{
-    startAt(2);
-    for (const std::size_t length : {0u, 113u, 114u, 5000u}) {
-        CAPTURE(length);
-        commandLinePieces().clear();
-        TESK_TRACE("%s\n\n", std::string(length, 'x').c_str());
-        const std::size_t whole = 18 + length + 1;  // "[hh:mm:ss] Test : " and the line feed
-        CHECK(joined().size() == whole);
-        CHECK(commandLinePieces().size() == (whole + 131) / 132);
-        for (const std::string& sPiece : commandLinePieces())
-            CHECK(sPiece.size() <= 132);
-    }
-    // A log that cannot be written disturbs nobody.
-    ::DeleteFileA(logFile());
-    ::CreateDirectoryA(logFile(), nullptr);
-    commandLinePieces().clear();
-    TESK_TRACE("message\n");
-    CHECK(joined().ends_with("Test : message\n"));
-    const CThreadLocale japanese(CThreadLocale::japanese);
-    commandLinePieces().clear();
-    std::string sText = "x";
-    for (int i = 0; i < 100; ++i)
-        sText += "\x83\x5C";
-    TESK_TRACE("%s", sText.c_str());
-    CHECK(commandLinePieces()[0].size() == 131);
-    CHECK(joined().size() == 18 + sText.size() + 1);
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "reports go to the console stream and the log, traces to the log alone")
@@ -180,15 +203,23 @@ TEST_CASE_FIXTURE(CLibraryFixture, "reports go to the console stream and the log
     Tesk::setDiagnosticsLevel(2);
     Tesk::writeDiagnostic("in a window");
     CHECK(::GetConsoleWindow());
+    CHECK(::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));  // ends nothing
+    ::Sleep(200);
     Tesk::terminateLibrary();
     CHECK_FALSE(::GetConsoleWindow());
     CHECK(::GetStdHandle(STD_OUTPUT_HANDLE) == hFile);
     ::SetStdHandle(STD_OUTPUT_HANDLE, hOutput);
     ::SetStdHandle(STD_ERROR_HANDLE, hBefore);
     CHECK(::CloseHandle(hFile));
-    CHECK(matches(CTestFolder::read(sConsole), "\\[\\d\\d:\\d\\d:\\d\\d\\] report\r\n"));
+    CHECK(std::regex_match(CTestFolder::read(sConsole), std::regex("\\[[\\d:]{8}\\] report\r\n")));
     CHECK(count(log(), "] report\r\n") == 1);
     CHECK(count(log(), "not at this level") == 0);
+    // A log that cannot be written disturbs nobody.
+    ::DeleteFileA(logFile());
+    ::CreateDirectoryA(logFile(), nullptr);
+    start();
+    Tesk::setDiagnosticsLevel(2);
+    TESK_TRACE("message\n");
 }
 
 TEST_CASE_FIXTURE(CLibraryFixture, "lines of several threads do not mix, the header is written once")
@@ -204,4 +235,47 @@ TEST_CASE_FIXTURE(CLibraryFixture, "lines of several threads do not mix, the hea
     const std::string sLog = log();
     CHECK(sLog.size() - sLog.find("aaa") == 100 * 42);
     CHECK(count(sLog, "aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\r\n") == 100);
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "the installation is named by the description beside the module")
+{
+    char sPath[MAX_PATH];
+    ::GetModuleFileNameA(nullptr, sPath, MAX_PATH);
+    const CString sFile = CString(sPath).Left(CString(sPath).ReverseFind('.')) + ".avf";
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ""},
+        {"ProductName=Halvoran Desk", ""},
+        {"; comment\r\n productname = Halvoran Desk \r\nother\r\nPRODUCTVERSION=4.1", "Halvoran Desk 4.1"}};
+    for (const auto& [sBytes, sLabel] : cases) {
+        if (*sBytes)
+            std::ofstream(sFile.GetString(), std::ios::binary) << sBytes;
+        start();
+        ::DeleteFileA(sFile);
+        CHECK(Tesk::getApplicationVersionLabel() == sLabel);
+        CHECK(Tesk::Registry::GetRemoteConfigurableKey() ==
+              CString("Software\\Zavik\\") + (*sBytes ? "Halvoran Desk" : "Test") + "\\Remote Configurable");
+        CHECK_FALSE(Tesk::G_pMiniDumper);  // not asked for
+        Tesk::terminateLibrary();
+    }
+    CHECK(Tesk::CVersionBlock::getCompanyName().IsEmpty());
+}
+
+TEST_CASE_FIXTURE(CLibraryFixture, "the crash dump is written beside the log, where five stay, and the filter put back")
+{
+    const LPTOP_LEVEL_EXCEPTION_FILTER pReal = ::SetUnhandledExceptionFilter(hostsFilter);
+    Tesk::initialiseLibrary("Test", ::GetModuleHandleA(nullptr), true);
+    REQUIRE(Tesk::G_pMiniDumper);
+    const LPTOP_LEVEL_EXCEPTION_FILTER pDuring = ::SetUnhandledExceptionFilter(nullptr);
+    ::SetUnhandledExceptionFilter(pDuring);
+    const std::string sStem = std::string(logFile(), static_cast<std::size_t>(logFile().ReverseFind('.')));
+    for (const char* sOlder : {" a.dmp", " b.dmp", " c.dmp", " d.dmp", " e.dmp", " f.dmp", "-other.dmp"}) {
+        std::ofstream(sStem + sOlder);
+        ::Sleep(10);
+    }
+    CHECK(pDuring(nullptr) == hostsFilter(nullptr));
+    CHECK(dumps(sStem) == std::vector<std::string>{" c.dmp", " d.dmp", " e.dmp", " f.dmp", "MDMP"});
+    CHECK(Tesk::fileExists((sStem + "-other.dmp").c_str()));
+    Tesk::terminateLibrary();
+    CHECK_FALSE(Tesk::G_pMiniDumper);
+    CHECK((::SetUnhandledExceptionFilter(pReal) == hostsFilter));
 }

@@ -40,6 +40,7 @@ TEST_CASE("a link is as wide as its text, has a hand, the focus and the Enter ke
         RECT client;
         ::GetClientRect(hText, &client);
         CHECK((client.right < 300) == bLink);
+        CHECK((client.right > 20 && client.bottom == 20));
         CHECK(((::GetWindowLongA(hText, GWL_STYLE) & WS_TABSTOP) != 0) == bLink);
         CHECK(::SendMessageA(hText, WM_NCHITTEST, 0, 0) == (bLink ? HTCLIENT : HTTRANSPARENT));
         MSG enter = {hText, WM_KEYDOWN, VK_RETURN, 0, 0, {}};

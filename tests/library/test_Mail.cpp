@@ -36,7 +36,7 @@ TEST_CASE("a mail goes to the registered program with its attachment, and leaves
 
     CHECK(Mail::compose(hOwner, message) == Mail::Result::noProgram);  // registered, but nobody's default
     Registry::SetValue(HKEY_LOCAL_MACHINE, kClients, "", "Recorder");
-    CHECK(Mail::compose(hOwner, message) == Mail::Result::sent);
+    CHECK(Mail::compose(hOwner, message) == Mail::Result::done);
     const std::string sMail = CTestFolder::read(folder.path("mail.txt"));
     CHECK(sMail.find("recipients: 1\n") != std::string::npos);
     CHECK(sMail.find("attachments: 1\n") != std::string::npos);  // none within the text
@@ -47,13 +47,16 @@ TEST_CASE("a mail goes to the registered program with its attachment, and leaves
     CHECK(std::string(sFolder) != "C:\\");
 
     const CEnvironment abort("MAIL_ANSWER", "1");
-    CHECK(Mail::compose(hOwner, message) == Mail::Result::cancelled);
+    CHECK(Mail::compose(hOwner, message) == Mail::Result::done);
     const CEnvironment unsupported("MAIL_ANSWER", "26");
     CHECK(Mail::compose(hOwner, message) == Mail::Result::noProgram);
     // The user's own choice counts, here of a program that cannot be asked.
     Registry::SetValue(HKEY_CURRENT_USER, kClients, "", "Webmail");
     CHECK(Mail::compose(hOwner, message) == Mail::Result::noProgram);
-    Registry::SetValue(HKEY_LOCAL_MACHINE, (std::string(kClients) + "\\Webmail").c_str(), "MSIComponentID", "{1}");
-    CHECK(Mail::hasProgram());
+    for (const char* sValue : {"DLLPathEx", "MSIComponentID"}) {
+        Registry::SetValue(HKEY_CURRENT_USER, kClients, "", sValue);
+        Registry::SetValue(HKEY_LOCAL_MACHINE, (std::string(kClients) + "\\" + sValue).c_str(), sValue, "{1}");
+        CHECK(Mail::hasProgram());
+    }
     ::DestroyWindow(hOwner);
 }

@@ -66,7 +66,7 @@ TEST_CASE_FIXTURE(AdditionsFixture, "several are closed one after the other, unt
         app.pumpUntilIdle();
         CHECK(answers.boxes().size() == 1);
         CHECK(tabs() == Texts{"b", "c", "d"});
-        drawing(documents[1]).setDbmod(0);
+        drawing(documents[1]).setSaved();
         close(documents[1]);
         CHECK(tabs() == Texts{"c", "d"});
     }
@@ -90,9 +90,14 @@ TEST_CASE_FIXTURE(AdditionsFixture, "several are closed one after the other, unt
     }
     SUBCASE("the unchanged are those that are so when their turn comes, whatever was notified")
     {
-        drawing(documents[1]).setDbmod(1);
+        const auto editUnheard = [&](AcApDocument* pDocument) {
+            host::Faults::failNth("AcDbDatabaseReactor::objectAppended", 1);
+            drawing(pDocument).addLine(0, 0, 1, 1);
+            host::Faults::clear();
+        };
+        editUnheard(documents[1]);
         choose(documents[3], IDC_DYNAMIC_MENU_CLOSE_SAVED);
-        drawing(documents[2]).setDbmod(1);
+        editUnheard(documents[2]);
         app.pumpUntilIdle();
         CHECK(tabs() == Texts{"b", "c"});
         for (AcApDocument* pDocument : {documents[1], documents[2]})

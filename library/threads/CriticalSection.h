@@ -13,22 +13,20 @@ public:
     CCriticalSection(const CCriticalSection&) = delete;
     CCriticalSection& operator=(const CCriticalSection&) = delete;
 
-    void enter() { ::EnterCriticalSection(&m_section); }
-    void leave() { ::LeaveCriticalSection(&m_section); }
-
 private:
+    friend class CLock;
     CRITICAL_SECTION m_section;
 };
 
 class CLock {
 public:
-    explicit CLock(CCriticalSection& section) : m_section(section) { m_section.enter(); }
-    ~CLock() { m_section.leave(); }
+    explicit CLock(CCriticalSection& section) : m_section(section.m_section) { ::EnterCriticalSection(&m_section); }
+    ~CLock() { ::LeaveCriticalSection(&m_section); }
     CLock(const CLock&) = delete;
     CLock& operator=(const CLock&) = delete;
 
 private:
-    CCriticalSection& m_section;
+    CRITICAL_SECTION& m_section;
 };
 
 }  // namespace Tesk

@@ -1,5 +1,6 @@
-#include "library/system/Explorer.h"
+#include "library/files/Explorer.h"
 
+#include "library/files/FileSearch.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
 
@@ -10,8 +11,6 @@
 namespace Tesk {
 
 namespace {
-
-bool exists(const std::string& sPath) { return ::GetFileAttributesA(sPath.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
 // By its place: one that lies beside a drawing is not meant.
 std::string explorer()
@@ -28,9 +27,9 @@ bool showInExplorer(HWND hOwner, const CString& sFile)
     const std::string sPath = toString(sFile);
     const std::string sFolder = sPath.substr(0, MultiByte::findLastOf(sPath, "\\/") + 1);
     std::string sArguments;
-    if (exists(sPath))
+    if (fileExists(sPath.c_str()))
         sArguments = "/select,\"" + sPath + "\"";
-    else if (!sFolder.empty() && exists(sFolder))
+    else if (folderExists(sFolder.c_str()))
         sArguments = "\"" + sFolder.substr(0, sFolder.size() - 1) + "\"";  // a backslash would take the quote
     else
         return false;

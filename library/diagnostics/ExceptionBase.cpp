@@ -1,5 +1,3 @@
-#include "library/diagnostics/ExceptionText.h"
-
 #include "library/diagnostics/ExceptionBase.h"
 
 #include <memory>
