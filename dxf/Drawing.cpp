@@ -1,16 +1,9 @@
 #include "dxf/Drawing.h"
 
 #include "dxf/ApiCalls.h"
-#include "dxf/HeaderVariables.h"
 #include "dxf/Objects.h"
 
 namespace dxf {
-
-namespace {
-
-int s_misuses = 0;
-
-}  // namespace
 
 bool (*pCallFails)(const char* sCall) = nullptr;
 
@@ -37,18 +30,5 @@ Acad::ErrorStatus Drawing::getSymbolTable(AcDbBlockTable*& pTable, AcDb::OpenMod
     pTable = nullptr;
     return openAs(pTable, m_graph->blockTable(), mode, false);
 }
-
-std::vector<HeaderValue> Drawing::headerVariable(const std::string& sName) const
-{
-    std::vector<HeaderValue> values;
-    if (const DxfRecord* pHeader = m_file->section("HEADER"))
-        for (const DxfTag& tag : headerEntry(*pHeader, "$" + sName).values)
-            values.push_back({tag.code, m_file->encoding().decode(tag.value)});
-    return values;
-}
-
-int Drawing::misuses() { return s_misuses; }
-
-void Drawing::countMisuse() { ++s_misuses; }
 
 }  // namespace dxf

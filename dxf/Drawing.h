@@ -16,12 +16,6 @@
 
 namespace dxf {
 
-// One value of a header variable: a group code and its text.
-struct HeaderValue {
-    int code = 0;
-    std::string text;
-};
-
 class Drawing : public AcDbDatabase {
 public:
     Drawing(std::unique_ptr<DxfFile> file, const std::string& sPath);
@@ -38,8 +32,6 @@ public:
     const std::string& path() const { return m_sPath; }
     DxfFile& file() const { return *m_file; }
     ObjectGraph& graph() const { return *m_graph; }
-    // A name without the "$"; empty when the drawing has none.
-    std::vector<HeaderValue> headerVariable(const std::string& sName) const;
 
     // --- Objects open for write
     // Gives one another text; refused by a drawing that is only read.
@@ -53,8 +45,8 @@ public:
     void countOpen(int change) { m_openObjects += change; }
     // API calls that broke the open and close rules (a value read from a closed
     // object, an object left open when its drawing went away). All drawings.
-    static int misuses();
-    static void countMisuse();
+    static int misuses() { return s_misuses; }
+    static void countMisuse() { ++s_misuses; }
 
 protected:
     void setPath(const std::string& sPath) { m_sPath = sPath; }
@@ -62,6 +54,8 @@ protected:
     void replaceContents(std::unique_ptr<DxfFile> file);
 
 private:
+    static inline int s_misuses = 0;
+
     std::string m_sPath;
     std::unique_ptr<DxfFile> m_file;
     std::unique_ptr<ObjectGraph> m_graph;

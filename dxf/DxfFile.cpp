@@ -31,14 +31,6 @@ bool isOldDrawing(std::string_view bytes)
     return bytes.size() >= 6 && bytes.starts_with("AC") && isDigit(bytes[2]) && bytes[3] == '.' && isDigit(bytes[4]);
 }
 
-// What the walk over the sections has seen so far.
-struct Sections {
-    bool open = false;
-    bool any = false;
-    bool eof = false;
-    std::string name;
-};
-
 }  // namespace
 
 std::string_view DxfRecord::value(int code) const
@@ -68,10 +60,8 @@ std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
     const UniqueHandle file(CreateFileA(sPath.c_str(), GENERIC_READ,
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                                         FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file)
-        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.get(), &size))
+    if (!file || !GetFileSizeEx(file.get(), &size))
         throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
     if (size.QuadPart > 0x3FFFFFFF)
         throw FileError(sPath, 0, "too large to be read");
@@ -96,7 +86,12 @@ std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& s
     file.reset(new DxfFile);
     file->m_bytes = std::move(sBytes);
     file->scan(sName);
-    file->readVersion();
+    const auto value = [&](std::string_view name, std::string_view otherwise) {
+        const HeaderEntry entry = file->headerEntry(name);
+        return entry.values.empty() ? otherwise : trimmed(entry.values.front().value);
+    };
+    file->m_sVersion = value("$ACADVER", "AC1009");
+    file->m_encoding = DxfText(file->m_sVersion, value("$DWGCODEPAGE", ""));
     return file;
 }
 
@@ -125,29 +120,28 @@ void DxfFile::scan(const std::string& sName)
             addRecord({pStart, static_cast<std::size_t>(pEnd - pStart)}, type);
         pStart = pEnd;
     };
-    Sections sections;
+    bool open = false, any = false;
+    std::string name;
     DxfTag tag;
     TagReader::Result result = reader.next(tag);
     for (; result == TagReader::Result::Tag; result = reader.next(tag)) {
-        if (tag.code == 2 && sections.open && sections.name.empty())
-            sections.name = trimmed(tag.value);
+        if (tag.code == 2 && open && name.empty())
+            name = trimmed(tag.value);
         if (tag.code != 0)
             continue;
         const char* pTag = tag.text.data();
         flush(pTag);
         type = trimmed(tag.value);
         if (type == "SECTION") {
-            if (sections.open)
-                fail(pTag, "SECTION inside section " + sections.name);
-            sections = {true, true, false, ""};
+            if (open)
+                fail(pTag, "SECTION inside section " + name);
+            open = any = true;
+            name.clear();
         } else if (type == "ENDSEC") {
-            if (!sections.open)
-                m_warnings.push_back("line " + std::to_string(lineOf(bytes, pTag)) + ": ENDSEC without SECTION");
-            sections.open = false;
+            open = false;
         } else if (type == "EOF") {
-            if (sections.open)
-                fail(pTag, "section " + sections.name + " has no ENDSEC");
-            sections.eof = true;
+            if (open)
+                fail(pTag, "section " + name + " has no ENDSEC");
             break;
         }
     }
@@ -155,12 +149,10 @@ void DxfFile::scan(const std::string& sName)
         fail(reader.rest().data(), "group code is not a number");
     if (result == TagReader::Result::NoValue)
         fail(reader.rest().data(), "the file ends in the middle of a tag");
-    if (!sections.eof && sections.open)
-        fail(bytes.data() + bytes.size(), "the file ends inside section " + sections.name);
-    if (!sections.any)
+    if (open)
+        fail(bytes.data() + bytes.size(), "the file ends inside section " + name);
+    if (!any)
         fail(nullptr, "no SECTION in the file");
-    if (!sections.eof)
-        m_warnings.push_back("the file ends without EOF");
     flush(bytes.data() + bytes.size());
 }
 
@@ -169,28 +161,34 @@ void DxfFile::addRecord(std::string_view text, std::string_view type)
     DxfRecord& record = m_records.emplace_back();
     record.m_text = text;
     record.m_type = type;
-    record.m_linked = true;
     record.m_previous = m_last;
     (m_last != nullptr ? m_last->m_next : m_first) = &record;
     m_last = &record;
 }
 
-void DxfFile::readVersion()
+std::vector<HeaderEntry> DxfFile::headerEntries() const
 {
-    std::string_view codePage;
-    if (const DxfRecord* pHeader = section("HEADER")) {
-        TagReader reader = pHeader->tags();
-        std::string_view name;
-        for (DxfTag tag; nextTag(reader, tag);) {
-            if (tag.code == 9)
-                name = trimmed(tag.value);
-            else if (name == "$ACADVER" && tag.code == 1)
-                m_sVersion = trimmed(tag.value);
-            else if (name == "$DWGCODEPAGE" && tag.code == 3)
-                codePage = tag.value;
+    std::vector<HeaderEntry> entries;
+    const DxfRecord* const pHeader = section("HEADER");
+    TagReader reader(pHeader != nullptr ? pHeader->text() : std::string_view());
+    for (DxfTag tag; nextTag(reader, tag);) {
+        if (tag.code == 9) {
+            entries.push_back({trimmed(tag.value), tag.text, {}});
+        } else if (!entries.empty()) {
+            HeaderEntry& entry = entries.back();
+            entry.values.push_back(tag);
+            entry.text = {entry.text.data(), entry.text.size() + tag.text.size()};
         }
     }
-    m_encoding = DxfText(m_sVersion, codePage);
+    return entries;
+}
+
+HeaderEntry DxfFile::headerEntry(std::string_view name) const
+{
+    for (HeaderEntry& entry : headerEntries())
+        if (sameName(entry.name, name))
+            return entry;
+    return {};
 }
 
 DxfRecord* DxfFile::section(std::string_view name) const
@@ -250,14 +248,12 @@ void DxfFile::unlink(DxfRecord& record)
 {
     (record.m_previous != nullptr ? record.m_previous->m_next : m_first) = record.m_next;
     (record.m_next != nullptr ? record.m_next->m_previous : m_last) = record.m_previous;
-    record.m_linked = false;
 }
 
 void DxfFile::relink(DxfRecord& record)
 {
     (record.m_previous != nullptr ? record.m_previous->m_next : m_first) = &record;
     (record.m_next != nullptr ? record.m_next->m_previous : m_last) = &record;
-    record.m_linked = true;
 }
 
 std::string withValue(const DxfFile& file, const DxfRecord& record, int code, std::string_view value)

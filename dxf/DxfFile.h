@@ -29,7 +29,6 @@ public:
     bool has(int code) const;
 
     DxfRecord* next() const { return m_next; }
-    DxfRecord* previous() const { return m_previous; }
 
 private:
     friend class DxfFile;
@@ -38,7 +37,15 @@ private:
     std::string_view m_type;
     DxfRecord* m_next = nullptr;
     DxfRecord* m_previous = nullptr;
-    bool m_linked = false;
+};
+
+// A variable in the HEADER section, which is one record: a group 9 tag with the name ("$"
+// included), then its values.
+struct HeaderEntry {
+    std::string_view name;
+    // Name and values, byte for byte.
+    std::string_view text;
+    std::vector<DxfTag> values;
 };
 
 class DxfFile {
@@ -58,13 +65,15 @@ public:
     bool contentsNotRead() const { return m_contentsNotRead; }
     // The format's name, such as "AC1018".
     const std::string& version() const { return m_sVersion; }
-    // What was odd in the file but did no harm, a line each.
-    const std::vector<std::string>& warnings() const { return m_warnings; }
     const DxfText& encoding() const { return m_encoding; }
 
     DxfRecord* first() const { return m_first; }
     // The SECTION record of the name; null when there is none.
     DxfRecord* section(std::string_view name) const;
+
+    std::vector<HeaderEntry> headerEntries() const;
+    // The first entry of the name; one without a name when there is none.
+    HeaderEntry headerEntry(std::string_view name) const;
 
     // The text of a tag, written as this file writes its tags.
     std::string tag(int code, std::string_view value) const;
@@ -83,7 +92,6 @@ private:
     DxfFile() = default;
     void scan(const std::string& sName);
     void addRecord(std::string_view text, std::string_view type);
-    void readVersion();
 
     std::string m_bytes;
     std::deque<DxfRecord> m_records;
@@ -93,7 +101,6 @@ private:
     std::string m_sVersion = "AC1009";
     std::string m_sLineEnd = "\r\n";
     DxfText m_encoding;
-    std::vector<std::string> m_warnings;
     bool m_contentsNotRead = false;
     std::string m_notRead;
 };

@@ -4,7 +4,9 @@
 
 #include <windows.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <cwchar>
 
 namespace dxf {
 
@@ -82,38 +84,29 @@ std::string narrowWithEscapes(std::wstring_view wide, unsigned page)
             result += text;
             continue;
         }
-        static constexpr char kDigits[] = "0123456789ABCDEF";
-        result += "\\U+";
-        for (int shift = 12; shift >= 0; shift -= 4)
-            result += kDigits[(c >> shift) & 15];
+        char escape[kEscape + 1];
+        std::snprintf(escape, sizeof escape, "\\U+%04X", static_cast<unsigned>(c) & 0xFFFF);
+        result += escape;
     }
     return result;
 }
 
-// The value of hexadecimal digits; -1 when one of them is none.
-int hexValue(std::wstring_view digits)
+// The value of four hexadecimal digits; 0 when one of them is none.
+wchar_t hexValue(const std::wstring& digits)
 {
-    int value = 0;
-    for (const wchar_t c : digits) {
-        if (c >= L'0' && c <= L'9')
-            value = value * 16 + (c - L'0');
-        else if ((c | 32) >= L'a' && (c | 32) <= L'f')
-            value = value * 16 + ((c | 32) - L'a' + 10);
-        else
-            return -1;
-    }
-    return value;
+    const bool sound = digits.find_first_not_of(L"0123456789ABCDEFabcdef") == std::wstring::npos;
+    return sound ? static_cast<wchar_t>(std::wcstoul(digits.c_str(), nullptr, 16)) : L'\0';
 }
 
 // With \U+XXXX escapes as the characters that they stand for.
-std::wstring unescaped(std::wstring_view text)
+std::wstring unescaped(const std::wstring& text)
 {
     std::wstring result;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool escape = text.substr(i).starts_with(L"\\U+") && text.size() >= i + kEscape;
-        const int value = escape ? hexValue(text.substr(i + 3, 4)) : 0;
-        result += value > 0 ? static_cast<wchar_t>(value) : text[i];
-        i += value > 0 ? kEscape - 1 : 0;
+        const bool escape = text.compare(i, 3, L"\\U+") == 0 && text.size() >= i + kEscape;
+        const wchar_t value = escape ? hexValue(text.substr(i + 3, 4)) : L'\0';
+        result += value != 0 ? value : text[i];
+        i += value != 0 ? kEscape - 1 : 0;
     }
     return result;
 }

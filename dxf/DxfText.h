@@ -21,7 +21,6 @@ public:
     // The other way; the result is one line.
     std::string encode(std::string_view text) const;
 
-    unsigned codePage() const { return m_codePage; }
     // The name of the thread's ANSI code page, as drawings write it.
     static std::string ansiName();
 

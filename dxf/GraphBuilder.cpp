@@ -47,17 +47,11 @@ void GraphBuilder::build()
 void GraphBuilder::findHandles()
 {
     unsigned long long highest = 0;
-    if (const DxfRecord* pHeader = m_file.section("HEADER")) {
-        TagReader reader = pHeader->tags();
-        std::string_view name;
-        for (DxfTag tag; nextTag(reader, tag);) {
-            if (tag.code == 9)
-                name = trimmed(tag.value);
-            else if (name == "$HANDSEED" && tag.code == 5 && toHandle(tag.value) > 0) {
-                highest = toHandle(tag.value) - 1;
-                m_graph.m_handlesAreWritten = true;
-            }
-        }
+    if (const HeaderEntry seed = m_file.headerEntry("$HANDSEED"); !seed.values.empty())
+        highest = toHandle(seed.values.front().value);
+    if (highest != 0) {
+        --highest;
+        m_graph.m_handlesAreWritten = true;
     }
     for (const DxfRecord* p = m_file.first(); p != nullptr; p = p->next())
         if (p->type() != "SECTION" && p->type() != "DIMSTYLE")
@@ -89,21 +83,25 @@ void GraphBuilder::readBlocks(DxfRecord& section)
             pBlock = nullptr;
         } else if (p->type() == "BLOCK") {
             const std::string sName = layoutName(m_file.encoding().decode(trimmed(p->value(2))));
-            const auto entry = m_table.find(Tesk::upperAscii(sName));
-            const bool listed = entry != m_table.end() && entry->second.handle != 0;
-            pBlock = &m_graph.addBlock(sName, p, listed ? entry->second.handle : m_graph.newHandle());
+            pBlock = &addBlock(sName, p);
             pBlock->flags = toInt(p->value(70));
-            pBlock->layout =
-                isModelSpace(sName) || isPaperSpace(sName) || (entry != m_table.end() && entry->second.layout);
             pBlock->unloaded = toInt(p->value(71)) == 1;
             if (pBlock->isXref())
                 pBlock->xrefPath = m_file.encoding().decode(p->value(1));
-            m_owners.try_emplace(pBlock->handle, pBlock);
             m_lastInsert = nullptr;
         } else if (pBlock != nullptr) {
             addRecord(*pBlock, *p);
         }
     }
+}
+
+BlockNode& GraphBuilder::addBlock(const std::string& sName, DxfRecord* pRecord)
+{
+    const TableEntry entry = m_table[Tesk::upperAscii(sName)];
+    BlockNode& block = m_graph.addBlock(sName, pRecord, entry.handle != 0 ? entry.handle : m_graph.newHandle());
+    block.layout = entry.layout || isModelSpace(sName) || isPaperSpace(sName);
+    m_owners.try_emplace(block.handle, &block);
+    return block;
 }
 
 void GraphBuilder::readEntities(DxfRecord& section)
@@ -117,13 +115,8 @@ void GraphBuilder::addLayouts()
 {
     for (const char* sName : {"*Model_Space", "*Paper_Space"}) {
         BlockNode* pNode = m_graph.block(sName);
-        if (pNode == nullptr) {
-            const auto entry = m_table.find(Tesk::upperAscii(sName));
-            const bool listed = entry != m_table.end() && entry->second.handle != 0;
-            pNode = &m_graph.addBlock(sName, nullptr, listed ? entry->second.handle : m_graph.newHandle());
-            pNode->layout = true;
-            m_owners.try_emplace(pNode->handle, pNode);
-        }
+        if (pNode == nullptr)
+            pNode = &addBlock(sName, nullptr);
         (isModelSpace(sName) ? m_graph.m_modelSpace : m_paperSpace) = pNode;
     }
 }
@@ -156,14 +149,10 @@ void GraphBuilder::addRecord(BlockNode& owner, DxfRecord& record)
 
 void GraphBuilder::linkInserts()
 {
-    std::stable_sort(m_inserts.begin(), m_inserts.end(), [](const auto& a, const auto& b) {
-        return static_cast<const BlockNode*>(a.first->owner)->rank <
-               static_cast<const BlockNode*>(b.first->owner)->rank;
-    });
     for (const auto& [pInsert, sName] : m_inserts)
         if (BlockNode* pBlock = m_graph.block(sName)) {
             pInsert->block = pBlock;
-            pBlock->references.push_back(pInsert);
+            m_graph.addReference(*pInsert);
         }
 }
 

@@ -22,6 +22,7 @@ private:
     void findHandles();
     void readTables(const DxfRecord& section);
     void readBlocks(DxfRecord& section);
+    BlockNode& addBlock(const std::string& sName, DxfRecord* pRecord);
     void readEntities(DxfRecord& section);
     void addLayouts();
     void rankOwners();

@@ -50,18 +50,8 @@ BlockNode* ObjectGraph::block(std::string_view name) const
     return found == m_blocksByName.end() || found->second->erased ? nullptr : found->second;
 }
 
-AcDbStub* ObjectGraph::find(unsigned long long handle)
+AcDbStub* ObjectGraph::find(unsigned long long handle) const
 {
-    if (!m_handlesIndexed) {
-        m_handlesIndexed = true;
-        m_byHandle.emplace(m_blockTable.handle, &m_blockTable);
-        for (BlockNode& node : m_blockNodes)
-            m_byHandle.emplace(node.handle, &node);
-        for (InsertNode& node : m_insertNodes)
-            m_byHandle.emplace(node.handle, &node);
-        for (AcDbStub& node : m_entityNodes)
-            m_byHandle.emplace(node.handle, &node);
-    }
     const auto found = m_byHandle.find(handle);
     return found == m_byHandle.end() ? nullptr : found->second;
 }
@@ -115,8 +105,7 @@ AcDbStub& ObjectGraph::prepare(AcDbStub& node, NodeKind kind, AcDbStub* pOwner, 
     node.owner = pOwner;
     node.record = pRecord;
     node.handle = handle;
-    if (m_handlesIndexed)
-        m_byHandle.emplace(handle, &node);
+    m_byHandle.emplace(handle, &node);
     return node;
 }
 

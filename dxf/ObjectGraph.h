@@ -95,7 +95,7 @@ public:
     // By name, without case; null when there is none or it is erased.
     BlockNode* block(std::string_view name) const;
     BlockNode& modelSpace() const { return *m_modelSpace; }
-    AcDbStub* find(unsigned long long handle);
+    AcDbStub* find(unsigned long long handle) const;
     unsigned long long newHandle() { return m_nextHandle++; }
     unsigned long long nextHandle() const { return m_nextHandle; }
     bool handlesAreWritten() const { return m_handlesAreWritten; }
@@ -123,7 +123,6 @@ private:
     BlockNode* m_modelSpace = nullptr;
     unsigned long long m_nextHandle = 1;
     bool m_handlesAreWritten = false;
-    bool m_handlesIndexed = false;
     std::unordered_map<unsigned long long, AcDbStub*> m_byHandle;
 };
 

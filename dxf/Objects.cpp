@@ -2,7 +2,6 @@
 
 #include "dxf/ApiCalls.h"
 #include "dxf/BlockObjects.h"
-#include "dxf/Drawing.h"
 #include "dxf/TextObjects.h"
 
 #include "objectarx/dbapserv.h"
@@ -63,27 +62,6 @@ Acad::ErrorStatus closeNode(AcDbStub& node)
         node.database->tellModified(node);
     return Acad::eOk;
 }
-
-template <class Base>
-AcDbDatabase* ObjectFace<Base>::database() const
-{
-    return m_node.database;
-}
-
-template <class Base>
-bool ObjectFace<Base>::mayRead() const
-{
-    if (!m_node.isReadable())
-        Drawing::countMisuse();
-    return m_node.isReadable();
-}
-
-template class ObjectFace<AcDbEntity>;
-template class ObjectFace<AcDbBlockTable>;
-template class ObjectFace<AcDbBlockTableRecord>;
-template class ObjectFace<AcDbBlockReference>;
-template class ObjectFace<AcDbText>;
-template class ObjectFace<AcDbAttribute>;
 
 }  // namespace dxf
 

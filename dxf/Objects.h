@@ -7,7 +7,7 @@
 #include "objectarx/dbents.h"
 #include "objectarx/dbsymtb.h"
 
-#include "dxf/ObjectGraph.h"
+#include "dxf/Drawing.h"
 
 #include <memory>
 
@@ -45,11 +45,16 @@ public:
     Acad::ErrorStatus close() override { return closeNode(m_node); }
     AcDbObjectId objectId() const override { return AcDbObjectId(&m_node); }
     void getAcDbHandle(AcDbHandle& handle) const override { handle = AcDbHandle(m_node.handle); }
-    AcDbDatabase* database() const override;
+    AcDbDatabase* database() const override { return m_node.database; }
 
 protected:
     // Counts a misuse when the object is not open.
-    bool mayRead() const;
+    bool mayRead() const
+    {
+        if (!m_node.isReadable())
+            Drawing::countMisuse();
+        return m_node.isReadable();
+    }
     AcDbStub& node() const { return m_node; }
 
 private:

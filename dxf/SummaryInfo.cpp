@@ -2,7 +2,6 @@
 
 #include "dxf/ApiCalls.h"
 #include "dxf/Drawing.h"
-#include "dxf/HeaderVariables.h"
 
 #include <iterator>
 
@@ -64,11 +63,11 @@ Summary readRecord(const DxfFile& file, const DxfRecord& record)
     return summary;
 }
 
-Summary readHeader(const DxfFile& file, const DxfRecord& header)
+Summary readHeader(const DxfFile& file)
 {
     Summary summary;
     std::string sKey;
-    for (const HeaderEntry& entry : headerEntries(header)) {
+    for (const HeaderEntry& entry : file.headerEntries()) {
         const std::size_t field = summaryField(entry.name);
         if (field > Summary::Custom || entry.values.empty())
             continue;
@@ -99,35 +98,11 @@ bool keepsSummaryInRecord(const DxfFile& file) { return file.version() >= "AC101
 
 Summary readSummary(const DxfFile& file)
 {
-    const bool inRecord = keepsSummaryInRecord(file);
-    const DxfRecord* pRecord = inRecord ? propertiesRecord(file) : file.section("HEADER");
-    if (pRecord == nullptr)
-        return {};
-    return inRecord ? readRecord(file, *pRecord) : readHeader(file, *pRecord);
+    if (!keepsSummaryInRecord(file))
+        return readHeader(file);
+    const DxfRecord* const pRecord = propertiesRecord(file);
+    return pRecord != nullptr ? readRecord(file, *pRecord) : Summary();
 }
-
-// A getter and a setter for each field.
-#define SUMMARY_FIELD(FIELD) \
-    Acad::ErrorStatus SummaryInfo::get##FIELD(char*& sValue) const \
-    { \
-        return acutNewString(m_summary.fields[Summary::FIELD].c_str(), sValue); \
-    } \
-    Acad::ErrorStatus SummaryInfo::set##FIELD(const char* sValue) \
-    { \
-        m_summary.fields[Summary::FIELD] = sValue == nullptr ? "" : sValue; \
-        return Acad::eOk; \
-    }
-
-SUMMARY_FIELD(Title)
-SUMMARY_FIELD(Subject)
-SUMMARY_FIELD(Author)
-SUMMARY_FIELD(Keywords)
-SUMMARY_FIELD(Comments)
-SUMMARY_FIELD(LastSavedBy)
-SUMMARY_FIELD(RevisionNumber)
-SUMMARY_FIELD(HyperlinkBase)
-
-int SummaryInfo::numCustomInfo() const { return static_cast<int>(m_summary.custom.size()); }
 
 Acad::ErrorStatus SummaryInfo::getCustomSummaryInfo(int iIndex, char*& sKey, char*& sValue) const
 {

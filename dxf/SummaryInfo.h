@@ -5,6 +5,7 @@
 // named objects. Drawings older than that keep it in the header too.
 
 #include "dxf/Memory.h"
+#include "objectarx/acutads.h"
 #include "objectarx/summinfo.h"
 
 #include <array>
@@ -51,25 +52,28 @@ public:
 
     const Summary& summary() const { return m_summary; }
 
-    Acad::ErrorStatus getTitle(char*& sValue) const override;
-    Acad::ErrorStatus getSubject(char*& sValue) const override;
-    Acad::ErrorStatus getAuthor(char*& sValue) const override;
-    Acad::ErrorStatus getKeywords(char*& sValue) const override;
-    Acad::ErrorStatus getComments(char*& sValue) const override;
-    Acad::ErrorStatus getLastSavedBy(char*& sValue) const override;
-    Acad::ErrorStatus getRevisionNumber(char*& sValue) const override;
-    Acad::ErrorStatus getHyperlinkBase(char*& sValue) const override;
+// A getter and a setter for each field.
+#define SUMMARY_FIELD(FIELD) \
+    Acad::ErrorStatus get##FIELD(char*& sValue) const override \
+    { \
+        return acutNewString(m_summary.fields[Summary::FIELD].c_str(), sValue); \
+    } \
+    Acad::ErrorStatus set##FIELD(const char* sValue) override \
+    { \
+        m_summary.fields[Summary::FIELD] = sValue == nullptr ? "" : sValue; \
+        return Acad::eOk; \
+    }
+    SUMMARY_FIELD(Title)
+    SUMMARY_FIELD(Subject)
+    SUMMARY_FIELD(Author)
+    SUMMARY_FIELD(Keywords)
+    SUMMARY_FIELD(Comments)
+    SUMMARY_FIELD(LastSavedBy)
+    SUMMARY_FIELD(RevisionNumber)
+    SUMMARY_FIELD(HyperlinkBase)
+#undef SUMMARY_FIELD
 
-    Acad::ErrorStatus setTitle(const char* sValue) override;
-    Acad::ErrorStatus setSubject(const char* sValue) override;
-    Acad::ErrorStatus setAuthor(const char* sValue) override;
-    Acad::ErrorStatus setKeywords(const char* sValue) override;
-    Acad::ErrorStatus setComments(const char* sValue) override;
-    Acad::ErrorStatus setLastSavedBy(const char* sValue) override;
-    Acad::ErrorStatus setRevisionNumber(const char* sValue) override;
-    Acad::ErrorStatus setHyperlinkBase(const char* sValue) override;
-
-    int numCustomInfo() const override;
+    int numCustomInfo() const override { return static_cast<int>(m_summary.custom.size()); }
     Acad::ErrorStatus getCustomSummaryInfo(int iIndex, char*& sKey, char*& sValue) const override;
     Acad::ErrorStatus addCustomSummaryInfo(const char* sKey, const char* sValue) override;
     Acad::ErrorStatus deleteCustomSummaryInfo(int iIndex) override;

@@ -10,34 +10,13 @@ namespace {
 
 const char* (*g_sDuring)() = nullptr;
 
-// Null for what is no crash: C++ exceptions, debug output, breakpoints.
-const char* nameOf(DWORD code)
-{
-    switch (code) {
-    case EXCEPTION_ACCESS_VIOLATION:
-        return "access violation";
-    case EXCEPTION_IN_PAGE_ERROR:
-        return "page that cannot be read";
-    case EXCEPTION_DATATYPE_MISALIGNMENT:
-        return "misaligned data";
-    case EXCEPTION_STACK_OVERFLOW:
-        return "stack overflow";
-    case EXCEPTION_ILLEGAL_INSTRUCTION:
-        return "illegal instruction";
-    case EXCEPTION_PRIV_INSTRUCTION:
-        return "privileged instruction";
-    case EXCEPTION_INT_DIVIDE_BY_ZERO:
-        return "division by zero";
-    default:
-        return nullptr;
-    }
-}
+// Not C++ exceptions, debug output or breakpoints.
+bool isCrash(DWORD code) { return (code & 0xFF000000) == 0xC0000000; }
 
 LONG CALLBACK onException(EXCEPTION_POINTERS* pException)
 {
     const EXCEPTION_RECORD& record = *pException->ExceptionRecord;
-    const char* const sName = nameOf(record.ExceptionCode);
-    if (sName == nullptr)
+    if (!isCrash(record.ExceptionCode))
         return EXCEPTION_CONTINUE_SEARCH;
     MEMORY_BASIC_INFORMATION memory = {};
     ::VirtualQuery(record.ExceptionAddress, &memory, sizeof memory);
@@ -50,7 +29,8 @@ LONG CALLBACK onException(EXCEPTION_POINTERS* pException)
                       reinterpret_cast<const void*>(record.ExceptionInformation[1]));
     const char* const sDuring = g_sDuring != nullptr ? g_sDuring() : nullptr;
     std::fflush(stdout);
-    std::fprintf(stderr, "CRASH: %s at %p (%s + 0x%lx)%s, thread %lu%s%s\n", sName, record.ExceptionAddress, sModule,
+    std::fprintf(stderr, "CRASH: %08lx at %p (%s + 0x%lx)%s, thread %lu%s%s\n", record.ExceptionCode,
+                 record.ExceptionAddress, sModule,
                  static_cast<unsigned long>(static_cast<const char*>(record.ExceptionAddress) - pBase), sData,
                  ::GetCurrentThreadId(), sDuring != nullptr ? ", during: " : "", sDuring != nullptr ? sDuring : "");
     std::fflush(stderr);

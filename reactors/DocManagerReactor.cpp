@@ -50,6 +50,8 @@ CDocManagerReactor* CDocManagerReactor::getReactor()
 bool CDocManagerReactor::isDatabaseModified(AcApDocument* pDocument)
 {
     TESK_TRACE("CDocManagerReactor::isDatabaseModified(...)\n");
+    if (pDocument->database() == nullptr)
+        return false;
     // DBMOD answers for the working database alone.
     const Tesk::CWorkingDatabase scope(pDocument->database());
     Tesk::CARXVariable variable("DBMOD");
@@ -87,7 +89,9 @@ void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
         return;
     auto pReactor = std::make_unique<CDatabaseReactor>();
     m_mapDatabaseReactors.emplace(pDocument, pReactor.get());
-    pDocument->database()->addReactor(pReactor.release());
+    CDatabaseReactor* const pAdded = pReactor.release();
+    if (AcDbDatabase* const pDatabase = pDocument->database())
+        pDatabase->addReactor(pAdded);
 }
 
 void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
@@ -100,7 +104,8 @@ void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
     const std::unique_ptr<CDatabaseReactor> pReactor(iter->second);
     TESK_ASSERT(pReactor != NULL);
     m_mapDatabaseReactors.erase(iter);
-    pDocument->database()->removeReactor(pReactor.get());
+    if (AcDbDatabase* const pDatabase = pDocument->database())
+        pDatabase->removeReactor(pReactor.get());
 }
 
 bool CDocManagerReactor::wasDatabaseModified(AcApDocument* pDocument)

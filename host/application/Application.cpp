@@ -28,19 +28,16 @@ Application* Application::s_pInstance = nullptr;
 
 Application::Application(const Options& options)
     : m_commandLine(options.standardOutput),
-      m_documents(m_editor),
+      m_documents(*this),
       m_linker(m_commandStack),
       m_variables(m_documents),
       m_script(*this)
 {
     s_pInstance = this;
-    m_classes.setAt("AcEditor", &m_editor);
-    m_systemRegistry.setAt("ClassDictionary", &m_classes);
-    m_systemRegistry.setAt("ACAD_REGISTERED_COMMANDS", &m_commandStack);
-    m_documents.setMessages([this](const std::string& text) { m_commandLine.printLine(text); });
+    m_classes.entries = {{"AcEditor", &m_editor}};
+    m_systemRegistry.entries = {{"ClassDictionary", &m_classes}, {"ACAD_REGISTERED_COMMANDS", &m_commandStack}};
     m_frame = std::make_unique<MainFrame>(*this);
     m_frame->create(options.visible);
-    m_documents.setWindows(m_frame.get());
     if (options.visible)
         m_commandLine.setView([this](std::string_view text) { m_frame->showHistory(text); });
     pumpUntilIdle();
@@ -53,11 +50,9 @@ Application::Application(const Options& options)
 Application::~Application()
 {
     m_linker.broadcast(AcRx::kQuitMsg);
-    while (m_documents.count() != 0)
-        m_documents.close(m_documents.at(m_documents.count() - 1));
+    m_documents.closeAll();
     m_linker.unloadAll();
     m_commandLine.setView(nullptr);
-    m_documents.setWindows(nullptr);
     m_frame.reset();
     s_pInstance = nullptr;
 }
@@ -129,6 +124,8 @@ bool Application::runNextInput()
     if (input->activate)
         m_documents.activateDocument(input->pDocument);
     m_documents.setCurrent(input->pDocument);
+    if (!input->wrapUp && input->pDocument != m_documents.active())
+        m_commandLine.printLine("\"" + input->pDocument->title() + "\" is not wrapped up.");
     if (!runLine(input->line, input->echo))
         m_script.fail();
     m_documents.setCurrent(m_documents.active());
@@ -202,8 +199,7 @@ bool Application::quit()
     for (std::size_t i = m_documents.count(); i-- != 0;)
         if (!mayLose(m_documents.at(i)))
             return false;
-    while (m_documents.count() != 0)
-        m_documents.close(m_documents.at(m_documents.count() - 1));
+    m_documents.closeAll();
     m_quitting = true;
     return true;
 }

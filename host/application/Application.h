@@ -10,11 +10,12 @@
 #include "host/application/DynamicLinker.h"
 #include "host/application/Editor.h"
 #include "host/application/ScriptRunner.h"
-#include "host/application/SystemRegistry.h"
 #include "host/application/SystemVariables.h"
+#include "objectarx/rxdict.h"
 
 #include "host/observation/Tips.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +23,18 @@
 namespace host {
 
 class MainFrame;
+
+// The entries through which modules find the host's services.
+class Dictionary final : public AcRxDictionary {
+public:
+    AcRxObject* at(const char* sName) const override
+    {
+        const auto entry = sName != nullptr ? entries.find(sName) : entries.end();
+        return entry != entries.end() ? entry->second : nullptr;
+    }
+
+    std::map<std::string, AcRxObject*> entries;
+};
 
 struct Options {
     bool visible = true;          // show the frame

@@ -5,6 +5,8 @@
 #include "host/drawing/Paths.h"
 #include "library/system/Handles.h"
 
+#include <shlwapi.h>
+
 #include <algorithm>
 
 namespace host {
@@ -21,43 +23,32 @@ constexpr DWORD kDisabled = 0x10;
 
 constexpr DWORD kMaxText = 1024;  // names of keys and values have 256 characters at most
 
-UniqueKey open(HKEY root, const std::string& sPath)
-{
-    HKEY key = nullptr;
-    ::RegOpenKeyExA(root, sPath.c_str(), 0, KEY_READ, &key);
-    return UniqueKey(key);
-}
-
-std::string readText(HKEY key, const char* sName)
+std::string readText(HKEY root, const std::string& sPath, const char* sName)
 {
     char text[kMaxText + 1] = "";
     DWORD size = kMaxText, type = 0;
-    const LSTATUS status = ::RegQueryValueExA(key, sName, nullptr, &type, reinterpret_cast<BYTE*>(text), &size);
+    const LSTATUS status = ::SHGetValueA(root, sPath.c_str(), sName, &type, text, &size);
     return status == ERROR_SUCCESS && type == REG_SZ ? text : std::string();
 }
 
-DWORD readNumber(HKEY key, const char* sName)
+DWORD readNumber(HKEY root, const std::string& sPath, const char* sName)
 {
     DWORD number = 0, size = sizeof number, type = 0;
-    const LSTATUS status = ::RegQueryValueExA(key, sName, nullptr, &type, reinterpret_cast<BYTE*>(&number), &size);
+    const LSTATUS status = ::SHGetValueA(root, sPath.c_str(), sName, &type, &number, &size);
     return status == ERROR_SUCCESS && type == REG_DWORD ? number : 0;
 }
 
-std::vector<std::string> subkeys(HKEY key)
+// Of the sub-keys (RegEnumKeyEx) or of the values (RegEnumValue); none without the key.
+template <class Enumerate>
+std::vector<std::string> names(HKEY root, const std::string& sPath, Enumerate enumerate)
 {
     std::vector<std::string> names;
+    HKEY opened = nullptr;
+    ::RegOpenKeyExA(root, sPath.c_str(), 0, KEY_READ, &opened);
+    const UniqueKey key(opened);
     char name[kMaxText];
-    for (DWORD i = 0, size = kMaxText; ::RegEnumKeyExA(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
-         ++i, size = kMaxText)
-        names.emplace_back(name);
-    return names;
-}
-
-std::vector<std::string> valueNames(HKEY key)
-{
-    std::vector<std::string> names;
-    char name[kMaxText];
-    for (DWORD i = 0, size = kMaxText; ::RegEnumValueA(key, i, name, &size, nullptr, nullptr, nullptr, nullptr) == 0;
+    for (DWORD i = 0, size = kMaxText;
+         key && enumerate(key.get(), i, name, &size, nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
          ++i, size = kMaxText)
         names.emplace_back(name);
     return names;
@@ -74,16 +65,11 @@ std::string upperCase(std::string sText)
 DemandLoader::Entry DemandLoader::readEntry(const std::string& sPath, bool user)
 {
     const HKEY root = user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
-    Entry entry;
-    if (const UniqueKey key = open(root, sPath)) {
-        entry.loader = readText(key.get(), "LOADER");
-        entry.controls = readNumber(key.get(), "LOADCTRLS");
+    Entry entry{readText(root, sPath, "LOADER"), readNumber(root, sPath, "LOADCTRLS"), {}};
+    for (const std::string& sGlobal : names(root, sPath + "\\Commands", ::RegEnumValueA)) {
+        entry.commands.push_back(upperCase(sGlobal));
+        entry.commands.push_back(upperCase(readText(root, sPath + "\\Commands", sGlobal.c_str())));
     }
-    if (const UniqueKey key = open(root, sPath + "\\Commands"))
-        for (const std::string& sGlobal : valueNames(key.get())) {
-            entry.commands.push_back(upperCase(sGlobal));
-            entry.commands.push_back(upperCase(readText(key.get(), sGlobal.c_str())));
-        }
     return entry;
 }
 
@@ -91,9 +77,9 @@ std::map<std::string, DemandLoader::Entry> DemandLoader::entries()
 {
     std::map<std::string, Entry> found;
     for (const bool user : {true, false})
-        if (const UniqueKey key = open(user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, kApplications))
-            for (const std::string& sName : subkeys(key.get()))
-                found.try_emplace(upperCase(sName), readEntry(kApplications + "\\" + sName, user));
+        for (const std::string& sName :
+             names(user ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE, kApplications, ::RegEnumKeyExA))
+            found.try_emplace(upperCase(sName), readEntry(kApplications + "\\" + sName, user));
     std::erase_if(found, [](const auto& item) { return (item.second.controls & kDisabled) != 0; });
     return found;
 }

@@ -1,11 +1,11 @@
 #include "host/application/DocumentManager.h"
 
 #include "dxf/Memory.h"
-#include "host/application/DocumentWindows.h"
-#include "host/application/Editor.h"
+#include "host/application/Application.h"
 #include "host/drawing/Assumptions.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/Paths.h"
+#include "host/ui/MainFrame.h"
 #include "objectarx/dbapserv.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ private:
     HandedOut m_handedOut;
 };
 
-DocumentManager::~DocumentManager()
+void DocumentManager::closeAll()
 {
     while (!m_documents.empty())
         close(*m_documents.back());
@@ -74,7 +74,7 @@ bool DocumentManager::owns(const AcApDocument* pDocument) const
 Document* DocumentManager::find(const std::string& sPath) const
 {
     for (const auto& document : m_documents)
-        if (document->isTitled() && samePath(document->fileName(), sPath))
+        if (document->isTitled() && ::lstrcmpiA(document->fileName(), fullPath(sPath).c_str()) == 0)
             return document.get();
     return nullptr;
 }
@@ -114,9 +114,9 @@ void DocumentManager::switchTo(Document& document, bool windowToo)
     m_pActive = &document;
     std::erase(m_activationOrder, &document);
     m_activationOrder.push_back(&document);
-    if (windowToo && m_pWindows != nullptr) {
+    if (windowToo) {
         m_switching = true;
-        m_pWindows->activate(document);
+        m_application.frame().activate(document);
         m_switching = false;
     }
     setCurrent(&document);
@@ -138,8 +138,7 @@ Document* DocumentManager::admit(std::unique_ptr<Document> document)
     Document* const pDocument = document.get();
     m_documents.push_back(std::move(document));
     m_switching = true;
-    if (m_pWindows != nullptr)
-        m_pWindows->open(*pDocument);
+    m_application.frame().open(*pDocument);
     m_switching = false;
     m_reactors.notify(&AcApDocManagerReactor::documentCreated, pDocument);
     return pDocument;
@@ -183,9 +182,7 @@ bool DocumentManager::open(const std::string& sPath)
     if (assumed(Assumption::XrefsAfterOpen))
         opened.drawing().loadXrefs();
     if (opened.drawing().file().contentsNotRead())
-        m_print("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
-    for (const std::string& sWarning : opened.drawing().file().warnings())
-        m_print(sFullPath + ": " + sWarning);
+        m_application.commandLine().printLine("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
     switchTo(opened, true);
     return true;
 }
@@ -194,10 +191,10 @@ bool DocumentManager::open(const std::string& sPath)
 void DocumentManager::notifyOpened(Database& drawing, std::string sPath)
 {
     if (sPath.size() > 4 && ::lstrcmpiA(sPath.c_str() + sPath.size() - 4, ".dxf") == 0) {
-        m_editor.notify(&AcEditorReactor::beginDxfIn, &drawing);
-        m_editor.notify(&AcEditorReactor::dxfInComplete, &drawing);
+        m_application.editor().notify(&AcEditorReactor::beginDxfIn, &drawing);
+        m_application.editor().notify(&AcEditorReactor::dxfInComplete, &drawing);
     } else {
-        m_editor.notify(&AcEditorReactor::dwgFileOpened, &drawing, sPath.data());
+        m_application.editor().notify(&AcEditorReactor::dwgFileOpened, &drawing, sPath.data());
     }
 }
 
@@ -211,7 +208,7 @@ void DocumentManager::replace(Document& document, const std::string& sPath)
     replaced.reset();
     acdbHostApplicationServices()->setWorkingDatabase(document.database());
     notifyOpened(document.drawing(), sFullPath);
-    refreshWindow(document);
+    m_application.frame().refresh(document);
 }
 
 void DocumentManager::readAside(const std::string& sPath)
@@ -228,10 +225,10 @@ Acad::ErrorStatus DocumentManager::appContextOpenDocument(const char* sPath)
         return Acad::eDocumentSwitchDisabled;
     try {
         if (!open(sPath))
-            m_print(std::string("\"") + sPath + "\" is open already.");
+            m_application.commandLine().printLine(std::string("\"") + sPath + "\" is open already.");
         return Acad::eOk;
     } catch (const FileError& error) {
-        m_print(error.what());
+        m_application.commandLine().printLine(error.what());
         return fileExists(sPath) ? Acad::eFilerError : Acad::eFileNotFound;
     }
 }
@@ -245,15 +242,14 @@ void DocumentManager::close(Document& document)
 
     std::erase(m_activationOrder, &document);
     std::erase_if(m_input, [&](const QueuedInput& input) { return input.pDocument == &document; });
-    std::erase_if(m_unfinished, [&](const auto& entry) { return entry.first == &document; });
+    m_unfinished.erase(&document);
     const auto place = std::find_if(m_documents.begin(), m_documents.end(),
                                     [&](const auto& other) { return other.get() == &document; });
     const std::unique_ptr<Document> closing = std::move(*place);
     m_documents.erase(place);
 
     m_switching = true;
-    if (m_pWindows != nullptr)
-        m_pWindows->close(document);
+    m_application.frame().close(document);
     m_switching = false;
     if (wasActive)
         m_pActive = nullptr;
@@ -268,18 +264,18 @@ void DocumentManager::close(Document& document)
 void DocumentManager::save(Document& document, const std::string& sPath, bool copy)
 {
     Database& drawing = document.drawing();
-    m_editor.notify(&AcEditorReactor::beginSave, &drawing, sPath.c_str());
+    m_application.editor().notify(&AcEditorReactor::beginSave, &drawing, sPath.c_str());
     try {
         drawing.saveCopy(sPath);
     } catch (const FileError&) {
-        m_editor.notify(&AcEditorReactor::abortSave, &drawing);
+        m_application.editor().notify(&AcEditorReactor::abortSave, &drawing);
         throw;
     }
     const auto complete = [&](bool named, bool saved) {
         if (named) {
             drawing.setPath(sPath);
             document.setFile(sPath);
-            refreshWindow(document);
+            m_application.frame().refresh(document);
         }
         if (saved)
             drawing.setSaved();
@@ -287,32 +283,26 @@ void DocumentManager::save(Document& document, const std::string& sPath, bool co
     const bool lateName = assumed(Assumption::NameAfterSave);
     const bool lateState = assumed(Assumption::DbmodAfterSave);
     complete(!lateName && !copy, !lateState && !copy);
-    m_editor.notify(&AcEditorReactor::saveComplete, &drawing, sPath.c_str());
+    m_application.editor().notify(&AcEditorReactor::saveComplete, &drawing, sPath.c_str());
     complete(lateName && !copy, lateState && !copy);
 }
 
 void DocumentManager::dxfIn(Document& document, const std::string& sPath)
 {
     Database& drawing = document.drawing();
-    m_editor.notify(&AcEditorReactor::beginDxfIn, &drawing);
+    m_application.editor().notify(&AcEditorReactor::beginDxfIn, &drawing);
     try {
         drawing.dxfIn(sPath);
     } catch (const FileError&) {
-        m_editor.notify(&AcEditorReactor::abortDxfIn, &drawing);
+        m_application.editor().notify(&AcEditorReactor::abortDxfIn, &drawing);
         throw;
     }
-    m_editor.notify(&AcEditorReactor::dxfInComplete, &drawing);
-    refreshWindow(document);
-}
-
-void DocumentManager::refreshWindow(Document& document)
-{
-    if (m_pWindows != nullptr)
-        m_pWindows->refresh(document);
+    m_application.editor().notify(&AcEditorReactor::dxfInComplete, &drawing);
+    m_application.frame().refresh(document);
 }
 
 Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, const char* sCommand, bool bActivate,
-                                                       bool, bool bEchoString)
+                                                       bool bWrapUpInactiveDoc, bool bEchoString)
 {
     if (!owns(pDocument))
         return Acad::eNoDocument;
@@ -320,18 +310,12 @@ Acad::ErrorStatus DocumentManager::sendStringToExecute(AcApDocument* pDocument, 
         return Acad::eInvalidInput;
     Document* const pTarget = static_cast<Document*>(pDocument);
 
-    const auto entry = std::find_if(m_unfinished.begin(), m_unfinished.end(),
-                                    [pTarget](const auto& other) { return other.first == pTarget; });
-    std::string text = sCommand;
-    if (entry != m_unfinished.end()) {
-        text.insert(0, entry->second);
-        m_unfinished.erase(entry);
-    }
+    const std::string text = std::exchange(m_unfinished[pTarget], {}) + sCommand;
     std::size_t start = 0;
     for (std::size_t end; (end = text.find_first_of("\r\n", start)) != std::string::npos; start = end + 1)
-        m_input.push_back({pTarget, text.substr(start, end - start), bActivate, bEchoString});
+        m_input.push_back({pTarget, text.substr(start, end - start), bActivate, bWrapUpInactiveDoc, bEchoString});
     if (start < text.size())
-        m_unfinished.emplace_back(pTarget, text.substr(start));
+        m_unfinished[pTarget] = text.substr(start);
     return Acad::eOk;
 }
 

@@ -15,7 +15,7 @@
 #include "host/drawing/Listeners.h"
 
 #include <deque>
-#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,21 +23,20 @@
 
 namespace host {
 
-class DocumentWindows;
-class Editor;
+class Application;
 
 // Input for a document's command line.
 struct QueuedInput {
     Document* pDocument;
     std::string line;
     bool activate;
+    bool wrapUp;  // of an inactive document
     bool echo;
 };
 
 class DocumentManager final : public AcApDocManager {
 public:
-    explicit DocumentManager(Editor& editor) : m_editor(editor) {}
-    ~DocumentManager() override;
+    explicit DocumentManager(Application& application) : m_application(application) {}
 
     // --- AcApDocManager
     AcApDocument* curDocument() const override { return m_pCurrent; }
@@ -55,10 +54,6 @@ public:
     Acad::ErrorStatus appContextOpenDocument(const char* sPath) override;
 
     // --- For the host
-    void setWindows(DocumentWindows* pWindows) { m_pWindows = pWindows; }
-    // Where messages about documents go.
-    void setMessages(std::function<void(const std::string&)> print) { m_print = std::move(print); }
-
     std::size_t count() const { return m_documents.size(); }
     Document& at(std::size_t index) const { return *m_documents[index]; }
     Document* current() const { return m_pCurrent; }
@@ -75,6 +70,7 @@ public:
     bool open(const std::string& sPath);
     // Closes without asking.
     void close(Document& document);
+    void closeAll();
     // Writes the drawing, under a new name or its own. A copy, as an automatic save makes
     // one, leaves its name and its modified state. Throws FileError.
     void save(Document& document, const std::string& sPath, bool copy = false);
@@ -85,7 +81,6 @@ public:
     void readAside(const std::string& sPath);
     // Replaces the drawing's contents. Throws FileError.
     void dxfIn(Document& document, const std::string& sPath);
-    void refreshWindow(Document& document);
 
     // A person activated the document's window.
     void windowActivated(Document& document);
@@ -101,14 +96,12 @@ private:
     Document* admit(std::unique_ptr<Document> document);
     void notifyOpened(Database& drawing, std::string sPath);
 
-    Editor& m_editor;
-    DocumentWindows* m_pWindows = nullptr;
-    std::function<void(const std::string&)> m_print;
+    Application& m_application;
     Listeners<AcApDocManagerReactor> m_reactors;
     std::vector<std::unique_ptr<Document>> m_documents;
     std::vector<Document*> m_activationOrder;  // the last one activated stands last
     std::deque<QueuedInput> m_input;
-    std::vector<std::pair<Document*, std::string>> m_unfinished;  // typed, but without a line end yet
+    std::map<Document*, std::string> m_unfinished;  // typed, but without a line end yet
     Document* m_pCurrent = nullptr;
     Document* m_pActive = nullptr;
     bool m_activationEnabled = true;

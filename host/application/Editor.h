@@ -8,10 +8,15 @@
 
 namespace host {
 
-class Editor final : public AcEditor, public DatabaseObserver {
+class Editor final : public AcEditor {
 public:
-    Editor() { Database::setObserver(this); }
-    ~Editor() override { Database::setObserver(nullptr); }
+    Editor()
+    {
+        Database::toBeDestroyed = [this](Database& database) {
+            notify(&AcEditorReactor::databaseToBeDestroyed, &database);
+        };
+    }
+    ~Editor() override { Database::toBeDestroyed = nullptr; }
 
     void addReactor(AcEditorReactor* pReactor) override { m_reactors.add(pReactor); }
     void removeReactor(AcEditorReactor* pReactor) override { m_reactors.remove(pReactor); }
@@ -21,11 +26,6 @@ public:
     void notify(void (AcEditorReactor::*notification)(Parameters...), Arguments... arguments)
     {
         m_reactors.notify(notification, arguments...);
-    }
-
-    void databaseToBeDestroyed(Database& database) override
-    {
-        notify(&AcEditorReactor::databaseToBeDestroyed, &database);
     }
 
 private:

@@ -1,10 +1,11 @@
 #include "host/application/SystemVariables.h"
 
-#include "host/application/CommandStack.h"
 #include "host/application/DocumentManager.h"
 #include "host/drawing/Paths.h"
 #include "objectarx/dbapserv.h"
 
+#include <climits>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -41,16 +42,6 @@ const Definition* definitionOf(const std::string& sName)
     return nullptr;
 }
 
-int coordinates(int type) { return type == RTREAL ? 1 : type == RTPOINT ? 2 : type == RT3DPOINT ? 3 : 0; }
-
-VariableValue initialValue(const Definition& definition)
-{
-    VariableValue value;
-    value.type = definition.type;
-    SystemVariables::fromText(definition.initial, value);
-    return value;
-}
-
 std::string number(double value)
 {
     char text[40];
@@ -58,47 +49,18 @@ std::string number(double value)
     return text;
 }
 
-VariableValue fromHeader(const Definition& definition, const std::vector<HeaderValue>& values)
-{
-    VariableValue value = initialValue(definition);
-    if (values.empty())
-        return value;
-    if (const int count = coordinates(definition.type); count != 0) {
-        for (int i = 0; i < count && i < static_cast<int>(values.size()); ++i)
-            value.real[i] = std::atof(values[static_cast<std::size_t>(i)].text.c_str());
-    } else if (definition.type == RTSTR) {
-        value.text = values[0].text;
-    } else {
-        value.number = std::atoi(values[0].text.c_str());
-    }
-    return value;
-}
-
-std::vector<std::string> toHeader(const VariableValue& value, std::size_t count)
-{
-    if (const int known = coordinates(value.type); known != 0) {
-        std::vector<std::string> texts;
-        for (std::size_t i = 0; i < count; ++i)
-            texts.push_back(i < static_cast<std::size_t>(known) ? number(value.real[i]) : "0");
-        return texts;
-    }
-    return {value.type == RTSTR ? value.text : std::to_string(value.number)};
-}
-
-std::string currentFolder()
-{
-    char folder[MAX_PATH] = "";
-    ::GetCurrentDirectoryA(sizeof folder, folder);
-    std::string sFolder = folder;
-    if (!sFolder.empty() && sFolder.back() != '\\')
-        sFolder += '\\';
-    return sFolder;
-}
+Database* workingDrawing() { return Database::of(acdbHostApplicationServices()->workingDatabase()); }
 
 }  // namespace
 
 std::optional<VariableValue> SystemVariables::get(const std::string& sName) const
 {
+    const auto initialValue = [](const Definition& definition) {
+        VariableValue value;
+        value.type = definition.type;
+        fromText(definition.initial, value);
+        return value;
+    };
     const Definition* const pDefinition = definitionOf(sName);
     if (pDefinition == nullptr)
         return std::nullopt;
@@ -106,25 +68,22 @@ std::optional<VariableValue> SystemVariables::get(const std::string& sName) cons
         const auto changed = m_session.find(pDefinition->name);
         return changed != m_session.end() ? changed->second : initialValue(*pDefinition);
     }
-    Database* const pDrawing = Database::of(acdbHostApplicationServices()->workingDatabase());
+    const Database* const pDrawing = workingDrawing();
     if (pDrawing == nullptr)
         return std::nullopt;
-    if (pDefinition->scope == Scope::header)
-        return fromHeader(*pDefinition, pDrawing->headerVariable(pDefinition->name));
-    return drawingValue(pDefinition->name, *pDrawing);
-}
-
-std::optional<VariableValue> SystemVariables::drawingValue(const std::string& sName, Database& drawing) const
-{
-    VariableValue value;
-    if (sName == "DBMOD") {
-        value.number = drawing.dbmod();
-        return value;
+    VariableValue value = initialValue(*pDefinition);
+    if (pDefinition->scope == Scope::header) {
+        const HeaderEntry entry = pDrawing->file().headerEntry("$" + std::string(pDefinition->name));
+        for (std::size_t i = 0; i < value.numbers.size() && i < entry.values.size(); ++i)
+            value.numbers[i] = toDouble(entry.values[i].value);
+    } else if (value.type == RTSTR) {
+        const auto* const pDocument = static_cast<const Document*>(m_documents.document(pDrawing));
+        const bool titled = pDocument != nullptr && pDocument->isTitled();
+        const std::string sPath = titled ? pDocument->fileName() : pDrawing->path();
+        value.text = folderOf(fullPath(sPath.empty() ? "untitled" : sPath));  // one without a file: the current folder
+    } else {
+        value.numbers[0] = pDrawing->dbmod();
     }
-    const auto* const pDocument = static_cast<const Document*>(m_documents.document(&drawing));
-    const std::string sPath = pDocument != nullptr && pDocument->isTitled() ? pDocument->fileName() : drawing.path();
-    value.type = RTSTR;
-    value.text = sPath.empty() ? currentFolder() : folderOf(sPath);
     return value;
 }
 
@@ -132,23 +91,23 @@ SystemVariables::SetResult SystemVariables::set(const std::string& sName, const 
 {
     const Definition* const pDefinition = definitionOf(sName);
     if (pDefinition == nullptr)
-        return SetResult::unknown;
+        return SetResult::invalid;
     if (pDefinition->scope == Scope::drawing)
         return SetResult::readOnly;
-    if (pDefinition->type != value.type)
-        return SetResult::wrongType;
-    const bool single = std::strcmp(pDefinition->name, "SDI") == 0 && value.number != 0;
-    if (single && (value.number != 1 || m_documents.count() > 1))
+    const bool single = std::strcmp(pDefinition->name, "SDI") == 0 && value.numbers[0] != 0;
+    if (pDefinition->type != value.type || (single && (value.numbers[0] != 1 || m_documents.count() > 1)))
         return SetResult::invalid;
     if (pDefinition->scope == Scope::session) {
         m_session[pDefinition->name] = value;
         return SetResult::done;
     }
-    Database* const pDrawing = Database::of(acdbHostApplicationServices()->workingDatabase());
+    Database* const pDrawing = workingDrawing();
     if (pDrawing == nullptr)
-        return SetResult::unknown;
-    const std::size_t count = pDrawing->headerVariable(pDefinition->name).size();
-    const Acad::ErrorStatus status = pDrawing->setHeaderVariable(pDefinition->name, toHeader(value, count));
+        return SetResult::invalid;
+    std::vector<std::string> texts(pDrawing->file().headerEntry("$" + std::string(pDefinition->name)).values.size());
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        texts[i] = i < value.numbers.size() ? number(value.numbers[i]) : "0";
+    const Acad::ErrorStatus status = pDrawing->setHeaderVariable(pDefinition->name, texts);
     return status == Acad::eOk ? SetResult::done : SetResult::invalid;
 }
 
@@ -156,11 +115,9 @@ std::string SystemVariables::toText(const VariableValue& value)
 {
     if (value.type == RTSTR)
         return "\"" + value.text + "\"";
-    if (coordinates(value.type) == 0)
-        return std::to_string(value.number);
-    std::string text = number(value.real[0]);
-    for (int i = 1; i < coordinates(value.type); ++i)
-        text += "," + number(value.real[i]);
+    std::string text = number(value.numbers[0]);
+    for (int i = 1; i < VariableValue::count(value.type); ++i)
+        text += "," + number(value.numbers[static_cast<std::size_t>(i)]);
     return text;
 }
 
@@ -171,21 +128,19 @@ bool SystemVariables::fromText(const std::string& sText, VariableValue& value)
         return true;
     }
     const char* rest = sText.c_str();
-    char* end = nullptr;
-    const int count = coordinates(value.type);
-    if (count == 0) {
-        const long parsed = std::strtol(rest, &end, 10);
-        value.number = static_cast<int>(parsed);
-        return end != rest && *end == '\0' && (value.type == RTLONG || (parsed >= -32768 && parsed <= 32767));
-    }
-    for (int i = 0; i < count; ++i, rest = end) {
+    for (int i = 0; i < VariableValue::count(value.type); ++i) {
         if (i != 0 && *rest++ != ',')
             return false;
-        value.real[i] = std::strtod(rest, &end);
+        char* end = nullptr;
+        value.numbers[static_cast<std::size_t>(i)] = std::strtod(rest, &end);
         if (end == rest)
             return false;
+        rest = end;
     }
-    return *rest == '\0';
+    const double first = value.numbers[0];
+    const double highest = value.type == RTSHORT ? SHRT_MAX : value.type == RTLONG ? INT_MAX : HUGE_VAL;
+    const bool fits = first >= -highest - 1 && first <= highest && (highest == HUGE_VAL || first == std::floor(first));
+    return *rest == '\0' && fits;
 }
 
 }  // namespace host

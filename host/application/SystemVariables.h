@@ -6,6 +6,7 @@
 #include "host/drawing/Database.h"
 #include "objectarx/adsdef.h"
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
@@ -14,19 +15,20 @@ namespace host {
 
 class DocumentManager;
 
-// A value with its result type; only the member of that type counts.
+// A value with its result type: a text, or as many numbers as the type has.
 struct VariableValue {
     int type = RTSHORT;
-    int number = 0;
-    double real[3] = {0.0, 0.0, 0.0};
+    std::array<double, 3> numbers{};
     std::string text;
+
+    static int count(int type) { return type == RTSTR ? 0 : type == RTPOINT ? 2 : type == RT3DPOINT ? 3 : 1; }
 };
 
 class SystemVariables {
 public:
     explicit SystemVariables(const DocumentManager& documents) : m_documents(documents) {}
 
-    enum class SetResult { done, unknown, readOnly, wrongType, invalid };
+    enum class SetResult { done, readOnly, invalid };
 
     // Of the working database. Nothing for an unknown name, or without a drawing.
     std::optional<VariableValue> get(const std::string& sName) const;
@@ -38,8 +40,6 @@ public:
     static bool fromText(const std::string& sText, VariableValue& value);
 
 private:
-    std::optional<VariableValue> drawingValue(const std::string& sName, Database& drawing) const;
-
     const DocumentManager& m_documents;
     std::map<std::string, VariableValue> m_session;
 };

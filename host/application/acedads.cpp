@@ -8,6 +8,7 @@
 #include "objectarx/acutads.h"
 #include "objectarx/rxmfcapi.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 
@@ -28,17 +29,13 @@ int acedGetVar(const char* sName, resbuf* pResult)
             return RTERROR;
         break;
     case RTSHORT:
-        result.resval.rint = static_cast<short>(value->number);
+        result.resval.rint = static_cast<short>(value->numbers[0]);
         break;
     case RTLONG:
-        result.resval.rlong = value->number;
+        result.resval.rlong = static_cast<int>(value->numbers[0]);
         break;
-    case RTREAL:
-        result.resval.rreal = value->real[0];
-        break;
-    default:
-        for (int i = 0; i < 3; ++i)
-            result.resval.rpoint[i] = value->real[i];
+    default:  // a real number stands where a point's first one does
+        std::copy(value->numbers.begin(), value->numbers.end(), result.resval.rpoint);
     }
     *pResult = result;
     return RTNORM;
@@ -55,21 +52,13 @@ int acedSetVar(const char* sName, const resbuf* pValue)
         value.text = pValue->resval.rstring != nullptr ? pValue->resval.rstring : "";
         break;
     case RTSHORT:
-        value.number = pValue->resval.rint;
+        value.numbers[0] = pValue->resval.rint;
         break;
     case RTLONG:
-        value.number = pValue->resval.rlong;
-        break;
-    case RTREAL:
-        value.real[0] = pValue->resval.rreal;
-        break;
-    case RTPOINT:
-    case RT3DPOINT:
-        for (int i = 0; i < 3; ++i)
-            value.real[i] = pValue->resval.rpoint[i];
+        value.numbers[0] = pValue->resval.rlong;
         break;
     default:
-        return RTERROR;
+        std::copy_n(pValue->resval.rpoint, host::VariableValue::count(value.type), value.numbers.begin());
     }
     const auto result = Application::instance()->variables().set(sName, value);
     return result == host::SystemVariables::SetResult::done ? RTNORM : RTERROR;
@@ -98,4 +87,10 @@ CMDIFrameWnd* acedGetAcadFrame()
 AcApDocManager* acDocManagerPtr()
 {
     return Application::instance() != nullptr ? &Application::instance()->documents() : nullptr;
+}
+
+AcRxDictionary* acrxSysRegistry()
+{
+    static host::Dictionary empty;
+    return Application::instance() != nullptr ? &Application::instance()->systemRegistry() : &empty;
 }

@@ -56,9 +56,8 @@ double Arguments::number(std::size_t index) const
 
 int Arguments::integer(std::size_t index) const
 {
-    char* end = nullptr;
-    const long value = std::strtol(text(index).c_str(), &end, 10);
-    if (text(index).empty() || *end != '\0')
+    const double value = number(index);
+    if (value != static_cast<int>(value))
         throw CommandError("\"" + text(index) + "\" is not a whole number.");
     return static_cast<int>(value);
 }

@@ -11,6 +11,7 @@
 namespace host {
 
 class Application;
+class Document;
 
 class CommandError : public std::runtime_error {
 public:
@@ -45,6 +46,9 @@ struct Command {
     static const Command* find(const std::string& sName);
     static bool worksInDialog(const std::string& sLine);
 };
+
+// Throws CommandError when there is no drawing.
+Document& currentDocument(Application& application);
 
 // The tables, one a source file.
 std::span<const Command> fileCommands();

@@ -9,12 +9,7 @@ namespace host {
 
 namespace {
 
-Database& drawing(Application& application)
-{
-    if (application.documents().current() == nullptr)
-        throw CommandError("There is no drawing.");
-    return application.documents().current()->drawing();
-}
+Database& drawing(Application& application) { return currentDocument(application).drawing(); }
 
 void check(Acad::ErrorStatus status, const std::string& sWhat)
 {
@@ -103,7 +98,7 @@ template <void (*Edit)(Application&, const Arguments&)>
 void edit(Application& application, const Arguments& arguments)
 {
     Edit(application, arguments);
-    application.documents().refreshWindow(*application.documents().current());
+    application.frame().refresh(currentDocument(application));
 }
 
 constexpr Command kCommands[] = {

@@ -7,14 +7,14 @@
 
 namespace host {
 
-namespace {
-
 Document& currentDocument(Application& application)
 {
     if (application.documents().current() == nullptr)
         throw CommandError("There is no drawing.");
     return *application.documents().current();
 }
+
+namespace {
 
 void requireActivation(Application& application)
 {
@@ -32,7 +32,7 @@ void requirePerson(Application& application)
 // In single-drawing mode another drawing takes the place of the one there is.
 bool isSingle(Application& application)
 {
-    return application.documents().count() != 0 && application.variables().get("SDI")->number != 0;
+    return application.documents().count() != 0 && application.variables().get("SDI")->numbers[0] != 0;
 }
 
 void newDrawing(Application& application, const Arguments&)

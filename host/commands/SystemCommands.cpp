@@ -22,10 +22,8 @@ void arx(Application& application, const Arguments& a)
     if (sOption != "L" && sOption != "U")
         throw CommandError("The option is L to load or U to unload.");
     if (sOption == "L") {
-        VariableValue sdi;
-        if (const auto value = application.variables().get("SDI"))
-            sdi = *value;
-        const std::string sReason = application.linker().load(sName, sdi.number != 0);
+        const bool single = application.variables().get("SDI")->numbers[0] != 0;
+        const std::string sReason = application.linker().load(sName, single);
         if (!sReason.empty())
             throw CommandError("\"" + sName + "\" is not loaded: " + sReason + ".");
         out.printLine(baseNameOf(sName) + " loaded.");

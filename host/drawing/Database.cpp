@@ -2,29 +2,21 @@
 
 #include "host/drawing/Assumptions.h"
 #include "host/drawing/Faults.h"
-#include "host/drawing/HostServices.h"
 #include "host/drawing/Paths.h"
 #include "host/drawing/UndoList.h"
-#include "host/drawing/Xrefs.h"
 
 namespace host {
-
-namespace {
-
-DatabaseObserver s_nobody;
-DatabaseObserver* s_pObserver = &s_nobody;
-
-}  // namespace
 
 Database::Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs)
     : Drawing(std::move(file), sPath), m_undo(std::make_unique<UndoList>(*this, 0))
 {
-    resolveXrefs(*this, loadXrefs);
+    resolveXrefs(loadXrefs);
 }
 
 Database::~Database()
 {
-    s_pObserver->databaseToBeDestroyed(*this);
+    if (toBeDestroyed)
+        toBeDestroyed(*this);
     m_reactors.notify(&AcDbDatabaseReactor::goodbye, this);
     forgetWorkingDatabase(this);
 }
@@ -35,31 +27,11 @@ std::unique_ptr<Database> Database::open(const std::string& sPath, bool loadXref
     return std::unique_ptr<Database>(new Database(DxfFile::read(sFull), sFull, loadXrefs));
 }
 
-void Database::loadXrefs() { resolveXrefs(*this, true); }
-
-std::unique_ptr<Database> Database::openXref(const std::string& sFullPath, std::string& sReason)
-{
-    try {
-        std::unique_ptr<Database> database(new Database(DxfFile::read(sFullPath), sFullPath, false));
-        database->m_sXrefPath = sFullPath;
-        return database;
-    } catch (const FileError& error) {
-        sReason = error.what();
-        return nullptr;
-    }
-}
-
-void Database::setObserver(DatabaseObserver* pObserver) { s_pObserver = pObserver != nullptr ? pObserver : &s_nobody; }
-
 Database* Database::of(const AcDbDatabase* pDatabase)
 {
     // The host makes every database there is.
     return const_cast<Database*>(static_cast<const Database*>(pDatabase));
 }
-
-Acad::ErrorStatus Database::addReactor(AcDbDatabaseReactor* pReactor) const { return m_reactors.add(pReactor); }
-
-Acad::ErrorStatus Database::removeReactor(AcDbDatabaseReactor* pReactor) const { return m_reactors.remove(pReactor); }
 
 void Database::save(const std::string& sPath)
 {
@@ -74,16 +46,20 @@ void Database::setSaved()
     changeIsTold();
 }
 
-int Database::dbmod() const { return m_telling != 0 && assumed(Assumption::DbmodAfterEdit) ? m_toldDbmod : m_dbmod; }
+int Database::dbmod() const
+{
+    return m_telling != 0 && assumed(Assumption::DbmodAfterEdit) ? m_toldDbmod : m_undo->dbmod();
+}
+
+void Database::changeIsTold() { m_toldDbmod = m_undo->dbmod(); }
 
 void Database::dxfIn(const std::string& sPath)
 {
     if (openObjects() != 0)
         throw FileError(sPath, 0, "objects of the drawing are open");
     replaceContents(DxfFile::read(fullPath(sPath)));
-    resolveXrefs(*this, true);
+    resolveXrefs(true);
     m_undo = std::make_unique<UndoList>(*this, kObjects);
-    m_dbmod |= kObjects;
     Notifier notifier(*this);
     for (BlockNode* pBlock : graph().blocks())
         notifier.appended(*pBlock);

@@ -6,6 +6,7 @@
 #include "dxf/Drawing.h"
 #include "host/drawing/Listeners.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,34 +18,30 @@ using namespace dxf;
 class Database;
 class UndoList;
 
-// Hears of every database of the process, those of xrefs included.
-class DatabaseObserver {
-public:
-    virtual ~DatabaseObserver() = default;
-    virtual void databaseToBeDestroyed(Database&) {}
-};
-
 class Database final : public Drawing {
 public:
     // The bits of DBMOD.
-    enum Modified { kObjects = 1, kVariables = 4, kWindow = 8, kView = 16, kField = 32 };
+    enum Modified { kObjects = 1, kVariables = 4 };
 
     // A new, unnamed drawing.
     static std::unique_ptr<Database> createNew();
     // Throws FileError. The drawing's xrefs are loaded too, one level deep; what
     // is wrong with one of them is its status, not an error.
     static std::unique_ptr<Database> open(const std::string& sPath, bool loadXrefs = true);
-    void loadXrefs();
-    // At most one; null for none.
-    static void setObserver(DatabaseObserver* pObserver);
+    void loadXrefs() { resolveXrefs(true); }
+    // Hears of every database of the process that goes, those of xrefs included.
+    static inline std::function<void(Database&)> toBeDestroyed;
     // The implementation behind an API pointer; null for null.
     static Database* of(const AcDbDatabase* pDatabase);
 
     ~Database() override;
 
     // --- AcDbDatabase
-    Acad::ErrorStatus addReactor(AcDbDatabaseReactor* pReactor) const override;
-    Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* pReactor) const override;
+    Acad::ErrorStatus addReactor(AcDbDatabaseReactor* pReactor) const override { return m_reactors.add(pReactor); }
+    Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* pReactor) const override
+    {
+        return m_reactors.remove(pReactor);
+    }
 
     // --- The file
     // Each throws FileError; then the old file, the path and the modified state are as
@@ -62,8 +59,6 @@ public:
 
     // --- Modified state: 0 exactly when the drawing is as it was saved or opened.
     int dbmod() const;
-    // Sets bits for what is no edit of the drawing's contents (kWindow, kView).
-    void markModified(int bits) { m_dbmod |= bits; }
 
     // --- Edits, each one step for undo, heard by the reactors as the API documents.
     Acad::ErrorStatus changeOpenObject(AcDbStub& node, std::string sText) override;
@@ -100,24 +95,28 @@ public:
     // --- For the rest of the drawing side
     UndoList& undoList() const { return *m_undo; }
     Listeners<AcDbDatabaseReactor>& reactors() const { return m_reactors; }
-    void setDbmod(int value) { m_dbmod = value; }
     // While reactors are told, and after a change has been told in full.
     int& telling() { return m_telling; }
-    void changeIsTold() { m_toldDbmod = m_dbmod; }
+    void changeIsTold();
     // The full path under which this database was attached; empty for no xref's.
     const std::string& xrefPath() const { return m_sXrefPath; }
-    // An xref's database: null when the file does not load. Its own xrefs are not loaded.
-    static std::unique_ptr<Database> openXref(const std::string& sFullPath, std::string& sReason);
+    // Loads what a block refers to, by its path from the drawing's folder, and sets its
+    // status. What an xref itself refers to is not loaded.
+    void resolveXref(BlockNode& block) const;
 
 private:
     Database(std::unique_ptr<DxfFile> file, const std::string& sPath, bool loadXrefs);
+    // Without `load`, all of them stay unresolved.
+    void resolveXrefs(bool load);
 
     std::string m_sXrefPath;
     std::unique_ptr<UndoList> m_undo;
     mutable Listeners<AcDbDatabaseReactor> m_reactors;
-    int m_dbmod = 0;
     int m_toldDbmod = 0;
     int m_telling = 0;
 };
+
+// A database that goes away is nobody's working database any more.
+void forgetWorkingDatabase(const AcDbDatabase* pDatabase);
 
 }  // namespace host

@@ -1,6 +1,5 @@
 #include "host/drawing/Database.h"
 
-#include "dxf/HeaderVariables.h"
 #include "dxf/ObjectGraph.h"
 #include "host/drawing/EntityText.h"
 #include "host/drawing/UndoList.h"
@@ -64,16 +63,13 @@ InsertNode* firstInsertWith(Database& database, const std::string& sTag, AcDbStu
 
 Acad::ErrorStatus Database::setHeaderVariable(const std::string& sName, const std::vector<std::string>& values)
 {
-    DxfRecord* pHeader = file().section("HEADER");
-    const HeaderEntry entry = pHeader == nullptr ? HeaderEntry() : headerEntry(*pHeader, "$" + sName);
+    const HeaderEntry entry = file().headerEntry("$" + sName);
     if (entry.values.empty())
         return Acad::eKeyNotFound;
     if (entry.values.size() != values.size())
         return Acad::eInvalidInput;
-    std::vector<std::string> raw;
-    for (const std::string& sValue : values)
-        raw.push_back(file().encoding().encode(sValue));
-    m_undo->changeHeader(*pHeader, withEntryText(*pHeader, entry, withValues(entry, raw)), {sName});
+    DxfRecord& header = *file().section("HEADER");
+    m_undo->change(header, withValues(header, entry, values), {}, {sName});
     return Acad::eOk;
 }
 

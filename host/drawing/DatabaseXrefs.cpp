@@ -2,9 +2,11 @@
 
 #include "dxf/ObjectGraph.h"
 #include "host/drawing/EntityText.h"
+#include "host/drawing/Faults.h"
 #include "host/drawing/Paths.h"
 #include "host/drawing/UndoList.h"
-#include "host/drawing/Xrefs.h"
+
+#include <shlwapi.h>
 
 namespace host {
 
@@ -32,8 +34,7 @@ Acad::ErrorStatus load(Database& database, const std::string& sPath, std::unique
 {
     BlockNode trial;
     trial.xrefPath = sPath;
-    trial.status = AcDb::kXrfUnresolved;
-    resolveXref(database, trial);
+    database.resolveXref(trial);
     xref = std::move(trial.xref);
     return trial.status == AcDb::kXrfResolved       ? Acad::eOk
            : trial.status == AcDb::kXrfFileNotFound ? Acad::eFileNotFound
@@ -42,6 +43,33 @@ Acad::ErrorStatus load(Database& database, const std::string& sPath, std::unique
 
 }  // namespace
 
+void Database::resolveXrefs(bool load)
+{
+    for (BlockNode* pBlock : graph().blocks())
+        if (pBlock->isXref()) {
+            pBlock->status = AcDb::kXrfUnresolved;
+            if (load && !pBlock->unloaded)
+                resolveXref(*pBlock);
+        }
+}
+
+void Database::resolveXref(BlockNode& block) const
+{
+    const std::string& sPath = block.xrefPath;
+    const std::string sFull = fullPath(::PathIsRelativeA(sPath.c_str()) ? folderOf(path()) + sPath : sPath);
+    block.status = sPath.empty() || !fileExists(sFull) ? AcDb::kXrfFileNotFound : AcDb::kXrfUnresolved;
+    // A drawing cannot hold itself.
+    if (block.status == AcDb::kXrfFileNotFound || sameName(sFull, path()))
+        return;
+    try {
+        std::unique_ptr<Database> database(new Database(DxfFile::read(sFull), sFull, false));
+        database->m_sXrefPath = sFull;
+        block.xref = std::move(database);
+        block.status = AcDb::kXrfResolved;
+    } catch (const FileError&) {  // it stays unresolved
+    }
+}
+
 Acad::ErrorStatus Database::attachXref(const std::string& sPath)
 {
     const std::string sName = baseNameOf(sPath);
@@ -49,11 +77,11 @@ Acad::ErrorStatus Database::attachXref(const std::string& sPath)
         return Acad::eInvalidInput;
     if (graph().block(sName) != nullptr)
         return Acad::eDuplicateKey;
-    const UndoGroup group(*m_undo);
     const std::string sRawName = file().encoding().encode(sName);
     std::unique_ptr<Drawing> xref;
     if (const Acad::ErrorStatus status = load(*this, sPath, xref); status != Acad::eOk)
         return status;
+    const UndoGroup group(*m_undo);
     std::vector<DxfRecord*> records;
     unsigned long long handle = graph().newHandle();
     if (DxfRecord* pEnd = tableRecord(file(), "")) {
@@ -115,3 +143,11 @@ Acad::ErrorStatus Database::detachXref(const std::string& sName)
 }
 
 }  // namespace host
+
+const char* acdbOriginalXrefFullPathFor(const AcDbDatabase* pXrefDatabase)
+{
+    const host::Database* pDatabase = host::Database::of(pXrefDatabase);
+    if (host::Faults::hit("acdbOriginalXrefFullPathFor") || pDatabase == nullptr || pDatabase->xrefPath().empty())
+        return nullptr;
+    return pDatabase->xrefPath().c_str();
+}

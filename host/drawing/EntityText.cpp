@@ -58,16 +58,10 @@ DxfRecord& endOfSection(Database& database, std::string_view name)
             p = p->next();
         return *p;
     }
-    // Sections go in their usual order: the header first, blocks before entities.
-    DxfRecord* pPosition = file.first();
-    if (name == "BLOCKS" && file.section("ENTITIES") != nullptr)
-        pPosition = file.section("ENTITIES");
-    else if (name != "HEADER")
-        while (pPosition->next() != nullptr && pPosition->type() != "EOF")
-            pPosition = pPosition->next();
-    else
-        while (pPosition->next() != nullptr && pPosition->type().empty())
-            pPosition = pPosition->next();
+    // Blocks go before entities, which are last.
+    DxfRecord* pPosition = file.section("ENTITIES") != nullptr ? file.section("ENTITIES") : file.first();
+    while (name == "ENTITIES" && pPosition->next() != nullptr && pPosition->type() != "EOF")
+        pPosition = pPosition->next();
     DxfRecord* pBegin = file.create(file.tag(0, "SECTION") + file.tag(2, name));
     DxfRecord* pEnd = file.create(file.tag(0, "ENDSEC"));
     file.linkBefore(*pBegin, *pPosition);
@@ -94,39 +88,24 @@ std::vector<DxfRecord*> recordsOf(DxfRecord& first)
     return records;
 }
 
-std::string withEntryText(const DxfRecord& header, const HeaderEntry& entry, std::string_view text)
+std::string withValues(const DxfRecord& header, const HeaderEntry& entry, const std::vector<std::string>& values)
 {
-    const std::string_view whole = header.text();
-    const std::size_t at = static_cast<std::size_t>(entry.text.data() - whole.data());
-    return std::string(whole.substr(0, at)) + std::string(text) + std::string(whole.substr(at + entry.text.size()));
-}
-
-std::string withValues(const HeaderEntry& entry, const std::vector<std::string>& values)
-{
-    std::string sText(entry.text);
+    std::string sText(header.text());
     // From the last to the first, so that the positions before stay good.
     for (std::size_t i = values.size(); i-- > 0;) {
         const std::string_view old = entry.values[i].value;
-        sText.replace(static_cast<std::size_t>(old.data() - entry.text.data()), old.size(), values[i]);
+        sText.replace(static_cast<std::size_t>(old.data() - header.text().data()), old.size(), values[i]);
     }
     return sText;
 }
 
-std::string entryText(const DxfFile& file, std::string_view name, int code, std::string_view value)
-{
-    return file.tag(9, name) + file.tag(code, value);
-}
-
 void updateHandleSeed(Database& database)
 {
-    DxfRecord* pHeader = database.file().section("HEADER");
-    if (pHeader == nullptr || !database.graph().handlesAreWritten())
+    const HeaderEntry entry = database.file().headerEntry("$HANDSEED");
+    if (!database.graph().handlesAreWritten() || entry.values.size() != 1)
         return;
-    const HeaderEntry entry = headerEntry(*pHeader, "$HANDSEED");
-    if (entry.values.size() != 1)
-        return;
-    const std::string sSeed = handleText(database.graph().nextHandle());
-    database.undoList().changeRecord(*pHeader, withEntryText(*pHeader, entry, withValues(entry, {sSeed})));
+    DxfRecord& header = *database.file().section("HEADER");
+    database.undoList().change(header, withValues(header, entry, {handleText(database.graph().nextHandle())}), {}, {});
 }
 
 }  // namespace host

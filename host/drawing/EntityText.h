@@ -3,7 +3,6 @@
 // Writes the records of new objects as the drawing's version wants them: with
 // or without handles, owners and subclass marks.
 
-#include "dxf/HeaderVariables.h"
 #include "host/drawing/Database.h"
 
 #include <string>
@@ -42,12 +41,8 @@ DxfRecord& endOfSection(Database& database, std::string_view name);
 // The record of the group that begins with the given one (an insert with its
 // attributes, a block with its contents), itself first.
 std::vector<DxfRecord*> recordsOf(DxfRecord& first);
-// The header's text with the stretch of one entry replaced.
-std::string withEntryText(const DxfRecord& header, const HeaderEntry& entry, std::string_view text);
-// An entry's text with other values in the same tags.
-std::string withValues(const HeaderEntry& entry, const std::vector<std::string>& values);
-// The text of a new entry.
-std::string entryText(const DxfFile& file, std::string_view name, int code, std::string_view value);
+// The header's text with other values in the entry's tags.
+std::string withValues(const DxfRecord& header, const HeaderEntry& entry, const std::vector<std::string>& values);
 // Writes the seed of new handles into the header, where the file has one.
 void updateHandleSeed(Database& database);
 

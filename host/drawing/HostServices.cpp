@@ -1,10 +1,21 @@
-#include "host/drawing/HostServices.h"
+// The host application's services: above all the working database.
 
-#include "dxf/ObjectGraph.h"
 #include "host/drawing/Database.h"
-#include "host/drawing/Faults.h"
+#include "objectarx/dbapserv.h"
 
 namespace host {
+
+class HostServices final : public AcDbHostApplicationServices {
+public:
+    AcDbDatabase* workingDatabase() const override { return m_pWorking; }
+    void setWorkingDatabase(AcDbDatabase* pDatabase) override { m_pWorking = pDatabase; }
+    const char* releaseMajorMinorString() const override { return "16.0"; }
+    const char* product() const override { return "CAD Host"; }
+
+private:
+    friend void forgetWorkingDatabase(const AcDbDatabase* pDatabase);
+    AcDbDatabase* m_pWorking = nullptr;
+};
 
 namespace {
 
@@ -15,10 +26,6 @@ HostServices& services()
 }
 
 }  // namespace
-
-AcDbDatabase* HostServices::workingDatabase() const { return m_pWorking; }
-
-void HostServices::setWorkingDatabase(AcDbDatabase* pDatabase) { m_pWorking = pDatabase; }
 
 void forgetWorkingDatabase(const AcDbDatabase* pDatabase)
 {

@@ -2,21 +2,16 @@
 
 #include "library/system/Handles.h"
 
+#include <shlwapi.h>
+
 namespace host {
 
 namespace {
 
-// Past the last separator, by characters: a trail byte may be 0x5C.
+// Past the last separator.
 std::size_t nameStart(const std::string& sPath)
 {
-    std::size_t start = 0;
-    for (std::size_t i = 0; i < sPath.size(); ++i) {
-        if (::IsDBCSLeadByte(static_cast<BYTE>(sPath[i])) && i + 1 < sPath.size())
-            ++i;
-        else if (sPath[i] == '\\' || sPath[i] == '/' || sPath[i] == ':')
-            start = i + 1;
-    }
-    return start;
+    return static_cast<std::size_t>(::PathFindFileNameA(sPath.c_str()) - sPath.c_str());
 }
 
 }  // namespace
@@ -36,11 +31,6 @@ std::string baseNameOf(const std::string& sPath)
 {
     const std::string sName = nameOf(sPath);
     return sName.substr(0, sName.rfind('.'));
-}
-
-bool samePath(const std::string& a, const std::string& b)
-{
-    return ::lstrcmpiA(fullPath(a).c_str(), fullPath(b).c_str()) == 0;
 }
 
 bool fileExists(const std::string& sPath)

@@ -13,7 +13,6 @@ std::string folderOf(const std::string& sPath);
 std::string nameOf(const std::string& sPath);
 // The name without folder and extension.
 std::string baseNameOf(const std::string& sPath);
-bool samePath(const std::string& a, const std::string& b);
 bool fileExists(const std::string& sPath);
 // An existing file that is marked read-only, or does not open for writing.
 bool isWriteProtected(const std::string& sPath);

@@ -13,19 +13,16 @@ namespace host {
 namespace {
 
 // One undo step; nothing happens when nothing differs. The record of older drawings is
-// not written.
+// not written, nor a header where there is none.
 Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
 {
     DxfFile& file = database.file();
     const Summary old = readSummary(file);
     if (old == summary)
         return Acad::eOk;
-    if (keepsSummaryInRecord(file))
+    DxfRecord* const pHeader = file.section("HEADER");
+    if (keepsSummaryInRecord(file) || pHeader == nullptr)
         return Acad::eNotApplicable;
-    const UndoGroup group(database.undoList());
-    if (file.section("HEADER") == nullptr)
-        endOfSection(database, "HEADER");
-    DxfRecord& header = *file.section("HEADER");
     const auto differs = [&](std::size_t field) {
         return field < Summary::Custom ? old.fields[field] != summary.fields[field]
                                        : field == Summary::Custom && old.custom != summary.custom;
@@ -33,8 +30,8 @@ Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
 
     // What changes leaves its place and goes to the header's end.
     std::string sText;
-    std::string_view rest = header.text();
-    for (const HeaderEntry& entry : headerEntries(header)) {
+    std::string_view rest = pHeader->text();
+    for (const HeaderEntry& entry : file.headerEntries()) {
         sText += rest.substr(0, static_cast<std::size_t>(entry.text.data() - rest.data()));
         rest.remove_prefix(static_cast<std::size_t>(entry.text.data() + entry.text.size() - rest.data()));
         if (!differs(summaryField(entry.name)))
@@ -57,7 +54,7 @@ Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
             add("$CUSTOMPROPERTY", sValue);
         }
     }
-    database.undoList().changeHeader(header, sText, names);
+    database.undoList().change(*pHeader, sText, {}, names);
     return Acad::eOk;
 }
 

@@ -5,66 +5,39 @@
 
 namespace host {
 
-namespace {
-
-constexpr int kContents = Database::kObjects | Database::kVariables | Database::kField;
-
-}  // namespace
-
-void UndoList::changeObject(AcDbStub& node, std::string sText)
+void UndoList::change(DxfRecord& record, std::string sText, std::vector<AcDbStub*> nodes,
+                      std::vector<std::string> names)
 {
-    changeOpenObject(node, std::move(sText));
-    node.modified = false;
-    Notifier(m_database).modified(node);
+    begin(names.empty() ? Database::kObjects : Database::kVariables);
+    Step step{Kind::Text, &record, m_database.file().keep(std::move(sText)), std::move(nodes), {}, std::move(names)};
+    apply(step, true);
+    m_groups.back().push_back(std::move(step));
 }
 
 void UndoList::changeOpenObject(AcDbStub& node, std::string sText)
 {
+    begin(Database::kObjects);
     Step step{Kind::Text, node.record, m_database.file().keep(std::move(sText)), {&node}, {}, {}};
-    // The modified state is set before anyone hears of the change.
-    m_database.markModified(Database::kObjects);
     if (!std::exchange(node.modified, true))
         Notifier(m_database).openedForModify(node);
     swapText(step);
-    remember(std::move(step), Database::kObjects);
-}
-
-void UndoList::changeRecord(DxfRecord& record, std::string sText)
-{
-    Step step{Kind::Text, &record, m_database.file().keep(std::move(sText)), {}, {}, {}};
-    swapText(step);
-    remember(std::move(step), Database::kObjects);
-}
-
-void UndoList::changeHeader(DxfRecord& header, std::string sText, std::vector<std::string> names)
-{
-    Step step{Kind::Header, &header, m_database.file().keep(std::move(sText)), {}, {}, names};
-    m_database.markModified(Database::kVariables);
-    apply(step, true);
-    remember(std::move(step), Database::kVariables);
+    m_groups.back().push_back(std::move(step));
 }
 
 void UndoList::appended(std::vector<AcDbStub*> nodes, std::vector<DxfRecord*> records)
 {
-    remember({Kind::Append, nullptr, {}, nodes, std::move(records), {}}, Database::kObjects);
+    begin(Database::kObjects);
+    m_groups.back().push_back({Kind::Append, nullptr, {}, nodes, std::move(records), {}});
     for (AcDbStub* pNode : nodes)
         Notifier(m_database).appended(*pNode);
 }
 
 void UndoList::erase(std::vector<AcDbStub*> nodes, std::vector<DxfRecord*> records)
 {
+    begin(Database::kObjects);
     Step step{Kind::Erase, nullptr, {}, std::move(nodes), std::move(records), {}};
-    m_database.markModified(Database::kObjects);
     apply(step, true);
-    remember(std::move(step), Database::kObjects);
-}
-
-void UndoList::beginGroup() { ++m_depth; }
-
-void UndoList::endGroup()
-{
-    if (--m_depth == 0)
-        m_groupOpen = false;
+    m_groups.back().push_back(std::move(step));
 }
 
 bool UndoList::undo()
@@ -72,8 +45,7 @@ bool UndoList::undo()
     if (m_position == 0 || m_depth != 0)
         return false;
     Group& group = m_groups[--m_position];
-    updateDbmod();
-    for (auto step = group.steps.rbegin(); step != group.steps.rend(); ++step)
+    for (auto step = group.rbegin(); step != group.rend(); ++step)
         apply(*step, false);
     return true;
 }
@@ -82,36 +54,30 @@ bool UndoList::redo()
 {
     if (m_position == m_groups.size() || m_depth != 0)
         return false;
-    Group& group = m_groups[m_position++];
-    updateDbmod();
-    for (Step& step : group.steps)
+    for (Step& step : m_groups[m_position++])
         apply(step, true);
     return true;
 }
 
 void UndoList::setSaved()
 {
-    m_saved = m_position;
-    m_stickyBits = 0;
-    m_database.setDbmod(0);
+    std::replace(m_states.begin(), m_states.end(), 0, static_cast<int>(Database::kObjects));
+    m_states[m_position] = 0;
 }
 
-void UndoList::remember(Step step, int bits)
+void UndoList::newGroup()
 {
-    if (!m_groupOpen) {
-        if (m_saved != kNever && m_saved > m_position) {
-            // A new edit cuts the saved state off the list.
-            m_stickyBits |= bitsBetween(m_position, m_saved);
-            m_saved = kNever;
-        }
-        m_groups.resize(m_position);
-        m_groups.emplace_back();
-        ++m_position;
-        m_groupOpen = m_depth != 0;
-    }
-    m_groups.back().steps.push_back(std::move(step));
-    m_groups.back().bits |= bits;
-    m_database.markModified(bits);
+    m_groups.resize(m_position++);
+    m_groups.emplace_back();
+    m_states.resize(m_position);
+    m_states.push_back(m_states.back());
+}
+
+void UndoList::begin(int bits)
+{
+    if (m_depth == 0)
+        newGroup();
+    m_states.back() |= bits;
 }
 
 void UndoList::apply(Step& step, bool forward)
@@ -121,14 +87,11 @@ void UndoList::apply(Step& step, bool forward)
     case Kind::Text:
         for (AcDbStub* pNode : step.nodes)
             notifier.openedForModify(*pNode);
-        swapText(step);
-        for (AcDbStub* pNode : step.nodes)
-            notifier.modified(*pNode);
-        break;
-    case Kind::Header:
         for (const std::string& sName : step.names)
             notifier.variableWillChange(sName);
         swapText(step);
+        for (AcDbStub* pNode : step.nodes)
+            notifier.modified(*pNode);
         for (const std::string& sName : step.names)
             notifier.variableChanged(sName);
         break;
@@ -156,21 +119,6 @@ void UndoList::setPresent(Step& step, bool present)
         std::for_each(step.records.begin(), step.records.end(), [&](DxfRecord* p) { file.unlink(*p); });
     for (AcDbStub* pNode : step.nodes)
         pNode->erased = !present;
-}
-
-int UndoList::bitsBetween(std::size_t from, std::size_t to) const
-{
-    int bits = 0;
-    for (std::size_t i = from; i < to; ++i)
-        bits |= m_groups[i].bits;
-    return bits;
-}
-
-void UndoList::updateDbmod()
-{
-    const std::size_t saved = m_saved == kNever ? 0 : m_saved;
-    const int bits = m_stickyBits | bitsBetween(std::min(saved, m_position), std::max(saved, m_position));
-    m_database.setDbmod((m_database.dbmod() & ~kContents) | bits);
 }
 
 }  // namespace host

@@ -60,32 +60,32 @@ private:
 
 class UndoList {
 public:
-    // The bits stay in DBMOD until the first save.
-    UndoList(Database& database, int stickyBits) : m_database(database), m_stickyBits(stickyBits) {}
+    // The bits of DBMOD that the drawing begins with.
+    UndoList(Database& database, int dbmod) : m_database(database), m_states{dbmod} {}
 
-    // The text of an object's record, by a whole open, modify and close.
-    void changeObject(AcDbStub& node, std::string sText);
+    // DBMOD's bits for the contents as they are now.
+    int dbmod() const { return m_states[m_position]; }
+
+    // The text of a record: of an object's, by a whole open, modify and close; of one that
+    // keeps variables, with the names (without "$") of those that change; of one that
+    // nobody is told of.
+    void changeObject(AcDbStub& node, std::string sText) { change(*node.record, std::move(sText), {&node}, {}); }
+    void change(DxfRecord& record, std::string sText, std::vector<AcDbStub*> nodes, std::vector<std::string> names);
     // The same for an object that a caller has open for write; its close tells
     // of the modification.
     void changeOpenObject(AcDbStub& node, std::string sText);
-    // A record that no object stands for; nobody is told.
-    void changeRecord(DxfRecord& record, std::string sText);
-    // The header, or another record that keeps variables, with the names (without
-    // "$") of those that change.
-    void changeHeader(DxfRecord& header, std::string sText, std::vector<std::string> names);
     // Objects whose records are linked and whose nodes exist already.
     void appended(std::vector<AcDbStub*> nodes, std::vector<DxfRecord*> records);
     void erase(std::vector<AcDbStub*> nodes, std::vector<DxfRecord*> records);
 
-    void beginGroup();
-    void endGroup();
     bool undo();
     bool redo();
     // The drawing as it is now is what the file holds.
     void setSaved();
 
 private:
-    enum class Kind { Text, Header, Append, Erase };
+    friend class UndoGroup;
+    enum class Kind { Text, Append, Erase };
     struct Step {
         Kind kind = Kind::Text;
         DxfRecord* record = nullptr;
@@ -94,35 +94,32 @@ private:
         std::vector<DxfRecord*> records;
         std::vector<std::string> names;
     };
-    struct Group {
-        std::vector<Step> steps;
-        int bits = 0;
-    };
+    using Group = std::vector<Step>;
 
-    void remember(Step step, int bits);
+    void newGroup();
+    // The modified state is set before anyone hears of a change.
+    void begin(int bits);
     void apply(Step& step, bool forward);
     void swapText(Step& step);
     void setPresent(Step& step, bool present);
-    int bitsBetween(std::size_t from, std::size_t to) const;
-    void updateDbmod();
 
-    static constexpr std::size_t kNever = static_cast<std::size_t>(-1);
     Database& m_database;
     std::vector<Group> m_groups;
+    // DBMOD before the first group, and after each.
+    std::vector<int> m_states;
     std::size_t m_position = 0;
-    // Where in the list the saved state is; kNever once it cannot be reached.
-    std::size_t m_saved = 0;
-    int m_stickyBits;
     int m_depth = 0;
-    // The last group is still taking in steps.
-    bool m_groupOpen = false;
 };
 
-// Makes the edits between its construction and its end one undo step.
+// Makes the edits between its construction and its end one undo step; there is one at least.
 class UndoGroup {
 public:
-    explicit UndoGroup(UndoList& list) : m_list(list) { m_list.beginGroup(); }
-    ~UndoGroup() { m_list.endGroup(); }
+    explicit UndoGroup(UndoList& list) : m_list(list)
+    {
+        if (m_list.m_depth++ == 0)
+            m_list.newGroup();
+    }
+    ~UndoGroup() { --m_list.m_depth; }
     UndoGroup(const UndoGroup&) = delete;
     UndoGroup& operator=(const UndoGroup&) = delete;
 

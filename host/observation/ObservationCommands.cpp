@@ -140,15 +140,13 @@ void resources(Application& application, const Arguments&)
 // n notifications of a modification that changes nothing, and how long they took.
 void bench(Application& application, const Arguments& a)
 {
-    Document* const pDocument = application.documents().active();
-    if (pDocument == nullptr)
-        throw CommandError("There is no drawing.");
+    Document& document = currentDocument(application);
     LARGE_INTEGER frequency;
     LARGE_INTEGER start;
     LARGE_INTEGER end;
     ::QueryPerformanceFrequency(&frequency);
     ::QueryPerformanceCounter(&start);
-    pDocument->drawing().notifyNoChange(a.integer(0));
+    document.drawing().notifyNoChange(a.integer(0));
     ::QueryPerformanceCounter(&end);
     const auto microseconds = (end.QuadPart - start.QuadPart) * 1000000 / frequency.QuadPart;
     application.commandLine().printLine("bench: n=" + a.text(0) + " us=" + std::to_string(microseconds));

@@ -88,6 +88,8 @@ PopupMenu::~PopupMenu()
 void PopupMenu::rightClick(HWND window, POINT client)
 {
     m_owner = window;
+    m_click = client;
+    ::ClientToScreen(window, &m_click);
     s_pActive = this;
     m_timer = ::SetTimer(nullptr, 0, kInterval, &PopupMenu::onTimer);
     postMouse(window, WM_RBUTTONDOWN, MK_RBUTTON, client, Pointer::Away);
@@ -95,9 +97,7 @@ void PopupMenu::rightClick(HWND window, POINT client)
     const auto gone = [this] { return m_opened && visibleWindow(kMenuClass) == nullptr; };
     if (!pumpUntil(kLongestOpening, gone) && !m_opened) {
         // Not every control turns a right click into the request for a menu.
-        POINT screen = client;
-        ::ClientToScreen(window, &screen);
-        ::PostMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(screen.x, screen.y));
+        ::PostMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(m_click.x, m_click.y));
         pumpUntil(kLongestOpening, gone);
     }
     if (m_opened)
@@ -123,6 +123,10 @@ void PopupMenu::step()
     if (!m_opened) {
         m_menu = shownMenu();
         m_opened = m_menu != nullptr;
+        RECT place = {};
+        ::GetWindowRect(visibleWindow(kMenuClass), &place);
+        m_items = "menu: left=" + std::to_string(place.left - m_click.x) +
+                  " middle=" + std::to_string((place.top + place.bottom) / 2 - m_click.y) + "\n";
         return;
     }
     if (visibleWindow(kMenuClass) == nullptr)
@@ -160,7 +164,7 @@ void PopupMenu::enterSubmenus()
 void PopupMenu::read()
 {
     m_read = true;
-    m_items = describe(m_menu, "");
+    m_items += describe(m_menu, "");
     if (m_whileOpen)
         std::exchange(m_whileOpen, nullptr)();
 }

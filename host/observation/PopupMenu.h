@@ -28,7 +28,7 @@ public:
     void rightClick(HWND window, POINT client);
     // A menu showed.
     bool opened() const { return m_opened; }
-    // A line an item.
+    // A line an item, and one of where it stands first: its left edge and its middle, from the click.
     const std::string& items() const { return m_items; }
 
 private:
@@ -45,6 +45,7 @@ private:
     UINT m_item;
     std::function<void()> m_whileOpen;
     HWND m_owner = nullptr;
+    POINT m_click = {};  // on the screen
     HMENU m_menu = nullptr;
     UINT_PTR m_timer = 0;
     std::string m_items;

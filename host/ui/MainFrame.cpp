@@ -5,100 +5,68 @@
 
 #include <cstring>
 #include <shellapi.h>
-#include <span>
 
 namespace host {
 
 namespace {
 
-// Commands, in this order of their kinds: always there, for a drawing, for windows.
-enum : UINT {
-    kFileNew = 100,
-    kFileOpen,
-    kFileExit,
-    kToolsOptions,
-    kToolsModule,
-    kHelpCommands,
-    kFileSave,
-    kFileSaveAs,
-    kFileClose,
-    kEditUndo,
-    kEditRedo,
-    kDrawLine,
-    kXrefAttach,
-    kXrefReload,
-    kXrefDetach,
-    kWindowCascade,
-    kWindowTile,
-    kWindowArrange,
+struct MenuItem {
+    const char* menu;               // null for the one above
+    const char* caption;            // null for a separator; what it names behind a tab is its key
+    const char* command = nullptr;  // what it types; one that ends in a blank is left to be completed
+    bool needsDrawing = false;
+    UINT message = 0;  // what the MDI client gets instead
 };
 
-struct MenuCommand {
-    UINT id;
-    const char* caption;
-    const char* command;  // what it types; one that ends in a blank is left to be completed
-};
-
-constexpr MenuCommand kSeparator = {0, nullptr, nullptr};
-constexpr MenuCommand kFileMenu[] = {
-    {kFileNew, "&New\tCtrl+N", "_NEW"},
-    {kFileOpen, "&Open...\tCtrl+O", "_OPEN"},
-    kSeparator,
-    {kFileSave, "&Save\tCtrl+S", "_QSAVE"},
-    {kFileSaveAs, "Save &As...", "_SAVEAS"},
-    {kFileClose, "&Close", "_CLOSE"},
-    kSeparator,
-    {kFileExit, "E&xit", "_QUIT"},
-};
-constexpr MenuCommand kEditMenu[] = {{kEditUndo, "&Undo\tCtrl+Z", "_UNDO"}, {kEditRedo, "&Redo\tCtrl+Y", "_REDO"}};
-constexpr MenuCommand kDrawMenu[] = {{kDrawLine, "&Line (type x y x y)", "LINE "}};
-constexpr MenuCommand kXrefMenu[] = {
-    {kXrefAttach, "&Attach...", "_XATTACH"},
-    {kXrefReload, "&Reload (type its name)", "XRELOAD "},
-    {kXrefDetach, "&Detach (type its name)", "XDETACH "},
-};
-constexpr MenuCommand kToolsMenu[] = {
-    {kToolsOptions, "Tab &Options...", "_ZavikMDITabs"},
-    {kToolsModule, "&Load Module (type its path)", "ARX L "},
-};
-constexpr MenuCommand kHelpMenu[] = {{kHelpCommands, "&Commands", "_HELP"}};
-constexpr MenuCommand kWindowMenu[] = {
-    {kWindowCascade, "&Cascade", nullptr},
-    {kWindowTile, "&Tile", nullptr},
-    {kWindowArrange, "&Arrange Icons", nullptr},
-};
-
-struct Menu {
-    const char* caption;
-    std::span<const MenuCommand> items;
-};
-
-constexpr Menu kMenus[] = {
-    {"&File", kFileMenu},   {"&Edit", kEditMenu},     {"&Draw", kDrawMenu}, {"External &References", kXrefMenu},
-    {"&Tools", kToolsMenu}, {"&Window", kWindowMenu}, {"&Help", kHelpMenu},
+constexpr MenuItem kItems[] = {
+    {"&File", "&New\tCtrl+N", "_NEW"},
+    {nullptr, "&Open...\tCtrl+O", "_OPEN"},
+    {nullptr, nullptr},
+    {nullptr, "&Save\tCtrl+S", "_QSAVE", true},
+    {nullptr, "Save &As...", "_SAVEAS", true},
+    {nullptr, "&Close", "_CLOSE", true},
+    {nullptr, nullptr},
+    {nullptr, "E&xit", "_QUIT"},
+    {"&Edit", "&Undo\tCtrl+Z", "_UNDO", true},
+    {nullptr, "&Redo\tCtrl+Y", "_REDO", true},
+    {"&Draw", "&Line (type x y x y)", "LINE ", true},
+    {"External &References", "&Attach...", "_XATTACH", true},
+    {nullptr, "&Reload (type its name)", "XRELOAD ", true},
+    {nullptr, "&Detach (type its name)", "XDETACH ", true},
+    {"&Tools", "Tab &Options...", "_ZavikMDITabs"},
+    {nullptr, "&Load Module (type its path)", "ARX L "},
+    {"&Window", "&Cascade", nullptr, true, WM_MDICASCADE},
+    {nullptr, "&Tile", nullptr, true, WM_MDITILE},
+    {nullptr, "&Arrange Icons", nullptr, true, WM_MDIICONARRANGE},
+    {"&Help", "&Commands", "_HELP"},
 };
 constexpr int kWindowPosition = 5;
+constexpr UINT kFirstItem = 100;
+constexpr UINT kLastItem = kFirstItem + std::size(kItems) - 1;
 
 HMENU menuBar()
 {
     const HMENU bar = ::CreateMenu();
-    for (const Menu& menu : kMenus) {
-        const HMENU popup = ::CreatePopupMenu();
-        for (const MenuCommand& item : menu.items)
-            ::AppendMenuA(popup, item.caption != nullptr ? MF_STRING : MF_SEPARATOR, item.id, item.caption);
-        ::AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), menu.caption);
+    HMENU popup = nullptr;
+    for (UINT id = kFirstItem; id <= kLastItem; ++id) {
+        const MenuItem& item = kItems[id - kFirstItem];
+        if (item.menu != nullptr) {
+            popup = ::CreatePopupMenu();
+            ::AppendMenuA(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), item.menu);
+        }
+        ::AppendMenuA(popup, item.caption != nullptr ? MF_STRING : MF_SEPARATOR, id, item.caption);
     }
     return bar;
 }
 
 HACCEL accelerators()
 {
-    ACCEL table[] = {{FVIRTKEY | FCONTROL, 'N', kFileNew},
-                     {FVIRTKEY | FCONTROL, 'O', kFileOpen},
-                     {FVIRTKEY | FCONTROL, 'S', kFileSave},
-                     {FVIRTKEY | FCONTROL, 'Z', kEditUndo},
-                     {FVIRTKEY | FCONTROL, 'Y', kEditRedo}};
-    return ::CreateAcceleratorTableA(table, static_cast<int>(std::size(table)));
+    std::vector<ACCEL> table;
+    for (UINT id = kFirstItem; id <= kLastItem; ++id)
+        if (const char* const sCaption = kItems[id - kFirstItem].caption; sCaption != nullptr)
+            if (const char* const sKey = std::strstr(sCaption, "\tCtrl+"))
+                table.push_back({FVIRTKEY | FCONTROL, static_cast<WORD>(sKey[6]), static_cast<WORD>(id)});
+    return ::CreateAcceleratorTableA(table.data(), static_cast<int>(table.size()));
 }
 
 }  // namespace
@@ -115,9 +83,8 @@ BEGIN_MESSAGE_MAP(MainFrame, CMDIFrameWnd)
     ON_MESSAGE(WM_KICKIDLE, &MainFrame::OnKickIdle)
     ON_WM_CLOSE()
     ON_MESSAGE(WM_DROPFILES, &MainFrame::OnDropFiles)
-    ON_COMMAND_RANGE(kFileNew, kXrefDetach, &MainFrame::OnMenuCommand)
-    ON_COMMAND_RANGE(kWindowCascade, kWindowArrange, &MainFrame::OnWindowCommand)
-    ON_UPDATE_COMMAND_UI_RANGE(kFileSave, kXrefDetach, &MainFrame::OnUpdateDrawingCommand)
+    ON_COMMAND_RANGE(kFirstItem, kLastItem, &MainFrame::OnMenuCommand)
+    ON_UPDATE_COMMAND_UI_RANGE(kFirstItem, kLastItem, &MainFrame::OnUpdateMenuItem)
 END_MESSAGE_MAP()
 
 MainFrame::MainFrame(Application& application) : m_application(application), m_client(application) {}
@@ -159,6 +126,8 @@ bool MainFrame::create(bool visible)
 
 void MainFrame::open(Document& document)
 {
+    if (!m_drawingsShown)
+        return;
     auto view = std::make_unique<DrawingView>(m_application, document);
     DrawingView& opened = *view;
     m_views[&document] = std::move(view);
@@ -173,27 +142,22 @@ void MainFrame::open(Document& document)
 
 void MainFrame::close(Document& document)
 {
-    const auto place = m_views.find(&document);
-    if (place == m_views.end())
-        return;
     // Its window may be the one that is being closed right now, so the object goes last.
-    const std::unique_ptr<DrawingView> view = std::move(place->second);
-    m_views.erase(place);
-    view->DestroyWindow();
+    const auto view = m_views.extract(&document);
+    if (!view.empty())
+        view.mapped()->DestroyWindow();
 }
 
 void MainFrame::activate(Document& document)
 {
-    const auto place = m_views.find(&document);
-    if (place != m_views.end())
-        MDIActivate(place->second.get());
+    if (m_views.contains(&document))
+        MDIActivate(m_views[&document].get());
 }
 
 void MainFrame::refresh(Document& document)
 {
-    const auto place = m_views.find(&document);
-    if (place != m_views.end())
-        place->second->refresh();
+    if (m_views.contains(&document))
+        m_views[&document]->refresh();
 }
 
 int MainFrame::askAboutChanges(const Document& document)
@@ -250,12 +214,13 @@ void MainFrame::OnClose()
 
 void MainFrame::OnMenuCommand(UINT id)
 {
-    for (const Menu& menu : kMenus)
-        for (const MenuCommand& item : menu.items)
-            if (item.id == id && std::string_view(item.command).ends_with(' '))
-                typeCommand(item.command);
-            else if (item.id == id)
-                m_application.submit(item.command);
+    const MenuItem& item = kItems[id - kFirstItem];
+    if (item.command == nullptr)
+        ::SendMessageA(m_hWndMDIClient, item.message, 0, 0);
+    else if (std::string_view(item.command).ends_with(' '))
+        typeCommand(item.command);
+    else
+        m_application.submit(item.command);
 }
 
 LRESULT MainFrame::OnDropFiles(WPARAM wParam, LPARAM)
@@ -271,12 +236,9 @@ LRESULT MainFrame::OnDropFiles(WPARAM wParam, LPARAM)
     return 0;
 }
 
-void MainFrame::OnUpdateDrawingCommand(CCmdUI* pState) { pState->Enable(m_application.documents().count() != 0); }
-
-void MainFrame::OnWindowCommand(UINT id)
+void MainFrame::OnUpdateMenuItem(CCmdUI* pState)
 {
-    const UINT message = id == kWindowCascade ? WM_MDICASCADE : id == kWindowTile ? WM_MDITILE : WM_MDIICONARRANGE;
-    ::SendMessageA(m_hWndMDIClient, message, 0, 0);
+    pState->Enable(!kItems[pState->m_nID - kFirstItem].needsDrawing || m_application.documents().count() != 0);
 }
 
 }  // namespace host

@@ -2,7 +2,6 @@
 
 // The host's main window: menu, MDI client with a window a drawing, command line.
 
-#include "host/application/DocumentWindows.h"
 #include "host/ui/CommandPane.h"
 #include "mfc/afxwin.h"
 
@@ -16,6 +15,7 @@
 namespace host {
 
 class Application;
+class Document;
 class DrawingView;
 
 // The MDI client, which refuses to switch windows while the host forbids it.
@@ -30,18 +30,22 @@ private:
     Application& m_application;
 };
 
-class MainFrame : public CMDIFrameWnd, public DocumentWindows {
+class MainFrame : public CMDIFrameWnd {
 public:
     explicit MainFrame(Application& application);
     ~MainFrame() override;
 
     bool create(bool visible);
 
-    // --- DocumentWindows
-    void open(Document& document) override;
-    void close(Document& document) override;
-    void activate(Document& document) override;
-    void refresh(Document& document) override;
+    // Drawings opened from now on have a window, or none: for tests that open many.
+    void setDrawingsShown(bool shown) { m_drawingsShown = shown; }
+    // Makes the document's window, without activating another document's meanwhile.
+    void open(Document& document);
+    void close(Document& document);
+    // Brings the window to the front.
+    void activate(Document& document);
+    // The document's name or contents changed.
+    void refresh(Document& document);
 
     void showHistory(std::string_view text) { m_pane.show(text); }
     void clearHistory() { m_pane.clear(); }
@@ -57,8 +61,7 @@ protected:
     void OnClose();
     void OnMenuCommand(UINT id);
     LRESULT OnDropFiles(WPARAM wParam, LPARAM lParam);
-    void OnUpdateDrawingCommand(CCmdUI* pState);
-    void OnWindowCommand(UINT id);
+    void OnUpdateMenuItem(CCmdUI* pState);
 
     DECLARE_MESSAGE_MAP()
 
@@ -68,6 +71,7 @@ private:
     Application& m_application;
     MdiClient m_client;
     CommandPane m_pane;
+    bool m_drawingsShown = true;
     HACCEL m_accelerators = nullptr;
     std::map<const Document*, std::unique_ptr<DrawingView>> m_views;
 };

@@ -75,22 +75,6 @@ class BadInputTest(HostTest):
         self.assertEqual(code, 1)
         self.assertIn("nowhere.scr", text)
 
-    def test_a_malformed_settings_file_does_not_take_the_strip_down(self):
-        settings = self.folder / "Projects/Riverside/Settings/support/MDITabs.ini"
-        settings.write_text(settings.read_text() + "this is no key\n")
-        self.set_registry({}, {"DebugStartup": 1})
-        transcript = self.run_host([
-            f"OPEN {A101}", f"OPEN {S200}", "STRIP", "SWITCH 0", "LINE 0 0 1 1", "HOVER 0", "MENU 0", "MENU 1",
-            "QSAVE", "CLICK 1", "STRIP",
-        ], ["/ld", MODULE, A101])
-        self.assertEqual([strip.texts for strip in transcript.strips], [["A-101", "S-200"]] * 2)
-        self.assertEqual([strip.selected for strip in transcript.strips], [1, 1])
-        self.assertIn((0, 22393, "Put &away (16.0)", True), transcript.menus[1], "the other project has its texts")
-        self.assertEqual([item[1] for item in transcript.menus[0] if item], [22392, 22393, 22391])
-        joined = transcript.text.replace("\n", "")
-        self.assertIn(self.path("Projects/Riverside/Settings/support/MDITabs.ini"), joined)
-        self.assertRegex(joined, r"MDITabs\.ini>> @ line 6\)")
-
 
 if __name__ == "__main__":
     unittest.main()

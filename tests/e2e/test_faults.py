@@ -12,9 +12,8 @@ ALWAYS_THERE = re.compile(r"acDoc|acedGetAcadFrame|acedEditor|acedRegCmds|acrx|A
 LISTED = [name for owner, operations in ROWS for operation in re.findall(r"`(\w+)`", operations)
           if not ALWAYS_THERE.match(name := f"{owner}::{operation}" if owner else operation)
           and (operation in HEARD or not owner.endswith("Reactor"))]
-# What a drawing's data are read with fails in tests/module, call by call; the rest here, but for what an
-# open document always has.
-SESSION = re.compile(r"(?!AcApDocument::database|.*Reactor::)(?:AcAp|AcEd|AcRx|acedGetVar|acutPrintf|AcDbDatabase::|AcDbBlockTable"
+# What a drawing's data are read with fails in tests/module, call by call; the rest here.
+SESSION = re.compile(r"(?!.*Reactor::)(?:AcAp|AcEd|AcRx|acedGetVar|acutPrintf|AcDbDatabase::|AcDbBlockTable"
                      r"|AcDbSymbol|AcDbHost.*workingDatabase$)")
 NOT_MADE = {"acutPrintf", "AcDbBlockTableRecord::xrefStatus", "AcDbBlockTableRecord::xrefDatabase",
             "AcApDocManager::appContextOpenDocument", "AcApDocManager::enableDocumentActivation",

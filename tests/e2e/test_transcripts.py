@@ -77,8 +77,27 @@ class TranscriptsTest(ExtrasBase):
     def test_session(self):
         self.play("session")
 
+    def without_tooltips(self):
+        """The mouse may come over the strip at any time when a menu goes."""
+        self.set_registry({"UseToolTips": 0}, {"DebugStartup": 1})
+
+    def test_menu(self):
+        self.without_tooltips()
+        self.play("menu")
+
+    def test_tips(self):
+        self.play("tips")
+
+    def test_options(self):
+        self.play("options")
+
     def test_additions(self):
-        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="cad@office.example")
+        self.without_tooltips()
+        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="cad@office.example",
+                       SameNameText='" (%DISTINCT_FOLDER%)"')
+        for project, line in (("Station", "PopupCopyPathText =\nPopupCloseSavedText =\n"), ("Riverside", "no key\n")):
+            with (self.folder / f"Projects/{project}/Settings/support/MDITabs.ini").open("a") as texts:
+                texts.write(line)
         self.play("additions")
 
     def test_failures(self):

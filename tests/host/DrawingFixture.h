@@ -1,6 +1,6 @@
 #pragma once
 
-// What the tests of drawings share: the files of a folder, a border, and a reactor that
+// What the tests of drawings share: a border, and a reactor that
 // writes down what it hears.
 
 #include "host/drawing/Database.h"
@@ -15,24 +15,7 @@
 #include <string>
 #include <vector>
 
-// The files below a folder whose names end so.
-inline void listFiles(const std::string& sFolder, const std::string& sEnding, std::vector<std::string>& files)
-{
-    WIN32_FIND_DATAA data;
-    const HANDLE find = FindFirstFileA((sFolder + "\\*").c_str(), &data);
-    if (find == INVALID_HANDLE_VALUE)
-        return;
-    do {
-        const std::string sName = data.cFileName;
-        if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-            if (sName != "." && sName != "..")
-                listFiles(sFolder + "\\" + sName, sEnding, files);
-        } else if (sName.ends_with(sEnding)) {
-            files.push_back(sFolder + "\\" + sName);
-        }
-    } while (FindNextFileA(find, &data));
-    FindClose(find);
-}
+#include <doctest/doctest.h>
 
 // A border with two attributes, inserted once.
 inline const char kBorderBlock[] =
@@ -53,7 +36,6 @@ public:
         std::swap(sAll, m_sHeard);
         return sAll;
     }
-    int calls = 0;
 
     void objectAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "appended"); }
     void objectUnAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "unAppended"); }
@@ -74,34 +56,25 @@ public:
 private:
     void note(const AcDbDatabase* p, const std::string& sCall)
     {
-        ++calls;
         m_sHeard += (m_sHeard.empty() ? "" : " ") + sCall + std::to_string(host::Database::of(p)->dbmod());
     }
     std::string m_sHeard;
 };
 
-// The record of the name, open for read; null when there is none.
-inline AcDbBlockTableRecord* openBlock(host::Database& database, const char* sName)
-{
-    AcDbBlockTable* pTable = nullptr;
-    AcDbBlockTableRecord* pRecord = nullptr;
-    if (database.getSymbolTable(pTable, AcDb::kForRead) == Acad::eOk) {
-        pTable->getAt(sName, pRecord, AcDb::kForRead);
-        pTable->close();
-    }
-    return pRecord;
-}
-
 inline std::vector<AcDbObjectId> references(host::Database& database, const char* sName)
 {
     std::vector<AcDbObjectId> result;
-    if (AcDbBlockTableRecord* pRecord = openBlock(database, sName)) {
+    AcDbBlockTable* pTable = nullptr;
+    AcDbBlockTableRecord* pRecord = nullptr;
+    REQUIRE(database.getSymbolTable(pTable, AcDb::kForRead) == Acad::eOk);
+    if (pTable->getAt(sName, pRecord, AcDb::kForRead) == Acad::eOk) {
         AcDbObjectIdArray ids;
         pRecord->getBlockReferenceIds(ids);
         pRecord->close();
         for (int i = 0; i < ids.length(); ++i)
             result.push_back(ids[i]);
     }
+    pTable->close();
     return result;
 }
 

@@ -1,7 +1,7 @@
 #include "tests/host/DrawingFixture.h"
 #include "tests/support/FolderFrom.h"
 
-#include <doctest/doctest.h>
+#include <filesystem>
 
 using dxf::DxfFile;
 using dxf::FileError;
@@ -27,26 +27,16 @@ std::string reasonOf(const std::string& sPath)
     return "opened";
 }
 
-// The differing stretches of two texts, as "old->new"; empty when they are equal.
-std::string difference(const std::string& a, const std::string& b)
-{
-    std::size_t head = 0;
-    while (head < a.size() && head < b.size() && a[head] == b[head])
-        ++head;
-    std::size_t tail = 0;
-    while (tail < a.size() - head && tail < b.size() - head && a[a.size() - 1 - tail] == b[b.size() - 1 - tail])
-        ++tail;
-    if (head == a.size() && head == b.size())
-        return "";
-    return a.substr(head, a.size() - head - tail) + "->" + b.substr(head, b.size() - head - tail);
-}
-
 void checkRoundTrips(const std::string& sFolder, const std::string& sEnding)
 {
-    std::vector<std::string> files;
-    listFiles(sFolder, sEnding, files);
-    REQUIRE_FALSE(files.empty());
-    for (const std::string& sFile : files) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(sFolder)) {
+        char name[MAX_PATH] = "";
+        ::WideCharToMultiByte(CP_ACP, 0, entry.path().c_str(), -1, name, sizeof name, nullptr, nullptr);
+        const std::string sFile = name;
+        if (!sFile.ends_with(sEnding))
+            continue;
+        ++count;
         CAPTURE(sFile);
         const CTestFolder folder;
         const std::string sBytes = CTestFolder::read(sFile);
@@ -63,6 +53,7 @@ void checkRoundTrips(const std::string& sFolder, const std::string& sEnding)
         REQUIRE(database->undo());
         CHECK((resaved(*database, folder) == sBytes));
     }
+    CHECK(count != 0);
 }
 
 }  // namespace
@@ -84,24 +75,6 @@ TEST_SUITE("foreign")
             return;
         }
         checkRoundTrips(sFolder, ".dxf");
-    }
-}
-
-TEST_CASE("an edited attribute is the only difference, whatever the layout of the file")
-{
-    const CTestFolder folder;
-    for (const std::string sEnd : {"\r\n", "\n"}) {
-        std::string sBytes =
-            DrawingText("AC1015").header("|9=$HANDSEED|5=99").blocks(kBorderBlock).entities(kBorderInsert).str();
-        if (sEnd == "\n")
-            std::erase(sBytes, '\r');
-        // Group codes padded as another program would, a comment, line ends mixed.
-        sBytes.replace(sBytes.find("40" + sEnd + "2.5"), 2, "    40  ");
-        sBytes = "999" + sEnd + "made by hand\n" + sBytes + "\n\n";
-        const std::string sPath = folder.write("border.dwg", sBytes);
-        std::unique_ptr<Database> database = Database::open(sPath);
-        REQUIRE(database->setAttribute("title", "Last") == Acad::eOk);
-        CHECK(difference(sBytes, resaved(*database, folder)) == "Fir->La");
     }
 }
 
@@ -157,9 +130,6 @@ TEST_CASE("a failed save keeps the old file and the modified state")
     CHECK((CTestFolder::read(sPath) == sBytes));
     SetFileAttributesA(sPath.c_str(), FILE_ATTRIBUTE_NORMAL);
 
-    const std::string sNowhere = folder.path("no folder\\plan.dwg");
-    CHECK_THROWS_AS(database->save(sNowhere), FileError);
-
     // Held open by another program: the rename cannot replace it.
     const HANDLE held = CreateFileA(sPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     CHECK_THROWS_AS(database->save(sPath), FileError);
@@ -168,9 +138,8 @@ TEST_CASE("a failed save keeps the old file and the modified state")
     CHECK(database->path() == sPath);
     CHECK(database->dbmod() == Database::kObjects);
     // No temporary file stays behind.
-    std::vector<std::string> files;
-    listFiles(folder.path(), "", files);
-    CHECK(files.size() == 1);
+    const std::filesystem::directory_iterator files(folder.path());
+    CHECK(std::distance(begin(files), end(files)) == 1);
 
     database->save(sPath);
     CHECK(database->dbmod() == 0);
@@ -181,39 +150,26 @@ TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding
 {
     const CTestFolder folder;
     const struct {
-        const char *version, *codePage, *raw, *text, *edited;
+        std::string version, codePage, raw, text, edit, edited;
     } rows[] = {
-        {"AC1009", "ANSI_1252", "Gr\xFC\xDF", "Gr\xFC\xDF", "\xC4\xE9"},
-        {"AC1015", "ANSI_1252", "\\U+00FCber",
-         "\xFC"
-         "ber",
-         "\xE4"},
-        {"AC1015", "dos850",
-         "\x81"
-         "ber",
-         "\xFC"
-         "ber",
-         "\x84"},
-        {"AC1024", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC3\x84\xC3\xA9"},
-        {"AC1024", "ANSI_1252", "\xCE\xA9", "\\U+03A9", "\xCE\xA9"},
-        {"AC1015", "ANSI_1251", "\xC6", "\\U+0416", "\xC6"},
-        {"AC1015", "ANSI_1252", "a^ b^Jc", "a^b\nc", "a^ ^J"},
-        {"AC1015", "no such page", "\\U+zz \\U", "\\U+zz \\U", "\\U+03A9"},
+        {"AC1009", "ANSI_1252", "Gr\xFC\xDF", "Gr\xFC\xDF", "\xC4\xE9", "\xC4\xE9"},
+        {"AC1015", "ANSI_1252", "\\U+00FCx", "\xFCx", "\xE4", "\xE4"},
+        {"AC1015", "dos850", "\x81x", "\xFCx", "\xE4", "\x84"},
+        {"AC1024", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC4\xE9", "\xC3\x84\xC3\xA9"},
+        {"AC1024", "ANSI_1252", "\xCE\xA9", "\\U+03A9", "\\U+03A9", "\xCE\xA9"},
+        {"AC1015", "ANSI_1251", "\xC6", "\\U+0416", "x", "x"},
+        {"AC1015", "ANSI_1252", "a^ b^Jc", "a^b\nc", "a^\n", "a^ ^J"},
+        {"AC1015", "no such page", "\\U+zz \\U", "\\U+zz \\U", "\\U+03A9", "\\U+03A9"},
     };
-    const char* edits[] = {"\xC4\xE9", "\xE4", "\xE4", "\xC4\xE9", "\\U+03A9", "\\U+0416", "a^\n", "\\U+03A9"};
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
-        const auto& row = rows[i];
+    for (const auto& row : rows) {
         CAPTURE(row.raw);
         std::string sInsert = kBorderInsert;
         sInsert.replace(sInsert.find("First"), 5, row.raw);
-        DrawingText text(row.version);
-        text.variable("DWGCODEPAGE", row.codePage, "3").blocks(kBorderBlock).entities(sInsert);
-        std::unique_ptr<Database> database = Database::open(folder.write("text.dwg", text.str()));
-        CHECK(attributes(references(*database, "border").at(0)) == std::string("NUMBER=A-1 TITLE=") + row.text);
-        if (row.codePage != std::string("ANSI_1251")) {
-            REQUIRE(database->setAttribute("TITLE", edits[i]) == Acad::eOk);
-            const std::string sSaved = resaved(*database, folder);
-            CHECK(sSaved.find(std::string("1\r\n") + row.edited + "\r\n") != std::string::npos);
-        }
+        std::string sText = DrawingText(row.version).blocks(kBorderBlock).entities(sInsert).str();
+        sText.replace(sText.find("ANSI_1252"), 9, row.codePage);
+        std::unique_ptr<Database> database = Database::open(folder.write("text.dwg", sText));
+        CHECK(attributes(references(*database, "border").at(0)) == "NUMBER=A-1 TITLE=" + row.text);
+        REQUIRE(database->setAttribute("TITLE", row.edit) == Acad::eOk);
+        CHECK(resaved(*database, folder).find("1\r\n" + row.edited + "\r\n") != std::string::npos);
     }
 }

@@ -1,7 +1,5 @@
 #include "tests/host/DrawingFixture.h"
 
-#include <doctest/doctest.h>
-
 using host::Database;
 
 TEST_CASE("opening and closing are strict")

@@ -10,8 +10,6 @@ int calls = 0;
 
 void count() { ++calls; }
 
-void countTen() { calls += 10; }
-
 }  // namespace
 
 TEST_CASE_FIXTURE(HostFixture, "a command is found by local name, and by global name after an underscore")
@@ -26,12 +24,8 @@ TEST_CASE_FIXTURE(HostFixture, "a command is found by local name, and by global 
 
     CHECK(acedRegCmds->addCommand("ONE", "globalname", "Other", ACRX_CMD_MODAL, count) == Acad::eDuplicateKey);
     CHECK(acedRegCmds->addCommand("one", "Other", "LOCALNAME", ACRX_CMD_MODAL, count) == Acad::eDuplicateKey);
-    CHECK(acedRegCmds->addCommand("TWO", "GlobalName", "LocalName", ACRX_CMD_MODAL, countTen) == Acad::eOk);
-    CHECK(run("LocalName"));  // the group that came last
-    CHECK(calls == 15);
-    CHECK(acedRegCmds->removeGroup("two") == Acad::eOk);
-    CHECK(acedRegCmds->removeGroup("TWO") == Acad::eKeyNotFound);
-    CHECK(acedRegCmds->addCommand("G", std::string(65, 'x').c_str(), "x", 0, count) == Acad::eInvalidInput);
+    CHECK(acedRegCmds->removeGroup("one") == Acad::eOk);
+    CHECK(acedRegCmds->removeGroup("ONE") == Acad::eKeyNotFound);
     CHECK(acedRegCmds->addCommand("G", "two words", "x", 0, count) == Acad::eInvalidInput);
 }
 

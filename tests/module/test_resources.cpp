@@ -3,6 +3,7 @@
 #include "ModuleFixture.h"
 #include "dxf/Memory.h"
 #include "host/observation/ResourceCount.h"
+#include "host/ui/MainFrame.h"
 #include <doctest/doctest.h>
 
 using host::observation::ResourceCount;
@@ -11,7 +12,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "a thousand opened and closed drawings leave th
 {
     folder.write("MDITabs.ini", "ModifiedText = *\r\nDefaultTooltipText = none\r\n");
     // The host's windows of the drawings take long to make and are not what is asked about.
-    app.documents().setWindows(nullptr);
+    app.frame().setDrawingsShown(false);
     load();
     open("first.dwg");
     const auto cycles = [&](int count) {

@@ -79,7 +79,8 @@ void Answers::answer(HWND dialog)
         m_optionsShown += !known;
         m_onOptions ? m_onOptions(dialog, m_turn) : press(dialog, IDCANCEL);
     } else if (!known) {
-        m_boxes.push_back({title, textOf(::GetDlgItem(dialog, 0xFFFF))});
+        const LRESULT icon = ::SendDlgItemMessageA(dialog, 1088, STM_GETICON, 0, 0);
+        m_boxes.push_back({title, textOf(::GetDlgItem(dialog, 0xFFFF)), reinterpret_cast<HICON>(icon)});
         if (const auto act = std::exchange(m_inFirstBox, {}))
             act();
         ::PostMessageA(dialog, WM_COMMAND, IDOK, 0);

@@ -12,6 +12,7 @@
 struct Box {
     std::string title;
     std::string text;
+    HICON icon;
 };
 
 class Answers {
