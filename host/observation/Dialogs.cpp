@@ -50,8 +50,8 @@ void press(int id)
     RECT rect;
     ::GetClientRect(control, &rect);
     const POINT middle = {rect.right / 2, rect.bottom / 2};
-    postMouse(control, WM_LBUTTONDOWN, MK_LBUTTON, middle);
-    postMouse(control, WM_LBUTTONUP, 0, middle);
+    postMouse(control, WM_LBUTTONDOWN, MK_LBUTTON, middle, Pointer::There);
+    postMouse(control, WM_LBUTTONUP, 0, middle, Pointer::There);
 }
 
 void pressKey(const std::string& sName)

@@ -40,16 +40,16 @@ void click(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
     const POINT middle = tabs.middleOf(a.integer(0));
-    postMouse(tabs.window(), WM_LBUTTONDOWN, MK_LBUTTON, middle);
-    postMouse(tabs.window(), WM_LBUTTONUP, 0, middle);
+    postMouse(tabs.window(), WM_LBUTTONDOWN, MK_LBUTTON, middle, Pointer::Away);
+    postMouse(tabs.window(), WM_LBUTTONUP, 0, middle, Pointer::Away);
 }
 
 // MIDDLECLICK n, or MIDDLECLICK n m: pressed on one tab and released on another.
 void middleClick(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
-    postMouse(tabs.window(), WM_MBUTTONDOWN, MK_MBUTTON, tabs.middleOf(a.integer(0)));
-    postMouse(tabs.window(), WM_MBUTTONUP, 0, tabs.middleOf(a.integer(a.size() > 1 ? 1 : 0)));
+    postMouse(tabs.window(), WM_MBUTTONDOWN, MK_MBUTTON, tabs.middleOf(a.integer(0)), Pointer::Away);
+    postMouse(tabs.window(), WM_MBUTTONUP, 0, tabs.middleOf(a.integer(a.size() > 1 ? 1 : 0)), Pointer::Away);
 }
 
 void hover(Application& application, const Arguments& a)
@@ -65,7 +65,7 @@ void hover(Application& application, const Arguments& a)
         // From somewhere else, so that the strip sees the mouse come.
         ::SetCursorPos(0, 0);
         pumpUntil(20, never);
-        postMouse(tabs.window(), WM_MOUSEMOVE, 0, middle);
+        postMouse(tabs.window(), WM_MOUSEMOVE, 0, middle, Pointer::There);
     } while (!pumpUntil(kLongestHover, &Tips::isShown) && --moves > 0);
     report(application, Tips::describe());
 }

@@ -92,8 +92,8 @@ void PopupMenu::rightClick(HWND window, POINT client)
     ::ClientToScreen(window, &m_click);
     s_pActive = this;
     m_timer = ::SetTimer(nullptr, 0, kInterval, &PopupMenu::onTimer);
-    postMouse(window, WM_RBUTTONDOWN, MK_RBUTTON, client);
-    postMouse(window, WM_RBUTTONUP, 0, client);
+    postMouse(window, WM_RBUTTONDOWN, MK_RBUTTON, client, Pointer::Away);
+    postMouse(window, WM_RBUTTONUP, 0, client, Pointer::Away);
     const auto gone = [this] { return m_opened && visibleWindow(kMenuClass) == nullptr; };
     if (!pumpUntil(kLongestOpening, gone) && !m_opened) {
         // Not every control turns a right click into the request for a menu.

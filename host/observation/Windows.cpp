@@ -97,14 +97,13 @@ bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition)
     }
 }
 
-void postMouse(HWND window, UINT message, WPARAM buttons, POINT client)
+void postMouse(HWND window, UINT message, WPARAM buttons, POINT client, Pointer pointer)
 {
-    // The pointer itself comes along only to move. Else it goes out of the way: what Windows
-    // says of it later would reach the strip at any time.
-    POINT screen = client;
-    ::ClientToScreen(window, &screen);
-    if (message != WM_MOUSEMOVE)
-        screen = {0, 0};
+    POINT screen = {0, 0};
+    if (pointer == Pointer::There) {
+        screen = client;
+        ::ClientToScreen(window, &screen);
+    }
     ::SetCursorPos(screen.x, screen.y);
     ::PostMessageA(window, message, buttons, MAKELPARAM(client.x, client.y));
 }

@@ -25,7 +25,9 @@ HWND visibleWindow(const char* className);
 // Handles messages until the condition holds; false when it does not within the time.
 bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition);
 
-// Posts a mouse message at a point of the window; when it is a move, with the pointer there.
-void postMouse(HWND window, UINT message, WPARAM buttons, POINT client);
+// Posts a mouse message at a point of the window, with the pointer there or out of the way:
+// what Windows goes on to say of it would reach the strip at any time.
+enum class Pointer { There, Away };
+void postMouse(HWND window, UINT message, WPARAM buttons, POINT client, Pointer pointer);
 
 }  // namespace host::observation

@@ -6,12 +6,27 @@
 
 #include <string>
 
+namespace {
+
+int brightness(DWORD dwColour) { return GetRValue(dwColour) * 3 + GetGValue(dwColour) * 6 + GetBValue(dwColour); }
+
+// The system's, unless that can hardly be read on a dialog.
+DWORD linkColour()
+{
+    const DWORD dwLink = ::GetSysColor(COLOR_HOTLIGHT);
+    const int iContrast = brightness(dwLink) - brightness(::GetSysColor(COLOR_BTNFACE));
+    return iContrast > -800 && iContrast < 800 ? ::GetSysColor(COLOR_BTNTEXT) : dwLink;
+}
+
+}  // namespace
+
 BEGIN_MESSAGE_MAP(CHyperLink, CWnd)
     ON_WM_PAINT()
     ON_MESSAGE(WM_NCHITTEST, &ThisClass::OnHitTest)
     ON_MESSAGE(WM_SETCURSOR, &ThisClass::OnSetCursor)
     ON_MESSAGE(WM_GETDLGCODE, &ThisClass::OnGetDlgCode)
     ON_MESSAGE(WM_KEYDOWN, &ThisClass::OnKeyDown)
+    ON_MESSAGE(WM_LBUTTONDOWN, &ThisClass::OnButtonDown)
     ON_MESSAGE(WM_LBUTTONUP, &ThisClass::OnButtonUp)
     ON_MESSAGE(WM_SETFOCUS, &ThisClass::OnFocusChanged)
     ON_MESSAGE(WM_KILLFOCUS, &ThisClass::OnFocusChanged)
@@ -54,11 +69,13 @@ void CHyperLink::fitToText()
         ::SetWindowPos(m_hWnd, nullptr, 0, 0, needed.right, rect.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-LRESULT CHyperLink::open() const
+bool CHyperLink::open() const
 {
-    if (!m_sTarget.IsEmpty())
+    if (m_sTarget.IsEmpty())
+        return false;
+    const HINSTANCE result =
         ::ShellExecuteA(::GetAncestor(m_hWnd, GA_ROOT), "open", m_sTarget, nullptr, nullptr, SW_SHOWNORMAL);
-    return 0;
+    return reinterpret_cast<INT_PTR>(result) > 32;
 }
 
 void CHyperLink::OnPaint()
@@ -81,7 +98,7 @@ void CHyperLink::drawText(HDC hdc, RECT rect) const
     ::FillRect(hdc, &rect, ::GetSysColorBrush(COLOR_BTNFACE));
     const HGDIOBJ previous = ::SelectObject(hdc, m_font.get());
     ::SetBkMode(hdc, TRANSPARENT);
-    ::SetTextColor(hdc, ::GetSysColor(COLOR_HOTLIGHT));
+    ::SetTextColor(hdc, linkColour());
     CString sText;
     GetWindowText(sText);
     ::DrawTextA(hdc, sText, -1, &rect, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
@@ -114,10 +131,30 @@ LRESULT CHyperLink::OnGetDlgCode(WPARAM, LPARAM lParam)
 
 LRESULT CHyperLink::OnKeyDown(WPARAM wParam, LPARAM)
 {
-    return wParam == VK_SPACE || wParam == VK_RETURN ? open() : Default();
+    if (wParam != VK_SPACE && wParam != VK_RETURN)
+        return Default();
+    open();
+    return 0;
 }
 
-LRESULT CHyperLink::OnButtonUp(WPARAM, LPARAM) { return open(); }
+LRESULT CHyperLink::OnButtonDown(WPARAM, LPARAM)
+{
+    SetFocus();
+    ::SetCapture(m_hWnd);
+    return 0;
+}
+
+LRESULT CHyperLink::OnButtonUp(WPARAM, LPARAM lParam)
+{
+    if (::GetCapture() != m_hWnd)
+        return 0;
+    ::ReleaseCapture();
+    CRect client;
+    GetClientRect(client);
+    if (client.PtInRect(CPoint(lParam)))
+        open();
+    return 0;
+}
 
 LRESULT CHyperLink::OnFocusChanged(WPARAM, LPARAM)
 {

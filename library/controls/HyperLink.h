@@ -18,9 +18,10 @@ public:
     // opened is plain text that the focus passes over.
     bool Attach(CWnd* pDialog, int nID, const CString& sAddress);
 
+    // Has the shell open the target; false when it has nothing to open it with.
+    bool open() const;
+
 private:
-    // Has the shell open the target, if there is one.
-    LRESULT open() const;
     void fitToText();
     void drawText(HDC hdc, RECT rect) const;
 
@@ -29,6 +30,7 @@ private:
     LRESULT OnSetCursor(WPARAM wParam, LPARAM lParam);
     LRESULT OnGetDlgCode(WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
+    LRESULT OnButtonDown(WPARAM wParam, LPARAM lParam);
     LRESULT OnButtonUp(WPARAM wParam, LPARAM lParam);
     LRESULT OnFocusChanged(WPARAM wParam, LPARAM lParam);
 
