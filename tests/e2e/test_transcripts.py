@@ -101,6 +101,7 @@ class TranscriptsTest(ExtrasBase):
         self.play("additions")
 
     def test_failures(self):
+        self.without_tooltips()
         (self.folder / "install/ZavikMDITabs/support/MDITabs.ini").unlink()
         with (self.folder / "Projects/Riverside/Settings/support/MDITabs.ini").open("a") as texts:
             texts.write("no key\n")
