@@ -2,7 +2,6 @@
 
 #include "library/diagnostics/Guard.h"
 
-#include <iterator>
 #include <string>
 
 namespace Tesk {
@@ -27,7 +26,7 @@ constexpr DWORD kStreams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HAN
 CStandardStreams exchangeStreams(const CStandardStreams& streams)
 {
     CStandardStreams before;
-    for (std::size_t i = 0; i < std::size(kStreams); ++i) {
+    for (std::size_t i = 0; i < sizeof kStreams / sizeof *kStreams; ++i) {
         before[i] = ::GetStdHandle(kStreams[i]);
         ::SetStdHandle(kStreams[i], streams[i]);
     }
