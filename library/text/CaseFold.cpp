@@ -3,6 +3,7 @@
 #include "library/text/CodePage.h"
 #include "library/threads/CriticalSection.h"
 
+#include <algorithm>
 #include <map>
 
 namespace Tesk {
@@ -67,7 +68,11 @@ unsigned CCaseFold::next(std::string_view sText, std::size_t& position) const
 int CCaseFold::compare(std::string_view sLeft, std::string_view sRight) const
 {
     std::size_t left = 0;
-    std::size_t right = 0;
+    // What is the same byte for byte needs no table, where each byte is a character.
+    if (!m_lead.any())
+        left = static_cast<std::size_t>(std::mismatch(sLeft.begin(), sLeft.end(), sRight.begin(), sRight.end()).first -
+                                        sLeft.begin());
+    std::size_t right = left;
     while (left < sLeft.size() && right < sRight.size()) {
         const unsigned a = next(sLeft, left);
         const unsigned b = next(sRight, right);
