@@ -37,8 +37,10 @@ void CMiddleClick::handle(UINT message, CPoint point)
 
 void CMiddleClick::forget(const AcApDocument* pDocument)
 {
-    if (m_pPressed == pDocument)
-        m_pPressed = nullptr;
+    if (m_pPressed == nullptr || m_pPressed != pDocument)
+        return;
+    m_pPressed = nullptr;
+    ::ReleaseCapture();
 }
 
 // The release is heard wherever it is.

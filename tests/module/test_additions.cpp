@@ -172,7 +172,7 @@ TEST_CASE_FIXTURE(NamesFixture, "names are told apart where the texts ask for it
 
 TEST_CASE_FIXTURE(AdditionsFixture, "the middle button closes the tab on which it was pressed and released")
 {
-    open("a.dwg");
+    AcApDocument* pPressed = open("a.dwg");
     open("b.dwg");
     const auto send = [this](UINT message, int tab) {
         const CPoint point = middleOf(tab);
@@ -200,6 +200,12 @@ TEST_CASE_FIXTURE(AdditionsFixture, "the middle button closes the tab on which i
         send(WM_MBUTTONUP, 0);
         app.pumpUntilIdle();
         CHECK(tabs().size() == 2);
+    }
+    SUBCASE("a drawing that goes while it is pressed lets the mouse go")
+    {
+        send(WM_MBUTTONDOWN, 0);
+        close(pPressed);
+        CHECK(::GetCapture() == nullptr);
     }
     SUBCASE("quick clicks count each")
     {
