@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 namespace dxf {
 
@@ -15,11 +14,9 @@ constexpr std::string_view kBlanks = " \t\r\n\f\v";
 // Cuts the first line, ending included, off the text.
 std::string_view cutLine(std::string_view& text)
 {
-    const void* pEnd = std::memchr(text.data(), '\n', text.size());
-    const std::size_t length =
-        pEnd == nullptr ? text.size() : static_cast<std::size_t>(static_cast<const char*>(pEnd) - text.data()) + 1;
-    const std::string_view line = text.substr(0, length);
-    text.remove_prefix(length);
+    const std::size_t end = text.find('\n');
+    const std::string_view line = text.substr(0, end == std::string_view::npos ? end : end + 1);
+    text.remove_prefix(line.size());
     return line;
 }
 

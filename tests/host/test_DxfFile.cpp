@@ -92,6 +92,7 @@ TEST_CASE("a malformed file is refused with line and reason")
     } rows[] = {
         {sGood, "opened"},
         {"\xEF\xBB\xBF" + sGood, "opened"},
+        {"0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", "opened"},
         {sGood.substr(0, sGood.size() - 1), "opened"},
         {with("0\nEOF\n", ""), "opened"},
         {sGood + "what follows is nobody's\n", "opened"},
