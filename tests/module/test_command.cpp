@@ -27,6 +27,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "a strip that is there, or is not, where it sho
         pForward(pDocument);
         CHECK(answers.boxes().size() == before + 1);
     }
+    close(pDocument);
     createTabWindow();
     createTabWindow();
     const std::string missing = "ZavikMDITabs: m_pWndTabs != NULL\n";
