@@ -5,6 +5,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
 #include "reactors/DocManagerReactor.h"
+#include "reactors/EditorReactor.h"
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
@@ -94,7 +95,9 @@ TEST_CASE_FIXTURE(ModuleFixture, "broken preconditions are reported and the work
     {
         m_pWndTabs->addDocument(nullptr);
         m_pWndTabs->saveDocument(nullptr);
-        CHECK(answers.assertions() == "ARXMDITabs: pDocument != NULL\nARXMDITabs: pDocument != NULL\n");
+        CEditorReactor::getReactor()->getDatabaseData(nullptr);
+        CHECK(answers.assertions() == "ARXMDITabs: pDocument != NULL\nARXMDITabs: pDocument != NULL\n"
+                                      "EditorReactor: pDocument != NULL\nEditorReactor: pDatabase != NULL\n");
     }
     SUBCASE("a document's second tab, and what is not there any more")
     {
@@ -110,11 +113,14 @@ TEST_CASE_FIXTURE(ModuleFixture, "broken preconditions are reported and the work
     }
     SUBCASE("another drawing is the current one, not the active one, when the tabs are made anew")
     {
-        open("b.dwg");
+        AcApDocument* pSecond = open("b.dwg");
         app.documents().setCurrent(static_cast<host::Document*>(pDocument));
         CDocManagerReactor::getReactor()->refreshDocuments();
         CHECK(selected() == 1);
-        close(app.documents().active());
+        app.documents().setCurrent(nullptr);
+        click(0);
+        CHECK(answers.assertions() == "ARXMDITabs: pCurrent != NULL\n");
+        close(pSecond);
     }
     SUBCASE("a document announced twice")
     {
