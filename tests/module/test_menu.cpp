@@ -154,6 +154,17 @@ TEST_CASE_FIXTURE(MenuFixture, "what goes on around the menu does not disturb it
         app.pumpUntilIdle();
         CHECK(app.commandLine().history() == "");
     }
+    SUBCASE("the button that brought it up chooses too")
+    {
+        const MenuWatch watch([&] {
+            for (const UINT message : {WM_RBUTTONDOWN, WM_RBUTTONUP})
+                ::PostMessageA(strip(), message, 0, MAKELPARAM(120, 85));
+            ::PostMessageA(strip(), WM_KEYDOWN, VK_ESCAPE, 1);
+        });
+        m_pWndTabs->popupMenu(pFirst, 100, 100);
+        app.pumpUntilIdle();
+        CHECK(app.commandLine().history() == "Command: _.QSAVE\n");
+    }
     SUBCASE("the frame hears of it first")
     {
         const EagerFrame eager(*this);
