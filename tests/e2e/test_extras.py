@@ -85,7 +85,8 @@ class OutsideTest(ExtrasBase):
         return []
 
     def test_the_folder_help_and_its_link(self):
-        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="C:\\windows\\calc.exe")
+        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="www.office.example/cad")
+        self.set_registry({}, {"DebugStartup": 1})
         self.set_default(r"HKLM\Software\Classes\http\shell\open\command", f'"{self.path("recorder.exe")}" "%1"')
         shutil.copy(BUILD / "commandrecorder.exe", self.folder / "recorder.exe")
         transcript = self.run_host([
@@ -95,7 +96,13 @@ class OutsideTest(ExtrasBase):
         self.assertEqual([command.split()[-1] for command in self.commands()], ['"http://www.office.example/cad"'] * 2 + [f'/select,"{self.path(A100)}"'])
 
     def test_the_log_by_mail(self):
-        self.switch_on(**EVERYTHING, SupportAddress="cad@office.example")
+        self.switch_on(**EVERYTHING, SupportAddress="MailTo:cad@office.example")
+        (self.folder / "install/DomainSettings/DomainSettings.txt").unlink()
+        for log in PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/*"):
+            log.unlink()
+        box = self.run_host([f"OPEN {A100}", f"MENU 1 {HELP}", "DIALOG", "PRESS 1"]).dialogs[0]
+        self.assertEqual(sorted(box), [OK, HELP_TEXT, HELP_LINK], "nothing to mail")
+        self.assertRegex(box[HELP_TEXT][0], r"ZavikMDITabs\.log \(not there: .*StandardSettings\.txt\\n +Z:\S+ProjectSettings")
         self.set_registry({}, {"DebugStartup": 1})
         script = [f"OPEN {A100}", f"MENU 1 {HELP}", f"PRESS {MAIL_LOG}", "WAIT 500", "DIALOG", "PRESS 1", "PRESS 1"]
         self.set_default(MAIL, "")
