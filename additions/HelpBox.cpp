@@ -3,6 +3,7 @@
 #include "additions/OptInText.h"
 #include "additions/resource.h"
 #include "library/diagnostics/Guard.h"
+#include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/Explorer.h"
 #include "library/files/FileSearch.h"
@@ -76,8 +77,10 @@ CString CHelpBox::describe() const
     const CString sLog = logFile();
     return "Product: " + productLabel() + " (" + Tesk::CVersionBlock::getProductName() + ")" + kNewLine +
            "Module: " + Tesk::getLocation(Tesk::LOCATION_FILE_MODULE) + kNewLine + "Log: " + sLog +
-           (Tesk::fileExists(sLog) ? "" : " (not there: debug mode is off)") + kNewLine + kNewLine +
-           "Drawing: " + m_sFilename + kNewLine +
+           (Tesk::fileExists(sLog)   ? ""
+            : Tesk::isTraceEnabled() ? " (not there: it cannot be written)"
+                                     : " (not there: debug mode is off)") +
+           kNewLine + kNewLine + "Drawing: " + m_sFilename + kNewLine +
            "Its texts are from these files; each overrides those above it:" + kNewLine + textFiles(m_sFilename) +
            "Its title block is looked for in these, the lowest first:" + kNewLine + titleBlockFiles(m_sFilename);
 }

@@ -6,7 +6,8 @@ BareTabs::BareTabs(HWND strip)
 {
     RECT rect;
     ::GetClientRect(strip, &rect);
-    m_parent = ::CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, rect.right, rect.bottom,
+    const DWORD visible = ::IsWindowVisible(strip) ? WS_VISIBLE : 0;
+    m_parent = ::CreateWindowExA(WS_EX_NOACTIVATE, "STATIC", "", WS_POPUP | visible, 0, 0, rect.right, rect.bottom,
                                  ::GetParent(strip), nullptr, ::GetModuleHandleA(nullptr), nullptr);
     m_tabs = ::CreateWindowExA(static_cast<DWORD>(::GetWindowLongA(strip, GWL_EXSTYLE)), WC_TABCONTROLA, "",
                                static_cast<DWORD>(::GetWindowLongA(strip, GWL_STYLE)) | WS_CHILD | WS_VISIBLE, 0, 0,

@@ -50,6 +50,16 @@ std::string_view DxfRecord::value(int code) const
 
 bool DxfRecord::has(int code) const { return value(code).data() != nullptr; }
 
+std::vector<DxfTag> HeaderEntry::values() const
+{
+    std::vector<DxfTag> tags;
+    TagReader reader(text);
+    DxfTag tag;
+    for (nextTag(reader, tag); nextTag(reader, tag);)  // behind the name
+        tags.push_back(tag);
+    return tags;
+}
+
 std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
 {
     if (sPath.size() >= MAX_PATH)
@@ -88,7 +98,8 @@ std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& s
     file->scan(sName);
     const auto value = [&](std::string_view name, std::string_view otherwise) {
         const HeaderEntry entry = file->headerEntry(name);
-        return entry.values.empty() ? otherwise : trimmed(entry.values.front().value);
+        const std::vector<DxfTag> values = entry.values();
+        return values.empty() ? otherwise : trimmed(values.front().value);
     };
     file->m_sVersion = value("$ACADVER", "AC1009");
     file->m_encoding = DxfText(file->m_sVersion, value("$DWGCODEPAGE", ""));
@@ -174,11 +185,10 @@ std::vector<HeaderEntry> DxfFile::headerEntries() const
     TagReader reader(pHeader != nullptr ? pHeader->text() : std::string_view());
     for (DxfTag tag; nextTag(reader, tag);) {
         if (tag.code == 9) {
-            entries.push_back({trimmed(tag.value), tag.text, {}});
+            entries.push_back({trimmed(tag.value), tag.text});
         } else if (!entries.empty()) {
-            HeaderEntry& entry = entries.back();
-            entry.values.push_back(tag);
-            entry.text = {entry.text.data(), entry.text.size() + tag.text.size()};
+            std::string_view& text = entries.back().text;
+            text = {text.data(), text.size() + tag.text.size()};
         }
     }
     return entries;
@@ -186,7 +196,7 @@ std::vector<HeaderEntry> DxfFile::headerEntries() const
 
 HeaderEntry DxfFile::headerEntry(std::string_view name) const
 {
-    for (HeaderEntry& entry : headerEntries())
+    for (const HeaderEntry& entry : headerEntries())
         if (sameName(entry.name, name))
             return entry;
     return {};

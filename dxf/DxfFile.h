@@ -45,7 +45,7 @@ struct HeaderEntry {
     std::string_view name;
     // Name and values, byte for byte.
     std::string_view text;
-    std::vector<DxfTag> values;
+    std::vector<DxfTag> values() const;
 };
 
 class DxfFile {

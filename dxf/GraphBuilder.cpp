@@ -47,8 +47,8 @@ void GraphBuilder::build()
 void GraphBuilder::findHandles()
 {
     unsigned long long highest = 0;
-    if (const HeaderEntry seed = m_file.headerEntry("$HANDSEED"); !seed.values.empty())
-        highest = toHandle(seed.values.front().value);
+    if (const auto seed = m_file.headerEntry("$HANDSEED").values(); !seed.empty())
+        highest = toHandle(seed.front().value);
     if (highest != 0) {
         --highest;
         m_graph.m_handlesAreWritten = true;

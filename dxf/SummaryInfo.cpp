@@ -69,9 +69,12 @@ Summary readHeader(const DxfFile& file)
     std::string sKey;
     for (const HeaderEntry& entry : file.headerEntries()) {
         const std::size_t field = summaryField(entry.name);
-        if (field > Summary::Custom || entry.values.empty())
+        if (field > Summary::Custom)
             continue;
-        const std::string sText = file.encoding().decode(entry.values.front().value);
+        const std::vector<DxfTag> values = entry.values();
+        if (values.empty())
+            continue;
+        const std::string sText = file.encoding().decode(values.front().value);
         if (field < Summary::Custom)
             summary.fields[field] = sText;
         else if (sameName(entry.name, kTag))

@@ -9,13 +9,15 @@ namespace dxf {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n\f\v";
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 // Cuts the first line, ending included, off the text.
 std::string_view cutLine(std::string_view& text)
 {
-    const std::size_t end = text.find('\n');
-    const std::string_view line = text.substr(0, end == std::string_view::npos ? end : end + 1);
+    // A line is short: a call to search it takes longer than the search.
+    const auto end = std::find(text.begin(), text.end(), '\n');
+    const std::string_view line =
+        text.substr(0, static_cast<std::size_t>(end - text.begin()) + (end == text.end() ? 0 : 1));
     text.remove_prefix(line.size());
     return line;
 }
@@ -64,10 +66,11 @@ TagReader::Result TagReader::next(DxfTag& tag)
 
 std::string_view trimmed(std::string_view text)
 {
-    const std::size_t begin = text.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos)
-        return text.substr(0, 0);
-    return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 int toInt(std::string_view text) { return parsed<int>(text); }

@@ -32,6 +32,8 @@ def reason_against(path, version, built_from):
         return "it is not 32-bit, and AutoCAD 2004 to 2006 are"
     if not image.is_dll():
         return "it is a program, not a DLL"
+    if any(section.PointerToRawData + section.SizeOfRawData > path.stat().st_size for section in image.sections):
+        return "its end is missing"
     exported = named(getattr(getattr(image, "DIRECTORY_ENTRY_EXPORT", None), "symbols", []))
     if missing := [name for name in EXPORTS if name not in exported]:
         return f"it does not export {' and '.join(missing)}, which AutoCAD calls"
@@ -50,7 +52,5 @@ def reason_against(path, version, built_from):
 
 
 def check(path, version, built_from):
-    if not path.is_file():
-        raise Refused(f"there is no file {path}")
     if reason := reason_against(path, version, built_from):
         raise Refused(f"{path.name} cannot be packed: {reason}.")

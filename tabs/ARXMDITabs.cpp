@@ -76,7 +76,8 @@ void CARXMDITabs::removeDocument(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem != -1)
         TESK_VERIFY(DeleteItem(iItem));
-    if (m_sToolTipDocument.Compare(pDocument->fileName()) == 0)
+    // Empty after an update, it may be any drawing's.
+    if (m_sToolTipDocument.IsEmpty() || m_sToolTipDocument.Compare(pDocument->fileName()) == 0)
         hideToolTip();
     askAdditions([=](CTabAdditions& additions) { additions.tabRemoved(pDocument); });
 }

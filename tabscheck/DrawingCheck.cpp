@@ -193,10 +193,18 @@ private:
                 for (const Mapping& mapping : mappings)
                     keywords.names.insert({"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key});
         m_check.checkTemplateOf(m_texts.find("TooltipText"), keywords, m_report.problems);
-        // This one knows the file's keywords, and one of its own.
-        keywords = keywordsOf(Tesk::CKeywordExpansion(m_report.path.c_str(), 1, 1));
-        keywords.names.insert("DISTINCT_FOLDER");
-        m_check.checkTemplateOf(m_texts.find("SameNameText"), keywords, m_report.problems);
+        m_check.checkTemplateOf(m_texts.find("SameNameText"), keywordsOfName(), m_report.problems);
+    }
+
+    // Those of any file, whose names are the same for all, and one of its own.
+    const Keywords& keywordsOfName() const
+    {
+        static const Keywords keywords = [this] {
+            Keywords ofFile = keywordsOf(Tesk::CKeywordExpansion(m_report.path.c_str(), 1, 1));
+            ofFile.names.insert("DISTINCT_FOLDER");
+            return ofFile;
+        }();
+        return keywords;
     }
 
     SourceFiles& m_files;

@@ -2,8 +2,8 @@
 
 #include "tabscheck/NameCheck.h"
 
-#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
 #include "tabscheck/SourceFile.h"
 #include "tabscheck/Spelling.h"

@@ -39,6 +39,9 @@ std::string nearest(std::string_view sWord, const std::vector<std::string>& word
     std::string sBest;
     std::size_t best = mostEdits + 1;
     for (const std::string& sKnown : words) {
+        // As many letters more or fewer are as many edits at least.
+        if (std::max(sKnown.size(), sUpper.size()) - std::min(sKnown.size(), sUpper.size()) >= best)
+            continue;
         const std::size_t edits = distance(sUpper, Tesk::MultiByte::upper(sKnown));
         if (edits < best)
             sBest = sKnown;

@@ -134,11 +134,10 @@ std::string DynamicLinker::unload(const std::string& sName, bool force)
     const std::unique_ptr<Module> module = std::move(*place);
     m_modules.erase(place);
     module->entryPoint(AcRx::kUnloadAppMsg, module.get());
-    dropCommands(*module);
     return {};
 }
 
-// What the module left behind must not be run once its code is gone.
+// Of a module that did not start. One that did takes its own away, as the vendor's host asks.
 void DynamicLinker::dropCommands(const Module& module)
 {
     const HMODULE image = imageOf(reinterpret_cast<const void*>(module.entryPoint));

@@ -73,9 +73,9 @@ std::optional<VariableValue> SystemVariables::get(const std::string& sName) cons
         return std::nullopt;
     VariableValue value = initialValue(*pDefinition);
     if (pDefinition->scope == Scope::header) {
-        const HeaderEntry entry = pDrawing->file().headerEntry("$" + std::string(pDefinition->name));
-        for (std::size_t i = 0; i < value.numbers.size() && i < entry.values.size(); ++i)
-            value.numbers[i] = toDouble(entry.values[i].value);
+        const auto tags = pDrawing->file().headerEntry("$" + std::string(pDefinition->name)).values();
+        for (std::size_t i = 0; i < value.numbers.size() && i < tags.size(); ++i)
+            value.numbers[i] = toDouble(tags[i].value);
     } else if (value.type == RTSTR) {
         const auto* const pDocument = static_cast<const Document*>(m_documents.document(pDrawing));
         const bool titled = pDocument != nullptr && pDocument->isTitled();
@@ -104,7 +104,7 @@ SystemVariables::SetResult SystemVariables::set(const std::string& sName, const 
     Database* const pDrawing = workingDrawing();
     if (pDrawing == nullptr)
         return SetResult::invalid;
-    std::vector<std::string> texts(pDrawing->file().headerEntry("$" + std::string(pDefinition->name)).values.size());
+    std::vector<std::string> texts(pDrawing->file().headerEntry("$" + std::string(pDefinition->name)).values().size());
     for (std::size_t i = 0; i < texts.size(); ++i)
         texts[i] = i < value.numbers.size() ? number(value.numbers[i]) : "0";
     const Acad::ErrorStatus status = pDrawing->setHeaderVariable(pDefinition->name, texts);

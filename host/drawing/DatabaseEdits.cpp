@@ -64,9 +64,10 @@ InsertNode* firstInsertWith(Database& database, const std::string& sTag, AcDbStu
 Acad::ErrorStatus Database::setHeaderVariable(const std::string& sName, const std::vector<std::string>& values)
 {
     const HeaderEntry entry = file().headerEntry("$" + sName);
-    if (entry.values.empty())
+    const std::size_t count = entry.values().size();
+    if (count == 0)
         return Acad::eKeyNotFound;
-    if (entry.values.size() != values.size())
+    if (count != values.size())
         return Acad::eInvalidInput;
     DxfRecord& header = *file().section("HEADER");
     m_undo->change(header, withValues(header, entry, values), {}, {sName});

@@ -91,10 +91,11 @@ std::vector<DxfRecord*> recordsOf(DxfRecord& first)
 std::string withValues(const DxfRecord& header, const HeaderEntry& entry, const std::vector<std::string>& values)
 {
     std::string sText(header.text());
+    const std::vector<DxfTag> old = entry.values();
     // From the last to the first, so that the positions before stay good.
     for (std::size_t i = values.size(); i-- > 0;) {
-        const std::string_view old = entry.values[i].value;
-        sText.replace(static_cast<std::size_t>(old.data() - header.text().data()), old.size(), values[i]);
+        const std::string_view value = old[i].value;
+        sText.replace(static_cast<std::size_t>(value.data() - header.text().data()), value.size(), values[i]);
     }
     return sText;
 }
@@ -102,7 +103,7 @@ std::string withValues(const DxfRecord& header, const HeaderEntry& entry, const 
 void updateHandleSeed(Database& database)
 {
     const HeaderEntry entry = database.file().headerEntry("$HANDSEED");
-    if (!database.graph().handlesAreWritten() || entry.values.size() != 1)
+    if (!database.graph().handlesAreWritten() || entry.values().size() != 1)
         return;
     DxfRecord& header = *database.file().section("HEADER");
     database.undoList().change(header, withValues(header, entry, {handleText(database.graph().nextHandle())}), {}, {});

@@ -87,7 +87,7 @@ std::string describe(HWND window, HWND parent, const char* sIndent)
     line += format("style=%08x exstyle=%08x", attributeOf(window, GWL_STYLE), attributeOf(window, GWL_EXSTYLE));
     line += fontOf(window);
     if (sClass == WC_TABCONTROLA)
-        line += imagesOf(window);
+        line += imagesOf(window) + format(" name=\"%s\"", textOf(window).c_str());
     if (sClass == TOOLTIPS_CLASSA)
         line += tooltipOf(window);
     if (sClass == "Static")

@@ -126,8 +126,6 @@ bool MainFrame::create(bool visible)
 
 void MainFrame::open(Document& document)
 {
-    if (!m_drawingsShown)
-        return;
     auto view = std::make_unique<DrawingView>(m_application, document);
     DrawingView& opened = *view;
     m_views[&document] = std::move(view);

@@ -37,8 +37,6 @@ public:
 
     bool create(bool visible);
 
-    // Drawings opened from now on have a window, or none: for tests that open many.
-    void setDrawingsShown(bool shown) { m_drawingsShown = shown; }
     // Makes the document's window, without activating another document's meanwhile.
     void open(Document& document);
     void close(Document& document);
@@ -71,7 +69,6 @@ private:
     Application& m_application;
     MdiClient m_client;
     CommandPane m_pane;
-    bool m_drawingsShown = true;
     HACCEL m_accelerators = nullptr;
     std::map<const Document*, std::unique_ptr<DrawingView>> m_views;
 };

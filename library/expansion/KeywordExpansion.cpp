@@ -2,7 +2,6 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/expansion/DatePass.h"
-#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/system/ComputerName.h"

@@ -79,13 +79,7 @@ CDefaultSettings::Keys& CDefaultSettings::findOrAddSection(std::string_view sSec
 // Files are mostly sorted or short: the end is looked at first.
 void CDefaultSettings::assign(Keys& mapKeys, std::string_view sKey, CString sValue)
 {
-    auto it = mapKeys.end();
-    if (!mapKeys.empty() && !mapKeys.key_comp()(std::prev(it)->first, sKey))
-        it = mapKeys.lower_bound(sKey);
-    if (it != mapKeys.end() && !mapKeys.key_comp()(sKey, it->first))
-        it->second = std::move(sValue);
-    else
-        mapKeys.emplace_hint(it, toCString(sKey), std::move(sValue));
+    mapKeys.emplace_hint(mapKeys.end(), toCString(sKey), CString())->second = std::move(sValue);
 }
 
 bool CDefaultSettings::isDefined(const char* sSection, const char* sKey) const

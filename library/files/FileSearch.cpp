@@ -53,6 +53,4 @@ CString findFolderUpwards(const char* sStart, const char* sFileName)
     return withBackslash(sFolder).c_str();
 }
 
-CString findProjectFolder(const char* sStart) { return findFolderUpwards(sStart, kProjectSettings); }
-
 }  // namespace Tesk

@@ -1,13 +1,10 @@
 #pragma once
 
-// Which files and folders exist, and the search for a project's folder.
+// Which files and folders exist, and the search upwards.
 
 #include "mfc/afx.h"
 
 namespace Tesk {
-
-// At a project's root.
-inline constexpr const char* kProjectSettings = "ProjectSettings.txt";
 
 // A file (not a folder) that can be opened for reading.
 bool fileExists(const char* sPath);
@@ -18,8 +15,5 @@ bool folderExists(const char* sPath);
 // The nearest folder, from `sStart` up to the drive's root, that holds the file; with a
 // trailing backslash. Empty when none does.
 CString findFolderUpwards(const char* sStart, const char* sFileName);
-
-// The same for "ProjectSettings.txt".
-CString findProjectFolder(const char* sStart);
 
 }  // namespace Tesk

@@ -3,6 +3,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
 #include "objectarx/dbapserv.h"
 

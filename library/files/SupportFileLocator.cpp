@@ -76,6 +76,9 @@ private:
 CCache<int> g_specialFolders(64);
 CCache<HMODULE> g_moduleFiles(1);  // the present one's alone: a handle may come again
 CCache<std::string> g_longFolders(1);
+// Who only looks sees these as they were at first.
+CCache<int> g_seenLocations(64);
+CCache<std::string> g_seenProjects(1024);
 
 std::string g_sStandIn;  // for the module's file; empty for the module itself
 
@@ -221,6 +224,14 @@ std::string rawLocation(int iWhere)
     }
 }
 
+std::string readLocation(int iWhere)
+{
+    std::string sPath = rawLocation(iWhere);
+    if (!sPath.empty())
+        sPath = fullPath(sPath);
+    return iWhere < LOCATION_FILES ? withBackslash(sPath) : sPath;
+}
+
 // False when the variable is not set; one that is set may be empty.
 bool environment(const char* sName, std::string& sValue)
 {
@@ -246,10 +257,15 @@ CString getLocation(int iWhere)
     TESK_ASSERT((iWhere != LOCATION_DIRS) && (iWhere != LOCATION_FILES));
     if (iWhere == LOCATION_DIRS || iWhere == LOCATION_FILES)
         return {};
-    std::string sPath = rawLocation(iWhere);
-    if (!sPath.empty())
-        sPath = fullPath(sPath);
-    return (iWhere < LOCATION_FILES ? withBackslash(sPath) : sPath).c_str();
+    return (isLookOnly() ? g_seenLocations.get(iWhere, readLocation) : readLocation(iWhere)).c_str();
+}
+
+CString findProjectFolder(const char* sStart)
+{
+    const auto find = [](const std::string& sFolder) -> std::string {
+        return findFolderUpwards(sFolder.c_str(), kProjectSettings).GetString();
+    };
+    return (isLookOnly() ? g_seenProjects.get(sStart, find) : find(sStart)).c_str();
 }
 
 CString getTitleBlockFile(Layer eLayer, const char* sDrawing)

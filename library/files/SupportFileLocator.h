@@ -44,6 +44,10 @@ enum class Layer { Standard, Domain, Project, Folder };
 // The files that may define a drawing's title block, in the order in which they are asked.
 inline constexpr Layer kTitleBlockLayers[] = {Layer::Project, Layer::Domain, Layer::Standard};
 
+// At a project's root, the nearest folder from `sStart` up to the drive's root that holds it;
+// with a trailing backslash. Empty when none does.
+inline constexpr const char* kProjectSettings = "ProjectSettings.txt";
+CString findProjectFolder(const char* sStart);
 // The path of one of them, which need not be there; empty for a drawing without a project.
 CString getTitleBlockFile(Layer eLayer, const char* sDrawing);
 
@@ -53,7 +57,8 @@ CString getLocation(int iWhere);
 
 // For a program that looks on the module's behalf: from now on this path, of a file that
 // need not exist, stands for the module's, and no look-up changes anything: an
-// administrator's registry values are used but not copied, and no folder is made.
+// administrator's registry values are used but not copied, and no folder is made. Every
+// folder stays where it was found first.
 void lookOnlyAs(const char* sModuleFile);
 bool isLookOnly();
 

@@ -1,7 +1,7 @@
 """Drives the built host and module from outside: a script in, a transcript out.
 
 Run by ctest, which says in ARCH and BUILD which build to drive. By hand:
-    ARCH=x86 BUILD=build/x86 /usr/bin/python3 tests/e2e/test_strip.py -v
+    ARCH=x86 BUILD=build/x86 /usr/bin/python3 tests/e2e/test_options.py -v
 """
 import os
 import pathlib
@@ -27,11 +27,11 @@ time.tzset()
 # The options dialog's controls.
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
 
-STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=(?P<rect>[-\d,]+) "
-                   r"client=(?P<client>[-\d,]+) tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+) active=(?P<active>-?\d+)$")
+STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=[-\d,]+ "
+                   r"client=[-\d,]+ tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+) active=(?P<active>-?\d+)$")
 TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
 TIP = re.compile(r'tip: title="(?P<title>.*)" text="(?P<text>.*)"$')
-ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)(?P<checked> checked=1)?|-)$')
+ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)( checked=1)?|-)$')
 CONTROL = re.compile(r'control (?P<id>\d+): "(?P<text>.*)" checked=(?P<checked>\d+) enabled=(?P<enabled>\d)$')
 
 
@@ -49,7 +49,6 @@ class Tab:
         self.text = match["text"]
         self.image = int(match["image"])
         self.document = match["document"]
-        self.file = self.document.rpartition("\\")[2]
 
 
 class Strip:
@@ -65,8 +64,6 @@ class Strip:
         if not match:
             raise AssertionError(f"not a strip line: {line!r}")
         self.visible = match["visible"] == "1"
-        self.rect = tuple(map(int, match["rect"].split(",")))
-        self.client = tuple(map(int, match["client"].split(",")))
         self.count = int(match["tabs"])
         self.selected = int(match["selected"])
         self.active = int(match["active"])
@@ -109,11 +106,6 @@ class Transcript:
         return [[None if m["id"] is None else
                  (len(m["indent"]) // 2, int(m["id"]), m["caption"], m["enabled"] == "1")
                  for m in block] for block in self._blocks(ITEM)]
-
-    @property
-    def checked(self):
-        """The captions of the checked items of all MENUs."""
-        return [m["caption"] for block in self._blocks(ITEM) for m in block if m["checked"]]
 
     @property
     def dialogs(self):

@@ -12,7 +12,6 @@ from host import ANSI, ARCH, BUILD, REPOSITORY, HostTest, wine
 COPY_PATH, OPEN_FOLDER, HELP = 22388, 22387, 22386
 HELP_TEXT, HELP_LINK, MAIL_LOG, OK = 1010, 1011, 1012, 1
 A100 = r"Projects\Riverside\Drawings\A-100.rev2.dwg"
-ISSUED = r"Projects\Station\Drawings\S-201 issued.dwg"
 EVERYTHING = {
     "PopupCloseOthersText": "Close others", "PopupCloseSavedText": "Close unchanged",
     "PopupCopyPathText": "Copy path", "PopupOpenFolderText": "Open folder",
@@ -85,25 +84,25 @@ class OutsideTest(ExtrasBase):
             time.sleep(0.1)
         return []
 
-    def test_the_folder_in_explorer(self):
-        self.switch_on(**EVERYTHING)
-        self.run_host([f'OPEN "{ISSUED}"', f"MENU 1 {OPEN_FOLDER}", "WAIT 500"])
-        self.assertEqual(len(self.commands()), 1)
-        self.assertRegex(self.commands()[0], r"(?i)^\"?C:\\windows\\explorer\.exe\"? ")
-        self.assertTrue(self.commands()[0].endswith(f'/select,"{self.path(ISSUED)}"'))
-
-    def test_help_and_its_link(self):
-        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="C:\\windows\\calc.exe")
+    def test_the_folder_help_and_its_link(self):
+        self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="www.office.example/cad")
+        self.set_registry({}, {"DebugStartup": 1})
         self.set_default(r"HKLM\Software\Classes\http\shell\open\command", f'"{self.path("recorder.exe")}" "%1"')
         shutil.copy(BUILD / "commandrecorder.exe", self.folder / "recorder.exe")
         transcript = self.run_host([
             f"OPEN {A100}", f"MENU 1 {HELP}", "DIALOG", f"PRESS {HELP_LINK}", "WAIT 200", "PRESS 1",
-            f"MENU 1 {HELP}", "KEY TAB", "KEY TAB", "KEY ENTER", "WAIT 500", "KEY ESCAPE", "STRIP"])
+            f"MENU 1 {HELP}", "KEY TAB", "KEY TAB", "KEY ENTER", "WAIT 500", "KEY ESCAPE", f"MENU 1 {OPEN_FOLDER}", "WAIT 500"])
         self.assertEqual(sorted(transcript.dialogs[0]), [OK, HELP_TEXT, HELP_LINK], "nobody to mail to")
-        self.assertEqual([command.split()[-1] for command in self.commands()], ['"http://www.office.example/cad"'] * 2)
+        self.assertEqual([command.split()[-1] for command in self.commands()], ['"http://www.office.example/cad"'] * 2 + [f'/select,"{self.path(A100)}"'])
 
     def test_the_log_by_mail(self):
-        self.switch_on(**EVERYTHING, SupportAddress="cad@office.example")
+        self.switch_on(**EVERYTHING, SupportAddress="MailTo:cad@office.example")
+        (self.folder / "install/DomainSettings/DomainSettings.txt").unlink()
+        for log in PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/*"):
+            log.unlink()
+        box = self.run_host([f"OPEN {A100}", f"MENU 1 {HELP}", "DIALOG", "PRESS 1"]).dialogs[0]
+        self.assertEqual(sorted(box), [OK, HELP_TEXT, HELP_LINK], "nothing to mail")
+        self.assertRegex(box[HELP_TEXT][0], r"ZavikMDITabs\.log \(not there: .*StandardSettings\.txt\\n +Z:\S+ProjectSettings")
         self.set_registry({}, {"DebugStartup": 1})
         script = [f"OPEN {A100}", f"MENU 1 {HELP}", f"PRESS {MAIL_LOG}", "WAIT 500", "DIALOG", "PRESS 1", "PRESS 1"]
         self.set_default(MAIL, "")
@@ -122,8 +121,8 @@ class OutsideTest(ExtrasBase):
             shown = self.run_host(script if said != HELP_TITLE else script[:-1])
             self.assertIn(said, "\n".join(shown.text.split("Command: DIALOG")[1:]), answer)
         mail = (self.folder / "mail.txt").read_text(ANSI)
-        self.assertIn("dialog: 1\nrecipients: 1\nto: cad@office.example SMTP:cad@office.example\n"
-                      "subject: Zavik ZavikMDITabs", mail)
+        self.assertRegex(mail, "dialog: 1\nrecipients: 1\nto: cad@office.example SMTP:cad@office.example\n"
+                         "subject: Zavik ZavikMDITabs .*\nattachments: 1\n")
         self.assertIn("CARXMDITabs::processPopupMenuItem", mail, "the log as it stands")
         self.assertIn("text: Product: Zavik ZavikMDITabs", mail)
 

@@ -5,7 +5,7 @@ import unittest
 from host import ARCH, MODULE, HostTest
 
 CYCLES = 200
-DRAWINGS = 40  # the thousand are opened without windows, in tests/module
+DRAWINGS = 40
 LOAD, UNLOAD = f"ARX L {MODULE}", "ARX U ZavikMDITabs"
 
 

@@ -155,18 +155,3 @@ TEST_CASE("an exception without a line or of no known kind")
     CHECK(exception.getErrorText(sText));
     CHECK(sText == "Error (<<C:\\Data\\a.ini>>) : Unknown error (extra).");
 }
-
-TEST_CASE("a hundred thousand keys, and lines of a megabyte")
-{
-    const CTestFolder folder;
-    std::string sBytes;
-    for (int i = 0; i < 100'000; ++i)
-        sBytes += "Key" + std::to_string(i * 7919 % 100'003) + " = value " + std::to_string(i) + "\r\n";
-    const std::string sLong(1'000'000, 'x');
-    sBytes += sLong + "=" + sLong + "\n[" + sLong + "]\nk=v";
-    const CDefaultSettings settings({folder.write("a.ini", sBytes).c_str()}, false);
-    CHECK(settings.getValue("", "KEY7919") == "value 1");
-    CHECK(settings.getValue("", sLong.c_str()) == sLong.c_str());
-    CHECK(settings.getValue(sLong.c_str(), "k") == "v");
-    CHECK(contentsOf(folder, "[a" + std::string(200'000, ']') + "\nk=v") == Lines{"[a]", "k=v"});
-}

@@ -48,6 +48,14 @@ std::vector<std::string> dumps(const std::string& sStem)
 
 LONG WINAPI hostsFilter(EXCEPTION_POINTERS*) { return 7; }
 
+bool g_bInterrupted = false;
+
+BOOL WINAPI hostsInterrupt(DWORD)
+{
+    g_bInterrupted = true;
+    return TRUE;
+}
+
 // The flags mask of this program's version resource, whose flags say pre-release.
 DWORD& flagsMask()
 {
@@ -196,6 +204,8 @@ TEST_CASE_FIXTURE(CLibraryFixture, "reports go to the console stream and the log
 
     // Without a stream a console of our own comes and goes; the host's output stays open.
     ::FreeConsole();
+    ::SetConsoleCtrlHandler(nullptr, FALSE);  // not to be ignored
+    ::SetConsoleCtrlHandler(hostsInterrupt, TRUE);
     const HANDLE hOutput = ::GetStdHandle(STD_OUTPUT_HANDLE);
     ::SetStdHandle(STD_OUTPUT_HANDLE, hFile);
     ::SetStdHandle(STD_ERROR_HANDLE, nullptr);
@@ -205,6 +215,7 @@ TEST_CASE_FIXTURE(CLibraryFixture, "reports go to the console stream and the log
     CHECK(::GetConsoleWindow());
     CHECK(::GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));  // ends nothing
     ::Sleep(200);
+    CHECK_FALSE(g_bInterrupted);
     Tesk::terminateLibrary();
     CHECK_FALSE(::GetConsoleWindow());
     CHECK(::GetStdHandle(STD_OUTPUT_HANDLE) == hFile);

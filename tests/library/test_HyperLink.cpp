@@ -1,10 +1,36 @@
 #include "library/controls/HyperLink.h"
 
+#include "library/registry/Registry.h"
 #include "library/system/Handles.h"
+#include "tests/library/Recorders.h"
+#include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
 
 #include <string>
+
+namespace {
+
+// A text of a dialog that has become a link, if the address can be opened.
+struct CText {
+    UniqueWindow m_dialog{
+        ::CreateWindowA("STATIC", "", WS_POPUP | WS_VISIBLE, 0, 0, 400, 90, nullptr, nullptr, nullptr, nullptr)};
+    HWND m_hText = ::CreateWindowA("STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 300, 20, m_dialog.get(),
+                                   reinterpret_cast<HMENU>(INT_PTR{5}), nullptr, nullptr);
+    CWnd m_parent;
+    CHyperLink m_link;
+
+    explicit CText(const char* sAddress)
+    {
+        REQUIRE((m_parent.SubclassWindow(m_dialog.get()) && m_link.Attach(&m_parent, 5, sAddress)));
+    }
+    LRESULT send(UINT uMessage, WPARAM wParam, LPARAM lParam) const
+    {
+        return ::SendMessageA(m_hText, uMessage, wParam, lParam);
+    }
+};
+
+}  // namespace
 
 TEST_CASE("a link opens web and mail addresses alone")
 {
@@ -27,28 +53,51 @@ TEST_CASE("a link opens web and mail addresses alone")
 
 TEST_CASE("a link is as wide as its text, has a hand, the focus and the Enter key; other text has none of it")
 {
-    const UniqueWindow dialog(
-        ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 400, 90, nullptr, nullptr, nullptr, nullptr));
-    CWnd parent;
-    REQUIRE(parent.SubclassWindow(dialog.get()));
     for (const char* sAddress : {"www.office.example", "extension 12"}) {
         const bool bLink = sAddress[0] == 'w';
-        const HWND hText = ::CreateWindowA("STATIC", "", WS_CHILD, 0, 0, 300, 20, dialog.get(),
-                                           reinterpret_cast<HMENU>(INT_PTR{5}), nullptr, nullptr);
-        CHyperLink link;
-        REQUIRE(link.Attach(&parent, 5, sAddress));
+        const CText text(sAddress);
         RECT client;
-        ::GetClientRect(hText, &client);
+        ::GetClientRect(text.m_hText, &client);
         CHECK((client.right < 300) == bLink);
         CHECK((client.right > 20 && client.bottom == 20));
-        CHECK(((::GetWindowLongA(hText, GWL_STYLE) & WS_TABSTOP) != 0) == bLink);
-        CHECK(::SendMessageA(hText, WM_NCHITTEST, 0, 0) == (bLink ? HTCLIENT : HTTRANSPARENT));
-        MSG enter = {hText, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
-        const LRESULT keys = ::SendMessageA(hText, WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&enter));
+        CHECK(((::GetWindowLongA(text.m_hText, GWL_STYLE) & WS_TABSTOP) != 0) == bLink);
+        CHECK(text.send(WM_NCHITTEST, 0, 0) == (bLink ? HTCLIENT : HTTRANSPARENT));
+        MSG enter = {text.m_hText, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+        const LRESULT keys = text.send(WM_GETDLGCODE, VK_RETURN, reinterpret_cast<LPARAM>(&enter));
         CHECK(((keys & DLGC_WANTMESSAGE) != 0) == bLink);
         ::SetCursor(nullptr);
-        ::SendMessageA(hText, WM_SETCURSOR, reinterpret_cast<WPARAM>(hText), HTCLIENT);
+        text.send(WM_SETCURSOR, reinterpret_cast<WPARAM>(text.m_hText), HTCLIENT);
         CHECK((::GetCursor() == ::LoadCursorA(nullptr, reinterpret_cast<const char*>(IDC_HAND))) == bLink);
-        ::DestroyWindow(hText);
     }
+}
+
+TEST_CASE("a link opens by a click that begins and ends on it or by a key, and can be read on any background")
+{
+    const CTestHive classes(HKEY_CLASSES_ROOT);
+    const std::string sProgram = "\"" + besideThisProgram("commandrecorder.exe") + "\" ";
+    Tesk::Registry::SetValue(HKEY_CLASSES_ROOT, "http\\shell\\open\\command", "", (sProgram + "%1").c_str());
+    const CCommands commands;
+    const CText link("www.office.example"), last("www.last.example");
+    const LPARAM inside = MAKELPARAM(5, 5), below = MAKELPARAM(5, 25);
+    link.send(WM_LBUTTONUP, 0, inside);
+    for (const LPARAM up : {below, inside}) {
+        link.send(WM_LBUTTONDOWN, MK_LBUTTON, inside);
+        link.send(WM_LBUTTONUP, 0, up);
+    }
+    const std::string sOpened = sProgram + "http://www.office.example\n";
+    CHECK(commands.first(1) == sOpened);
+    last.send(WM_KEYDOWN, VK_SPACE, 0);
+    CHECK(commands.first(2) == sOpened + sProgram + "http://www.last.example\n");
+
+    const int iColour = COLOR_HOTLIGHT;
+    const COLORREF before = ::GetSysColor(iColour), face = ::GetSysColor(COLOR_BTNFACE);
+    ::SetSysColors(1, &iColour, &face);
+    ::RedrawWindow(last.m_hText, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    ::SetSysColors(1, &iColour, &before);
+    const HDC hdc = ::GetDC(last.m_hText);
+    int iText = 0;
+    for (int i = 0; i < 40 * 10; ++i)
+        iText += ::GetPixel(hdc, 2 + i % 40, 2 + i / 40) == ::GetSysColor(COLOR_BTNTEXT);
+    ::ReleaseDC(last.m_hText, hdc);
+    CHECK(iText > 20);
 }

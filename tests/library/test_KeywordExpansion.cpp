@@ -48,7 +48,7 @@ TEST_CASE("the keywords of a file name")
     CHECK(CExpansion("x").value("DIRECTORY") == "");
 
     const CThreadLocale locale(CThreadLocale::japanese);
-    CHECK(CExpansion("\x83\x41x\\A.dwg").value("DIRECTORY") == "\\");
+    CHECK(CExpansion("\x83\x41\x83\x41\\A.dwg").value("DIRECTORY") == "\\");
     CHECK(CExpansion("C:\\\x95\\\\A.dwg").value("X_FOLDER") == "C:/\x95\\/");
 }
 
@@ -73,7 +73,8 @@ TEST_CASE("without a file name there are the folders, the names and the current 
     // The current time is that of the making; New York is some hours behind.
     const std::string sNow = Tesk::toString(none.expandString("%CURRENT_DATE::|Y-|m-|d |H:|M:|S%"));
     CHECK((sBefore <= sNow && sNow <= sAfter));
-    CHECK(none.expandString("%CURRENT_DATE_UTC::|Y-|m-|d |H%") > sNow.substr(0, 13).c_str());
+    const std::string sUtc = Tesk::toString(none.expandString("%CURRENT_DATE_UTC::|Y-|m-|d |H:|M:|S%"));
+    CHECK((sUtc.substr(0, 13) > sNow.substr(0, 13) && sUtc.substr(13) == sNow.substr(13)));
 }
 
 TEST_CASE("a drawing's project and the time of its file")

@@ -1,7 +1,6 @@
 #include "library/mail/SimpleMail.h"
 #include "library/registry/Registry.h"
-#include "tests/library/Environment.h"
-#include "tests/support/TestFolder.h"
+#include "tests/library/Recorders.h"
 #include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
@@ -12,34 +11,20 @@ namespace {
 
 constexpr char kClients[] = "Software\\Clients\\Mail";
 
-std::string besideThisProgram(const char* sFile)
-{
-    char sProgram[MAX_PATH];
-    ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-    std::string sPath(sProgram);
-    return sPath.replace(sPath.find_last_of('\\') + 1, std::string::npos, sFile);
-}
-
 }  // namespace
 
-TEST_CASE("a mail goes to the registered program with its attachment, and leaves the host as it was")
+TEST_CASE("a mail goes to the registered program, which leaves the host as it was")
 {
     const CTestHive user;
     const CTestHive machine(HKEY_LOCAL_MACHINE);
     Registry::SetValue(HKEY_LOCAL_MACHINE, (std::string(kClients) + "\\Recorder").c_str(), "DLLPath",
                        besideThisProgram("mailrecorder.dll").c_str());
-    const CTestFolder folder;
-    const CEnvironment record("MAIL_RECORD", folder.path("mail.txt").c_str());
-    const Mail::CMessage message = {"cad@office.example", "Trouble", "It does this.",
-                                    folder.write("a log.txt", "line\n").c_str()};
+    const Mail::CMessage message = {"cad@office.example", "Trouble", "It does this.", ""};
     const HWND hOwner = ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
 
     CHECK(Mail::compose(hOwner, message) == Mail::Result::noProgram);  // registered, but nobody's default
     Registry::SetValue(HKEY_LOCAL_MACHINE, kClients, "", "Recorder");
     CHECK(Mail::compose(hOwner, message) == Mail::Result::done);
-    const std::string sMail = CTestFolder::read(folder.path("mail.txt"));
-    CHECK(sMail.find("recipients: 1\n") != std::string::npos);
-    CHECK(sMail.find("attachments: 1\n") != std::string::npos);  // none within the text
     CHECK(::IsWindowEnabled(hOwner));
     CHECK(::GetActiveWindow() == hOwner);
     char sFolder[MAX_PATH];

@@ -120,6 +120,8 @@ TEST_CASE("a file that does not open raises its error number and path")
     CHECK(fileErrorOf([&] { Tesk::readAnsiTextFileLines(sMissing, vNarrow); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sMissing, {"a"}, true); }) == sError);
     CHECK(fileErrorOf([&] { Tesk::writeTextFileLines(sFolder, {"a"}, false); }) == "13 " + std::string(sFolder));
+    CHECK(fileErrorOf([&] { Tesk::readAnsiTextFileLines("Z:\\proc\\self\\mem", vNarrow); }) ==
+          "22 Z:\\proc\\self\\mem");
     // On a full device, seen in the text or at its line's end.
     for (const std::size_t length : {100'000u, 1u}) {
         const std::vector<CString> vLines{std::string(length, 'x').c_str()};

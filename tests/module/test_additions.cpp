@@ -16,7 +16,8 @@ namespace {
 
 struct AdditionsFixture : ModuleFixture {
     explicit AdditionsFixture(const std::string& texts = "PopupCloseOthersText = Others\nPopupCloseSavedText = Saved\n"
-                                                         "PopupCopyPathText = Copy\nPopupOpenFolderText = Folder\n")
+                                                         "PopupCopyPathText = Copy\nPopupOpenFolderText = Folder\n"
+                                                         "PopupDrawingsText = Drawings\n")
     {
         folder.write("MDITabs.ini", texts);
         load();
@@ -217,6 +218,40 @@ TEST_CASE_FIXTURE(AdditionsFixture, "the middle button closes the tab on which i
         app.pumpUntilIdle();
         CHECK(tabs().empty());
     }
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "the list of drawings has their names as they are, and an end")
+{
+    AcApDocument* pFirst = open("a&b.dwg");
+    AcApDocument* pSecond = open("c.dwg");
+    TCITEMA tab = {};
+    for (int i = 0; i < 999; ++i)
+        m_pWndTabs->InsertItem(2, &tab);
+    const std::string items = app.execute("MENU 0").output;
+    CHECK(items.find("item 21000: \"a&&b\"") != std::string::npos);
+    CHECK(items.find("item 21999: ") != std::string::npos);
+    CHECK(items.find("item 22000: ") == std::string::npos);
+    // One that has been closed while it was shown.
+    close(pSecond);
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    choose(pFirst, IDC_DYNAMIC_MENU_DRAWINGS + 1);
+    CHECK(answers.assertions() == "");
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "a path that is not copied and a folder that is not opened are told of")
+{
+    folder.write("sub\\MDITabs.ini", "PopupCopyPathText = Copy\nPopupOpenFolderText = Folder\n");
+    AcApDocument* pDocument = open("sub\\a.dwg");
+    const Answers answers;
+    ::OpenClipboard(frame);
+    choose(pDocument, IDC_DYNAMIC_MENU_COPY_PATH);
+    ::CloseClipboard();
+    ::MoveFileA(folder.path("sub").c_str(), folder.path("other").c_str());
+    choose(pDocument, IDC_DYNAMIC_MENU_OPEN_FOLDER);
+    REQUIRE(answers.boxes().size() == 2);
+    CHECK(answers.boxes()[0].text == "The path could not be copied: another program is using the clipboard.");
+    CHECK(answers.boxes()[1].text == "The drawing's folder could not be opened.");
 }
 
 TEST_CASE_FIXTURE(AdditionsFixture, "what is not switched on cannot be chosen by its number either")

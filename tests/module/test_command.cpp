@@ -3,6 +3,7 @@
 #include "ModuleFixture.h"
 #include "host/drawing/Faults.h"
 #include "host/ui/MainFrame.h"
+#include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/AcadARXUtil.h"
 #include "module/ZavikMDITabs.h"
@@ -26,6 +27,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "a strip that is there, or is not, where it sho
         pForward(pDocument);
         CHECK(answers.boxes().size() == before + 1);
     }
+    close(pDocument);
     createTabWindow();
     createTabWindow();
     const std::string missing = "ZavikMDITabs: m_pWndTabs != NULL\n";
@@ -54,10 +56,16 @@ TEST_CASE_FIXTURE(ModuleFixture, "the options can be reached although the strip 
     CHECK(host::Faults::fired());
     host::Faults::clear();
     const Answers answers;
-    const HINSTANCE resources = AfxGetResourceHandle();
+    const HINSTANCE own = AfxGetResourceHandle(), host = ::GetModuleHandleA("cadmfc.dll");
+    AfxSetResourceHandle(host);
     type("ZavikMDITabs");
     CHECK(answers.optionsShown() == 1);
-    CHECK(AfxGetResourceHandle() == resources);
+    CHECK(AfxGetResourceHandle() == host);
+    AfxSetResourceHandle(own);
+    // Nor is there more than the name to show of a drawing.
+    open("b.dwg");
+    moveMouse(0);
+    CHECK(run("MENU 0"));
 }
 
 TEST_CASE_FIXTURE(ModuleFixture, "options that cannot be stored leave the strip alone and the user informed")
@@ -94,7 +102,6 @@ TEST_CASE_FIXTURE(ModuleFixture, "nothing of the module stays in the host, whate
     };
     const auto before = listeners();
     const Answers answers;
-    Tesk::setDiagnosticsLevel(1);
     SUBCASE("the strip is switched off while it is up")
     {
         load();
@@ -115,10 +122,13 @@ TEST_CASE_FIXTURE(ModuleFixture, "nothing of the module stays in the host, whate
         load();
         host::Faults::throwNth("AcApDocManager::newAcApDocumentIterator", 2, [] { throw 1; });
     }
+    CHECK(Tesk::G_pMiniDumper == nullptr);
+    Tesk::setDiagnosticsLevel(1);
     CHECK(unload() == "");
     host::Faults::clear();
     CHECK(strip() == nullptr);
     CHECK(listeners() == before);
+    CHECK_FALSE(run("ZavikMDITabs"));
     CHECK(answers.assertions() == "");
 }
 
@@ -128,9 +138,11 @@ TEST_CASE_FIXTURE(ModuleFixture, "icons that are switched on later are there")
     load();
     open("a.dwg");
     Answers answers([](HWND dialog, int) {
+        CHECK_FALSE(Answers::isChecked(dialog, IDC_DEBUG));
         Answers::press(dialog, IDC_SHOW_ICONS);
         Answers::press(dialog, IDOK);
     });
+    Tesk::setDiagnosticsLevel(1);
     const auto icons = [this] {
         return ::ImageList_GetImageCount(reinterpret_cast<HIMAGELIST>(::SendMessageA(strip(), TCM_GETIMAGELIST, 0, 0)));
     };

@@ -91,10 +91,13 @@ TEST_CASE_FIXTURE(DrawingHost, "attached and loaded references are listed in the
                                                    .insert("*Paper_Space"));
     CHECK(xrefs(pDatabase) == std::vector{path("zeta.dwg"), path("Alpha.dwg"), path("zeta.dwg")});
 
-    // A record that does not open is passed over.
-    Faults::failNth("AcDbBlockTableIterator::getRecord", 2);
-    CHECK(xrefs(pDatabase) == std::vector{path("Alpha.dwg"), path("zeta.dwg")});
-    Faults::clear();
+    // A record that does not open, or whose file the host does not name, is passed over.
+    for (const auto& [call, nth] :
+         {std::pair("AcDbBlockTableIterator::getRecord", 2), {"acdbOriginalXrefFullPathFor", 1}}) {
+        Faults::failNth(call, nth);
+        CHECK(xrefs(pDatabase) == std::vector{path("Alpha.dwg"), path("zeta.dwg")});
+        Faults::clear();
+    }
 }
 
 TEST_CASE_FIXTURE(DrawingHost, "an object without a drawing")

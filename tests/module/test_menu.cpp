@@ -145,19 +145,33 @@ TEST_CASE_FIXTURE(MenuFixture, "what goes on around the menu does not disturb it
     SUBCASE("nor is the strip, when it goes meanwhile")
     {
         const MenuWatch watch([&] {
+            for (const WPARAM key : {VK_DOWN, VK_RETURN})
+                ::PostMessageA(frame, WM_KEYDOWN, key, 1);
             unload();
-            ::EndMenu();
         });
         m_pWndTabs->popupMenu(pFirst, 10, 10);
         CHECK(watch.wasUp());
-        CHECK(strip() == nullptr);
+        app.pumpUntilIdle();
+        CHECK(app.commandLine().history() == "");
+    }
+    SUBCASE("the button that brought it up chooses too")
+    {
+        const MenuWatch watch([&] {
+            for (const UINT message : {WM_RBUTTONDOWN, WM_RBUTTONUP})
+                ::PostMessageA(strip(), message, 0, MAKELPARAM(120, 85));
+            ::PostMessageA(strip(), WM_KEYDOWN, VK_ESCAPE, 1);
+        });
+        m_pWndTabs->popupMenu(pFirst, 100, 100);
+        app.pumpUntilIdle();
+        CHECK(app.commandLine().history() == "Command: _.QSAVE\n");
     }
     SUBCASE("the frame hears of it first")
     {
         const EagerFrame eager(*this);
-        menu("0");
-        REQUIRE(EagerFrame::s_told.size() == 1);
-        CHECK(EagerFrame::s_told[0].second == 0);
+        CMenu popup;
+        popup.CreatePopupMenu();
+        ::SendMessageA(strip(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup.m_hMenu), MAKELPARAM(3, TRUE));
+        CHECK(EagerFrame::s_told == std::vector{std::pair(popup.m_hMenu, LPARAM{MAKELPARAM(3, TRUE)})});
     }
 }
 
@@ -180,6 +194,18 @@ TEST_CASE_FIXTURE(MenuFixture, "external references are listed and opened as the
         CHECK(items.find("item 22395: \"ref b.dwg\" enabled=1\n") != std::string::npos);
         CHECK(app.commandLine().history().find("error opening \"" + gone + "\"\n") != std::string::npos);
         CHECK(tabs() == Texts{"main"});
+    }
+    SUBCASE("those that were shown, though the drawing has others by now")
+    {
+        const MenuWatch watch([&] {
+            CEditorReactor::getReactor()->getDatabaseData(pDocument).xrefPaths().erase(
+                m_pWndTabs->getXrefs(pDocument).begin());
+            for (const WPARAM key : {VK_UP, VK_RIGHT, VK_RETURN})
+                ::PostMessageA(strip(), WM_KEYDOWN, key, 1);
+        });
+        m_pWndTabs->popupMenu(pDocument, 10, 10);
+        app.pumpUntilIdle();
+        CHECK(tabs() == Texts{"main", "ref a"});
     }
     SUBCASE("none, where the drawing's data cannot be read")
     {

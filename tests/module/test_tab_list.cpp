@@ -5,6 +5,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
 #include "reactors/DocManagerReactor.h"
+#include "reactors/EditorReactor.h"
 #include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
@@ -45,10 +46,15 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under th
     }
     SUBCASE("which goes with its drawing")
     {
-        REQUIRE(run("HOVER 1"));
-        CHECK(::IsWindowVisible(balloonWindow()));
-        close(pSecond);
-        CHECK_FALSE(::IsWindowVisible(balloonWindow()));
+        for (const bool bChanged : {false, true}) {
+            REQUIRE(run("HOVER 1"));
+            CHECK(::IsWindowVisible(balloonWindow()));
+            if (bChanged)
+                m_pWndTabs->updateDocumentModified(pSecond);
+            m_pWndTabs->removeDocument(pSecond);
+            CHECK_FALSE(::IsWindowVisible(balloonWindow()));
+            m_pWndTabs->addDocument(pSecond);
+        }
     }
     SUBCASE("and not the text of an empty place")
     {
@@ -89,7 +95,9 @@ TEST_CASE_FIXTURE(ModuleFixture, "broken preconditions are reported and the work
     {
         m_pWndTabs->addDocument(nullptr);
         m_pWndTabs->saveDocument(nullptr);
-        CHECK(answers.assertions() == "ARXMDITabs: pDocument != NULL\nARXMDITabs: pDocument != NULL\n");
+        CEditorReactor::getReactor()->getDatabaseData(nullptr);
+        CHECK(answers.assertions() == "ARXMDITabs: pDocument != NULL\nARXMDITabs: pDocument != NULL\n"
+                                      "EditorReactor: pDocument != NULL\nEditorReactor: pDatabase != NULL\n");
     }
     SUBCASE("a document's second tab, and what is not there any more")
     {
@@ -105,11 +113,14 @@ TEST_CASE_FIXTURE(ModuleFixture, "broken preconditions are reported and the work
     }
     SUBCASE("another drawing is the current one, not the active one, when the tabs are made anew")
     {
-        open("b.dwg");
+        AcApDocument* pSecond = open("b.dwg");
         app.documents().setCurrent(static_cast<host::Document*>(pDocument));
         CDocManagerReactor::getReactor()->refreshDocuments();
         CHECK(selected() == 1);
-        close(app.documents().active());
+        app.documents().setCurrent(nullptr);
+        click(0);
+        CHECK(answers.assertions() == "ARXMDITabs: pCurrent != NULL\n");
+        close(pSecond);
     }
     SUBCASE("a document announced twice")
     {

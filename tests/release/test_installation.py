@@ -294,6 +294,7 @@ class Packages(unittest.TestCase):
 
         self.assertEqual(reason(self.build()), "")
         for part, path in (("no Windows program", lambda: REPOSITORY / "README.md"),
+                           ("its end is missing", lambda: os.truncate(path := self.build("-shared", "-s"), 8000) or path),
                            ("not 32-bit", lambda: self.build(compiler="x86_64")),
                            ("not a DLL", lambda: self.build("-s")),
                            ("does not export acrxEntryPoint,", lambda: self.build(entry="entryPoint")),

@@ -33,10 +33,12 @@ END_MESSAGE_MAP()
 
 }  // namespace
 
-TEST_CASE("a dialog without a parent stops the window that is worked with, and ends with Escape")
+TEST_CASE("a dialog without a parent stops the window that is worked with or would be, and ends with Escape")
 {
     TestFrame frame;
     frame.ShowWindow(SW_SHOW);
+    SUBCASE("in the foreground") {}
+    SUBCASE("in the background") { ::SetActiveWindow(nullptr); }
     bool ownerWorked = true;
     Dialog dialog(nullptr, [&](Dialog& d) {
         ownerWorked = frame.IsWindowEnabled();

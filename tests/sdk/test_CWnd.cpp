@@ -157,6 +157,11 @@ TEST_CASE("handlers get their message's parameters; subclassing ends with the wi
     window.MoveWindow(RECT{0, 0, 40, 40});
     CHECK(window.m_sizes == 1);
 
+    {
+        Handling foreign;  // a window that it cannot destroy
+        CHECK(foreign.SubclassWindow(::GetDesktopWindow()));
+    }
+    CHECK(CWnd::FromHandlePermanent(::GetDesktopWindow()) == nullptr);
     CHECK(window.UnsubclassWindow() == raw);
     CHECK(::GetWindowLongPtrA(raw, GWLP_WNDPROC) == procedure);
     CHECK_FALSE(gone);
