@@ -24,12 +24,15 @@ void CClosing::closeNext()
     const auto passOver = [this](AcApDocument* pDocument) {
         return m_bUnchanged && CDocManagerReactor::isDatabaseModified(pDocument);
     };
-    m_vecDue.erase(m_vecDue.begin(), std::find_if_not(m_vecDue.begin(), m_vecDue.end(), passOver));
-    if (m_vecDue.empty() ||
-        acDocManager->sendStringToExecute(m_vecDue.front(), "_.CLOSE\n", false, true, true) != Acad::eOk)
+    const auto ask = [&] {
+        m_vecDue.erase(m_vecDue.begin(), std::find_if_not(m_vecDue.begin(), m_vecDue.end(), passOver));
+        m_pAsked = m_vecDue.empty() ? nullptr : m_vecDue.front();
+        if (m_pAsked == nullptr ||
+            acDocManager->sendStringToExecute(m_pAsked, "_.CLOSE\n", false, true, true) != Acad::eOk)
+            stop();
+    };
+    if (!Tesk::guarded("CClosing::closeNext", ask))
         stop();
-    else
-        m_pAsked = m_vecDue.front();
 }
 
 void CClosing::announced(AcApDocument* pDocument)
@@ -41,8 +44,8 @@ void CClosing::announced(AcApDocument* pDocument)
 
 void CClosing::CDocumentListener::documentDestroyed(const char*)
 {
-    if (m_closing.m_pAsked == nullptr && !Tesk::guarded("CClosing::closeNext", [this] { m_closing.closeNext(); }))
-        m_closing.stop();
+    if (m_closing.m_pAsked == nullptr)
+        m_closing.closeNext();
 }
 
 void CClosing::stop()

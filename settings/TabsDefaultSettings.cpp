@@ -70,8 +70,8 @@ bool CTabsDefaultSettings::loadReadable()
             copy.sReason = Tesk::takeExceptionText(pException);
             if (copy.sReason.IsEmpty())
                 copy.sReason = "unknown error";
-        } catch (const std::exception& exception) {
-            copy.sReason = exception.what();
+        } catch (const std::exception&) {
+            copy.sReason = "it is too large for the memory";
             return false;
         }
     }

@@ -67,8 +67,8 @@ SourceFile::SourceFile(const std::string& sPath, Form form) : m_path(sPath)
     } catch (CException* pException) {
         m_problems.push_back(problemAt(true, 0, 0, Tesk::takeExceptionText(pException).GetString(), {}));
         m_problems.back().unchecked = true;
-    } catch (const std::exception& exception) {
-        m_problems.push_back(problemAt(true, 0, 0, std::string("it cannot be read: ") + exception.what(), {}));
+    } catch (const std::exception&) {
+        m_problems.push_back(problemAt(true, 0, 0, "it cannot be read: it is too large for the memory", {}));
         m_problems.back().unchecked = true;
     }
 }

@@ -190,10 +190,9 @@ CSettingsFile::CSettingsFile(const char* sPath)
         read(sPath);
     } catch (CException* e) {
         e->Delete();
-    } catch (const std::exception& e) {
-        // Too large for the memory, above all.
+    } catch (const std::exception&) {
         *this = CSettingsFile();
-        TESK_TRACE("CSettingsFile: \"%s\" is left out: %s\n", sPath, e.what());
+        TESK_TRACE("CSettingsFile: \"%s\" is left out: it is too large for the memory\n", sPath);
     }
 }
 
