@@ -54,7 +54,12 @@ std::string Console::toConsole(std::string_view sText) const
 {
     std::wstring sWide = Tesk::toWide(sText);  // a name of a file may hold them
     std::replace_if(sWide.begin(), sWide.end(), isControl, L' ');
-    return encode(sWide, m_codePage);
+    std::string sBytes = encode(sWide, m_codePage);
+    // A code page may show some of its control characters as signs: a bullet is the bell's.
+    std::replace_if(
+        sBytes.begin(), sBytes.end(), [](char c) { return (c & 0x80) == 0 && isControl(static_cast<wchar_t>(c)); },
+        '?');
+    return sBytes;
 }
 
 void Console::print(std::string_view sText) { printBytes(toConsole(sText)); }
