@@ -95,7 +95,7 @@ private:
         m_mapping.clear();
         if (entry.m_block != ProjectBlock::Unknown || isRemark(entry))
             return;  // what a remark costs is told at the block that it costs
-        if (entry.m_uLine != 1 || m_source.problems().empty())  // else the mark of an encoding
+        if (entry.m_uLine != 1 || !m_source.marked())
             add(false, entry,
                 "unknown keyword \"" + std::string(firstWord(entry)) + "\": skipped with its block" +
                     suggestion(entry.m_sKey, unusedKeywords()));
@@ -147,7 +147,7 @@ private:
                                : "a line \"}\" is missing before line " + std::to_string(entry.m_uLine);
         if (isRemark(*m_block))
             tellRemark("the block " + nameOf(entry));
-        else
+        else if (m_block->m_uLine != 1 || !m_source.marked())
             add(true, entry,
                 std::string(firstWord(entry)) + " stands inside the block " + nameOf(*m_block) +
                     ", and is lost: " + sWhere);

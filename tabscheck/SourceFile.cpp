@@ -59,6 +59,7 @@ SourceFile::SourceFile(const std::string& sPath, Form form) : m_path(sPath)
                 m_texts.push_back(entry);
         }
         checkMark(form);
+        m_marked = !m_problems.empty();
         m_contents->rewind();
         if (m_contents->isUnicode())
             checkWideLines();

@@ -149,8 +149,7 @@ private:
         }
         keys.insert(sKey);
         if (pKey == nullptr) {
-            // The mark of an encoding, which is told already, stands before the key.
-            if (entry.m_uLine != 1 || file.problems().empty())
+            if (entry.m_uLine != 1 || !file.marked())
                 add(file, false, entry,
                     "unknown key \"" + sKey + "\": the strip does not read it" + suggestion(sKey, unusedKeys(file)));
             return;

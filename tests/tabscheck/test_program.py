@@ -26,14 +26,14 @@ class ProgramTest(CheckerTest):
 
     def test_exit_codes(self):
         self.write({"clean/D.dwg": drawing(), "odd/D.dwg": drawing(), "odd/MDITabs.ini": "Colour=red\n",
-                    "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "read/secret.dwg": drawing(),
+                    "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "bad/MDITabs4.ini": "", "read/secret.dwg": drawing(),
                     "closed/D.dwg": drawing(), "closed/MDITabs.ini": "", "shut/D/D.dwg": drawing(), "shut/ProjectSettings.txt": ""})
         for name in ("read/secret.dwg", "closed/MDITabs.ini", "shut/ProjectSettings.txt"):
             (self.folder / name).chmod(0)
         for code, *arguments in (
                 (CLEAN, "clean", "clean/new.dwg"), (CLEAN, "odd"), (PROBLEMS, "--strict", "odd"), (PROBLEMS, "bad", "clean"),
                 (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (CLEAN, "cle*"),
-                (UNCHECKED, "cle*x"), (UNCHECKED, "shut"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"),
+                (UNCHECKED, "cle*x"), (UNCHECKED, "shut"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"), (PROBLEMS, "--strict", "bad/MDITabs4.ini"),
                 (PROBLEMS, "--root", "clean", "clean"), (UNCHECKED, "closed"), (UNCHECKED, "--json", "--problems", "clean"), (CLEAN, "clean/D.*"),
                 (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean")):
             with self.subTest(arguments):
