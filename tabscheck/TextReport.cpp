@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t kMostNames = 3;
 constexpr std::size_t kShownBefore = 60;  // of a long line, around the caret
 constexpr std::size_t kShownBehind = 60;
+constexpr std::size_t kShownOfText = 180;  // at either end
 
 std::string padded(std::string_view sText, std::size_t width)
 {
@@ -232,7 +233,10 @@ void TextReport::printProblem(const Problem& problem, const std::string& sWhom)
 {
     const std::string sPlace =
         problem.line == 0 ? problem.file : at(problem.file, problem.line) + ":" + std::to_string(problem.column);
-    print(sPlace + (problem.error ? ": error: " : ": warning: ") + visible(problem.text) + sWhom + excerpt(problem));
+    std::string sText = visible(problem.text);
+    if (sText.size() > 2 * kShownOfText)
+        sText.replace(kShownOfText, sText.size() - 2 * kShownOfText, "...");
+    print(sPlace + (problem.error ? ": error: " : ": warning: ") + sText + sWhom + excerpt(problem));
 }
 
 }  // namespace tabscheck

@@ -2,7 +2,6 @@
 #include "library/text/StringView.h"
 
 #include "tests/library/Raised.h"
-#include "tests/library/TestRandom.h"
 #include "tests/support/TestFolder.h"
 
 #include <windows.h>
@@ -146,19 +145,4 @@ TEST_CASE("a file that cannot be read leaves the defaults; reading it says why")
     CHECK(fileErrorOf([&] { settings.read(sOther.c_str()); }) == "2 " + sOther);
     CHECK(!settings.m_bValid);
     CHECK(settings.m_sProjectLabel == "");
-}
-
-TEST_CASE("whatever a file holds, what follows is read")
-{
-    CTestRandom random;
-    CAPTURE(random.seed());
-    for (int i = 0; i < 5000; ++i) {
-        const std::string sLines =
-            random.text("PROJECTPATH\n PROJECTLABEL\n ISSUE\n CADSTANDARDS\n TITLEBLOCKS\n MOCKBORDERS\n JOBTITLE\n "
-                        "BORDER \n \n { } "
-                        "\n{\n \n}\n # // \" \" ' + & . \\ / : ; \t \x81 \xff \x01 a B DEFAULTSPACE MODEL = %s",
-                        60);
-        CAPTURE(sLines);
-        REQUIRE(parse(sLines + "\n}\nJOBNUMBER\n{\n7\n}").m_sJobNumber == "7");
-    }
 }
