@@ -86,7 +86,7 @@ void TextReport::add(DrawingReport report)
 {
     ++(report.settingsFile ? m_files : m_count);
     for (const Problem& problem : std::set<Problem>(report.problems.begin(), report.problems.end()))
-        ++m_problems[problem];
+        m_problems[problem] += report.settingsFile ? 0 : 1;
     if (m_problemsAlone)
         return;
     if (!m_run.empty() &&
@@ -102,7 +102,7 @@ void TextReport::finish()
     for (const auto& [problem, count] : m_problems) {
         errors += problem.error ? 1 : 0;
         if (m_problemsAlone)
-            printProblem(problem, m_count == 0 ? "" : " [" + counted(count, "drawing") + "]");
+            printProblem(problem, count == 0 ? "" : " [" + counted(count, "drawing") + "]");
     }
     print((m_count == 0 && m_files != 0 ? counted(m_files, "file") : counted(m_count, "drawing")) +
           " checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning"));
