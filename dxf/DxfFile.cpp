@@ -117,7 +117,8 @@ void DxfFile::scan(const std::string& sName)
     if (bytes.starts_with(kBinaryDxf))
         fail(nullptr, "binary DXF cannot be read");
     if (isOldDrawing(bytes))
-        fail(nullptr, "a binary drawing from before R9 (" + m_bytes.substr(0, 6) + ") cannot be read");
+        fail(nullptr,
+             "a binary drawing from before R9 (" + std::string(m_bytes.substr(0, 6).c_str()) + ") cannot be read");
     if (const std::size_t nul = bytes.find('\0'); nul != std::string_view::npos)
         fail(bytes.data() + nul, "NUL byte in the text");
     const std::size_t firstEnd = bytes.find('\n');

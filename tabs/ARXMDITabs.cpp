@@ -76,13 +76,11 @@ void CARXMDITabs::removeDocument(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem != -1)
         TESK_VERIFY(DeleteItem(iItem));
-    // Empty after an update, it may be any drawing's.
-    if (m_sToolTipDocument.IsEmpty() || m_sToolTipDocument.Compare(pDocument->fileName()) == 0)
-        hideToolTip();
+    hideToolTip();
     askAdditions([=](CTabAdditions& additions) { additions.tabRemoved(pDocument); });
 }
 
-// The balloon would go on naming a drawing that is closed under the mouse.
+// The balloon would go on naming a drawing that is closed, or has moved away, under the mouse.
 void CARXMDITabs::hideToolTip()
 {
     m_sToolTipDocument.Empty();

@@ -21,12 +21,6 @@ std::string encode(const std::wstring& sWide, UINT uCodePage)
     return sBytes;
 }
 
-// A name of a file may hold what a terminal would obey.
-bool isControl(wchar_t c)
-{
-    return (c < L' ' && c != L'\r' && c != L'\n') || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
-}
-
 bool isTerminal(HANDLE handle)
 {
     DWORD mode = 0;
@@ -35,7 +29,12 @@ bool isTerminal(HANDLE handle)
 
 }  // namespace
 
-std::string toUtf8(std::string_view sText) { return encode(Tesk::toWide(sText), CP_UTF8); }
+std::string toUtf8(const std::wstring& sText) { return encode(sText, CP_UTF8); }
+
+bool isControl(wchar_t c)
+{
+    return (c < L' ' && c != L'\r' && c != L'\n') || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
+}
 
 // A program without a console, such as at the end of a pipe, writes in the code page that
 // a console would have.
@@ -53,9 +52,14 @@ Console::~Console() { flush(); }
 
 std::string Console::toConsole(std::string_view sText) const
 {
-    std::wstring sWide = Tesk::toWide(sText);
+    std::wstring sWide = Tesk::toWide(sText);  // a name of a file may hold them
     std::replace_if(sWide.begin(), sWide.end(), isControl, L' ');
-    return encode(sWide, m_codePage);
+    std::string sBytes = encode(sWide, m_codePage);
+    // A code page may show some of its control characters as signs: a bullet is the bell's.
+    std::replace_if(
+        sBytes.begin(), sBytes.end(), [](char c) { return (c & 0x80) == 0 && isControl(static_cast<wchar_t>(c)); },
+        '?');
+    return sBytes;
 }
 
 void Console::print(std::string_view sText) { printBytes(toConsole(sText)); }

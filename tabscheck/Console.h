@@ -40,7 +40,9 @@ private:
     std::string m_pending;
 };
 
-// In UTF-8.
-std::string toUtf8(std::string_view sText);
+std::string toUtf8(const std::wstring& sText);
+
+// What a terminal would obey; line ends are none.
+bool isControl(wchar_t c);
 
 }  // namespace tabscheck

@@ -281,6 +281,11 @@ void DrawingCheck::checkSettingsFile(DrawingReport& report)
 {
     report.settingsFile = true;
     std::vector<Problem>& problems = report.problems;
+    for (const Problem& problem : m_names.of(Tesk::CPathParts(report.path).parent(), m_projects.of(report.path).root))
+        if (Tesk::MultiByte::equalNoCase(problem.file, report.path))
+            problems.push_back(problem);
+    if (!problems.empty())
+        return;
     if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).m_sExtension, ".txt")) {
         problems = m_projects.get(Layer::Project, report.path).problems;
         return;

@@ -1,9 +1,12 @@
 #include "tabscheck/JsonReport.h"
 
+#include "library/text/CodePage.h"
+
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
 
-#include <cstdio>
+#include <cwchar>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -17,15 +20,15 @@ std::string toJson(unsigned value) { return std::to_string(value); }
 
 std::string toJson(std::string_view sText)
 {
-    std::string sQuoted = "\"";
-    for (const char c : toUtf8(sText)) {
-        char sEscape[8] = {c};
-        if (static_cast<unsigned char>(c) < ' ')
-            std::snprintf(sEscape, sizeof sEscape, "\\u%04x", static_cast<unsigned>(c));
-        sQuoted += c == '"' || c == '\\' ? "\\" : "";
+    std::wstring sQuoted;
+    for (const wchar_t c : Tesk::toWide(sText)) {
+        wchar_t sEscape[8] = {c};
+        if (c < L' ' || isControl(c))
+            std::swprintf(sEscape, std::size(sEscape), L"\\u%04x", static_cast<unsigned>(c));
+        sQuoted += c == L'"' || c == L'\\' ? L"\\" : L"";
         sQuoted += sEscape;
     }
-    return sQuoted + "\"";
+    return "\"" + toUtf8(sQuoted) + "\"";
 }
 
 std::string toJson(const std::string& sText) { return toJson(std::string_view(sText)); }

@@ -5,6 +5,7 @@
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
+#include "tabscheck/SourceFile.h"
 #include "tabscheck/Spelling.h"
 
 #include <algorithm>
@@ -21,9 +22,9 @@ constexpr std::size_t kMostEdits = 2;
 
 bool isMeantAs(const std::string& sName, const std::string& sWanted)
 {
-    static const boost::regex sTexts("MDITabs.*\\.ini", boost::regex::icase);
+    static const boost::regex sTexts("MDITabs.*\\.ini(\\.txt)?", boost::regex::icase);
     // "16.0" or "AutoCAD_16.0" behind the name.
-    static const boost::regex sForAHost("MDITabs(.*_)?\\d+\\.[\\d.]+\\.ini", boost::regex::icase);
+    static const boost::regex sForAHost("MDITabs([^_].*_)?\\d+\\.[\\d.]+\\.ini", boost::regex::icase);
     if (equalNoCase(sName, sWanted + kDoubled))
         return true;
     return sWanted == kTexts && boost::regex_match(sName, sTexts) ? !boost::regex_match(sName, sForAHost)
@@ -45,14 +46,18 @@ const std::vector<FolderEntry>& NameCheck::entries(const std::string& sFolder)
     return found->second;
 }
 
+bool NameCheck::has(const std::string& sFolder, const std::string& sName)
+{
+    const std::vector<FolderEntry>& all = entries(sFolder);
+    return std::any_of(all.begin(), all.end(), [&](const FolderEntry& e) { return equalNoCase(e.name, sName); });
+}
+
 void NameCheck::look(const Wanted& wanted, std::vector<Problem>& problems)
 {
     const std::string sWanted = wanted.name;
     const bool folder = Tesk::CPathParts(sWanted).m_sExtension.empty();
-    const std::vector<FolderEntry>& all = entries(wanted.folder);
-    const bool there =
-        std::any_of(all.begin(), all.end(), [&](const FolderEntry& e) { return equalNoCase(e.name, sWanted); });
-    for (const FolderEntry& entry : all) {
+    const bool there = has(wanted.folder, sWanted);
+    for (const FolderEntry& entry : entries(wanted.folder)) {
         const bool same = equalNoCase(entry.name, sWanted);
         if (entry.folder != folder || (same ? wanted.meant.empty() : !isMeantAs(entry.name, sWanted)))
             continue;
@@ -78,6 +83,9 @@ const std::vector<Problem>& NameCheck::of(const std::string& sFolder, const std:
         rows.push_back({sUp, Tesk::kProjectSettings, ""});
         if (sUp == sRoot)
             break;
+        // One that does not open is passed over, and makes no project.
+        if (has(sUp, Tesk::kProjectSettings))
+            placeOf(Layer::Project, sUp + Tesk::kProjectSettings, found->second);
     }
     if (!sRoot.empty())
         rows.push_back({sRoot, "Settings", ""});

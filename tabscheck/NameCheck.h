@@ -24,6 +24,7 @@ private:
     };
 
     const std::vector<FolderEntry>& entries(const std::string& sFolder);
+    bool has(const std::string& sFolder, const std::string& sName);
     void look(const Wanted& wanted, std::vector<Problem>& problems);
 
     std::map<std::string, std::vector<FolderEntry>> m_entries;

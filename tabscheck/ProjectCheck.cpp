@@ -31,6 +31,11 @@ bool hasTypographicQuote(std::string_view sText)
     return sWide.find_first_of(L"\x201C\x201D\x201E\x201F") != std::wstring::npos;
 }
 
+std::string nameOf(const CProjectEntry& block)
+{
+    return std::string(firstWord(block)) + " of line " + std::to_string(block.m_uLine);
+}
+
 // Goes through the entries of one file and takes down what each gives.
 class Reader {
 public:
@@ -45,11 +50,15 @@ public:
                 take(*entry, pNext);
             if (entry->m_kind == CProjectEntry::Close)
                 close(*entry);
-            else if (entry->m_sText.size() > 1 && entry->m_sText.back() == '}' && m_brace == nullptr)
+            else if (entry->m_sText.size() > 1 && m_brace == nullptr &&
+                     (entry->m_sText.front() == '}' || entry->m_sText.back() == '}'))
                 m_brace = &*entry;
         }
-        if (m_block != nullptr && m_block->m_block == ProjectBlock::TitleBlocks && !m_nested)
-            add(true, *m_block, "this block has no \"}\": its borders and mappings are ignored");
+        const ProjectBlock block = m_block == nullptr ? ProjectBlock::Unknown : Tesk::blockOf(m_block->m_sKey);
+        const bool titles = block == ProjectBlock::TitleBlocks;
+        if (block != ProjectBlock::Unknown)
+            add(titles, *m_block,
+                std::string("this block has no line \"}\"") + (titles ? ": its borders and mappings are ignored" : ""));
     }
 
 private:
@@ -82,12 +91,11 @@ private:
     {
         m_block = &entry;
         m_brace = nullptr;
-        m_nested = false;
         m_borders.clear();
         m_mapping.clear();
         if (entry.m_block != ProjectBlock::Unknown || isRemark(entry))
             return;  // what a remark costs is told at the block that it costs
-        if (entry.m_uLine != 1 || m_source.problems().empty())  // else the mark of an encoding
+        if (entry.m_uLine != 1 || !m_source.marked())
             add(false, entry,
                 "unknown keyword \"" + std::string(firstWord(entry)) + "\": skipped with its block" +
                     suggestion(entry.m_sKey, unusedKeywords()));
@@ -110,8 +118,12 @@ private:
             m_file.borders.insert(m_file.borders.end(), m_borders.begin(), m_borders.end());
             m_file.mappings.push_back(m_mapping);
         }
-        if (m_block != nullptr && isRemark(*m_block) && !m_nested)
+        if (m_block != nullptr && isRemark(*m_block))
             tellRemark("what follows up to line " + std::to_string(entry.m_uLine));
+        else if (m_block != nullptr && m_brace != nullptr && m_brace->m_sText.front() == '}')
+            add(true, *m_brace,
+                "this \"}\" does not stand on its own: the block " + nameOf(*m_block) + " goes on to line " +
+                    std::to_string(entry.m_uLine));
         m_block = nullptr;
     }
 
@@ -120,26 +132,27 @@ private:
         add(true, *m_block, "\";\" begins no remark here, \"#\" and \"//\" do: " + sLost + " is lost with it");
     }
 
-    // A keyword that an earlier block takes for one of its lines.
+    // A keyword that an earlier block takes for one of its lines. What follows is meant as its
+    // block.
     void checkNested(const CProjectEntry& entry, const CProjectEntry* pNext)
     {
         const bool opens = entry.m_sValue.empty() ? pNext != nullptr && pNext->m_kind == CProjectEntry::Open
                                                   : entry.m_sValue[0] == '{';
         const ProjectBlock block = Tesk::blockOf(entry.m_sKey);
-        if (block == ProjectBlock::Unknown || m_nested || m_block == nullptr ||
+        if (block == ProjectBlock::Unknown || m_block == nullptr ||
             !(opens || (block == ProjectBlock::TitleBlocks && entry.m_sValue.empty())))
             return;
-        m_nested = true;
-        if (isRemark(*m_block)) {
-            tellRemark("the block " + std::string(firstWord(entry)) + " of line " + std::to_string(entry.m_uLine));
-            return;
-        }
         const std::string sWhere =
             m_brace != nullptr ? "the \"}\" of line " + std::to_string(m_brace->m_uLine) + " does not stand on its own"
                                : "a line \"}\" is missing before line " + std::to_string(entry.m_uLine);
-        add(true, entry,
-            std::string(firstWord(entry)) + " stands inside the block " + std::string(firstWord(*m_block)) +
-                " of line " + std::to_string(m_block->m_uLine) + ", and is lost: " + sWhere);
+        if (isRemark(*m_block))
+            tellRemark("the block " + nameOf(entry));
+        else if (m_block->m_uLine != 1 || !m_source.marked())
+            add(true, entry,
+                std::string(firstWord(entry)) + " stands inside the block " + nameOf(*m_block) +
+                    ", and is lost: " + sWhere);
+        m_block = &entry;
+        m_brace = nullptr;
     }
 
     void takeBorder(const CProjectEntry& entry)
@@ -161,6 +174,10 @@ private:
     // Of two lines with one key the later counts.
     void takeMapping(const CProjectEntry& entry)
     {
+        if (entry.m_sKey.starts_with("BORDER\"") || Tesk::isBorder(Tesk::borderFields(entry.m_sValue).size()))
+            add(true, entry, "this border is ignored: \"BORDER\" and a blank stand before its fields");
+        else if (hasTypographicQuote(entry.m_sValue))
+            add(false, entry, "these typographic quotes are part of the tag, straight ones are not");
         std::erase_if(m_mapping, [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
         m_mapping.push_back({entry.m_sKey, std::string(Tesk::MultiByte::withoutQuotes(entry.m_sValue)), m_source.path(),
                              entry.m_uLine});
@@ -177,7 +194,6 @@ private:
     std::vector<Mapping> m_mapping;
     const CProjectEntry* m_block = nullptr;  // the keyword of the block that is read
     const CProjectEntry* m_brace = nullptr;  // a line in it that ends in "}"
-    bool m_nested = false;                   // a keyword in it was told
 };
 
 }  // namespace

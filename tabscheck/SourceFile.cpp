@@ -19,8 +19,10 @@ constexpr struct {
     std::string_view mark;
     const char* name;
     bool texts;  // the texts' reader knows it
-} kMarks[] = {
-    {"\xEF\xBB\xBF", "UTF-8", false}, {"\xFE\xFF", "UTF-16, big-endian", false}, {"\xFF\xFE", "UTF-16", true}};
+} kMarks[] = {{"\xEF\xBB\xBF", "UTF-8", false},
+              {"\xFE\xFF", "UTF-16, big-endian", false},
+              {"\xFF\xFE", "UTF-16", true},
+              {"", "UTF-16 without its mark", false}};  // known by the zero of its first letter
 
 // As UTF-8, where it is that and more than ASCII; else empty.
 std::wstring decodeUtf8(std::string_view sText)
@@ -57,6 +59,7 @@ SourceFile::SourceFile(const std::string& sPath, Form form) : m_path(sPath)
                 m_texts.push_back(entry);
         }
         checkMark(form);
+        m_marked = !m_problems.empty();
         m_contents->rewind();
         if (m_contents->isUnicode())
             checkWideLines();
@@ -87,7 +90,8 @@ void SourceFile::checkMark(Form form)
 {
     const std::string_view sBytes = m_contents->getBytes();
     for (const auto& [mark, name, texts] : kMarks) {
-        if (sBytes.substr(0, mark.size()) != mark || (texts && form == Form::Texts))
+        const bool found = mark.empty() ? sBytes.size() > 1 && sBytes[1] == '\0' : sBytes.starts_with(mark);
+        if (!found || (texts && form == Form::Texts))
             continue;
         const char* const sHelp = form == Form::Project ? "save it as ANSI" : "save it as ANSI or as \"Unicode\"";
         m_problems.push_back(problemAt(true, 1, 0,
@@ -96,11 +100,12 @@ void SourceFile::checkMark(Form form)
     }
 }
 
-// The first line that was meant otherwise, and the first with a zero byte.
+// The first line that was meant otherwise, and the first with what stands in no text file of
+// Windows.
 void SourceFile::checkLines()
 {
     std::string_view sLine;
-    bool told = false, zero = false;
+    bool told = false, odd = false;
     for (unsigned line = 1; m_contents->nextNarrow(sLine); ++line) {
         const std::wstring sMeant = told ? std::wstring() : decodeUtf8(sLine);
         if (!sMeant.empty()) {
@@ -112,11 +117,14 @@ void SourceFile::checkLines()
                                                " becomes " + quoted(sLine.substr(at, 20)) + "; save the file as ANSI",
                                            sLine));
         }
-        const std::size_t end = sLine.find('\0');
-        if (end != sLine.npos && !zero) {
-            zero = true;
+        const std::size_t at = sLine.find_first_of(std::string_view("\0\r", 2));
+        if (at != sLine.npos && !odd) {
+            odd = true;
             m_problems.push_back(problemAt(
-                false, line, end, "a zero byte: Windows shows a text only up to it; is this a text file?", sLine));
+                false, line, at,
+                sLine[at] == '\r' ? "a carriage return alone ends no line: save the file with the line ends of Windows"
+                                  : "a zero byte: Windows shows a text only up to it; is this a text file?",
+                sLine));
         }
     }
 }
@@ -131,12 +139,14 @@ void SourceFile::checkWideLines()
         const auto [lost, became] = std::mismatch(sLine.begin(), sLine.end(), sBack.begin(), sBack.end());
         if (lost == sLine.end())
             continue;
+        const bool pair = (*lost & 0xFC00) == 0xD800 && lost + 1 != sLine.end();
         char sCode[16];
-        std::snprintf(sCode, sizeof sCode, "U+%04X", static_cast<unsigned>(*lost));
+        std::snprintf(sCode, sizeof sCode, "U+%04X",
+                      pair ? 0x10000U + ((*lost & 0x3FFU) << 10) + (lost[1] & 0x3FFU) : unsigned{*lost});
         const std::string sBefore = Tesk::toNarrow(std::wstring_view(sLine.begin(), lost));
         m_problems.push_back(problemAt(false, line, sBefore.size(),
                                        std::string(sCode) + " is not in the Windows code page: it becomes " +
-                                           quoted(std::string_view(sNarrow).substr(sBefore.size(), 1)),
+                                           quoted(std::string_view(sNarrow).substr(sBefore.size(), pair ? 2 : 1)),
                                        sNarrow));
     }
 }

@@ -28,6 +28,8 @@ public:
     // The lines of either form.
     const std::vector<Tesk::CSettingsEntry>& texts() const { return m_texts; }
     const std::vector<Tesk::CProjectEntry>& project() const { return m_project; }
+    // The mark of an encoding that is not read stands before its first word.
+    bool marked() const { return m_marked; }
     // The strip can use this copy of the texts.
     bool sound() const;
     // Of the file as a whole: not readable, an encoding that is not read, zero bytes.
@@ -52,6 +54,7 @@ private:
     std::vector<Tesk::CSettingsEntry> m_texts;
     std::vector<Tesk::CProjectEntry> m_project;
     std::vector<Problem> m_problems;
+    bool m_marked = false;
 };
 
 // Each file is read once.

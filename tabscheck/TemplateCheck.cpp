@@ -55,19 +55,19 @@ private:
             return 0;
         const bool date = isDate(sName);
         const bool title = sName == kTitleBlock || sName == std::string("X_") + kTitleBlock;
-        if ((date || title) && sBehind.starts_with(":") && !sBehind.starts_with("::")) {
+        const bool doubled = sBehind.starts_with("::");
+        if (!doubled && (title ? sToken != sName : date && (sBehind.starts_with(":") || sBehind.starts_with("|")))) {
             add(false, at, stays(sToken, closed) + "; \"::\" stands between name and " + (date ? "format" : "key"));
             return sToken.size();
         }
-        if (date && sBehind.starts_with("::"))
+        if (date && doubled)
             return checkDate(at, sName, sBehind.substr(2));
-        if (closed && sToken == sName) {
+        if (closed && (sToken == sName || (doubled && !title && !knows(sName)))) {
             add(false, at,
-                stays(sToken, true) + (date ? ": a date needs a format, as in %" + sName + "::|Y-|m-|d%"
-                                            : ": there is no such keyword" + suggest(sToken)));
+                stays(sToken, true) + (date ? needsFormat(sName) : ": there is no such keyword" + suggest(sToken)));
             return sToken.size() + 1;
         }
-        if (closed && title && sBehind.starts_with("::")) {
+        if (closed && title && doubled) {
             if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
                 sKey.size() < sToken.size() && m_keywords.names.count(sKey) != 0)
                 return unclosed(at, sKey);
@@ -91,8 +91,12 @@ private:
         const std::size_t end = sRest.find('%', 1);
         const std::string sFormat(sRest.substr(0, end));
         const std::size_t size = sName.size() + 2 + sFormat.size();
-        if (end == sRest.npos || nextToken(sRest.substr(end + 1)))
-            return unclosed(at, sName + "::" + sFormat);
+        if (end == sRest.npos || nextToken(sRest.substr(end + 1))) {
+            if (!sRest.starts_with("%"))
+                return unclosed(at, sName + "::" + sFormat);
+            add(false, at, stays(sName + "::", true) + needsFormat(sName));
+            return sName.size() + 3;
+        }
         const std::string sShown = Tesk::formatTime(::_time64(nullptr), sFormat, false);
         const std::string sToken = "%" + sName + "::" + sFormat + "%";
         if (sFormat[0] == '%') {
@@ -124,11 +128,18 @@ private:
         return "%" + std::string(sToken) + (closed ? "%" : "") + " stays as it is written";
     }
 
+    static std::string needsFormat(const std::string& sName)
+    {
+        return ": a date needs a format, as in %" + sName + "::|Y-|m-|d%";
+    }
+
+    // For the token, or else for what stands before its "::".
     std::string suggest(std::string_view sToken) const
     {
         std::vector<std::string> known(m_keywords.names.begin(), m_keywords.names.end());
         known.insert(known.end(), std::begin(kDates), std::end(kDates));
-        return suggestion(sToken, known);
+        const std::string sWhole = suggestion(sToken, known);
+        return sWhole.empty() ? suggestion(sToken.substr(0, sToken.find("::")), known) : sWhole;
     }
 
     void add(bool error, std::size_t at, std::string sText) { m_faults.push_back({error, at, std::move(sText)}); }
@@ -147,7 +158,7 @@ std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const Key
 
 std::string findToken(const std::string& sText)
 {
-    static const boost::regex sToken("%[A-Z0-9_]{3,}(::[^%]*)?%");
+    static const boost::regex sToken("%[A-Za-z][A-Za-z0-9_]{2,}(::?[^%]*)?%");
     boost::smatch found;
     return boost::regex_search(sText, found, sToken) ? found.str() : "";
 }

@@ -41,16 +41,16 @@ std::string list(const std::vector<std::string>& names)
     return names.size() <= kMostListed ? sList : sList + " and " + std::to_string(names.size() - kMostListed) + " more";
 }
 
-// What follows the only "&" of a caption, small; none without one.
-char mnemonic(const std::string& sCaption)
+// What follows the first single "&" of a caption, as a capital; none without one.
+std::string mnemonic(const std::string& sCaption)
 {
     for (std::size_t at = 0; at + 1 < sCaption.size(); ++at) {
         if (sCaption[at] != '&')
             continue;
         if (sCaption[++at] != '&')
-            return static_cast<char>(sCaption[at] | (sCaption[at] >= 'A' && sCaption[at] <= 'Z' ? 0x20 : 0));
+            return Tesk::MultiByte::upper(std::string_view(sCaption).substr(at, 1));
     }
-    return '\0';
+    return {};
 }
 
 // Takes copy after copy, as the strip merges them.
@@ -149,8 +149,7 @@ private:
         }
         keys.insert(sKey);
         if (pKey == nullptr) {
-            // The mark of an encoding, which is told already, stands before the key.
-            if (entry.m_uLine != 1 || file.problems().empty())
+            if (entry.m_uLine != 1 || !file.marked())
                 add(file, false, entry,
                     "unknown key \"" + sKey + "\": the strip does not read it" + suggestion(sKey, unusedKeys(file)));
             return;
@@ -194,21 +193,22 @@ private:
             tell("this is no address that can be opened: http://, https://, www. or one mail address");
         if (key.eKind == TextKind::MailAddress && !sValue.empty() && sTarget.compare(0, 7, "mailto:") != 0)
             tell("this is no mail address: the button is not offered");
-        if (const std::string sToken = key.eKind == TextKind::Template ? "" : findToken(sValue); !sToken.empty())
+        const bool shown = key.eKind == TextKind::Caption || key.eKind == TextKind::Plain;
+        if (const std::string sToken = shown ? findToken(sValue) : ""; !sToken.empty())
             tell(sToken + " stays as it is written: " + text.key + " is no template; TooltipText and SameNameText are");
     }
 
     void checkMnemonics()
     {
-        std::map<char, const Text*> known;
+        std::map<std::string, const Text*> known;
         for (const Text& text : m_findings.texts) {
-            const char letter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value) : '\0';
-            const auto [other, fresh] = known.emplace(letter, &text);
-            if (letter == '\0' || fresh)
+            const std::string sLetter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value) : "";
+            const auto [other, fresh] = known.emplace(sLetter, &text);
+            if (sLetter.empty() || fresh)
                 continue;
             const auto& [pFile, pEntry] = m_entries.at(text.key);
             m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue,
-                                                         "\"" + text.value + "\" shares its mnemonic \"" + letter +
+                                                         "\"" + text.value + "\" shares its mnemonic \"" + sLetter +
                                                              "\" with \"" + other->second->value + "\" (" +
                                                              other->second->key + "): one key does not choose either"));
         }

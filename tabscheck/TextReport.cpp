@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t kMostNames = 3;
 constexpr std::size_t kShownBefore = 60;  // of a long line, around the caret
 constexpr std::size_t kShownBehind = 60;
+constexpr std::size_t kShownOfText = 180;  // at either end
 
 std::string padded(std::string_view sText, std::size_t width)
 {
@@ -85,7 +86,7 @@ void TextReport::add(DrawingReport report)
 {
     ++(report.settingsFile ? m_files : m_count);
     for (const Problem& problem : std::set<Problem>(report.problems.begin(), report.problems.end()))
-        ++m_problems[problem];
+        m_problems[problem] += report.settingsFile ? 0 : 1;
     if (m_problemsAlone)
         return;
     if (!m_run.empty() &&
@@ -101,7 +102,7 @@ void TextReport::finish()
     for (const auto& [problem, count] : m_problems) {
         errors += problem.error ? 1 : 0;
         if (m_problemsAlone)
-            printProblem(problem, m_count == 0 ? "" : " [" + counted(count, "drawing") + "]");
+            printProblem(problem, count == 0 ? "" : " [" + counted(count, "drawing") + "]");
     }
     print((m_count == 0 && m_files != 0 ? counted(m_files, "file") : counted(m_count, "drawing")) +
           " checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning"));
@@ -232,7 +233,10 @@ void TextReport::printProblem(const Problem& problem, const std::string& sWhom)
 {
     const std::string sPlace =
         problem.line == 0 ? problem.file : at(problem.file, problem.line) + ":" + std::to_string(problem.column);
-    print(sPlace + (problem.error ? ": error: " : ": warning: ") + visible(problem.text) + sWhom + excerpt(problem));
+    std::string sText = visible(problem.text);
+    if (sText.size() > 2 * kShownOfText)
+        sText.replace(kShownOfText, sText.size() - 2 * kShownOfText, "...");
+    print(sPlace + (problem.error ? ": error: " : ": warning: ") + sText + sWhom + excerpt(problem));
 }
 
 }  // namespace tabscheck

@@ -8,6 +8,7 @@
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/maintenance/ApplicationID.h"
+#include "library/text/MultiByte.h"
 #include "tabscheck/Console.h"
 #include "tabscheck/DrawingCheck.h"
 #include "tabscheck/Folders.h"
@@ -20,6 +21,7 @@
 #include <exception>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -142,9 +144,12 @@ public:
     }
 
 private:
+    // One that two paths of the command line lead to counts once.
     void check(const std::string& sDrawing)
     {
-        m_console.progress(std::to_string(++m_count) + "  " + sDrawing.substr(0, 70));
+        if (!m_checked.insert(Tesk::MultiByte::upper(sDrawing)).second)
+            return;
+        m_console.progress(std::to_string(m_checked.size()) + "  " + sDrawing.substr(0, 70));
         try {
             DrawingReport report = m_check.check(sDrawing);
             m_unchecked |= report.unreadable;
@@ -172,7 +177,7 @@ private:
     Console m_console;
     DrawingCheck m_check;
     std::unique_ptr<Reports> m_reports;
-    std::size_t m_count = 0;
+    std::set<std::string> m_checked;
     bool m_problems = false;
     bool m_unchecked = false;
 };

@@ -73,5 +73,6 @@ class CheckerTest(HostTest):
         _, output, complaints = self.check("--json", *arguments)
         self.assertEqual(complaints, "")
         told = json.loads(output)
+        self.assertNotRegex(output.decode(), "[\0-\t\v-\x1f\x7f-\x9f]")
         self.assertEqual(told["version"], 2)
         return {drawing["path"]: drawing for drawing in told["drawings"]}

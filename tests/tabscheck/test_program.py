@@ -26,14 +26,14 @@ class ProgramTest(CheckerTest):
 
     def test_exit_codes(self):
         self.write({"clean/D.dwg": drawing(), "odd/D.dwg": drawing(), "odd/MDITabs.ini": "Colour=red\n",
-                    "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "read/secret.dwg": drawing()})
-        (self.folder / "read/secret.dwg").chmod(0)
-        self.write({"closed/D.dwg": drawing(), "closed/MDITabs.ini": "PopupSaveText=S\n"})
-        (self.folder / "closed/MDITabs.ini").chmod(0)
+                    "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "bad/MDITabs4.ini": "", "read/secret.dwg": drawing(),
+                    "closed/D.dwg": drawing(), "closed/MDITabs.ini": "", "shut/D/D.dwg": drawing(), "shut/ProjectSettings.txt": ""})
+        for name in ("read/secret.dwg", "closed/MDITabs.ini", "shut/ProjectSettings.txt"):
+            (self.folder / name).chmod(0)
         for code, *arguments in (
                 (CLEAN, "clean", "clean/new.dwg"), (CLEAN, "odd"), (PROBLEMS, "--strict", "odd"), (PROBLEMS, "bad", "clean"),
                 (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (CLEAN, "cle*"),
-                (UNCHECKED, "cle*x"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"),
+                (UNCHECKED, "cle*x"), (UNCHECKED, "shut"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"), (PROBLEMS, "--strict", "bad/MDITabs4.ini"),
                 (PROBLEMS, "--root", "clean", "clean"), (UNCHECKED, "closed"), (UNCHECKED, "--json", "--problems", "clean"), (CLEAN, "clean/D.*"),
                 (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean")):
             with self.subTest(arguments):
@@ -41,7 +41,7 @@ class ProgramTest(CheckerTest):
 
     def test_what_cannot_be_checked_is_told_and_the_rest_checked(self):
         self.write({"H/a/1.dwg": drawing(), "H/b/2.dwg": drawing(), "H/b/MDITabs.ini": "PopupSaveText=S",
-                    "H/long/3.dwg": drawing(), "H/long/MDITabs.ini": f"PopupSaveText={'x' * 2 ** 20}\n{'y' * 2 ** 20}",
+                    "H/long/3.dwg": drawing(), "H/long/MDITabs.ini": f"PopupSaveText={'x' * 2 ** 20}\n{'y' * 2 ** 20}", "H/long/MDITabs16.0.ini": f"{'z' * 999}=1",
                     "H/closed/4.dwg": drawing()})
         (self.folder / "H/a/loop").symlink_to("..")
         deep = self.folder / "H" / "/".join(["d" * 60] * 4)
@@ -58,9 +58,9 @@ class ProgramTest(CheckerTest):
         reports = json.loads(output)["drawings"]
         self.assertEqual([report["path"] for report in reports],
                          [self.path(f"H/{name}") for name in ("a/1.dwg", "b/2.dwg", "long/3.dwg")])
-        self.assertEqual([(p["line"], p["severity"]) for p in reports[2]["problems"]], [(2, "error")])
+        self.assertEqual([(p["line"], p["severity"]) for p in reports[2]["problems"]], [(2, "error"), (1, "warning")])
         # A line of a megabyte is shown in part, and nothing of it is lost.
-        self.assertLess(max(map(len, self.check("H/long/3.dwg")[1].splitlines())), 400)
+        self.assertLess(max(map(len, self.check("H/long/3.dwg")[1].splitlines())), 600)
         (self.folder / "H/long/MDITabs.ini").write_text(f"PopupSaveText={'x' * 2 ** 20}")
         report, = self.reports("H/long").values()
         self.assertEqual(len(report["texts"]["PopupSaveText"]["value"]), 2 ** 20)
@@ -158,12 +158,11 @@ class ProgramTest(CheckerTest):
         self.assertIn("22 drawings in " + self.path("Projects/Station/Drawings/"), text)
         self.assertRegex(text, r"T0\.dwg to T9\.dwg \(20 drawings\): by DefaultTooltipText")
         self.assertTrue(text.endswith("\n30 drawings checked: 0 errors, 1 warning\n"), text[-200:])
-        self.assertNotIn("\x1b", text)
         self.write({"Projects/Station/Drawings/MDITabs.ini": "Colour=red\n"})
-        problems = self.check("--problems", "Projects")[1].decode(CONSOLE).replace("\r", "")
-        self.assertEqual(problems.count("Colour"), 2)  # told once, and its line
+        problems = self.check("--problems", "Projects", r"Projects\Station\Drawings\T*.dwg",
+                              r"Projects\Station\Drawings\MDITabs.ini")[1].decode(CONSOLE).replace("\r", "")
         self.assertIn("read it [22 drawings]\n", problems)
-        self.assertEqual(problems.count("\n"), 7, problems)
+        self.assertEqual(problems.count("\n"), 7, problems)  # each once, and its line
 
 
 class GuideTest(CheckerTest):
