@@ -85,30 +85,3 @@ TEST_CASE("DBMOD is 0 exactly in the saved state")
     CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), dxf::FileError);
     CHECK(references(*database, "Border").size() == 1);
 }
-
-TEST_CASE("reactors may go while they are told")
-{
-    class Leaver : public RecordingReactor {
-    public:
-        void objectAppended(const AcDbDatabase* p, const AcDbObject* o) override
-        {
-            RecordingReactor::objectAppended(p, o);
-            p->removeReactor(this);
-            p->removeReactor(other);
-        }
-        AcDbDatabaseReactor* other = nullptr;
-    };
-    std::unique_ptr<Database> database = Database::createNew();
-    Leaver leaver;
-    RecordingReactor gone, stays;
-    leaver.other = &gone;
-    for (RecordingReactor* p : {static_cast<RecordingReactor*>(&leaver), &gone, &stays})
-        CHECK(database->addReactor(p) == Acad::eOk);
-    CHECK(database->addReactor(&stays) == Acad::eDuplicateKey);
-    database->addLine(0, 0, 1, 1);
-    database->addLine(0, 0, 1, 1);
-    CHECK(leaver.heard() == "appended1");
-    CHECK(gone.heard() == "");
-    CHECK(stays.heard() == "appended1 appended1");
-    database->removeReactor(&stays);
-}
