@@ -4,11 +4,15 @@
 
 namespace Tesk {
 
+// A registry key of its own, for a name that stays while the system runs: asked for once.
 std::string getComputerName()
 {
-    char sName[MAX_COMPUTERNAME_LENGTH + 1] = "";
-    DWORD dwSize = sizeof sName;
-    return ::GetComputerNameA(sName, &dwSize) ? sName : "";
+    static const std::string sName = [] {
+        char sAnswer[MAX_COMPUTERNAME_LENGTH + 1] = "";
+        DWORD dwSize = sizeof sAnswer;
+        return std::string(::GetComputerNameA(sAnswer, &dwSize) ? sAnswer : "");
+    }();
+    return sName;
 }
 
 }  // namespace Tesk
