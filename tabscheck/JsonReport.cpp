@@ -5,8 +5,6 @@
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
 
-#include <cwchar>
-#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -22,11 +20,14 @@ std::string toJson(std::string_view sText)
 {
     std::wstring sQuoted;
     for (const wchar_t c : Tesk::toWide(sText)) {
-        wchar_t sEscape[8] = {c};
-        if (c < L' ' || isControl(c))
-            std::swprintf(sEscape, std::size(sEscape), L"\\u%04x", static_cast<unsigned>(c));
+        if (c < L' ' || isControl(c)) {
+            sQuoted += L"\\u";
+            for (const int iShift : {12, 8, 4, 0})
+                sQuoted += L"0123456789abcdef"[c >> iShift & 0xF];
+            continue;
+        }
         sQuoted += c == L'"' || c == L'\\' ? L"\\" : L"";
-        sQuoted += sEscape;
+        sQuoted += c;
     }
     return "\"" + toUtf8(sQuoted) + "\"";
 }
