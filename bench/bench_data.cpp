@@ -3,6 +3,8 @@
 #include "bench/BareControls.h"
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
+#include "library/registry/Registry.h"
+#include "library/system/Handles.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/dbsymtb.h"
 #include "reactors/DatabaseData.h"
@@ -44,6 +46,33 @@ void walkBlocks(AcDbDatabase* pDatabase)
     pTable->close();
 }
 
+UniqueHandle opened(const char* sPath, DWORD dwFlags = FILE_ATTRIBUTE_NORMAL)
+{
+    return UniqueHandle(::CreateFileA(sPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                      dwFlags, nullptr));
+}
+
+// What a drawing's keywords and title block ask of the system, and nothing else of them: the
+// project's file, found twice and read once, the drawing's time, the office's folder, which
+// is not there, and the temporary one.
+void lookUp(const std::string& sDrawing, const std::string& sProject)
+{
+    char text[4096] = "";
+    DWORD count = 0;
+    FILETIME time;
+    opened(sProject.c_str());
+    ::GetFileTime(opened(sDrawing.c_str()).get(), &time, &time, &time);
+    for (const HKEY root : {HKEY_LOCAL_MACHINE, HKEY_CURRENT_USER})
+        const Tesk::Registry::CKey key(root, "Software\\Zavik\\ZavikMDITabs\\Remote Configurable", false);
+    for (const char* sFolder : {"P:\\DomainSettings", "Z:\\DomainSettings", "C:\\DomainSettings"})
+        ::GetFileAttributesA(sFolder);
+    ::GetEnvironmentVariableA("TEMP", text, sizeof text);
+    ::GetFileAttributesA(text);
+    opened(text, FILE_FLAG_BACKUP_SEMANTICS);
+    opened(sProject.c_str());
+    ::ReadFile(opened(sProject.c_str()).get(), text, sizeof text, &count, nullptr);
+}
+
 DrawingText sheet()
 {
     return DrawingText().variable("TITLE", "Plan").border("SHEET", {{"NR", "1"}, {"TITLE", "Ground floor"}});
@@ -57,7 +86,9 @@ void benchReading(StripSetup& setup)
     setup.write("xref.dwg", DrawingText().str());
     for (int i = 0; i < 100; ++i)
         drawing.xref("XREF_" + std::to_string(i), "xref.dwg").insert("XREF_" + std::to_string(i));
-    setup.open(setup.write("large.dwg", drawing.str()));
+    const std::string sLarge = setup.write("large.dwg", drawing.str());
+    const std::string sProject = sLarge.substr(0, sLarge.rfind('\\') + 1) + "ProjectSettings.txt";
+    setup.open(sLarge);
     AcDbDatabase* pDatabase = acDocManager->mdiActiveDocument()->database();
     const CDatabaseData data(pDatabase);
     const auto walk = [&] { return timed(1, [&] { walkBlocks(pDatabase); }); };
@@ -65,6 +96,8 @@ void benchReading(StripSetup& setup)
     const auto readData = [&] { return timed(1, [&] { CDatabaseData{pDatabase}; }); };
     compare("100 references among 10,000 blocks", 7, listXrefs, walk);
     compare("data of a drawing with 10,000 blocks", 7, readData, walk);
+    compare("the same, against the walk and bare look-ups", 7, readData,
+            [&] { return walk() + timed(1, [&] { lookUp(sLarge, sProject); }); });
     setup.closeAll();
 
     setup.open(setup.write("small.dwg", sheet().str()));

@@ -5,6 +5,7 @@
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
 #include "library/expansion/KeywordExpansion.h"
+#include "library/registry/Registry.h"
 #include "module/OptionsCommand.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/acedads.h"
@@ -13,6 +14,7 @@
 #include "reactors/DocManagerReactor.h"
 #include "reactors/TabForwarders.h"
 #include "settings/MDITabSettings.h"
+#include "settings/TabOptions.h"
 #include "settings/resource.h"
 
 #include <memory>
@@ -178,6 +180,14 @@ void benchOptions(StripSetup& setup)
         setup.frame().RecalcLayout();
         return clock.elapsed();
     };
+    // Two options are read for each tab, each from a key that is opened for it.
+    const auto refillAndRead = [&] {
+        const auto read = [] {
+            DWORD dwValue = 0;
+            Tesk::Registry::GetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), "UseIcons", dwValue);
+        };
+        return refill() + timed(2 * DRAWINGS, read) * 2 * DRAWINGS;
+    };
     const auto rebuild = [&](bool bFromPress) {
         DialogClock dialog({IDC_SHOW_EXTENSIONS, IDOK});
         runOptionsCommand();
@@ -187,6 +197,8 @@ void benchOptions(StripSetup& setup)
     };
     compare(
         "dialog gone to strip rebuilt", 15, [&] { return rebuild(false); }, refill);
+    compare(
+        "the same, against refill and options read", 15, [&] { return rebuild(false); }, refillAndRead);
     compare(
         "OK pressed to strip rebuilt", 15, [&] { return rebuild(true); }, refill);
 }
