@@ -88,9 +88,9 @@ std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& s
     std::unique_ptr<DxfFile> file;
     if (isBinaryDrawing(sBytes)) {
         file = parse("0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", sName);
-        file->m_contentsNotRead = true;
+        file->m_sNotRead = "binary drawings cannot be read";
         file->m_sVersion = sBytes.substr(0, 6);
-        file->m_notRead = std::move(sBytes);
+        file->m_binary = std::move(sBytes);
         return file;
     }
     file.reset(new DxfFile);
@@ -219,8 +219,8 @@ std::string DxfFile::tag(int code, std::string_view value) const
 
 std::string DxfFile::bytes() const
 {
-    if (m_contentsNotRead)
-        return m_notRead;
+    if (isBinary())
+        return m_binary;
     std::size_t size = 0;
     for (const DxfRecord* p = m_first; p != nullptr; p = p->next())
         size += p->text().size();

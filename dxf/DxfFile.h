@@ -60,9 +60,11 @@ public:
 
     std::string bytes() const;
 
-    // A binary drawing: its records are those of an empty one, and its bytes those
-    // that were read.
-    bool contentsNotRead() const { return m_contentsNotRead; }
+    // A binary drawing: its bytes stay those that were read, whatever becomes of its records.
+    bool isBinary() const { return !m_binary.empty(); }
+    // Why a binary drawing's contents are not read: its records are those of an empty one
+    // then. Empty when they are read.
+    const std::string& notRead() const { return m_sNotRead; }
     // The format's name, such as "AC1018".
     const std::string& version() const { return m_sVersion; }
     const DxfText& encoding() const { return m_encoding; }
@@ -101,8 +103,8 @@ private:
     std::string m_sVersion = "AC1009";
     std::string m_sLineEnd = "\r\n";
     DxfText m_encoding;
-    bool m_contentsNotRead = false;
-    std::string m_notRead;
+    std::string m_binary;
+    std::string m_sNotRead;
 };
 
 // A record's text with the first tag of the code given another value, all else

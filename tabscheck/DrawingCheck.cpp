@@ -76,7 +76,7 @@ private:
         }
         try {
             dxf::Drawing drawing(dxf::DxfFile::read(m_report.path), m_report.path);
-            if (drawing.file().contentsNotRead())
+            if (!drawing.file().notRead().empty())
                 showUnread();
             else
                 showDrawing(drawing);

@@ -181,7 +181,7 @@ bool DocumentManager::open(const std::string& sPath)
         notifyOpened(opened.drawing(), sFullPath);
     if (assumed(Assumption::XrefsAfterOpen))
         opened.drawing().loadXrefs();
-    if (opened.drawing().file().contentsNotRead())
+    if (opened.drawing().file().isBinary())
         m_application.commandLine().printLine("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
     switchTo(opened, true);
     return true;

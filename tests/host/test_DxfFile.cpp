@@ -41,7 +41,7 @@ void checkRoundTrips(const std::string& sFolder, const std::string& sEnding)
         const CTestFolder folder;
         const std::string sBytes = CTestFolder::read(sFile);
         std::unique_ptr<Database> database = Database::open(sFile);
-        CHECK_FALSE(database->file().contentsNotRead());
+        CHECK_FALSE(database->file().isBinary());
         CHECK((resaved(*database, folder) == sBytes));
 
         // An edit shows, and its undo leaves no trace.
