@@ -7,8 +7,11 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 class CTestFolder {
@@ -16,14 +19,22 @@ public:
     CTestFolder()
     {
         char sTemp[MAX_PATH], sName[MAX_PATH], sLong[MAX_PATH];
-        ::GetTempPathA(sizeof sTemp, sTemp);
-        ::GetTempFileNameA(sTemp, "tsk", 0, sName);  // makes the name ours
-        ::DeleteFileA(sName);
-        ::CreateDirectoryA(sName, nullptr);
-        m_sPath = ::GetLongPathNameA(sName, sLong, sizeof sLong) ? sLong : sName;
+        if (::GetTempPathA(sizeof sTemp, sTemp) == 0 || ::GetTempFileNameA(sTemp, "tsk", 0, sName) == 0 ||
+            !::DeleteFileA(sName) || !::CreateDirectoryA(sName, nullptr) ||
+            ::GetLongPathNameA(sName, sLong, sizeof sLong) == 0)
+            throw std::runtime_error("no folder for the test can be made in the temporary one");
+        m_sPath = sLong;
         m_sPath += '\\';
     }
-    ~CTestFolder() { remove(m_sPath); }
+    ~CTestFolder()
+    {
+        m_sPath.back() = '\0';  // a list of one
+        SHFILEOPSTRUCTA removal = {};
+        removal.wFunc = FO_DELETE;
+        removal.pFrom = m_sPath.c_str();
+        removal.fFlags = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOERRORUI;
+        ::SHFileOperationA(&removal);
+    }
     CTestFolder(const CTestFolder&) = delete;
     CTestFolder& operator=(const CTestFolder&) = delete;
 
@@ -56,24 +67,5 @@ public:
     static std::string read(const CString& sFile) { return read(std::string(sFile)); }
 
 private:
-    static void remove(const std::string& sFolder)
-    {
-        WIN32_FIND_DATAA found;
-        const HANDLE hFind = ::FindFirstFileA((sFolder + "*").c_str(), &found);
-        if (hFind == INVALID_HANDLE_VALUE)
-            return;
-        do {
-            const std::string sName(found.cFileName);
-            if (!(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)) {
-                ::SetFileAttributesA((sFolder + sName).c_str(), FILE_ATTRIBUTE_NORMAL);
-                ::DeleteFileA((sFolder + sName).c_str());
-            } else if (sName != "." && sName != "..") {
-                remove(sFolder + sName + "\\");
-            }
-        } while (::FindNextFileA(hFind, &found));
-        ::FindClose(hFind);
-        ::RemoveDirectoryA(sFolder.c_str());
-    }
-
     std::string m_sPath;
 };
