@@ -143,7 +143,7 @@ bool Application::runLine(const std::string& sLine, bool echo)
     try {
         return dispatch(sCommand);
     } catch (const std::exception& error) {  // CommandError, FileError, or no memory
-        m_commandLine.printLine(error.what());
+        m_commandLine.printError(error);
         return false;
     }
 }

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <new>
+
 namespace host {
 
 void CommandLine::print(std::string_view text)
@@ -28,6 +30,12 @@ void CommandLine::printLine(std::string_view text)
 {
     startLine();
     print(std::string(text) + "\n");
+}
+
+void CommandLine::printError(const std::exception& error)
+{
+    const bool memory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+    printLine(memory ? "There is not enough memory for that." : error.what());
 }
 
 }  // namespace host

@@ -4,6 +4,7 @@
 // modules say. It goes to the window's history, to standard output, and to
 // whoever collects the output of a command.
 
+#include <exception>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -20,6 +21,8 @@ public:
     void startLine();
     // The text on a line of its own.
     void printLine(std::string_view text);
+    // What the exception says, or that there is no memory.
+    void printError(const std::exception& error);
 
     // Shows the history; null for none. (An edit control takes a heap block a line.)
     void setView(std::function<void(std::string_view)> view) { m_view = std::move(view); }

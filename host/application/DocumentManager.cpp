@@ -165,7 +165,7 @@ bool DocumentManager::open(const std::string& sPath)
     m_reactors.notify(&AcApDocManagerReactor::documentCreateStarted, document.get());
     try {
         document->setDatabase(Database::open(sFullPath, !assumed(Assumption::XrefsAfterOpen)));
-    } catch (const FileError&) {
+    } catch (...) {
         m_reactors.notify(&AcApDocManagerReactor::documentCreateCanceled, document.get());
         throw;
     }
@@ -227,8 +227,8 @@ Acad::ErrorStatus DocumentManager::appContextOpenDocument(const char* sPath)
         if (!open(sPath))
             m_application.commandLine().printLine(std::string("\"") + sPath + "\" is open already.");
         return Acad::eOk;
-    } catch (const FileError& error) {
-        m_application.commandLine().printLine(error.what());
+    } catch (const std::exception& error) {
+        m_application.commandLine().printError(error);
         return fileExists(sPath) ? Acad::eFilerError : Acad::eFileNotFound;
     }
 }
@@ -267,7 +267,7 @@ void DocumentManager::save(Document& document, const std::string& sPath, bool co
     m_application.editor().notify(&AcEditorReactor::beginSave, &drawing, sPath.c_str());
     try {
         drawing.saveCopy(sPath);
-    } catch (const FileError&) {
+    } catch (...) {
         m_application.editor().notify(&AcEditorReactor::abortSave, &drawing);
         throw;
     }
@@ -293,7 +293,7 @@ void DocumentManager::dxfIn(Document& document, const std::string& sPath)
     m_application.editor().notify(&AcEditorReactor::beginDxfIn, &drawing);
     try {
         drawing.dxfIn(sPath);
-    } catch (const FileError&) {
+    } catch (...) {
         m_application.editor().notify(&AcEditorReactor::abortDxfIn, &drawing);
         throw;
     }

@@ -66,7 +66,7 @@ void Database::resolveXref(BlockNode& block) const
         database->m_sXrefPath = sFull;
         block.xref = std::move(database);
         block.status = AcDb::kXrfResolved;
-    } catch (const FileError&) {  // it stays unresolved
+    } catch (const std::exception&) {  // or no memory: it stays unresolved
     }
 }
 

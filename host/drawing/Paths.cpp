@@ -4,6 +4,8 @@
 
 #include <shlwapi.h>
 
+#include <iterator>
+
 namespace host {
 
 namespace {
@@ -18,9 +20,16 @@ std::size_t nameStart(const std::string& sPath)
 
 std::string fullPath(const std::string& sPath)
 {
-    char buffer[1024];
-    const DWORD length = ::GetFullPathNameA(sPath.c_str(), sizeof buffer, buffer, nullptr);
-    return length == 0 || length >= sizeof buffer ? sPath : std::string(buffer, length);
+    // The narrow call may know no form that is too long to be opened.
+    wchar_t wide[1024], full[1024];
+    char text[1024];
+    if (::MultiByteToWideChar(CP_ACP, 0, sPath.c_str(), -1, wide, std::ssize(wide)) == 0)
+        return sPath;
+    const DWORD length = ::GetFullPathNameW(wide, std::size(full), full, nullptr);
+    if (length == 0 || length >= std::size(full) ||
+        ::WideCharToMultiByte(CP_ACP, 0, full, -1, text, sizeof text, nullptr, nullptr) == 0)
+        return sPath;
+    return text;
 }
 
 std::string folderOf(const std::string& sPath) { return sPath.substr(0, nameStart(sPath)); }

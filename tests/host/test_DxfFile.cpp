@@ -142,7 +142,16 @@ TEST_CASE("a failed save keeps the old file and the modified state")
     const std::filesystem::directory_iterator files(folder.path());
     CHECK(std::distance(begin(files), end(files)) == 1);
 
+    // Nor what a save left that was ended, once it is a day old; others' files stay.
+    for (const char* sName : {"dwg9.tmp", "dwg1aF.TMP", "dwg2.tmp", "dwgs.tmp"}) {
+        const auto time = std::filesystem::file_time_type::clock::now() - std::chrono::hours(sName[3] == '2' ? 23 : 25);
+        std::filesystem::last_write_time(folder.write(sName), time);
+    }
     database->save(sPath);
+    CHECK(GetFileAttributesA(folder.path("dwg9.tmp").c_str()) == INVALID_FILE_ATTRIBUTES);
+    CHECK(GetFileAttributesA(folder.path("dwg1aF.TMP").c_str()) == INVALID_FILE_ATTRIBUTES);
+    CHECK(GetFileAttributesA(folder.path("dwg2.tmp").c_str()) != INVALID_FILE_ATTRIBUTES);
+    CHECK(GetFileAttributesA(folder.path("dwgs.tmp").c_str()) != INVALID_FILE_ATTRIBUTES);
     CHECK(database->dbmod() == 0);
     CHECK(CTestFolder::read(sPath).size() > sBytes.size());
 }

@@ -41,6 +41,25 @@ private:
     Events events;
 };
 
+// While it lives, no block of 16 MB is to be had: in the 32-bit program, which ships.
+class NoLargeBlocks {
+public:
+    NoLargeBlocks()
+    {
+        for (SIZE_T size = 1 << 30; size >= 16 << 20; size /= 2)
+            while (void* const pBlock = ::VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS))
+                m_blocks.push_back(pBlock);
+    }
+    ~NoLargeBlocks()
+    {
+        for (void* const pBlock : m_blocks)
+            ::VirtualFree(pBlock, 0, MEM_RELEASE);
+    }
+
+private:
+    std::vector<void*> m_blocks;
+};
+
 std::string context;  // the document in which the test's command last ran
 
 void noteContext()
@@ -66,9 +85,35 @@ TEST_CASE_FIXTURE(Recorder, "what fails is not told as done")
     CHECK(acDocManager->appContextOpenDocument(sBroken.c_str()) == Acad::eFilerError);
     CHECK(acDocManager->appContextOpenDocument(path("missing.dwg").c_str()) == Acad::eFileNotFound);
     CHECK(take() == Events{"createCanceled broken.dxf", "createCanceled missing.dwg"});
-    CHECK(documents().count() == 1);
+    if constexpr (sizeof(void*) == 4) {
+        const std::string sLarge = write("large.dwg", std::string(20 << 20, '\n'));
+        const NoLargeBlocks none;
+        CHECK(acDocManager->appContextOpenDocument(sLarge.c_str()) == Acad::eFilerError);
+        refused("DXFIN " + sLarge, "not enough memory");
+        CHECK(documents().count() == 1);
+        const std::string sReferring = write("plan.dwg", DrawingText().xref("large", sLarge).str());
+        CHECK(acDocManager->appContextOpenDocument(sReferring.c_str()) == Acad::eOk);  // without the reference
+        CHECK(take() == Events{"createCanceled large.dwg", "beginDxfIn", "abortDxfIn", "created plan.dwg",
+                               "dwgFileOpened", "activated plan.dwg"});
+    }
     REQUIRE(run("OPEN " + drawing("c.dxf")));  // imported, whatever the command
     CHECK(take() == Events{"created c.dxf", "beginDxfIn", "dxfInComplete", "activated c.dxf"});
+}
+
+TEST_CASE_FIXTURE(HostFixture, "a path that is longer than programs can open does not open under a shorter name")
+{
+    char before[MAX_PATH] = "";
+    ::GetCurrentDirectoryA(sizeof before, before);
+    const std::string sFolder = path(std::string(200 - path("").size(), 'f'));
+    const std::string sName = std::string(60, 'n') + ".dwg";
+    REQUIRE(::CreateDirectoryA(sFolder.c_str(), nullptr));
+    REQUIRE(::MoveFileA(drawing("a.dwg").c_str(), ("\\\\?\\" + sFolder + "\\" + sName).c_str()));
+    REQUIRE(::SetCurrentDirectoryA(sFolder.c_str()));
+    refused("OPEN " + sName, "too long");
+    REQUIRE(run("NEW"));
+    refused("SAVEAS x" + sName, "too long");
+    ::SetCurrentDirectoryA(before);
+    ::DeleteFileA(("\\\\?\\" + sFolder + "\\" + sName).c_str());
 }
 
 TEST_CASE_FIXTURE(Recorder, "no way leads to another drawing while activation is disabled")
