@@ -1,10 +1,12 @@
 #include "dxf/DxfFile.h"
 
+#include "dwg/BinaryDrawing.h"
 #include "dxf/FileError.h"
 #include "library/system/Handles.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <new>
 #include <utility>
 
 namespace dxf {
@@ -87,8 +89,16 @@ std::unique_ptr<DxfFile> DxfFile::parse(std::string sBytes, const std::string& s
 {
     std::unique_ptr<DxfFile> file;
     if (isBinaryDrawing(sBytes)) {
-        file = parse("0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", sName);
-        file->m_sNotRead = "binary drawings cannot be read";
+        std::string sText = "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", sNotRead;
+        try {
+            sText = dwg::toText(sBytes);
+        } catch (const dwg::Unreadable& error) {
+            sNotRead = error.what();
+        } catch (const std::bad_alloc&) {
+            sNotRead = "it is too large";
+        }
+        file = parse(std::move(sText), sName);
+        file->m_sNotRead = std::move(sNotRead);
         file->m_sVersion = sBytes.substr(0, 6);
         file->m_binary = std::move(sBytes);
         return file;

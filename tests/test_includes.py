@@ -4,7 +4,7 @@ import re
 import sys
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
-ROWS = {"": "library dxf host settings reactors tabs additions module",
+ROWS = {"": "library dwg dxf host settings reactors tabs additions module",
         "library/": "threads text network system controls diagnostics registry mail drawing files titleblock expansion maintenance"}
 faults = []
 for prefix, row in ROWS.items():

@@ -1,0 +1,62 @@
+#pragma once
+
+// The coded values of a drawing, read bit by bit, the most significant one of a byte first.
+// Behind the end all values are 0, and the reader has failed: whoever reads asks once, when
+// he is done. Names are those of the codes.
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace dwg {
+
+class Bits {
+public:
+    Bits() = default;
+    // From a bit up to another one, counted from the first of the bytes.
+    explicit Bits(std::string_view bytes) : Bits(bytes, 0, bytes.size() * 8) {}
+    Bits(std::string_view bytes, std::size_t begin, std::size_t end);
+
+    bool failed() const { return m_failed; }
+    void fail();
+    std::size_t position() const { return m_at; }
+    std::size_t left() const { return m_end - m_at; }
+    void skip(std::size_t count);
+    // What follows, up to so many bits.
+    Bits first(std::size_t count) const;
+
+    // Up to 32.
+    std::uint32_t bits(unsigned count);
+    bool b() { return bits(1) != 0; }
+    unsigned bb() { return bits(2); }
+    unsigned rc() { return bits(8); }
+    unsigned rs();
+    std::uint32_t rl();
+    std::uint64_t rll();
+    double rd();
+    unsigned bs();
+    std::uint32_t bl();
+    std::uint64_t bll();
+    double bd();
+    double dd(double otherwise);
+    unsigned ot();
+    std::int64_t mc();
+    std::uint64_t umc();
+    std::uint32_t ms();
+    // The count of things of so many bits each at the least: fails when so many cannot follow.
+    std::uint32_t count(std::uint32_t number, std::size_t bitsOfEach = 1);
+
+    struct Handle {
+        unsigned code = 0;
+        std::uint64_t value = 0;
+    };
+    Handle h();
+
+private:
+    const unsigned char* m_bytes = nullptr;
+    std::size_t m_at = 0;
+    std::size_t m_end = 0;
+    bool m_failed = false;
+};
+
+}  // namespace dwg

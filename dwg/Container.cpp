@@ -1,0 +1,88 @@
+#include "dwg/Container.h"
+
+#include "dwg/BinaryDrawing.h"
+
+#include <algorithm>
+
+namespace dwg {
+
+namespace {
+
+constexpr struct {
+    std::string_view magic;
+    int release;
+    void (*read)(std::string_view, Sections&);
+} kVersions[] = {
+    {"AC1012", 13, readPlain},   {"AC1014", 14, readPlain},   {"AC1015", 2000, readPlain}, {"AC1018", 2004, readPaged},
+    {"AC1024", 2010, readPaged}, {"AC1027", 2013, readPaged}, {"AC1032", 2018, readPaged},
+};
+constexpr std::size_t kLargest = 0xFFFFFFF;  // its bits can be counted
+
+}  // namespace
+
+// Real drawings grow two- to sixfold.
+Room::Room(std::size_t fileSize) : m_left(std::uint64_t{fileSize} * 32 + 0x1000000) {}
+
+void Room::take(std::uint64_t bytes)
+{
+    if (bytes > m_left)
+        throw Unreadable("damaged: it would grow without end");
+    m_left -= bytes;
+}
+
+std::string_view part(std::string_view bytes, std::uint64_t offset, std::uint64_t size)
+{
+    if (offset > bytes.size() || size > bytes.size() - offset)
+        throw Unreadable("damaged: it ends before its contents");
+    return bytes.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(size));
+}
+
+std::uint32_t number(std::string_view bytes, std::uint64_t offset)
+{
+    std::uint32_t value = 0;
+    for (unsigned shift = 0; const char c : part(bytes, offset, 4)) {
+        value |= std::uint32_t{static_cast<unsigned char>(c)} << shift;
+        shift += 8;
+    }
+    return value;
+}
+
+std::uint64_t longNumber(std::string_view bytes, std::uint64_t offset)
+{
+    return number(bytes, offset) | std::uint64_t{number(bytes, offset + 4)} << 32;
+}
+
+void readSections(std::string_view bytes, Sections& sections)
+{
+    const std::string_view magic = bytes.substr(0, 6);
+    if (bytes.size() > kLargest)
+        throw Unreadable("it is too large");
+    for (const auto& version : kVersions)
+        if (version.magic == magic) {
+            sections.release = version.release;
+            sections.version = magic;
+            sections.room = Room(bytes.size());
+            sections.codePage = number(bytes, 0x13) & 0xFFFF;
+            version.read(bytes, sections);
+            return;
+        }
+    throw Unreadable((magic < kVersions[0].magic ? "it is from before R13 (" : "its version is not known (") +
+                     std::string(magic) + ")");
+}
+
+void readPlain(std::string_view bytes, Sections& sections)
+{
+    const std::uint32_t count = number(bytes, 0x15);
+    if (count > 16)
+        throw Unreadable("damaged: the list of its sections");
+    for (std::uint64_t at = 0x19; at < 0x19 + 9 * count; at += 9) {
+        const char kind = part(bytes, at, 9)[0];
+        if (kind == 1)
+            sections.classes = part(bytes, number(bytes, at + 1), number(bytes, at + 5));
+        else if (kind == 2)
+            sections.objectMap = part(bytes, number(bytes, at + 1), number(bytes, at + 5));
+    }
+    sections.objects = bytes;
+}
+
+}  // namespace dwg
