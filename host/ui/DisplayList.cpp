@@ -31,6 +31,8 @@ void DisplayList::paint(HDC dc, const RECT& area) const
     for (const auto& line : m_lines)
         for (const PlanPoint& point : line)
             extents.add(point);
+    for (const auto& ray : m_rays)
+        extents.add(ray.first);
     for (const Text& text : m_texts) {
         extents.add(text.at);
         extents.add({text.at.x, text.at.y + text.height});
@@ -52,7 +54,18 @@ void DisplayList::paint(HDC dc, const RECT& area) const
     for (const auto& line : m_lines) {
         points.clear();
         std::transform(line.begin(), line.end(), std::back_inserter(points), place);
-        ::Polyline(dc, points.data(), static_cast<int>(points.size()));
+        if (points.size() == 1)
+            ::Rectangle(dc, points[0].x - 1, points[0].y - 1, points[0].x + 2, points[0].y + 2);
+        else
+            ::Polyline(dc, points.data(), static_cast<int>(points.size()));
+    }
+    for (const auto& [from, through] : m_rays) {
+        const POINT start = place(from);
+        const double length = std::max(std::hypot(through.x - from.x, through.y - from.y), 1e-9);
+        const double reach = (area.right + area.bottom) / length;  // in pixels, beyond the window's edge
+        ::MoveToEx(dc, start.x, start.y, nullptr);
+        ::LineTo(dc, start.x + static_cast<LONG>((through.x - from.x) * reach),
+                 start.y - static_cast<LONG>((through.y - from.y) * reach));
     }
     ::SetBkMode(dc, TRANSPARENT);
     ::SetTextAlign(dc, TA_LEFT | TA_BASELINE);

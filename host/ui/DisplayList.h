@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -31,7 +32,8 @@ private:
         std::string text;
     };
 
-    std::vector<std::vector<PlanPoint>> m_lines;
+    std::vector<std::vector<PlanPoint>> m_lines;          // one of a single point is a mark
+    std::vector<std::pair<PlanPoint, PlanPoint>> m_rays;  // from the first, through the second, without end
     std::vector<Text> m_texts;
 };
 
