@@ -1,23 +1,20 @@
 #include "additions/SameNames.h"
 
 #include "additions/OptInText.h"
+#include "library/drawing/DocumentName.h"
 #include "library/expansion/KeywordExpansion.h"
 #include "library/files/PathParts.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
-#include "objectarx/acdocman.h"
-#include "settings/TabOptions.h"
+#include "reactors/OpenDocuments.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 // The nearest folder that tells the drawing from the others of its name; here alone.
 constexpr const char* kNearestFolder = "%DISTINCT_FOLDER%";
-
-std::string upper(const CString& sText) { return Tesk::MultiByte::upper(Tesk::viewOf(sText)); }
-
-CString templateOf(const AcApDocument* pDocument) { return getOptInText(pDocument->fileName(), "SameNameText"); }
 
 // What the path and the dates can tell; nothing of the drawing has to be read for it.
 CString expand(CString sTemplate, const CString& sFilename, const CString& sNearestFolder)
@@ -54,46 +51,42 @@ std::set<std::string> CSameNames::keysOf(const std::vector<Folder>& vecFolders)
 
 CString CSameNames::getSuffix(AcApDocument* pDocument, const CString& sName)
 {
-    const CString sTemplate = templateOf(pDocument);
-    if (m_iAsking == 0) {
-        if (sTemplate.IsEmpty())
-            return CString();
-        rememberTabs();
-    }
-    remember(pDocument, sName, sTemplate);
-    if (sTemplate.IsEmpty())
-        return CString();
-    Name& name = m_mapNames.at(pDocument);
-    name.shown = distinguish(m_mapGroups.at(name.sKey), name);
-    return name.shown ? expand(sTemplate, name.sFilename, *name.shown) : CString();
+    Name& name = remember(pDocument, sName);
+    if (m_mapGroups.at(name.sKey).isShared())
+        lookUp(pDocument);
+    name.shown = distinguish(name);
+    return name.shown ? expand(name.sTemplate, name.sFilename, *name.shown) : CString();
 }
 
-void CSameNames::rememberTabs()
+CSameNames::Name& CSameNames::remember(AcApDocument* pDocument, const CString& sName)
 {
-    const bool bExtensions = CTabOptions::readExtensions();
-    for (int iItem = 0; iItem < m_tabs.GetItemCount(); ++iItem) {
-        AcApDocument* pDocument = m_tabs.getDocument(iItem);
-        const Tesk::CPathParts parts(pDocument->fileName());
-        remember(pDocument, Tesk::toCString(bExtensions ? parts.fileName() : parts.m_sBase), templateOf(pDocument));
-    }
-}
-
-void CSameNames::remember(AcApDocument* pDocument, const CString& sName, const CString& sTemplate)
-{
+    const char* sFilename = Tesk::fileNameOf(pDocument);
     const auto known = m_mapNames.find(pDocument);
-    std::string sKey = upper(sName);
-    if (known != m_mapNames.end() && known->second.sKey == sKey &&
-        known->second.sFilename.Compare(pDocument->fileName()) == 0 && known->second.sTemplate.Compare(sTemplate) == 0)
-        return;
+    if (known != m_mapNames.end() && known->second.sName.Compare(sName) == 0 &&
+        known->second.sFilename.Compare(sFilename) == 0)
+        return known->second;
     forget(pDocument);
-    Group& group = m_mapGroups[sKey];
+    Name fresh{sName, Tesk::MultiByte::upper(Tesk::viewOf(sName)), sFilename, {}, {}, {}};
+    Name& name = m_mapNames.insert({pDocument, std::move(fresh)}).first->second;
+    Group& group = m_mapGroups[name.sKey];
     group.vecDocuments.push_back(pDocument);
-    Name name{sKey, pDocument->fileName(), sTemplate, foldersOf(pDocument->fileName()), {}};
+    if (group.isShared()) {
+        m_setChanged.insert(name.sKey);
+        lookUp(group.vecDocuments.front());
+    }
+    return name;
+}
+
+void CSameNames::lookUp(AcApDocument* pDocument)
+{
+    Name& name = m_mapNames.at(pDocument);
+    name.sTemplate = getOptInText(name.sFilename, "SameNameText");
+    if (!name.vecFolders.empty())
+        return;
+    name.vecFolders = foldersOf(name.sFilename);
+    Group& group = m_mapGroups.at(name.sKey);
     for (const std::string& sFolder : keysOf(name.vecFolders))
         ++group.mapFolders[sFolder];
-    m_mapNames.insert({pDocument, std::move(name)});
-    m_setChanged.insert(std::move(sKey));
-    m_iAsking += !sTemplate.IsEmpty();
 }
 
 void CSameNames::forget(AcApDocument* pDocument)
@@ -102,14 +95,15 @@ void CSameNames::forget(AcApDocument* pDocument)
     if (known == m_mapNames.end())
         return;
     const Name& name = known->second;
-    Group& group = m_mapGroups.at(name.sKey);
-    group.vecDocuments.erase(std::find(group.vecDocuments.begin(), group.vecDocuments.end(), pDocument));
+    Group& group = m_mapGroups[name.sKey];
+    if (group.isShared())
+        m_setChanged.insert(name.sKey);
+    std::vector<AcApDocument*>& vecDocuments = group.vecDocuments;
+    vecDocuments.erase(std::remove(vecDocuments.begin(), vecDocuments.end(), pDocument), vecDocuments.end());
     for (const std::string& sFolder : keysOf(name.vecFolders))
         --group.mapFolders[sFolder];
-    if (group.vecDocuments.empty())
+    if (vecDocuments.empty())
         m_mapGroups.erase(name.sKey);
-    m_setChanged.insert(name.sKey);
-    m_iAsking -= !name.sTemplate.IsEmpty();
     m_mapNames.erase(known);
 }
 
@@ -121,10 +115,6 @@ void CSameNames::remove(AcApDocument* pDocument)
 
 void CSameNames::updateOthers()
 {
-    if (m_iAsking == 0) {
-        m_mapNames.clear();
-        m_mapGroups.clear();
-    }
     // Making a text anew comes back here, with nothing left to look at.
     std::set<std::string> setChanged;
     setChanged.swap(m_setChanged);
@@ -134,15 +124,17 @@ void CSameNames::updateOthers()
             continue;
         for (AcApDocument* pDocument : std::vector<AcApDocument*>(group->second.vecDocuments)) {
             const Name& name = m_mapNames.at(pDocument);
-            if (!name.sTemplate.IsEmpty() && name.shown != distinguish(m_mapGroups.at(name.sKey), name))
+            // One may have gone without a word.
+            if (name.shown != distinguish(name) && isOpen(pDocument))
                 m_tabs.updateTabText(pDocument);
         }
     }
 }
 
-std::optional<CString> CSameNames::distinguish(const Group& group, const Name& name) const
+std::optional<CString> CSameNames::distinguish(const Name& name) const
 {
-    if (group.vecDocuments.size() < 2 || name.vecFolders.empty())
+    const Group& group = m_mapGroups.at(name.sKey);
+    if (!group.isShared() || name.sTemplate.IsEmpty() || name.vecFolders.empty())
         return std::nullopt;
     return name.sTemplate.Find(kNearestFolder) == -1 ? CString() : nearestFolder(group, name);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 // Tells apart the tabs of drawings that share a name, where their texts ask for it
-// ("SameNameText"). While none does, nothing is kept and no name compared.
+// ("SameNameText"). Of the others nothing is known but the name: no text is looked up.
 
 #include "tabs/ARXMDITabs.h"
 
@@ -27,30 +27,33 @@ private:
         std::string sKey;  // the name in one case
     };
     struct Name {
+        CString sName;                   // as the tab shows it
         std::string sKey;                // the name in one case
         CString sFilename;               // the full path
-        CString sTemplate;               // empty: does not ask
-        std::vector<Folder> vecFolders;  // from the drawing's own up
+        CString sTemplate;               // empty: does not ask, or shares its name with none
+        std::vector<Folder> vecFolders;  // from the drawing's own up, once the name is shared
         std::optional<CString> shown;    // by which the tab's text tells it apart now, if it does
     };
     // The documents of one name, and how many of them lie below a folder of that name.
     struct Group {
         std::vector<AcApDocument*> vecDocuments;
         std::map<std::string, int> mapFolders;
+
+        bool isShared() const { return vecDocuments.size() > 1; }
     };
 
     static std::vector<Folder> foldersOf(const CString& sFilename);
     static std::set<std::string> keysOf(const std::vector<Folder>& vecFolders);
-    void rememberTabs();
-    void remember(AcApDocument* pDocument, const CString& sName, const CString& sTemplate);
+    Name& remember(AcApDocument* pDocument, const CString& sName);
     void forget(AcApDocument* pDocument);
+    // Looks up what a shared name needs.
+    void lookUp(AcApDocument* pDocument);
     // Nothing for a drawing that shares its name with none, or was never saved.
-    std::optional<CString> distinguish(const Group& group, const Name& name) const;
+    std::optional<CString> distinguish(const Name& name) const;
     CString nearestFolder(const Group& group, const Name& name) const;
 
     CARXMDITabs& m_tabs;
     std::map<AcApDocument*, Name> m_mapNames;
     std::map<std::string, Group> m_mapGroups;
     std::set<std::string> m_setChanged;  // groups whose texts have not been looked at yet
-    int m_iAsking = 0;                   // of the names, those that have a template
 };

@@ -163,10 +163,12 @@ TEST_CASE_FIXTURE(NamesFixture, "names that are shared are told apart by the nea
     }
 }
 
-TEST_CASE_FIXTURE(NamesFixture, "names are told apart where the texts ask for it, before the marker")
+TEST_CASE_FIXTURE(NamesFixture,
+                  "names are told apart where the texts ask for it once they are shared, before the marker")
 {
+    open("plain\\Plan.dwg");
     folder.write("plain\\MDITabs.ini", "SameNameText = \"\"\n");
-    CHECK(tabsOf({"plain", "A", "B"}) == Texts{"Plan", "Plan (A)", "Plan (B)"});
+    CHECK(tabsOf({"A", "B"}) == Texts{"Plan", "Plan (A)", "Plan (B)"});
     REQUIRE(run("LINE 0 0 1 1"));
     CHECK(tabs().back() == "Plan (B)*");
 }
