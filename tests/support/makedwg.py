@@ -1,0 +1,214 @@
+#!/usr/bin/python3
+"""Writes small binary drawings for tests, R2000 and R2004, with no more in them than a reader for
+tabs reads: no CAD system opens them.
+
+    makedwg.py FOLDER      writes made_2000.dwg and made_2004.dwg, both of SAMPLE
+"""
+import pathlib
+import struct
+import sys
+
+
+def bits(value, count):
+    return format(value, f"0{count}b")
+
+
+def raw(layout, *values):
+    return "".join(bits(byte, 8) for byte in struct.pack("<" + layout, *values))
+
+
+def number(value, layout):
+    """BS or BL, by the layout of the long form."""
+    return "10" if value == 0 else "01" + bits(value, 8) if value < 256 else "00" + raw(layout, value)
+
+
+def double(*values):
+    return "".join({0.0: "10", 1.0: "01"}.get(v) or "00" + raw("d", v) for v in values)
+
+
+def handle(code, value):
+    data = value.to_bytes((value.bit_length() + 7) // 8, "big")
+    return bits(code, 4) + bits(len(data), 4) + "".join(bits(byte, 8) for byte in data)
+
+
+def text(value):
+    data = value.encode("cp1252") + b"\0" if value else b""
+    return number(len(data), "H") + raw(f"{len(data)}s", data)
+
+
+def modular(value, sign):
+    """MC where there is a sign, else UMC."""
+    out, last, rest = b"", 0x40 if sign else 0x80, abs(value)
+    while rest >= last:
+        out, rest = out + bytes([rest & 0x7F | 0x80]), rest >> 7
+    return out + bytes([rest | (0x40 if sign and value < 0 else 0)])
+
+
+def packed(data):
+    """All of it as one run of literals."""
+    more = len(data) - 18
+    head = bytes([len(data) - 3]) if more <= 0 else bytes(1 + (more - 1) // 255) + bytes([(more - 1) % 255 + 1])
+    return head + data + b"\x11\0\0"
+
+
+class Drawing:
+    """blocks: dicts with name and, as wanted, xref, overlay, unloaded, dependent, anonymous, attributes
+    (flags), path, layout, and inserts: dicts with block (its index), attributes [(tag, text)], invisible.
+    deleted: empty places in the block table before its last record."""
+
+    def __init__(self, year, blocks, summary=(), custom=(), deleted=0):
+        self.year, self.blocks, self.objects, self.last = year, blocks, {}, 0x100
+        self.summary, self.custom = [*summary, *[""] * 8][:8], custom
+        self.layer()
+        records = [{0: 0x1F, 1: 0x1B}.get(k) or self.new() for k in range(len(blocks))]
+        entities = [[self.new() for _ in block.get("inserts", ())] for block in blocks]
+        references = [[] for _ in blocks]
+        for k, block in enumerate(blocks):
+            for own, insert, *links in zip(entities[k], block.get("inserts", ()), [0, *entities[k]],
+                                           [*entities[k][1:], 0]):
+                references[insert["block"]].append(own)
+                self.insert(own, {0: 2, 1: 1}.get(k, 0), records, k, insert, links)
+        for k, block in enumerate(blocks):
+            self.record(records[k], block, entities[k], references[k])
+        listed = records[2:-1] + [0] * deleted + records[2:][-1:]
+        self.add(1, 0x30, self.plain() + number(len(listed), "I"), self.plain_references(0),
+                 *(handle(2, record) for record in listed), handle(3, records[0]), handle(3, records[1]))
+        if year == 2000:
+            self.properties()
+
+    def new(self):
+        self.last += 1
+        return self.last
+
+    def add(self, own, kind, data, *references):
+        head = number(kind, "H")
+        body = handle(0, own) + "10" + data
+        all_bits = head + raw("I", len(head) + 32 + len(body)) + body + "".join(references)
+        all_bits += "0" * (-len(all_bits) % 8)
+        body = int("1" + all_bits, 2).to_bytes(len(all_bits) // 8 + 1, "big")[1:]
+        self.objects[own] = struct.pack("<H", len(body)) + body + b"\0\0"  # without a checksum
+
+    def plain(self):
+        return "10" + ("1" if self.year == 2004 else "")
+
+    def plain_references(self, owner):
+        return handle(4, owner) + ("" if self.year == 2004 else handle(3, 0))
+
+    def entity(self, mode, owner, links, invisible=False):
+        data = "0" + bits(mode, 2) + "10" + ("1" if self.year == 2004 else "0") + "10" + double(1.0) + "0000"
+        references = handle(4, owner) if mode == 0 else ""
+        if self.year == 2000:
+            references += handle(3, 0) + handle(4, links[0]) + handle(4, links[1])
+        return data + number(1 if invisible else 0, "H") + bits(29, 8), references + handle(5, 0x10)
+
+    def layer(self):
+        self.add(0x10, 0x33, self.plain() + text("Frame"), self.plain_references(2))
+
+    def insert(self, own, mode, records, k, insert, links):
+        attributes = insert.get("attributes", [])
+        chain = [self.new() for _ in attributes]
+        data, references = self.entity(mode, records[k], links, insert.get("invisible"))
+        data += double(1.5, 2.0, 0.0) + "11" + double(0.0, 0.0, 0.0, 1.0) + ("1" if attributes else "0")
+        if attributes and self.year == 2004:
+            data += number(len(chain), "I")
+        listed = chain if self.year == 2004 else [*chain[:1], *chain[-1:]]
+        self.add(own, 7, data, references, handle(5, records[insert["block"]]), *(handle(3, a) for a in listed))
+        for at, (tag, value), *near in zip(chain, attributes, [0, *chain], [*chain[1:], 0]):
+            data, references = self.entity(0, own, near)
+            self.add(at, 2, data + bits(0xFF, 8) + raw("2d", 1.5, 2.0) + "11" + raw("d", 2.5) + text(value)
+                     + text(tag) + "10" + bits(1, 8), references, handle(5, 0x11))
+
+    def record(self, own, block, entities, references):
+        flags = ("dependent", "anonymous", "attributes", "xref", "overlay", "unloaded")
+        data = self.plain() + text(block["name"]) + "1" + "10" + "".join("1" if block.get(f) else "0" for f in flags)
+        attached = block.get("xref") or block.get("overlay")
+        if self.year == 2004 and not attached:
+            data += number(len(entities), "I")
+        data += double(0.0, 7.0, 0.0) + text(block.get("path", "")) + bits(1, 8) * len(references) + bits(0, 8)
+        listed = entities if self.year == 2004 else [] if attached else [(entities or [0])[k] for k in (0, -1)]
+        self.add(own, 0x31, data + text("") + "10", self.plain_references(1), handle(5, 0), handle(3, 1),
+                 *(handle(4, e) for e in listed), handle(3, 1), *(handle(4, e) for e in references),
+                 handle(5, self.new() if block.get("layout") else 0))
+
+    def properties(self):
+        self.add(0x0C, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + text("DWGPROPS"),
+                 self.plain_references(0), handle(2, 0x0D))
+        items = [(1, "DWGPROPS COOKIE"), *zip((2, 3, 4, 7, 6, 8, 9), self.summary),
+                 *((300 + k, "=".join(pair)) for k, pair in enumerate(self.custom)), (1, self.summary[7])]
+        body = b"".join(struct.pack("<HHB", code, len(value), 30) + value.encode("cp1252") for code, value in items)
+        body = struct.pack("<HdHIH3d", 40, 0.5, 90, 1, 10, 1, 2, 3) + body
+        self.add(0x0D, 0x4F, self.plain() + number(len(body), "I") + raw(f"{len(body)}s", body),
+                 self.plain_references(0x0C))
+
+    def layout(self, start):
+        """The objects, and the map of them, as from that offset on."""
+        body, page, last = b"", b"", (0, 0)
+        for own in sorted(self.objects):
+            now = own, start + len(body)
+            page += modular(now[0] - last[0], False) + modular(now[1] - last[1], True)
+            last, body = now, body + self.objects[own]
+        return body, struct.pack(">H", len(page) + 2) + page + b"\0\0" + b"\0\2\0\0"
+
+    def bytes(self):
+        return self.plain_file() if self.year == 2000 else self.paged_file()
+
+    def plain_file(self):
+        body, table = self.layout(0x100)
+        head = b"AC1015" + bytes(13) + struct.pack("<HIBII", 30, 1, 2, 0x100 + len(body), len(table))
+        return head.ljust(0x100, b"\0") + body + table
+
+    def paged_file(self):
+        def string(value):
+            return struct.pack("<H", len(value) + 1) + value.encode("cp1252") + b"\0"
+        info = b"".join(map(string, self.summary)) + bytes(24) + struct.pack("<H", len(self.custom))
+        info += b"".join(string(key) + string(value) for key, value in self.custom) + bytes(8)
+        body, table = self.layout(0)
+        out, pages, described = bytearray(0x100), [], b""
+
+        def page(data):
+            pages.append((len(pages) + 1, len(data)))
+            out.extend(data)
+            return len(pages)
+
+        def system(tag, data):
+            return struct.pack("<5I", tag, len(data), len(packed(data)), 2, 0) + packed(data)
+        for name, data, how in (("SummaryInfo", info, 1), ("AcDbObjects", body, 2), ("Handles", table, 2)):
+            parts, room = b"", 0x400
+            for start in range(0, len(data), room):
+                piece = data[start:start + room].ljust(4, b"\0")
+                stored = packed(piece) if how == 2 else piece
+                head = struct.pack("<8I", *(x ^ 0x4164536B ^ len(out) for x in (0x4163043B, 1, len(stored), room, start, 0, 0, 0)))
+                parts += struct.pack("<IIQ", page(head + stored), len(stored), start)
+            described += struct.pack("<Q6I64s", len(data), len(parts) // 16, room, 1, how, 1, 0, b"AcDb:" + name.encode()) + parts
+        number_of_map = page(system(0x4163003B, struct.pack("<5I", 3, 2, 0x7400, 0, 3) + described))
+        address = len(out) - 0x100
+        gap = struct.pack("<iI16x", -1, 0)
+        out += system(0x41630E3B, gap + b"".join(struct.pack("<iI", *entry) for entry in pages))
+        plain = bytearray(b"AcFssFcAJMB".ljust(0x54, b"\0") + struct.pack("<QI", address, number_of_map).ljust(0x18, b"\0"))
+        seed = 1
+        for k, byte in enumerate(plain):
+            seed = (seed * 0x343FD + 0x269EC3) & 0xFFFFFFFF
+            out[0x80 + k] = byte ^ seed >> 16 & 0xFF
+        out[:6], out[0x13:0x15] = b"AC1018", struct.pack("<H", 30)
+        return bytes(out)
+
+
+SAMPLE = dict(
+    blocks=[
+        {"name": "*Model_Space", "layout": True, "inserts": [{"block": 3}, {"block": 4, "invisible": True}]},
+        {"name": "*Paper_Space", "layout": True,
+         "inserts": [{"block": 2, "attributes": [("TITLE", "Plan^1"), ("AUTHOR", "J\u00f6rg")]}, {"block": 2}]},
+        {"name": "BORDER", "attributes": True},
+        {"name": "GRID", "xref": True, "path": "..\\grid.dwg"},
+        {"name": "SITE", "xref": True, "overlay": True, "path": "C:\\jobs\\site.dwg"},
+        {"name": "OLD", "xref": True, "unloaded": True, "path": "old.dwg"},
+        {"name": "GRID|LAMP", "dependent": True, "path": "no reference"},
+        {"name": "*Paper_Space", "layout": True, "inserts": [{"block": 2}]},
+        {"name": "*U", "anonymous": True},
+    ],
+    summary=["Titel", "s", "\u00c4", "k", "a\r\nb", "me", "3", "http://x"],
+    custom=[("Client", "A = B"), ("Empty", "")], deleted=2)
+
+if __name__ == "__main__":
+    for year in (2000, 2004):
+        (pathlib.Path(sys.argv[1]) / f"made_{year}.dwg").write_bytes(Drawing(year, **SAMPLE).bytes())
