@@ -8,6 +8,7 @@
 #include "additions/SameNames.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/drawing/DocumentName.h"
 #include "library/files/Explorer.h"
 #include "library/files/PathParts.h"
 #include "library/network/UniversalName.h"
@@ -15,6 +16,7 @@
 #include "mfc/afxwin.h"
 #include "objectarx/acdocman.h"
 #include "reactors/DocManagerReactor.h"
+#include "reactors/OpenDocuments.h"
 
 #include <algorithm>
 #include <optional>
@@ -28,10 +30,10 @@ bool maySwitch() { return acDocManager->isDocumentActivationEnabled(); }
 // that of a drawing that was never saved, whatever lies in the current folder.
 bool hasFile(const AcApDocument* pDocument)
 {
-    const Tesk::CPathParts parts(pDocument->fileName());
+    const Tesk::CPathParts parts(Tesk::fileNameOf(pDocument));
     const bool bFull =
         (!parts.m_sDrive.empty() && parts.m_sFolder.substr(0, 1) == "\\") || parts.m_sFolder.substr(0, 2) == "\\\\";
-    const DWORD dwAttributes = bFull ? ::GetFileAttributesA(pDocument->fileName()) : INVALID_FILE_ATTRIBUTES;
+    const DWORD dwAttributes = bFull ? ::GetFileAttributesA(Tesk::fileNameOf(pDocument)) : INVALID_FILE_ATTRIBUTES;
     return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
@@ -87,7 +89,7 @@ private:
     void closeUnchanged(AcApDocument*) { m_closing.start(documents(), true); }
     void copyPath(AcApDocument* pDocument);
     void openFolder(AcApDocument* pDocument);
-    void showHelp(AcApDocument* pDocument) { CHelpBox(pDocument->fileName()).DoModal(); }
+    void showHelp(AcApDocument* pDocument) { CHelpBox(Tesk::fileNameOf(pDocument)).DoModal(); }
 
     CARXMDITabs& m_tabs;
     CSameNames m_sameNames{m_tabs};
@@ -118,7 +120,7 @@ void CAdditions::appendItems(AcApDocument* pDocument, CMenu& menu, Place place)
     bool bAppended = false;
     std::optional<bool> known[kWithFile + 1];  // a disk may be far away: asked once, and only where it matters
     for (const Item& item : kItems) {
-        const CString sCaption = item.place == place ? getOptInText(pDocument->fileName(), item.sKey) : CString();
+        const CString sCaption = item.place == place ? getOptInText(Tesk::fileNameOf(pDocument), item.sKey) : CString();
         if (sCaption.IsEmpty())
             continue;
         std::optional<bool>& offered = known[item.offered];
@@ -153,7 +155,7 @@ bool CAdditions::isOffered(Offered offered, const AcApDocument* pDocument)
 
 bool CAdditions::appendDrawings(const AcApDocument* pDocument, CMenu& menu)
 {
-    const CString sCaption = getOptInText(pDocument->fileName(), "PopupDrawingsText");
+    const CString sCaption = getOptInText(Tesk::fileNameOf(pDocument), "PopupDrawingsText");
     if (sCaption.IsEmpty() || !maySwitch())
         return false;
     CMenu menuDrawings;
@@ -188,7 +190,7 @@ void CAdditions::openMenu(CMenu& menu)
 bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
 {
     for (const Item& item : kItems)
-        if (item.iItem == iItem && !getOptInText(pDocument->fileName(), item.sKey).IsEmpty()) {
+        if (item.iItem == iItem && !getOptInText(Tesk::fileNameOf(pDocument), item.sKey).IsEmpty()) {
             (this->*item.pDo)(pDocument);
             return true;
         }
@@ -196,7 +198,8 @@ bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
     if (iDrawing >= m_vecDrawings.size())
         return false;
     // It may have been closed by others while the menu was up.
-    if (AcApDocument* pChosen = m_vecDrawings[iDrawing])
+    AcApDocument* pChosen = m_vecDrawings[iDrawing];
+    if (isOpen(pChosen))
         TESK_VERIFY(acDocManager->activateDocument(pChosen) == Acad::eOk);
     return true;
 }
@@ -206,7 +209,8 @@ std::vector<AcApDocument*> CAdditions::documents()
     std::vector<AcApDocument*> vecDocuments;
     const int iCount = m_tabs.GetItemCount();
     for (int iItem = 0; iItem < iCount; ++iItem)
-        vecDocuments.push_back(m_tabs.getDocument(iItem));
+        if (AcApDocument* pDocument = m_tabs.getDocument(iItem); isOpen(pDocument))
+            vecDocuments.push_back(pDocument);
     return vecDocuments;
 }
 
@@ -214,7 +218,8 @@ bool CAdditions::hasUnchanged()
 {
     const int iCount = m_tabs.GetItemCount();
     for (int iItem = 0; iItem < iCount; ++iItem)
-        if (!CDocManagerReactor::isDatabaseModified(m_tabs.getDocument(iItem)))
+        if (AcApDocument* pDocument = m_tabs.getDocument(iItem);
+            isOpen(pDocument) && !CDocManagerReactor::isDatabaseModified(pDocument))
             return true;
     return false;
 }
@@ -234,13 +239,13 @@ void CAdditions::closeOthers(AcApDocument* pDocument)
 
 void CAdditions::copyPath(AcApDocument* pDocument)
 {
-    if (!Tesk::copyToClipboard(m_tabs.m_hWnd, Tesk::Network::getUniversalName(pDocument->fileName())))
+    if (!Tesk::copyToClipboard(m_tabs.m_hWnd, Tesk::Network::getUniversalName(Tesk::fileNameOf(pDocument))))
         report("The path could not be copied: another program is using the clipboard.");
 }
 
 void CAdditions::openFolder(AcApDocument* pDocument)
 {
-    if (!Tesk::showInExplorer(m_tabs.m_hWnd, pDocument->fileName()))
+    if (!Tesk::showInExplorer(m_tabs.m_hWnd, Tesk::fileNameOf(pDocument)))
         report("The drawing's folder could not be opened.");
 }
 

@@ -1,6 +1,7 @@
 #include "additions/MiddleClick.h"
 
 #include "library/registry/Registry.h"
+#include "reactors/OpenDocuments.h"
 #include "settings/TabOptions.h"
 
 #include <utility>
@@ -57,6 +58,6 @@ void CMiddleClick::release(CPoint point)
     if (pPressed == nullptr)
         return;
     ::ReleaseCapture();
-    if (m_tabs.getDocument(point) == pPressed)
+    if (m_tabs.getDocument(point) == pPressed && isOpen(pPressed))
         m_tabs.closeDocument(pPressed);
 }

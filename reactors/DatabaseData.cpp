@@ -1,6 +1,7 @@
 #include "reactors/DatabaseData.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/drawing/DocumentName.h"
 #include "library/drawing/ObjectPointer.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "objectarx/acdocman.h"
@@ -55,7 +56,7 @@ void CDatabaseData::read()
         throw std::invalid_argument("no document owns the drawing");
     m_vecXrefPaths = getXrefPaths();
     m_drawingProperties = Tesk::CARXDrawingProperties(m_pDatabase);
-    m_keywordExpansion.emplace(m_pDatabase, m_pDocument->fileName(), 1, 1);
+    m_keywordExpansion.emplace(m_pDatabase, Tesk::fileNameOf(m_pDocument), 1, 1);
 }
 
 std::vector<CString> CDatabaseData::getXrefPaths() const

@@ -33,7 +33,9 @@ void CDatabaseReactor::checkModified(const AcDbDatabase* pDatabase)
         CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
         if (pDocument == nullptr || pReactor == nullptr)
             return;
-        if (pReactor->wasDatabaseModified(pDocument) != CDocManagerReactor::isDatabaseModified(pDocument))
+        const bool bWas = pReactor->wasDatabaseModified(pDocument);
+        const bool bIs = CDocManagerReactor::isDatabaseModified(pDocument);
+        if (bWas != bIs)
             pReactor->updateDatabaseModifiedFlag(pDocument);
     });
 }

@@ -3,12 +3,43 @@
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
+#include "library/drawing/DocumentName.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "reactors/OpenDocuments.h"
 #include "reactors/TabForwarders.h"
 
 #include <memory>
 #include <stdexcept>
+#include <utility>
+
+namespace {
+
+// A listener and its place with the drawing, which is remembered: a document that goes may
+// not name it any more, and a document that has gone cannot be asked.
+class CRegisteredReactor final : public CDatabaseReactor {
+public:
+    explicit CRegisteredReactor(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
+    {
+        if (m_pDatabase != nullptr)
+            m_pDatabase->addReactor(this);
+    }
+    ~CRegisteredReactor() override
+    {
+        Tesk::guarded("CDatabaseReactor::removeReactor", [this] {
+            if (m_pDatabase != nullptr)
+                m_pDatabase->removeReactor(this);
+        });
+    }
+    CRegisteredReactor(const CRegisteredReactor&) = delete;
+    CRegisteredReactor& operator=(const CRegisteredReactor&) = delete;
+
+    void goodbye(const AcDbDatabase*) override { m_pDatabase = nullptr; }
+
+private:
+    const AcDbDatabase* m_pDatabase;  // the host's; null once it has gone
+};
+
+}  // namespace
 
 CDocManagerReactor* CDocManagerReactor::m_pReactor = nullptr;
 
@@ -33,9 +64,9 @@ void CDocManagerReactor::detach()
         return;
     constexpr const char* sCall = "CDocManagerReactor::detach";
     Tesk::guarded(sCall, [] { m_pReactor->removeDocuments(); });
-    // What the walk did not reach.
-    while (!m_pReactor->m_mapDatabaseReactors.empty())
-        m_pReactor->documentToBeDestroyed(m_pReactor->m_mapDatabaseReactors.begin()->first);
+    // What the walk did not reach; the documents of these may have gone.
+    for (const auto& [pDocument, pReactor] : m_pReactor->m_mapDatabaseReactors)
+        delete pReactor;
     Tesk::guarded(sCall, [] { acDocManager->removeReactor(m_pReactor); });
     delete m_pReactor;
     m_pReactor = nullptr;
@@ -50,10 +81,11 @@ CDocManagerReactor* CDocManagerReactor::getReactor()
 bool CDocManagerReactor::isDatabaseModified(AcApDocument* pDocument)
 {
     TESK_TRACE("CDocManagerReactor::isDatabaseModified(...)\n");
-    if (pDocument->database() == nullptr)
+    AcDbDatabase* const pDatabase = pDocument->database();
+    if (pDatabase == nullptr)
         return false;
     // DBMOD answers for the working database alone.
-    const Tesk::CWorkingDatabase scope(pDocument->database());
+    const Tesk::CWorkingDatabase scope(pDatabase);
     Tesk::CARXVariable variable("DBMOD");
     variable.read();
     return variable.getShort() != 0;
@@ -82,21 +114,16 @@ void CDocManagerReactor::refreshDocuments()
 
 void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
 {
-    TESK_TRACE("CDocManagerReactor::addDatabaseReactor(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CDocManagerReactor::addDatabaseReactor(\"%s\")\n", Tesk::fileNameOf(pDocument));
     TESK_ASSERT(m_mapDatabaseReactors.find(pDocument) == m_mapDatabaseReactors.end());
-    // A listener that is there already stays: it is still registered with the drawing.
-    if (m_mapDatabaseReactors.find(pDocument) != m_mapDatabaseReactors.end())
-        return;
-    auto pReactor = std::make_unique<CDatabaseReactor>();
-    m_mapDatabaseReactors.emplace(pDocument, pReactor.get());
-    CDatabaseReactor* const pAdded = pReactor.release();
-    if (AcDbDatabase* const pDatabase = pDocument->database())
-        pDatabase->addReactor(pAdded);
+    CDatabaseReactor*& pReactor = m_mapDatabaseReactors[pDocument];
+    delete std::exchange(pReactor, nullptr);
+    pReactor = new CRegisteredReactor(pDocument->database());
 }
 
 void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
 {
-    TESK_TRACE("CDocManagerReactor::removeDatabaseReactor(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CDocManagerReactor::removeDatabaseReactor(\"%s\")\n", Tesk::fileNameOf(pDocument));
     const auto iter = m_mapDatabaseReactors.find(pDocument);
     TESK_ASSERT(iter != m_mapDatabaseReactors.end());
     if (iter == m_mapDatabaseReactors.end())
@@ -104,8 +131,6 @@ void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
     const std::unique_ptr<CDatabaseReactor> pReactor(iter->second);
     TESK_ASSERT(pReactor != NULL);
     m_mapDatabaseReactors.erase(iter);
-    if (AcDbDatabase* const pDatabase = pDocument->database())
-        pDatabase->removeReactor(pReactor.get());
 }
 
 bool CDocManagerReactor::wasDatabaseModified(AcApDocument* pDocument)
@@ -138,9 +163,13 @@ void CDocManagerReactor::removeDatabaseModifiedFlag(AcApDocument* pDocument)
 void CDocManagerReactor::documentCreated(AcApDocument* pDocument)
 {
     Tesk::guarded("CDocManagerReactor::documentCreated", [&] {
-        TESK_TRACE("CDocManagerReactor::documentCreated(\"%s\")\n", pDocument->fileName());
+        TESK_TRACE("CDocManagerReactor::documentCreated(\"%s\")\n", Tesk::fileNameOf(pDocument));
         addDatabaseReactor(pDocument);
-        m_mapDatabaseModified.insert_or_assign(pDocument, isDatabaseModified(pDocument));
+        // A state that cannot be read costs no tab: it counts as unmodified until the
+        // listener finds it otherwise.
+        bool bModified = false;
+        Tesk::guarded("CDocManagerReactor::isDatabaseModified", [&] { bModified = isDatabaseModified(pDocument); });
+        m_mapDatabaseModified.insert_or_assign(pDocument, bModified);
         tabsAddDocument(pDocument);
     });
 }
@@ -150,7 +179,7 @@ void CDocManagerReactor::documentToBeDestroyed(AcApDocument* pDocument)
     // A guard a step: nothing may keep the listener, which the drawing would go on calling.
     constexpr const char* sCall = "CDocManagerReactor::documentToBeDestroyed";
     Tesk::guarded(sCall, [&] {
-        TESK_TRACE("CDocManagerReactor::documentToBeDestroyed(\"%s\")\n", pDocument->fileName());
+        TESK_TRACE("CDocManagerReactor::documentToBeDestroyed(\"%s\")\n", Tesk::fileNameOf(pDocument));
         tabsRemoveDocument(pDocument);
     });
     Tesk::guarded(sCall, [&] { removeDatabaseModifiedFlag(pDocument); });
@@ -160,7 +189,7 @@ void CDocManagerReactor::documentToBeDestroyed(AcApDocument* pDocument)
 void CDocManagerReactor::documentActivated(AcApDocument* pDocument)
 {
     Tesk::guarded("CDocManagerReactor::documentActivated", [&] {
-        TESK_TRACE("CDocManagerReactor::documentActivated(\"%s\")\n", pDocument->fileName());
+        TESK_TRACE("CDocManagerReactor::documentActivated(\"%s\")\n", Tesk::fileNameOf(pDocument));
         tabsActivateDocument(pDocument);
     });
 }

@@ -121,6 +121,7 @@ void CEditorReactor::saveComplete(AcDbDatabase* pDwg, const char* pActualName)
         if (pDocument == nullptr)
             return;
         refresh(pDwg);
-        CDocManagerReactor::getReactor()->updateDatabaseModifiedFlag(pDocument);
+        if (CDocManagerReactor* pReactor = CDocManagerReactor::getReactor())
+            pReactor->updateDatabaseModifiedFlag(pDocument);
     });
 }

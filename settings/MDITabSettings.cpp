@@ -1,6 +1,7 @@
 #include "settings/MDITabSettings.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/drawing/DocumentName.h"
 #include "objectarx/acdocman.h"
 
 decltype(CMDITabSettings::m_mapDefaultSettings) CMDITabSettings::m_mapDefaultSettings;
@@ -13,7 +14,7 @@ CString currentFilename(const char* sFilename)
     if (*sFilename != '\0')
         return sFilename;
     const AcApDocument* pDocument = acDocManager->curDocument();
-    return pDocument != nullptr ? pDocument->fileName() : "";
+    return pDocument != nullptr ? Tesk::fileNameOf(pDocument) : "";
 }
 
 CString getText(const char* sFilename, const char* sKey)

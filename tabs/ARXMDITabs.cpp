@@ -1,12 +1,14 @@
 #include "tabs/ARXMDITabs.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/drawing/DocumentName.h"
 #include "library/files/PathParts.h"
 #include "library/text/StringView.h"
 #include "objectarx/acdocman.h"
 #include "reactors/DatabaseData.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/EditorReactor.h"
+#include "reactors/OpenDocuments.h"
 #include "settings/MDITabSettings.h"
 #include "settings/TabOptions.h"
 #include "settings/TooltipRule.h"
@@ -30,7 +32,7 @@ const std::vector<CString> kNoXrefs;
 // As the user wants it.
 CString shownName(const AcApDocument* pDocument)
 {
-    const Tesk::CPathParts parts(pDocument->fileName());
+    const Tesk::CPathParts parts(Tesk::fileNameOf(pDocument));
     return Tesk::toCString(CTabOptions::readExtensions() ? parts.fileName() : parts.m_sBase);
 }
 
@@ -54,7 +56,7 @@ void CARXMDITabs::addDocument(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::addDocument(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::addDocument(\"%s\")\n", Tesk::fileNameOf(pDocument));
     if (isDocumentPresent(pDocument))
         return;
 
@@ -72,11 +74,12 @@ void CARXMDITabs::removeDocument(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::removeDocument(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::removeDocument(\"%s\")\n", Tesk::fileNameOf(pDocument));
     const int iItem = findDocument(pDocument);
-    if (iItem != -1)
+    if (iItem != -1) {
         TESK_VERIFY(DeleteItem(iItem));
-    hideToolTip();
+        hideToolTip();
+    }
     askAdditions([=](CTabAdditions& additions) { additions.tabRemoved(pDocument); });
 }
 
@@ -92,7 +95,7 @@ void CARXMDITabs::activateDocument(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::activateDocument(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::activateDocument(\"%s\")\n", Tesk::fileNameOf(pDocument));
     const int iItem = findDocument(pDocument);
     if (iItem != -1)
         SetCurSel(iItem);
@@ -112,7 +115,7 @@ int CARXMDITabs::findDocument(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return -1;
-    TESK_TRACE("CARXMDITabs::findDocument(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::findDocument(\"%s\")\n", Tesk::fileNameOf(pDocument));
     const int iCount = GetItemCount();
     for (int iItem = 0; iItem < iCount; ++iItem)
         if (getDocument(iItem) == pDocument)
@@ -124,7 +127,7 @@ bool CARXMDITabs::isDocumentPresent(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return false;
-    TESK_TRACE("CARXMDITabs::isDocumentPresent(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::isDocumentPresent(\"%s\")\n", Tesk::fileNameOf(pDocument));
     return findDocument(pDocument) != -1;
 }
 
@@ -150,13 +153,13 @@ CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return CString();
-    TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", Tesk::fileNameOf(pDocument));
     CString sText = shownName(pDocument);
     askAdditions([&](CTabAdditions& additions) { sText += additions.getSuffix(pDocument, sText); });
     // Without the reactor the state is not known and no marker is shown.
     CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
     if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
-        sText += CMDITabSettings::getModifiedText(pDocument->fileName());
+        sText += CMDITabSettings::getModifiedText(Tesk::fileNameOf(pDocument));
     return sText;
 }
 
@@ -164,8 +167,8 @@ CString CARXMDITabs::buildTooltip(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return CString();
-    TESK_TRACE("CARXMDITabs::buildTooltip(\"%s\")\n", pDocument->fileName());
-    const char* sFilename = pDocument->fileName();
+    TESK_TRACE("CARXMDITabs::buildTooltip(\"%s\")\n", Tesk::fileNameOf(pDocument));
+    const char* sFilename = Tesk::fileNameOf(pDocument);
     const CString sTooltip = CMDITabSettings::getDefaultTooltipText(sFilename);
     CEditorReactor* pReactor = CEditorReactor::getReactor();
     if (pReactor == nullptr)
@@ -186,7 +189,7 @@ void CARXMDITabs::updateTabText(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::updateTabText(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::updateTabText(\"%s\")\n", Tesk::fileNameOf(pDocument));
     const int iItem = findDocument(pDocument);
     if (iItem == -1)
         return;
@@ -202,16 +205,16 @@ void CARXMDITabs::updateTooltip(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::updateTooltip(\"%s\")\n", pDocument->fileName());
-    m_mapTooltips.insert_or_assign(pDocument->fileName(), buildTooltip(pDocument));
+    TESK_TRACE("CARXMDITabs::updateTooltip(\"%s\")\n", Tesk::fileNameOf(pDocument));
+    m_mapTooltips.insert_or_assign(Tesk::fileNameOf(pDocument), buildTooltip(pDocument));
 }
 
 const CString& CARXMDITabs::getTooltip(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return kNoTooltip;
-    TESK_TRACE("CARXMDITabs::getTooltip(\"%s\")\n", pDocument->fileName());
-    const CString sFilename(pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::getTooltip(\"%s\")\n", Tesk::fileNameOf(pDocument));
+    const CString sFilename(Tesk::fileNameOf(pDocument));
     auto iter = m_mapTooltips.find(sFilename);
     if (iter == m_mapTooltips.end()) {
         m_mapTooltips.emplace(sFilename, buildTooltip(pDocument));
@@ -225,7 +228,7 @@ const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return kNoXrefs;
-    TESK_TRACE("CARXMDITabs::getXrefs(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::getXrefs(\"%s\")\n", Tesk::fileNameOf(pDocument));
     CEditorReactor* pReactor = CEditorReactor::getReactor();
     return pReactor != nullptr ? pReactor->getDatabaseData(pDocument).xrefPaths() : kNoXrefs;
 }
@@ -258,7 +261,8 @@ void CARXMDITabs::activateSelected()
     const int iSelected = GetCurSel();
     if (iSelected == -1 || (pCurrent != nullptr && findDocument(pCurrent) == iSelected))
         return;
-    if (AcApDocument* pNew = getDocument(iSelected))
+    AcApDocument* pNew = getDocument(iSelected);
+    if (isOpen(pNew))
         TESK_VERIFY(acDocManager->activateDocument(pNew) == Acad::eOk);
 }
 
@@ -277,8 +281,8 @@ void CARXMDITabs::trackToolTip(CPoint point)
     if (m_pToolTip == nullptr || m_pToolTip->m_hWnd == nullptr)
         return;
     AcApDocument* pDocument = getDocument(point);
-    if (pDocument == nullptr || std::strcmp(pDocument->fileName(), m_sToolTipDocument.GetString()) == 0)
+    if (!isOpen(pDocument) || std::strcmp(Tesk::fileNameOf(pDocument), m_sToolTipDocument.GetString()) == 0)
         return;
     m_pToolTip->UpdateTipText(getTooltip(pDocument), this, 0);
-    m_sToolTipDocument = pDocument->fileName();
+    m_sToolTipDocument = Tesk::fileNameOf(pDocument);
 }

@@ -5,6 +5,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
+#include "library/drawing/DocumentName.h"
 #include "library/files/PathParts.h"
 #include "library/system/Handles.h"
 #include "library/text/StringView.h"
@@ -47,7 +48,8 @@ void CARXMDITabs::OnContextMenu(CWnd*, CPoint point)
     Tesk::guarded("CARXMDITabs::OnContextMenu", [&] {
         CPoint client = point;
         ScreenToClient(&client);
-        if (AcApDocument* pDocument = getDocument(client))
+        AcApDocument* pDocument = getDocument(client);
+        if (isOpen(pDocument))
             popupMenu(pDocument, point.x, point.y);
     });
 }
@@ -56,8 +58,8 @@ void CARXMDITabs::popupMenu(AcApDocument* pDocument, int x, int y)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::popupMenu(\"%s\")\n", pDocument->fileName());
-    const CString sFilename(pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::popupMenu(\"%s\")\n", Tesk::fileNameOf(pDocument));
+    const CString sFilename(Tesk::fileNameOf(pDocument));
 
     CMenu menuMain;
     TESK_VERIFY(menuMain.CreatePopupMenu());
@@ -94,7 +96,7 @@ void CARXMDITabs::appendAdditions(AcApDocument* pDocument, CMenu& menu, CTabAddi
 
 void CARXMDITabs::appendXrefs(AcApDocument* pDocument, CMenu& menuMain, const std::vector<CString>& xrefs)
 {
-    const CString sCaption = CMDITabSettings::getPopupXrefsText(pDocument->fileName());
+    const CString sCaption = CMDITabSettings::getPopupXrefsText(Tesk::fileNameOf(pDocument));
     TESK_VERIFY(menuMain.AppendMenu(MF_SEPARATOR));
     CMenu menuXrefs;
     TESK_VERIFY(menuXrefs.CreatePopupMenu());
@@ -111,7 +113,7 @@ void CARXMDITabs::addXrefsToMenu(AcApDocument* pDocument, CMenu& menu, UINT iBas
     if (!checkDocument(pDocument))
         return;
     TESK_TRACE("CARXMDITabs::addXrefsToMenu(...)\n");
-    const CString sReadOnly = CMDITabSettings::getXrefsReadOnlyText(pDocument->fileName());
+    const CString sReadOnly = CMDITabSettings::getXrefsReadOnlyText(Tesk::fileNameOf(pDocument));
     for (UINT i = 0; i < xrefs.size(); ++i) {
         CString sItem = Tesk::toCString(Tesk::CPathParts(Tesk::viewOf(xrefs[i])).fileName());
         if (!canWrite(xrefs[i]))
@@ -124,7 +126,7 @@ void CARXMDITabs::processPopupMenuItem(AcApDocument* pDocument, UINT iItem, cons
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::processPopupMenuItem(\"%s\", iItem = %x)\n", pDocument->fileName(), iItem);
+    TESK_TRACE("CARXMDITabs::processPopupMenuItem(\"%s\", iItem = %x)\n", Tesk::fileNameOf(pDocument), iItem);
     switch (iItem) {
     case IDC_DYNAMIC_MENU_OPTIONS:
         showOptions();
@@ -153,7 +155,7 @@ void CARXMDITabs::saveDocument(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::saveDocument(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::saveDocument(\"%s\")\n", Tesk::fileNameOf(pDocument));
     sendCommand(pDocument, "_.QSAVE\n");
 }
 
@@ -161,7 +163,7 @@ void CARXMDITabs::closeDocument(AcApDocument* pDocument)
 {
     if (!checkDocument(pDocument))
         return;
-    TESK_TRACE("CARXMDITabs::closeDocument(\"%s\")\n", pDocument->fileName());
+    TESK_TRACE("CARXMDITabs::closeDocument(\"%s\")\n", Tesk::fileNameOf(pDocument));
     sendCommand(pDocument, "_.CLOSE\n");
 }
 

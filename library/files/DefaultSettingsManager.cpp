@@ -2,6 +2,7 @@
 
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/drawing/DocumentName.h"
 #include "objectarx/acdocman.h"
 
 namespace Tesk {
@@ -22,7 +23,7 @@ bool CDefaultSettingsManager::resetForCurrentDocument(bool bForce)
 {
     const AcApDocument* pDocument = acDocManager->curDocument();
     TESK_ASSERT(pDocument != NULL);
-    return pDocument && reset(std::vector<CString>(1, pDocument->fileName()), bForce);
+    return pDocument && reset(std::vector<CString>(1, fileNameOf(pDocument)), bForce);
 }
 
 CString CDefaultSettingsManager::getSupportSubfolderName()
