@@ -13,6 +13,9 @@ void Document::setFile(const std::string& sPath)
     refreshReadOnly();
 }
 
-void Document::refreshReadOnly() { m_readOnly = m_titled && isWriteProtected(m_sFileName); }
+void Document::refreshReadOnly()
+{
+    m_readOnly = m_titled && (drawing().file().isBinary() || isWriteProtected(m_sFileName));
+}
 
 }  // namespace host

@@ -17,8 +17,8 @@ public:
 
     const char* fileName() const override { return m_sFileName.c_str(); }
     AcDbDatabase* database() const override { return m_database.get(); }
-    // The file cannot be written: its attribute, or no right to. Looked up once,
-    // when the drawing is opened or saved.
+    // The file cannot be written: its attribute, or no right to, or its format. Looked up
+    // once, when the drawing is opened or saved.
     bool isReadOnly() const override { return m_readOnly; }
 
     Database& drawing() const { return *m_database; }

@@ -181,8 +181,7 @@ bool DocumentManager::open(const std::string& sPath)
         notifyOpened(opened.drawing(), sFullPath);
     if (assumed(Assumption::XrefsAfterOpen))
         opened.drawing().loadXrefs();
-    if (opened.drawing().file().isBinary())
-        m_application.commandLine().printLine("\"" + sFullPath + "\" is a binary drawing: its contents are not read.");
+    tellIfBinary(opened);
     switchTo(opened, true);
     return true;
 }
@@ -209,6 +208,17 @@ void DocumentManager::replace(Document& document, const std::string& sPath)
     acdbHostApplicationServices()->setWorkingDatabase(document.database());
     notifyOpened(document.drawing(), sFullPath);
     m_application.frame().refresh(document);
+    tellIfBinary(document);
+}
+
+void DocumentManager::tellIfBinary(const Document& document)
+{
+    const DxfFile& file = document.drawing().file();
+    if (!file.isBinary())
+        return;
+    const std::string sWhat =
+        file.notRead().empty() ? "it is read, not written." : "its contents are not read (" + file.notRead() + ").";
+    m_application.commandLine().printLine("\"" + std::string(document.fileName()) + "\" is a binary drawing: " + sWhat);
 }
 
 void DocumentManager::readAside(const std::string& sPath)

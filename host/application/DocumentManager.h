@@ -95,6 +95,7 @@ private:
     void switchTo(Document& document, bool windowToo);
     Document* admit(std::unique_ptr<Document> document);
     void notifyOpened(Database& drawing, std::string sPath);
+    void tellIfBinary(const Document& document);
 
     Application& m_application;
     Listeners<AcApDocManagerReactor> m_reactors;

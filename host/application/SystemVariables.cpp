@@ -104,6 +104,8 @@ SystemVariables::SetResult SystemVariables::set(const std::string& sName, const 
     Database* const pDrawing = workingDrawing();
     if (pDrawing == nullptr)
         return SetResult::invalid;
+    if (pDrawing->file().isBinary())
+        return SetResult::readOnly;
     std::vector<std::string> texts(pDrawing->file().headerEntry("$" + std::string(pDefinition->name)).values().size());
     for (std::size_t i = 0; i < texts.size(); ++i)
         texts[i] = i < value.numbers.size() ? number(value.numbers[i]) : "0";

@@ -53,11 +53,21 @@ int Database::dbmod() const
 
 void Database::changeIsTold() { m_toldDbmod = m_undo->dbmod(); }
 
+void Database::requireEditable() const
+{
+    if (file().isBinary())
+        throw FileError(path(), 0, "a binary drawing is read, not written");
+}
+
 void Database::dxfIn(const std::string& sPath)
 {
+    requireEditable();
     if (openObjects() != 0)
         throw FileError(sPath, 0, "objects of the drawing are open");
-    replaceContents(DxfFile::read(fullPath(sPath)));
+    std::unique_ptr<DxfFile> contents = DxfFile::read(fullPath(sPath));
+    if (contents->isBinary())
+        throw FileError(sPath, 0, "a binary drawing, not DXF");
+    replaceContents(std::move(contents));
     resolveXrefs(true);
     m_undo = std::make_unique<UndoList>(*this, kObjects);
     Notifier notifier(*this);
@@ -67,6 +77,8 @@ void Database::dxfIn(const std::string& sPath)
 
 Acad::ErrorStatus Database::changeOpenObject(AcDbStub& node, std::string sText)
 {
+    if (file().isBinary())
+        return Acad::eNotApplicable;
     m_undo->changeOpenObject(node, std::move(sText));
     return Acad::eOk;
 }

@@ -52,6 +52,9 @@ public:
     // The steps of save, for a host that takes them apart.
     using Drawing::setPath;
     void setSaved();
+    // Throws FileError for a binary drawing, which is read, not written: there is no edit
+    // without this.
+    void requireEditable() const;
     // Replaces the contents by those of another file and marks the drawing as
     // modified; path and reactors stay, and the reactors hear of each block that comes.
     // Throws FileError, then nothing has changed.
@@ -60,7 +63,8 @@ public:
     // --- Modified state: 0 exactly when the drawing is as it was saved or opened.
     int dbmod() const;
 
-    // --- Edits, each one step for undo, heard by the reactors as the API documents.
+    // --- Edits, each one step for undo, heard by the reactors as the API documents. Each
+    // throws FileError where the drawing is not to be edited.
     Acad::ErrorStatus changeOpenObject(AcDbStub& node, std::string sText) override;
     void tellModified(AcDbStub& node) override;
     // Keeps the variable's group codes: as many texts as it has values.

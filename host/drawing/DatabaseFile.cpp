@@ -54,6 +54,8 @@ void Database::saveCopy(const std::string& sName) const
         fail(sPath, "a folder, not a file");
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         fail(sPath, "the file is read-only");
+    if (file().isBinary() && sPath.size() > 4 && ::lstrcmpiA(sPath.c_str() + sPath.size() - 4, ".dxf") == 0)
+        fail(sPath, "a binary drawing is not written as DXF");
     const std::string sBytes = file().bytes();
     const std::string sFolder = folderOf(sPath);
     if (sPath.size() >= MAX_PATH || sFolder.size() > MAX_PATH - kTemporaryName)

@@ -122,7 +122,12 @@ Acad::ErrorStatus Database::reloadXref(const std::string& sName)
         return status;
     pBlock->xref = std::move(xref);
     pBlock->status = AcDb::kXrfResolved;
-    m_undo->changeObject(*pBlock, std::string(pBlock->record->text()));
+    if (file().isBinary()) {  // nothing of the drawing changes
+        Notifier(*this).openedForModify(*pBlock);
+        Notifier(*this).modified(*pBlock);
+    } else {
+        m_undo->changeObject(*pBlock, std::string(pBlock->record->text()));
+    }
     return Acad::eOk;
 }
 

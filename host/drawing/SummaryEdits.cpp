@@ -12,8 +12,8 @@ namespace host {
 
 namespace {
 
-// One undo step; nothing happens when nothing differs. The record of older drawings is
-// not written, nor a header where there is none.
+// One undo step; nothing happens when nothing differs. Nor is a binary drawing written, the
+// record of older drawings, or a header where there is none.
 Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
 {
     DxfFile& file = database.file();
@@ -21,7 +21,7 @@ Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
     if (old == summary)
         return Acad::eOk;
     DxfRecord* const pHeader = file.section("HEADER");
-    if (keepsSummaryInRecord(file) || pHeader == nullptr)
+    if (file.isBinary() || keepsSummaryInRecord(file) || pHeader == nullptr)
         return Acad::eNotApplicable;
     const auto differs = [&](std::size_t field) {
         return field < Summary::Custom ? old.fields[field] != summary.fields[field]
@@ -62,6 +62,7 @@ Acad::ErrorStatus writeSummary(Database& database, const Summary& summary)
 
 Acad::ErrorStatus Database::setSummaryField(const std::string& sField, const std::string& sValue)
 {
+    requireEditable();
     Summary summary = readSummary(file());
     const std::size_t field = summaryField("$" + sField);
     const auto custom = std::find_if(summary.custom.begin(), summary.custom.end(),

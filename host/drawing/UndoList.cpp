@@ -67,6 +67,7 @@ void UndoList::setSaved()
 
 void UndoList::newGroup()
 {
+    m_database.requireEditable();
     m_groups.resize(m_position++);
     m_groups.emplace_back();
     m_states.resize(m_position);

@@ -116,8 +116,9 @@ class UndoGroup {
 public:
     explicit UndoGroup(UndoList& list) : m_list(list)
     {
-        if (m_list.m_depth++ == 0)
+        if (m_list.m_depth == 0)
             m_list.newGroup();
+        ++m_list.m_depth;
     }
     ~UndoGroup() { --m_list.m_depth; }
     UndoGroup(const UndoGroup&) = delete;

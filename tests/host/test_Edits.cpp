@@ -1,5 +1,7 @@
 #include "tests/host/DrawingFixture.h"
 
+#include "objectarx/summinfo.h"
+
 using host::Database;
 
 namespace {
@@ -84,4 +86,24 @@ TEST_CASE("DBMOD is 0 exactly in the saved state")
     CHECK(database->dbmod() == 1);
     CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), dxf::FileError);
     CHECK(references(*database, "Border").size() == 1);
+}
+
+TEST_CASE("a binary drawing is not edited, whoever asks")
+{
+    const CTestFolder folder;
+    const std::string sBytes = "AC1015" + std::string(600, '\0');
+    const std::unique_ptr<Database> database = Database::open(folder.write("binary.dwg", sBytes));
+    CHECK_THROWS_AS(database->addLine(0, 0, 1, 1), dxf::FileError);
+    CHECK_THROWS_AS(database->dxfIn(border(folder)->path()), dxf::FileError);
+    CHECK_THROWS_AS(border(folder)->dxfIn(database->path()), dxf::FileError);
+    CHECK(database->changeOpenObject(database->graph().modelSpace(), "") == Acad::eNotApplicable);
+    AcDbDatabaseSummaryInfo* pSummary = nullptr;
+    REQUIRE(acdbGetSummaryInfo(database.get(), pSummary) == Acad::eOk);
+    pSummary->setTitle("T");
+    CHECK(acdbPutSummaryInfo(pSummary, database.get()) == Acad::eNotApplicable);
+    delete pSummary;
+    CHECK(database->dbmod() == 0);
+    CHECK_THROWS_AS(database->saveCopy(folder.path("binary.dxf")), dxf::FileError);
+    database->saveCopy(folder.path("copy.dwg"));
+    CHECK((CTestFolder::read(folder.path("copy.dwg")) == sBytes));
 }
