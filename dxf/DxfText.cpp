@@ -1,6 +1,7 @@
 #include "dxf/DxfText.h"
 
 #include "dxf/TagReader.h"
+#include "library/text/Ascii.h"
 
 #include <windows.h>
 
@@ -15,14 +16,18 @@ namespace {
 constexpr unsigned kUtf8 = CP_UTF8;
 constexpr std::size_t kEscape = 7;  // the length of \U+XXXX
 
+// The system is asked again only after the thread's language has changed.
 unsigned ansiCodePage()
 {
-    static const unsigned page = [] {
+    static LCID locale = 0;
+    static unsigned page = 0;
+    if (page == 0 || locale != GetThreadLocale()) {
+        locale = GetThreadLocale();
         char digits[8] = "";
-        GetLocaleInfoA(GetThreadLocale(), LOCALE_IDEFAULTANSICODEPAGE, digits, sizeof digits);
+        GetLocaleInfoA(locale, LOCALE_IDEFAULTANSICODEPAGE, digits, sizeof digits);
         const int number = std::atoi(digits);
-        return number > 1 ? static_cast<unsigned>(number) : GetACP();
-    }();
+        page = number > 1 ? static_cast<unsigned>(number) : GetACP();
+    }
     return page;
 }
 
@@ -170,6 +175,21 @@ std::string DxfText::encode(std::string_view text) const
     // the character itself, it gets it back.
     return narrowWithEscapes(m_codePage == kUtf8 ? unescaped(line) : line, m_codePage);
 }
+
+std::string foldedName(std::string_view name)
+{
+    std::string folded(name);
+    for (std::size_t i = 0; i < folded.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(folded[i]);
+        if (byte >= 0x80 && IsDBCSLeadByteEx(ansiCodePage(), byte))
+            ++i;
+        else
+            folded[i] = Tesk::upperAscii(folded[i]);
+    }
+    return folded;
+}
+
+bool sameName(std::string_view a, std::string_view b) { return a.size() == b.size() && foldedName(a) == foldedName(b); }
 
 std::string DxfText::ansiName() { return "ANSI_" + std::to_string(ansiCodePage()); }
 

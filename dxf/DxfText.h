@@ -28,4 +28,9 @@ private:
     unsigned m_codePage = 1252;
 };
 
+// The name of a block, layer or variable as the host compares names: letters of ASCII without
+// case, but for the second byte of a character, which may look like one.
+std::string foldedName(std::string_view name);
+bool sameName(std::string_view a, std::string_view b);
+
 }  // namespace dxf

@@ -1,7 +1,5 @@
 #include "dxf/GraphBuilder.h"
 
-#include "library/text/Ascii.h"
-
 #include <algorithm>
 
 namespace dxf {
@@ -69,8 +67,7 @@ void GraphBuilder::readTables(const DxfRecord& section)
                 m_graph.m_blockTable.handle = toHandle(p->value(5));
         } else if (inTable && p->type() == "BLOCK_RECORD") {
             const std::string sName = m_file.encoding().decode(trimmed(p->value(2)));
-            m_table.try_emplace(Tesk::upperAscii(sName),
-                                TableEntry{toHandle(p->value(5)), toHandle(p->value(340)) != 0});
+            m_table.try_emplace(foldedName(sName), TableEntry{toHandle(p->value(5)), toHandle(p->value(340)) != 0});
         }
     }
 }
@@ -97,7 +94,7 @@ void GraphBuilder::readBlocks(DxfRecord& section)
 
 BlockNode& GraphBuilder::addBlock(const std::string& sName, DxfRecord* pRecord)
 {
-    const TableEntry entry = m_table[Tesk::upperAscii(sName)];
+    const TableEntry entry = m_table[foldedName(sName)];
     BlockNode& block = m_graph.addBlock(sName, pRecord, entry.handle != 0 ? entry.handle : m_graph.newHandle());
     block.layout = entry.layout || isModelSpace(sName) || isPaperSpace(sName);
     m_owners.try_emplace(block.handle, &block);

@@ -3,7 +3,6 @@
 #include "dxf/Drawing.h"
 #include "dxf/GraphBuilder.h"
 #include "dxf/Objects.h"
-#include "library/text/Ascii.h"
 
 #include <algorithm>
 
@@ -46,7 +45,7 @@ ObjectGraph::ObjectGraph(Drawing& database, DxfFile& file) : m_database(database
 
 BlockNode* ObjectGraph::block(std::string_view name) const
 {
-    const auto found = m_blocksByName.find(Tesk::upperAscii(name));
+    const auto found = m_blocksByName.find(foldedName(name));
     return found == m_blocksByName.end() || found->second->erased ? nullptr : found->second;
 }
 
@@ -63,7 +62,7 @@ BlockNode& ObjectGraph::addBlock(const std::string& sName, DxfRecord* pRecord, u
     node.name = sName;
     m_blocks.push_back(&node);
     // An erased block gives its name free; of two with one name, the first counts.
-    BlockNode*& pEntry = m_blocksByName[Tesk::upperAscii(sName)];
+    BlockNode*& pEntry = m_blocksByName[foldedName(sName)];
     if (pEntry == nullptr || pEntry->erased)
         pEntry = &node;
     return node;

@@ -1,7 +1,5 @@
 #include "dxf/TagReader.h"
 
-#include "library/text/Ascii.h"
-
 #include <algorithm>
 #include <charconv>
 
@@ -83,12 +81,6 @@ unsigned long long toHandle(std::string_view text)
     unsigned long long value = 0;
     std::from_chars(text.data(), text.data() + text.size(), value, 16);
     return value;
-}
-
-bool sameName(std::string_view a, std::string_view b)
-{
-    const auto same = [](char one, char other) { return Tesk::upperAscii(one) == Tesk::upperAscii(other); };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), same);
 }
 
 }  // namespace dxf

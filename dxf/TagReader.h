@@ -39,7 +39,5 @@ std::string_view trimmed(std::string_view text);
 int toInt(std::string_view text);
 double toDouble(std::string_view text);
 unsigned long long toHandle(std::string_view text);
-// Names of blocks, layers and variables, compared as the host does.
-bool sameName(std::string_view a, std::string_view b);
 
 }  // namespace dxf

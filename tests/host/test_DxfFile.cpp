@@ -134,6 +134,7 @@ TEST_CASE("a failed save keeps the old file and the modified state")
     // Held open by another program: the rename cannot replace it.
     const HANDLE held = CreateFileA(sPath.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     CHECK_THROWS_AS(database->save(sPath), FileError);
+    CHECK(reasonOf(sPath) == "0: in use by another program");
     CloseHandle(held);
     CHECK((CTestFolder::read(sPath) == sBytes));
     CHECK(database->path() == sPath);
@@ -165,8 +166,9 @@ TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding
         {"AC1009", "ANSI_1252", "Gr\xFC\xDF", "Gr\xFC\xDF", "\xC4\xE9", "\xC4\xE9"},
         {"AC1015", "ANSI_1252", "\\U+00FCx", "\xFCx", "\xE4", "\xE4"},
         {"AC1015", "dos850", "\x81x", "\xFCx", "\xE4", "\x84"},
-        {"AC1024", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC4\xE9", "\xC3\x84\xC3\xA9"},
+        {"AC1021", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC4\xE9", "\xC3\x84\xC3\xA9"},
         {"AC1024", "ANSI_1252", "\xCE\xA9", "\\U+03A9", "\\U+03A9", "\xCE\xA9"},
+        {"AC1015", "big5", "\xA7\x41", "\\U+4F60", "x", "x"},
         {"AC1015", "ANSI_1251", "\xC6", "\\U+0416", "x", "x"},
         {"AC1015", "ANSI_1252", "a^ b^Jc", "a^b\nc", "a^\n", "a^ ^J"},
         {"AC1015", "no such page", "\\U+zz \\U", "\\U+zz \\U", "\\U+03A9", "\\U+03A9"},

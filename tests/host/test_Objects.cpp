@@ -34,6 +34,7 @@ TEST_CASE("opening and closing are strict")
 
     REQUIRE(database->eraseLast() == Acad::eOk);
     CHECK(references(*database, "BORDER").empty());
+    CHECK_FALSE(database->graph().block("border")->isReferenced());
     CHECK(acdbOpenAcDbObject(pFirst, id, AcDb::kForRead) == Acad::eWasErased);
     REQUIRE(acdbOpenAcDbObject(pFirst, id, AcDb::kForRead, true) == Acad::eOk);
     pFirst->close();
