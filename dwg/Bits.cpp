@@ -1,27 +1,11 @@
 #include "dwg/Bits.h"
 
+#include <windows.h>
+
 #include <algorithm>
 #include <cstring>
 
 namespace dwg {
-
-namespace {
-
-double asDouble(std::uint64_t value)
-{
-    double result = 0.0;
-    std::memcpy(&result, &value, sizeof result);
-    return result;
-}
-
-std::uint64_t asNumber(double value)
-{
-    std::uint64_t result = 0;
-    std::memcpy(&result, &value, sizeof result);
-    return result;
-}
-
-}  // namespace
 
 Bits::Bits(std::string_view bytes, std::size_t begin, std::size_t end)
     : m_bytes(reinterpret_cast<const unsigned char*>(bytes.data())), m_at(begin), m_end(std::min(end, bytes.size() * 8))
@@ -67,105 +51,63 @@ std::uint32_t Bits::bits(unsigned count)
     return static_cast<std::uint32_t>(window >> (have - needed) & ((std::uint64_t{1} << count) - 1));
 }
 
-unsigned Bits::rs()
+std::uint64_t Bits::raw(unsigned bytes)
 {
-    const unsigned value = bits(16);
-    return value >> 8 | (value & 0xFF) << 8;
+    std::uint64_t value = 0;
+    for (unsigned shift = 0; shift < bytes * 8; shift += 8)
+        value |= std::uint64_t{rc()} << shift;
+    return value;
 }
 
-std::uint32_t Bits::rl()
+double Bits::rd()
 {
-    const std::uint32_t value = bits(32);
-    return value >> 24 | (value >> 8 & 0xFF00) | (value & 0xFF00) << 8 | value << 24;
+    const std::uint64_t bytes = raw(8);
+    double value = 0.0;
+    std::memcpy(&value, &bytes, sizeof value);
+    return value;
 }
-
-std::uint64_t Bits::rll()
-{
-    const std::uint64_t low = rl();
-    return low | std::uint64_t{rl()} << 32;
-}
-
-double Bits::rd() { return asDouble(rll()); }
 
 unsigned Bits::bs()
 {
-    switch (bb()) {
-    case 0:
-        return rs();
-    case 1:
-        return rc();
-    case 2:
-        return 0;
-    default:
-        return 256;
-    }
+    const unsigned code = bb();
+    return code == 0 ? rs() : code == 1 ? rc() : code == 2 ? 0 : 256;
 }
 
 std::uint32_t Bits::bl()
 {
-    switch (bb()) {
-    case 0:
-        return rl();
-    case 1:
-        return rc();
-    case 3:
+    const unsigned code = bb();
+    if (code == 3)
         fail();
-        [[fallthrough]];
-    default:
-        return 0;
-    }
-}
-
-std::uint64_t Bits::bll()
-{
-    std::uint64_t value = 0;
-    const unsigned count = bits(3);
-    for (unsigned i = 0; i < count; ++i)
-        value |= std::uint64_t{rc()} << (8 * i);
-    return value;
+    return code == 0 ? rl() : code == 1 ? rc() : 0;
 }
 
 double Bits::bd()
 {
-    switch (bb()) {
-    case 0:
-        return rd();
-    case 1:
-        return 1.0;
-    case 3:
+    const unsigned code = bb();
+    if (code == 3)
         fail();
-        [[fallthrough]];
-    default:
-        return 0.0;
-    }
+    return code == 0 ? rd() : code == 1 ? 1.0 : 0.0;
 }
 
 double Bits::dd(double otherwise)
 {
-    std::uint64_t value = asNumber(otherwise);
-    switch (bb()) {
-    case 0:
-        return otherwise;
-    case 1:
-        return asDouble((value & ~std::uint64_t{0xFFFFFFFF}) | rl());
-    case 2:
-        value = (value & ~(std::uint64_t{0xFFFF} << 32)) | std::uint64_t{rs()} << 32;
-        return asDouble((value & ~std::uint64_t{0xFFFFFFFF}) | rl());
-    default:
+    const unsigned code = bb();
+    if (code == 3)
         return rd();
-    }
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, &otherwise, sizeof bytes);
+    if (code == 2)
+        bytes = (bytes & ~(std::uint64_t{0xFFFF} << 32)) | raw(2) << 32;
+    if (code != 0)
+        bytes = (bytes & ~std::uint64_t{0xFFFFFFFF}) | raw(4);
+    std::memcpy(&otherwise, &bytes, sizeof bytes);
+    return otherwise;
 }
 
 unsigned Bits::ot()
 {
-    switch (bb()) {
-    case 0:
-        return rc();
-    case 1:
-        return rc() + 0x1F0;
-    default:
-        return rs();
-    }
+    const unsigned code = bb();
+    return code == 0 ? rc() : code == 1 ? rc() + 0x1F0 : rs();
 }
 
 std::int64_t Bits::mc()
@@ -173,11 +115,9 @@ std::int64_t Bits::mc()
     std::int64_t value = 0;
     for (unsigned shift = 0; shift < 63; shift += 7) {
         const unsigned byte = rc();
-        if ((byte & 0x80) == 0) {
-            value |= std::int64_t{byte & 0x3F} << shift;
+        value |= std::int64_t{byte & ((byte & 0x80) != 0 ? 0x7F : 0x3F)} << shift;
+        if ((byte & 0x80) == 0)
             return (byte & 0x40) != 0 ? -value : value;
-        }
-        value |= std::int64_t{byte & 0x7F} << shift;
     }
     fail();
     return 0;
@@ -199,12 +139,7 @@ std::uint64_t Bits::umc()
 std::uint32_t Bits::ms()
 {
     const unsigned low = rs();
-    if ((low & 0x8000) == 0)
-        return low;
-    const unsigned high = rs();
-    if ((high & 0x8000) != 0)
-        fail();
-    return (low & 0x7FFF) | (high & 0x7FFF) << 15;
+    return (low & 0x8000) == 0 ? low : (low & 0x7FFF) | (rs() & 0x7FFF) << 15;
 }
 
 std::uint32_t Bits::count(std::uint32_t number, std::size_t bitsOfEach)
@@ -225,6 +160,22 @@ Bits::Handle Bits::h()
     for (unsigned i = 0; i < count; ++i)
         handle.value = handle.value << 8 | rc();
     return handle;
+}
+
+std::string Bits::text(std::uint32_t length, bool wide)
+{
+    length = count(length, wide ? 16 : 8);
+    std::wstring characters(length, L'\0');
+    for (wchar_t& c : characters)
+        c = static_cast<wchar_t>(wide ? rs() : rc());
+    characters.resize(std::min(characters.find(L'\0'), characters.size()));
+    if (!wide)
+        return std::string(characters.begin(), characters.end());
+    std::string result(characters.size() * 3, '\0');
+    const int size = WideCharToMultiByte(CP_UTF8, 0, characters.data(), static_cast<int>(characters.size()),
+                                         result.data(), static_cast<int>(result.size()), nullptr, nullptr);
+    result.resize(static_cast<std::size_t>(size));
+    return result;
 }
 
 }  // namespace dwg

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace dwg {
@@ -30,13 +31,12 @@ public:
     bool b() { return bits(1) != 0; }
     unsigned bb() { return bits(2); }
     unsigned rc() { return bits(8); }
-    unsigned rs();
-    std::uint32_t rl();
-    std::uint64_t rll();
+    unsigned rs() { return static_cast<unsigned>(raw(2)); }
+    std::uint32_t rl() { return static_cast<std::uint32_t>(raw(4)); }
     double rd();
     unsigned bs();
     std::uint32_t bl();
-    std::uint64_t bll();
+    std::uint64_t bll() { return raw(bits(3)); }
     double bd();
     double dd(double otherwise);
     unsigned ot();
@@ -46,6 +46,9 @@ public:
     // The count of things of so many bits each at the least: fails when so many cannot follow.
     std::uint32_t count(std::uint32_t number, std::size_t bitsOfEach = 1);
 
+    // Characters, up to the first NUL: bytes as they stand, or UTF-16, which becomes UTF-8.
+    std::string text(std::uint32_t length, bool wide);
+
     struct Handle {
         unsigned code = 0;
         std::uint64_t value = 0;
@@ -53,6 +56,8 @@ public:
     Handle h();
 
 private:
+    std::uint64_t raw(unsigned bytes);
+
     const unsigned char* m_bytes = nullptr;
     std::size_t m_at = 0;
     std::size_t m_end = 0;

@@ -8,11 +8,11 @@
 
 namespace dwg {
 
-void DxfWriter::group(int code)
+template <class Number, class... Base>
+void DxfWriter::line(Number value, Base... base)
 {
-    char digits[16];
-    m_text.append(digits, std::to_chars(digits, digits + sizeof digits, code).ptr);
-    m_text += '\n';
+    char digits[32];
+    m_text.append(digits, std::to_chars(digits, digits + sizeof digits, value, base...).ptr) += '\n';
 }
 
 void DxfWriter::beginSection(std::string_view sectionName)
@@ -23,13 +23,13 @@ void DxfWriter::beginSection(std::string_view sectionName)
 
 void DxfWriter::name(int code, std::string_view name)
 {
-    group(code);
+    line(code);
     m_text.append(name) += '\n';
 }
 
 void DxfWriter::text(int code, std::string_view text)
 {
-    group(code);
+    line(code);
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char c = text[i];
         const auto byte = static_cast<unsigned char>(c);
@@ -50,25 +50,20 @@ void DxfWriter::text(int code, std::string_view text)
 
 void DxfWriter::handle(int code, std::uint64_t handle)
 {
-    char digits[20];
-    name(code,
-         {digits, static_cast<std::size_t>(std::to_chars(digits, digits + sizeof digits, handle, 16).ptr - digits)});
+    line(code);
+    line(handle, 16);
 }
 
 void DxfWriter::integer(int code, long long value)
 {
-    group(code);
-    char digits[24];
-    m_text.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
-    m_text += '\n';
+    line(code);
+    line(value);
 }
 
 void DxfWriter::number(int code, double value)
 {
-    group(code);
-    char digits[32];
-    m_text.append(digits, std::to_chars(digits, digits + sizeof digits, std::isfinite(value) ? value : 0.0).ptr);
-    m_text += '\n';
+    line(code);
+    line(std::isfinite(value) ? value : 0.0);
 }
 
 void DxfWriter::angle(int code, double radians)

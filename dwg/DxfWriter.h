@@ -37,7 +37,8 @@ public:
     std::string take() { return std::move(m_text); }
 
 private:
-    void group(int code);
+    template <class Number, class... Base>
+    void line(Number value, Base... base);
 
     unsigned m_page;
     std::string m_text;

@@ -30,19 +30,6 @@ const auto& codePageOf(const Sections& sections)
     return kCodePages[sections.codePage < std::size(kCodePages) ? sections.codePage : 0];
 }
 
-// A text of the summary, which is of bytes and ends with a NUL.
-std::string summaryText(Bits& data, int release)
-{
-    const std::uint32_t length = data.count(data.rs(), release >= 2007 ? 16 : 8);
-    std::wstring wide;
-    for (std::uint32_t i = 0; i < length; ++i)
-        wide += static_cast<wchar_t>(release >= 2007 ? data.rs() : data.rc());
-    if (release >= 2007)
-        return utf8(wide);
-    const std::string text(wide.begin(), wide.end());
-    return text.substr(0, text.find('\0'));
-}
-
 void writeVariable(DxfWriter& out, const char* sName, std::string_view text)
 {
     out.name(9, sName);
@@ -53,12 +40,13 @@ void writeVariable(DxfWriter& out, const char* sName, std::string_view text)
 void writeSummary(const Sections& sections, DxfWriter& out)
 {
     Bits data(sections.summary);
+    const bool wide = sections.release >= 2007;
     for (const char* sName : kProperties)
-        writeVariable(out, sName, summaryText(data, sections.release));
+        writeVariable(out, sName, data.text(data.rs(), wide));
     data.skip(24 * 8);  // times
     for (unsigned count = data.rs(); count != 0 && !data.failed(); --count) {
-        const std::string key = summaryText(data, sections.release);
-        const std::string value = summaryText(data, sections.release);
+        const std::string key = data.text(data.rs(), wide);
+        const std::string value = data.text(data.rs(), wide);
         if (data.failed())
             break;
         writeVariable(out, "$CUSTOMPROPERTYTAG", key);
@@ -72,13 +60,11 @@ void writeRecord(Bits data, DxfWriter& out)
     while (data.left() >= 16 && !data.failed()) {
         const unsigned code = data.rs();
         if (code <= 9 || (code >= 300 && code <= 309)) {
-            const std::uint32_t length = data.count(data.rs(), 8);
+            const unsigned length = data.rs();
             data.rc();  // code page
-            std::string text;
-            for (std::uint32_t i = 0; i < length; ++i)
-                text += static_cast<char>(data.rc());
+            const std::string text = data.text(length, false);
             if (!data.failed())
-                out.text(static_cast<int>(code), text.substr(0, text.find('\0')));
+                out.text(static_cast<int>(code), text);
         } else {
             const unsigned bytes = code < 40 ? 24 : code < 60 ? 8 : code < 80 ? 2 : code < 90 ? 0 : code < 100 ? 4 : 0;
             if (bytes == 0)

@@ -1,7 +1,5 @@
 #include "dwg/Object.h"
 
-#include <windows.h>
-
 namespace dwg {
 
 namespace {
@@ -147,35 +145,16 @@ void Object::readEntityPreamble()
 
 std::string Object::text()
 {
-    if (m_release < 2007) {
-        const std::uint32_t length = data.count(data.bs(), 8);
-        std::string text(length, '\0');
-        for (char& c : text)
-            c = static_cast<char>(data.rc());
-        return text.substr(0, text.find('\0'));
-    }
-    const std::uint32_t length = m_strings.count(m_strings.bs(), 16);
-    std::wstring wide(length, L'\0');
-    for (wchar_t& c : wide)
-        c = static_cast<wchar_t>(m_strings.rs());
-    return utf8(wide);
+    Bits& from = m_release < 2007 ? data : m_strings;
+    return from.text(from.bs(), m_release >= 2007);
 }
 
 std::uint64_t Object::reference()
 {
-    const Bits::Handle h = references.h();
-    switch (h.code) {
-    case 6:
-        return m_handle + 1;
-    case 8:
-        return m_handle - 1;
-    case 0xA:
-        return m_handle + h.value;
-    case 0xC:
-        return m_handle - h.value;
-    default:
-        return h.value;
-    }
+    const auto [code, value] = references.h();
+    if (code == 6 || code == 8)
+        return code == 6 ? m_handle + 1 : m_handle - 1;
+    return code == 0xA ? m_handle + value : code == 0xC ? m_handle - value : value;
 }
 
 void Object::skipReferences(std::uint32_t count)
@@ -196,15 +175,5 @@ Point Object::point3()
 double Object::thickness() { return m_release >= 2000 && data.b() ? 0.0 : data.bd(); }
 
 Point Object::extrusion() { return m_release >= 2000 && data.b() ? Point{0.0, 0.0, 1.0} : point3(); }
-
-std::string utf8(std::wstring_view wide)
-{
-    wide = wide.substr(0, wide.find(L'\0'));
-    std::string text(wide.size() * 3, '\0');
-    const int size = WideCharToMultiByte(CP_UTF8, 0, wide.data(), static_cast<int>(wide.size()), text.data(),
-                                         static_cast<int>(text.size()), nullptr, nullptr);
-    text.resize(static_cast<std::size_t>(size));
-    return text;
-}
 
 }  // namespace dwg

@@ -61,7 +61,4 @@ private:
     std::string_view m_body;
 };
 
-// Up to the first NUL.
-std::string utf8(std::wstring_view wide);
-
 }  // namespace dwg
