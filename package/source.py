@@ -9,7 +9,8 @@ import shutil
 import subprocess
 import tarfile
 
-NOTE = "RELEASE"  # in the source archive, in place of git: which commit, of when, and the sum of its files
+NOTE = "RELEASE"  # in the source archive, in place of git: which commit, of when, the sum of its files, of what kind
+CHANGED = " with changes"  # behind a commit that is not all
 
 
 class Refused(Exception):
@@ -27,18 +28,18 @@ class Source:
         if (folder / ".git").exists():
             changed = self._read_git(snapshot)
         elif (folder / NOTE).exists():
-            changed = self._read_archive()
+            changed = self._read_archive(snapshot)
         else:
             raise Refused(f"{folder} is neither a git repository nor an unpacked source archive: it has no {NOTE}")
-        name = self.commit + (" with changes" if changed else "")
-        self.built_from = f"commit {name}"
+        self.name = self.commit + (CHANGED if changed else "")
+        self.built_from = f"commit {self.name}"
         self.version = self._find("CMakeLists.txt", r"project\(\w+ VERSION (\d+\.\d+\.\d+)")
         newest = self._find("CHANGELOG.md", r"\n## (\S+)")
         if newest != self.version:
             raise Refused(f"CMakeLists.txt has version {self.version}, CHANGELOG.md starts with {newest}")
-        self.label = self.version
+        self.label, self.kind = self.version, "snapshot" if snapshot else "release"
         if snapshot:
-            self.label += f"-snapshot-{name[:8]}{'-changed' if changed else ''}"
+            self.label += f"-snapshot-{self.commit[:8]}{'-changed' if changed else ''}"
         elif changed:
             raise Refused("the tree has changes; commit them, or try --snapshot")
         elif (folder / ".git").exists() and f"v{self.version}" not in self._git("tag", "--points-at", "HEAD").split():
@@ -64,9 +65,11 @@ class Source:
             packed.read(1)
         return bool(stashed) if snapshot else bool(self._git("status", "--porcelain"))
 
-    def _read_archive(self):
+    def _read_archive(self, snapshot):
         note = dict(line.split(" ", 1) for line in (self.folder / NOTE).read_text("ascii").splitlines())
-        self.commit, self.seconds = note["commit"], int(note["seconds"])
+        if note["kind"] != "release" and not snapshot:
+            raise Refused("this is the source of a snapshot, not of a release; try --snapshot")
+        self.commit, self.seconds = note["commit"].removesuffix(CHANGED), int(note["seconds"])
         self.files = {}
         for top, folders, names in os.walk(self.folder):
             here = pathlib.Path(top)
@@ -74,7 +77,7 @@ class Source:
             for path in (here / name for name in names):
                 self.files[path.relative_to(self.folder).as_posix()] = (os.access(path, os.X_OK), path.read_bytes())
         del self.files[NOTE]
-        return note["files"] != self._sum()
+        return note["commit"] != self.commit or note["files"] != self._sum()
 
     def _sum(self):
         """Of paths and contents; not of what a file may do, which an archiver can lose."""
@@ -93,7 +96,7 @@ class Source:
             target.chmod(0o755 if executable else 0o644)
 
     def write_archive(self, target, inside):
-        note = f"commit {self.commit}\nseconds {self.seconds}\nfiles {self._sum()}\n".encode()
+        note = f"commit {self.name}\nseconds {self.seconds}\nfiles {self._sum()}\nkind {self.kind}\n".encode()
         with open(target, "wb") as file, gzip.GzipFile("", "wb", 9, file, self.seconds) as packed, \
                 tarfile.open(fileobj=packed, mode="w", format=tarfile.PAX_FORMAT) as archive:
             for path, (executable, data) in sorted({**self.files, NOTE: (False, note)}.items()):
