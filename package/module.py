@@ -5,6 +5,7 @@ from source import Refused
 
 EXPORTS = ("acrxEntryPoint", "acrxGetApiVersion")
 STAND_IN = ("cadhost.exe", "cadmfc.dll")
+WINDOWS_XP = (5, 1)
 
 
 def named(symbols):
@@ -12,14 +13,15 @@ def named(symbols):
 
 
 def version_of(image):
-    """The version resource: "1.0.0" of its fixed part, "" when it has none, and its texts."""
+    """The version resource: "1.0.0.0" of its fixed part, "" when it has none, and its texts."""
     texts = {}
     for information in getattr(image, "FileInfo", [[]])[0]:
         for table in getattr(information, "StringTable", []):
             texts.update({key.decode(): value.decode() for key, value in table.entries.items()})
     fixed = getattr(image, "VS_FIXEDFILEINFO", [None])[0]
-    numbers = fixed and (fixed.FileVersionMS >> 16, fixed.FileVersionMS & 0xFFFF, fixed.FileVersionLS >> 16)
-    return ".".join(map(str, numbers)) if numbers else "", texts
+    pairs = (fixed.FileVersionMS, fixed.FileVersionLS) if fixed else ()
+    numbers = [half for pair in pairs for half in divmod(pair, 1 << 16)]
+    return ".".join(map(str, numbers)), texts
 
 
 def reason_against(path, version, built_from):
@@ -32,6 +34,11 @@ def reason_against(path, version, built_from):
         return "it is not 32-bit, and AutoCAD 2004 to 2006 are"
     if not image.is_dll():
         return "it is a program, not a DLL"
+    header = image.OPTIONAL_HEADER
+    system = header.MajorSubsystemVersion, header.MinorSubsystemVersion
+    if system > WINDOWS_XP:
+        return (f"it was linked for Windows {system[0]}.{system[1]} and later, and AutoCAD 2004 to 2006 run on "
+                "Windows 2000 and XP")
     if any(section.PointerToRawData + section.SizeOfRawData > path.stat().st_size for section in image.sections):
         return "its end is missing"
     exported = named(getattr(getattr(image, "DIRECTORY_ENTRY_EXPORT", None), "symbols", []))
@@ -44,8 +51,8 @@ def reason_against(path, version, built_from):
     number, texts = version_of(image)
     if not number:
         return "it has no version resource, from which its version and source are read"
-    if number != version:
-        return f"it says that it is version {number}, and this release is {version}"
+    if number != f"{version}.0":
+        return f"it says that it is version {number}, and this release is {version}.0"
     if (comments := texts.get("Comments", "")) != f"Built from {built_from}":
         return f'its version resource says "{comments}", and this release is "Built from {built_from}"'
     return ""
