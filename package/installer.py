@@ -42,6 +42,7 @@ BEFORE = (
     ("KeepLoadControls", "LOADCTRLS", "[PREVIOUSLOADCTRLS]", "PREVIOUSLOADCTRLS AND NOT LOADCTRLS"),
     ("LoadControls", "LOADCTRLS", str(ON_START | ON_COMMAND | ON_REQUEST), "NOT LOADCTRLS"),
     ("KeepDomain", "DOMAINSETTINGS", "[PREVIOUSDOMAIN]", "PREVIOUSDOMAIN AND NOT DOMAINSETTINGS"),
+    ("DomainFolder", "DomainFolder", "[DOMAINSETTINGS]", 'NOT DOMAINSETTINGS~="none"'),
 )
 # When the folders are known: for the list of programs, and for the script, whose functions know the texts by name.
 AFTER = (
@@ -191,7 +192,8 @@ def complete(tables, version, programs, texts, stand_in):
     for program in programs:
         tables["File"].set(program, Version=f"{version}.0", Language=ENGLISH)
         tables["MsiFileHash"].drop(program)
-    tables["Component"].set("domain", Condition='DOMAINSETTINGS OR REMOVE~="ALL"')
+    tables["Component"].set("domain", Attributes=REGISTRY_KEY_PATH | TRANSITIVE,
+                            Condition='DOMAINSETTINGS OR REMOVE~="ALL"')
     # A folder leaves with its last file, but not the folder above it.
     tables["CreateFolder"].add("COMPANYDIR", "module")
     # A build of the same version is replaced as an older one is, with its features' states.

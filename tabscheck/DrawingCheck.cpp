@@ -220,7 +220,7 @@ std::vector<DomainFolder> findDomainFolders(std::vector<Problem>& problems)
     for (const auto& [sFolder, sKey] : Tesk::getDomainSettingsCandidates()) {
         const std::string sPath = Tesk::fullPath(sFolder.GetString());
         folders.push_back({sPath, Tesk::folderExists(sFolder), sKey.GetString()});
-        if (!folders.back().found && !sKey.IsEmpty())
+        if (!folders.back().found && !sFolder.IsEmpty() && !sKey.IsEmpty())
             problems.push_back({sKey.GetString(), 0, 0, true,
                                 "the value \"Domain Settings\" names \"" + sPath + "\", which is not there", "", true});
     }

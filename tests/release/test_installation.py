@@ -198,14 +198,21 @@ class Installation(Machine):
         self.msiexec("/i", second.name, "REINSTALL=ALL")
         self.assertIn(LATER, self.registered())
 
-        # Back to the version before.
         for host in (OLD, LATER):
             self.lose_host(host)
+        (folder / "support/original/MDITabs.ini").unlink()
         self.msiexec("/x", second.name)
         self.assertEqual([path.name for path in folder.rglob("*.*")], ["MDITabs.ini.edited"])
-        self.msiexec("/i", first.name)
-        self.assertEqual(texts.read_bytes(), edited)
-        self.msiexec("/x", first.name)
+        # Somebody unpacks the archive there, write-protects, edits, and takes up the installer again.
+        shutil.copytree(WORK / NEXT / "support", folder / "support", dirs_exist_ok=True)
+        texts.chmod(0o444)
+        kept = folder / "support/StandardSettings.txt.edited"
+        kept.write_bytes(b"earlier")
+        untouched.write_bytes(b"later")
+        self.msiexec("/i", second.name)
+        self.assertEqual([texts.read_bytes(), untouched.read_bytes()], [edited, b"later"])
+        self.assertEqual(kept.with_name(kept.name + "1").read_bytes(), b"earlier")
+        self.msiexec("/x", second.name)
         self.assertTrue(domain.exists())
         shutil.rmtree(folder.parent)
         # The hosts are gone, all that was under their keys with them.
@@ -263,6 +270,10 @@ class SixtyFourBitMachine(Machine):
         self.assertIn('"LOADCTRLS"=dword:0000000c', keys["system.reg " + ENTRY.format(self.wow, OLD)])
         for key in (settings, settings + r"\Stamps"):
             self.assertEqual(keys["system.reg " + key], [r'"Domain Settings"="P:\\Office"'])
+        self.msiexec("/i", second.name, "REINSTALL=ALL", "DOMAINSETTINGS=none")
+        keys = software()
+        self.assertEqual([keys["system.reg " + key] for key in (settings, settings + r"\Stamps")],
+                         [['"Domain Settings"=""'], ['"Domain Settings"="none"']])
         self.msiexec("/x", second.name)
         (PREFIX / "drive_c/CAD").rmdir()  # only the tabs' own folder leaves
         self.check_as_before(before, files_before)
@@ -297,7 +308,8 @@ class Packages(unittest.TestCase):
                            ("does not export acrxEntryPoint,", lambda: self.build(entry="entryPoint")),
                            ("imports cadhost.exe and cadmfc.dll", lambda: PROGRAMS / "ZavikMDITabs.arx"),
                            ("no version resource", lambda: self.build(version="")),
-                           ("is version 1.2.4, and this release is 1.2.3", lambda: self.build(version="1,2,4,0")),
+                           ("for Windows 6.0 and", lambda: self.build("-shared", "-Wl,--major-subsystem-version,6")),
+                           ("is version 1.2.3.4, and this release is 1.2.3.0", lambda: self.build(version="1,2,3,4")),
                            ('says "Built from commit 2"', lambda: self.build(source="commit 2"))):
             with self.subTest(part):
                 self.assertIn(part, reason(path()))
@@ -312,12 +324,23 @@ class Packages(unittest.TestCase):
         self.assertEqual((unpacked / "samples/Sketches/Sketch.dwg").read_bytes(),
                          (REPOSITORY / "samples/Sketches/Sketch.dwg").read_bytes())
         self.assertTrue(os.access(unpacked / "run", os.X_OK))
-        Source(unpacked).write_archive(self.folder / "second.tar.gz", "inside")
+        Source(unpacked, snapshot=True).write_archive(self.folder / "second.tar.gz", "inside")
         self.assertEqual((self.folder / "first.tar.gz").read_bytes(), (self.folder / "second.tar.gz").read_bytes())
+        with self.assertRaisesRegex(Refused, "source of a snapshot"):
+            Source(unpacked)
+        # The same archive, had a release been made; then one of what somebody changed in it.
+        note = unpacked / "RELEASE"
+        note.write_text(note.read_text().replace("snapshot", "release").replace(" with changes", ""))
+        self.assertEqual(Source(unpacked).label, VERSION)
         (unpacked / "support/Another.txt").write_text("new")
+        Source(unpacked, snapshot=True).write_archive(self.folder / "third.tar.gz", "inside")
+        with tarfile.open(self.folder / "third.tar.gz") as archive:
+            archive.extractall(self.folder)
+        self.assertRegex(Source(unpacked, snapshot=True).built_from, "^commit [0-9a-f]{40} with changes$")
+        note.write_text(note.read_text().replace("snapshot", "release"))
         with self.assertRaisesRegex(Refused, "has changes"):
             Source(unpacked)
-        (unpacked / "RELEASE").unlink()
+        note.unlink()
         with self.assertRaisesRegex(Refused, "neither"):
             Source(unpacked)
 
@@ -329,6 +352,10 @@ class Packages(unittest.TestCase):
         self.assertEqual(set(re.findall(r"ZavikMDITabs-([^.]+\.[^.]+\.[^.]+)\.msi", text)), {VERSION})
         for page in (REPOSITORY / "README.md", *REPOSITORY.glob("docs/*.md"), *REPOSITORY.glob("package/README*")):
             self.assertNotRegex(page.read_text("utf-8"), r"ZavikMDITabs-\d|\bv\d+\.\d+\.\d+")
+        # Else Windows does not look at its condition again at a reinstallation.
+        installer.make(self.folder / "all", self.folder / "a.msi", VERSION, "test", 0)
+        for name, _, _, attributes, condition, _ in installer.Table(self.folder / "a.msi", "Component").rows:
+            self.assertEqual(bool(condition), bool(int(attributes) & installer.TRANSITIVE), name)
         with unittest.mock.patch.object(installer, "COMPONENTS_A_FEATURE", 600), \
                 self.assertRaisesRegex(ValueError, "R16_2 has 682 components"):
             installer.make(self.folder / "all", self.folder / "a.msi", VERSION, "test", 0)

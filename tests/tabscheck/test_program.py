@@ -87,6 +87,8 @@ class ProgramTest(CheckerTest):
         code, output, _ = self.check("--problems", "Sketches")
         self.assertEqual(code, UNCHECKED)
         self.assertRegex(output.decode(CONSOLE), r'HKEY_LOCAL_MACHINE\\.*: error: .*names ".*gone".*not there \[1 drawing\]')
+        self.add_value(machine, "Domain Settings", "")  # taken back
+        self.assertEqual(self.check("--problems", "Sketches")[0], 0)
 
     def test_an_entry_of_the_user_that_hides_the_machine_s(self):
         self.add_value("HKLM\\" + HOST, "LOADER", r"C:\Program Files\Zavik\ZavikMDITabs.arx")
