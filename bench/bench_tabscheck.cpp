@@ -1,6 +1,8 @@
 // tabscheck over a thousand drawings in two hundred folders, its start excepted, against
-// reading the same files once. Runs in the repository, whose samples it copies.
+// reading the same files once; and over as many binary drawings, against the same as DXF. Runs
+// in the repository, whose samples it copies.
 #include "bench/Measure.h"
+#include "dwg/BinaryDrawing.h"
 #include "library/system/Handles.h"
 #include "tests/support/TestFolder.h"
 
@@ -15,8 +17,8 @@ constexpr int DRAWINGS = 5;
 
 namespace fs = std::filesystem;
 
-// An installation and a project; half of its folders have texts of their own.
-void furnish(const fs::path& root)
+// An installation and a project of one drawing's copies; half of its folders have texts of their own.
+void furnish(const fs::path& root, const std::string& sDrawing)
 {
     const auto all = fs::copy_options::recursive;
     const fs::path samples = "samples", project = samples / "Projects/Riverside";
@@ -32,7 +34,7 @@ void furnish(const fs::path& root)
         if (i % 2 != 0)
             fs::copy(samples / "Projects/Station/Drawings/Details/MDITabs.ini", folder);
         for (int j = 0; j < DRAWINGS; ++j)
-            fs::copy(project / "Drawings/A-101.dwg", folder / ("A-" + std::to_string(100 + j) + ".dwg"));
+            std::ofstream(folder / ("A-" + std::to_string(100 + j) + ".dwg"), std::ios::binary) << sDrawing;
     }
 }
 
@@ -43,11 +45,16 @@ UniqueHandle open(const std::string& sFile, DWORD access)
                                       OPEN_EXISTING, 0, nullptr));
 }
 
-double run(const std::string& sArguments)
+std::string besideProgram(const char* sName)
 {
     char sProgram[MAX_PATH];
     ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-    std::string sCommand = "\"" + (fs::path(sProgram).parent_path() / "tabscheck.exe").string() + "\" " + sArguments;
+    return (fs::path(sProgram).parent_path() / sName).string();
+}
+
+double run(const std::string& sArguments)
+{
+    std::string sCommand = "\"" + besideProgram("tabscheck.exe") + "\" " + sArguments;
     const UniqueHandle nowhere = open("NUL", GENERIC_WRITE);
     STARTUPINFOA startup = {};
     startup.cb = sizeof startup;
@@ -68,6 +75,13 @@ double run(const std::string& sArguments)
     return clock.elapsed();
 }
 
+// The checker's own time, without its start.
+double check(const CTestFolder& folder)
+{
+    return run("--root \"" + folder.path("install\\ZavikMDITabs") + "\" \"" + folder.path("Riverside") + "\"") -
+           run("--help");
+}
+
 double readAll(const fs::path& root)
 {
     const Clock clock;
@@ -86,11 +100,15 @@ double readAll(const fs::path& root)
 
 int main()
 {
-    const CTestFolder folder;
-    furnish(folder.path());
-    const std::string sCheck =
-        "--root \"" + folder.path("install\\ZavikMDITabs") + "\" \"" + folder.path("Riverside") + "\"";
+    const CTestFolder folder, binaries, texts;
+    furnish(folder.path(), CTestFolder::read(std::string("samples/Projects/Riverside/Drawings/A-101.dwg")));
     compare(
-        "tabscheck, 1,000 drawings in 200 folders", 1, [&] { return run(sCheck) - run("--help"); },
+        "tabscheck, 1,000 drawings in 200 folders", 1, [&] { return check(folder); },
         [&] { return readAll(folder.path()); });
+    const std::string sBinary = CTestFolder::read(besideProgram("drawings\\large"));
+    furnish(binaries.path(), sBinary);
+    furnish(texts.path(), dwg::toText(sBinary));
+    compare(
+        "tabscheck, 1,000 binary drawings of 60 KB, against DXF", 1, [&] { return check(binaries); },
+        [&] { return check(texts); });
 }

@@ -2,7 +2,7 @@
 """Writes small binary drawings for tests, R2000 and R2004, with no more in them than a reader for
 tabs reads: no CAD system opens them.
 
-    makedwg.py FOLDER      writes made_2000.dwg and made_2004.dwg, both of SAMPLE
+    makedwg.py FOLDER      writes made_2000.dwg and made_2004.dwg, both of SAMPLE, and large, 60 KB
 """
 import pathlib
 import struct
@@ -212,3 +212,7 @@ SAMPLE = dict(
 if __name__ == "__main__":
     for year in (2000, 2004):
         (pathlib.Path(sys.argv[1]) / f"made_{year}.dwg").write_bytes(Drawing(year, **SAMPLE).bytes())
+    model, *others = SAMPLE["blocks"]
+    many = [{"block": 2, "attributes": [("NUMBER", "A-101"), ("DATE", "2005-01-31")]}] * 285
+    (pathlib.Path(sys.argv[1]) / "large").write_bytes(
+        Drawing(2000, **{**SAMPLE, "blocks": [{**model, "inserts": many}, *others]}).bytes())
