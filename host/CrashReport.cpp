@@ -8,8 +8,6 @@ namespace host {
 
 namespace {
 
-const char* (*g_sDuring)() = nullptr;
-
 // Not C++ exceptions, debug output or breakpoints.
 bool isCrash(DWORD code) { return (code & 0xFF000000) == 0xC0000000; }
 
@@ -27,12 +25,11 @@ LONG CALLBACK onException(EXCEPTION_POINTERS* pException)
     if (record.NumberParameters >= 2)
         std::snprintf(sData, sizeof sData, ", %s %p", record.ExceptionInformation[0] == 0 ? "reading" : "writing",
                       reinterpret_cast<const void*>(record.ExceptionInformation[1]));
-    const char* const sDuring = g_sDuring != nullptr ? g_sDuring() : nullptr;
     std::fflush(stdout);
-    std::fprintf(stderr, "CRASH: %08lx at %p (%s + 0x%lx)%s, thread %lu%s%s\n", record.ExceptionCode,
+    std::fprintf(stderr, "CRASH: %08lx at %p (%s + 0x%lx)%s, thread %lu\n", record.ExceptionCode,
                  record.ExceptionAddress, sModule,
                  static_cast<unsigned long>(static_cast<const char*>(record.ExceptionAddress) - pBase), sData,
-                 ::GetCurrentThreadId(), sDuring != nullptr ? ", during: " : "", sDuring != nullptr ? sDuring : "");
+                 ::GetCurrentThreadId());
     std::fflush(stderr);
     // What was to see a crash that nobody handles sees this one: a dump is written.
     if (const LPTOP_LEVEL_EXCEPTION_FILTER pFilter = ::SetUnhandledExceptionFilter(nullptr))
@@ -43,10 +40,6 @@ LONG CALLBACK onException(EXCEPTION_POINTERS* pException)
 
 }  // namespace
 
-void reportCrashes(const char* (*sDuring)())
-{
-    g_sDuring = sDuring;
-    ::AddVectoredExceptionHandler(TRUE, onException);
-}
+void reportCrashes() { ::AddVectoredExceptionHandler(TRUE, onException); }
 
 }  // namespace host
