@@ -3,6 +3,8 @@
 Run by ctest, which says in ARCH and BUILD which build to drive. By hand:
     ARCH=x86 BUILD=build/x86 /usr/bin/python3 tests/e2e/test_options.py -v
 """
+import collections
+import itertools
 import os
 import pathlib
 import re
@@ -14,6 +16,9 @@ import unittest
 REPOSITORY = pathlib.Path(__file__).resolve().parents[2]
 ARCH = os.environ.get("ARCH", "x86")
 BUILD = pathlib.Path(os.environ.get("BUILD", REPOSITORY / "build" / ARCH)).resolve()
+DESKTOP = os.environ.get("DESKTOP", ARCH)
+PREFIX = pathlib.Path(os.environ.get("WINEPREFIX", REPOSITORY / f"build/wineprefix-{DESKTOP}"))
+ENDED, NOT_STARTED = 124, 125  # by tools/wine
 ANSI = "cp1252"
 MODULE = r"install\ZavikMDITabs\ZavikMDITabs.arx"
 OPTIONS_KEY = r"HKEY_CURRENT_USER\Software\Zavik\ZavikMDITabs"
@@ -27,28 +32,22 @@ time.tzset()
 # The options dialog's controls.
 TOP, BOTTOM, USE, EXTENSIONS, ICONS, TOOLTIPS, DISCREET, DEBUG = 1000, 1001, 1003, 1004, 1005, 1006, 1007, 1008
 
-STRIP = re.compile(r"strip: visible=(?P<visible>\d+) rect=[-\d,]+ "
-                   r"client=[-\d,]+ tabs=(?P<tabs>\d+) selected=(?P<selected>-?\d+) active=(?P<active>-?\d+)$")
-TAB = re.compile(r'tab (?P<index>\d+): text="(?P<text>.*)" image=(?P<image>-?\d+) document="(?P<document>.*)"$')
+STRIP = re.compile(r"strip: .* tabs=(\d+) selected=(-?\d+) active=(-?\d+)$")
+TAB = re.compile(r'tab \d+: text="(.*)" image=(-?\d+) document="(.*)"$')
+Tab = collections.namedtuple("Tab", "text image document")
 TIP = re.compile(r'tip: title="(?P<title>.*)" text="(?P<text>.*)"$')
 ITEM = re.compile(r'(?P<indent> *)item (?:(?P<id>\d+): "(?P<caption>.*)" enabled=(?P<enabled>\d)( checked=1)?|-)$')
 CONTROL = re.compile(r'control (?P<id>\d+): "(?P<text>.*)" checked=(?P<checked>\d+) enabled=(?P<enabled>\d)$')
 
 
-def wine(*command, timeout=120, cwd=REPOSITORY):
-    """Runs a Windows program; gives its exit code and its output."""
-    result = subprocess.run(
-        [str(REPOSITORY / "tools/wine"), ARCH, *map(str, command)], cwd=cwd,
-        stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-        env={**os.environ, "WINE_TIMEOUT": str(timeout)}, timeout=timeout + 120)
-    return result.returncode, result.stdout.decode(ANSI, "replace").replace("\r", "")
-
-
-class Tab:
-    def __init__(self, match):
-        self.text = match["text"]
-        self.image = int(match["image"])
-        self.document = match["document"]
+def wine(*command, cwd=REPOSITORY):
+    """Runs a Windows program to its end; gives its exit code and its output."""
+    result = subprocess.run([REPOSITORY / "tools/wine", ARCH, *command], cwd=cwd, stdin=subprocess.DEVNULL,
+                            stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+    output = result.stdout.decode(ANSI, "replace").replace("\r", "")
+    if result.returncode in (ENDED, NOT_STARTED):
+        raise AssertionError(output)
+    return result.returncode, output
 
 
 class Strip:
@@ -57,16 +56,8 @@ class Strip:
     def __init__(self, line):
         self.tabs = []
         self.exists = line != "strip: none"
-        self.visible = False
-        if not self.exists:
-            return
-        match = STRIP.match(line)
-        if not match:
-            raise AssertionError(f"not a strip line: {line!r}")
-        self.visible = match["visible"] == "1"
-        self.count = int(match["tabs"])
-        self.selected = int(match["selected"])
-        self.active = int(match["active"])
+        if self.exists:
+            self.count, self.selected, self.active = map(int, STRIP.match(line).groups())
 
     @property
     def texts(self):
@@ -85,12 +76,9 @@ class Transcript:
             if line.startswith("strip: "):
                 self.strips.append(Strip(line))
             elif match := TAB.match(line):
-                if not self.strips:
-                    raise AssertionError(f"a tab outside a strip: {line!r}")
-                self.strips[-1].tabs.append(Tab(match))
-        for strip in self.strips:
-            if strip.exists and strip.count != len(strip.tabs):
-                raise AssertionError(f"{strip.count} tabs announced, {len(strip.tabs)} listed:\n{text}")
+                self.strips[-1].tabs.append(Tab(match[1], int(match[2]), match[3]))
+        if any(strip.exists and strip.count != len(strip.tabs) for strip in self.strips):
+            raise AssertionError(f"a strip announces more tabs than it lists, or less:\n{text}")
 
     @property
     def tips(self):
@@ -115,14 +103,7 @@ class Transcript:
 
     def _blocks(self, pattern):
         """The matches of consecutive lines, block by block."""
-        blocks, previous = [], False
-        for match in map(pattern.match, self.lines):
-            if match:
-                if not previous:
-                    blocks.append([])
-                blocks[-1].append(match)
-            previous = bool(match)
-        return blocks
+        return [list(block) for found, block in itertools.groupby(map(pattern.match, self.lines), bool) if found]
 
 
 def options(*presses, end=1):
@@ -156,11 +137,10 @@ class HostTest(unittest.TestCase):
             (self.folder / name).chmod(0o444)
         self.set_registry({})
 
-    def tearDown(self):
-        outcome = getattr(self, "_outcome", None)
-        result = getattr(outcome, "result", None)
-        failed = result and any(test is self for test, _ in result.failures + result.errors)
-        if not failed:  # a failed test leaves its folder to look at
+    def run(self, result=None):
+        """A failed test leaves its folder to look at."""
+        super().run(result)
+        if not any(self in (test, getattr(test, "test_case", None)) for test, _ in result.failures + result.errors):
             self.remove_folder()
 
     def remove_folder(self):
@@ -193,8 +173,8 @@ class HostTest(unittest.TestCase):
         """How the host names a file of the test's folder."""
         return f"Z:{self.folder}/{name}".replace("/", "\\")
 
-    def run_host(self, script, arguments=("/ld", MODULE), timeout=120, expect_exit=0, demand=False):
-        """Plays script lines in a new host process and gives its transcript.
+    def run_host(self, script, arguments=("/ld", MODULE), expect_exit=0, demand=False):
+        """Plays script lines in a new host process and gives its transcript, which stays in the folder.
 
         What the registry names for loading counts only with demand set.
         """
@@ -202,8 +182,8 @@ class HostTest(unittest.TestCase):
             script = "\n".join(script)
         (self.folder / "test.scr").write_text(script.strip() + "\n", ANSI)
         switches = ["/nologo"] if demand else ["/nologo", "/nodemand"]
-        code, text = wine(BUILD / "cadhost.exe", *switches, *arguments, "/b", "test.scr",
-                          timeout=timeout, cwd=self.folder)
+        code, text = wine(BUILD / "cadhost.exe", *switches, *arguments, "/b", "test.scr", cwd=self.folder)
+        (self.folder / "test.txt").write_text(text, ANSI)
         if expect_exit is not None:
             self.assertEqual(code, expect_exit, text)
         return Transcript(code, text)

@@ -1,14 +1,11 @@
 """The diagnostics: log file, echo, and the switches at the start."""
-import os
-import pathlib
 import re
 import time
 import unittest
 
-from host import ANSI, ARCH, DEBUG, MODULE, REPOSITORY, TOP, USE, HostTest, options
+from host import ANSI, DEBUG, MODULE, PREFIX, REPOSITORY, TOP, USE, HostTest, options
 
 A101 = r"Projects\Riverside\Drawings\A-101.dwg"
-PREFIX = pathlib.Path(os.environ.get("WINEPREFIX", REPOSITORY / "build" / f"wineprefix-{ARCH}"))
 TRACED = "] ZavikMDITabs : "
 # Destroys the strip that is not there, and makes one.
 STYLE_WHILE_OFF = options(USE, TOP, USE)

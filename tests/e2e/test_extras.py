@@ -7,7 +7,7 @@ import subprocess
 import time
 import unittest
 
-from host import ANSI, ARCH, BUILD, REPOSITORY, HostTest, wine
+from host import ANSI, ARCH, BUILD, PREFIX, REPOSITORY, HostTest, wine
 
 COPY_PATH, OPEN_FOLDER, HELP = 22388, 22387, 22386
 HELP_TEXT, HELP_LINK, MAIL_LOG, OK = 1010, 1011, 1012, 1
@@ -19,7 +19,6 @@ EVERYTHING = {
 }
 HELP_TITLE = 'dialog: "Zavik MDI Tabs - Help"'
 MAIL = r"HKLM\Software\Clients\Mail"
-PREFIX = BUILD.parent / f"wineprefix-{ARCH}"
 
 
 class ExtrasBase(HostTest):

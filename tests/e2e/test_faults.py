@@ -36,7 +36,7 @@ class FaultsTest(HostTest):
             script += [f"FAULT {name} 1", f"ARX L {MODULE}", f"OPEN {border}", "LINE 0 0 1 1", "UNDO", "REDO", "ERASE L",
                        "SETVAR LTSCALE 2", "BENCH 1", "CLICK 0", "MENU 1", "CLOSE", "DXFIN Sketches/Sketch.dwg",
                        "MENU 0 22392", "SAVEAS saved.dwg", "ARX U ZavikMDITabs", "FAULT", f"ARX L {MODULE}", "STRIP", "ARX U ZavikMDITabs"]
-        transcript = self.run_host(script, arguments=(), expect_exit=None, timeout=300)
+        transcript = self.run_host(script, arguments=(), expect_exit=None)
         self.assertNotIn("CRASH", transcript.text)
         fired = [line for line in transcript.lines if line.startswith("fault: ")]
         self.assertEqual(len(fired), len(names))

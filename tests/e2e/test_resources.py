@@ -11,7 +11,7 @@ LOAD, UNLOAD = f"ARX L {MODULE}", "ARX U ZavikMDITabs"
 
 class ResourcesTest(HostTest):
     def counts(self, script):
-        transcript = self.run_host(script, arguments=(), timeout=200)
+        transcript = self.run_host(script, arguments=())
         lines = [line for line in transcript.lines if line.startswith("resources: ")]
         return [{name: int(value) for name, value in re.findall(r"(\w+)=(\d+)", line)} for line in lines]
 

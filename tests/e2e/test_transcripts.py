@@ -3,16 +3,15 @@
 tests/transcripts/NAME.scr is played; what comes of it is compared with NAME.txt beside it.
 With WRITE=1 in the environment that is written anew; the difference is to be read.
 """
+import difflib
 import os
-import pathlib
 import re
 import unittest
 
-from host import ANSI, ARCH, REPOSITORY
+from host import ANSI, PREFIX, REPOSITORY
 from test_extras import EVERYTHING, ExtrasBase
 
 FOLDER = REPOSITORY / "tests/transcripts"
-PREFIX = pathlib.Path(os.environ.get("WINEPREFIX", REPOSITORY / "build" / f"wineprefix-{ARCH}"))
 DRIVE = PREFIX / "dosdevices/w:"
 NOON = 1092153600      # in the summer of 2004
 TRACE = re.compile(r"\[[\d:]{8}\] ZavikMDITabs : ")
@@ -64,7 +63,9 @@ class TranscriptsTest(ExtrasBase):
         golden = FOLDER / f"{name}.txt"
         if os.environ.get("WRITE"):
             golden.write_text(text, "utf-8")
-        self.assertEqual(text.splitlines(), golden.read_text("utf-8").splitlines())
+        before = golden.read_text("utf-8")
+        if text != before:
+            self.fail("".join(difflib.unified_diff(before.splitlines(True), text.splitlines(True), golden.name, "now")))
 
     def check_echo(self, shown, log):
         """The log's traces, all of them, are on the command line, each once and whole."""

@@ -1,14 +1,13 @@
 """Runs the built tabscheck.exe, and writes the trees that it is to look at."""
 import itertools
 import json
-import os
 import pathlib
 import shutil
 import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
-from host import ANSI, ARCH, BUILD, REPOSITORY, HostTest  # noqa: E402
+from host import ANSI, ARCH, BUILD, ENDED, NOT_STARTED, REPOSITORY, HostTest  # noqa: E402
 
 CONSOLE = "cp437"  # of Wine without a console
 
@@ -64,8 +63,9 @@ class CheckerTest(HostTest):
         """Exit code, output as bytes, complaints as text."""
         result = subprocess.run(
             [str(REPOSITORY / "tools/wine"), ARCH, r"install\ZavikMDITabs\tabscheck.exe", *arguments],
-            cwd=self.folder, stdin=subprocess.DEVNULL, capture_output=True, timeout=240,
-            env={**os.environ, "WINE_TIMEOUT": "120"})
+            cwd=self.folder, stdin=subprocess.DEVNULL, capture_output=True)
+        if result.returncode in (ENDED, NOT_STARTED):
+            raise AssertionError(result.stderr.decode(CONSOLE))
         return result.returncode, result.stdout, result.stderr.decode(CONSOLE).replace("\r", "")
 
     def reports(self, *arguments):
