@@ -1,6 +1,7 @@
 #include "dwg/Drawing.h"
 
 #include "dwg/BinaryDrawing.h"
+#include "dwg/Geometry.h"
 #include "dwg/Header.h"
 
 namespace dwg {
@@ -24,7 +25,8 @@ Drawing::Drawing(const Sections& sections)
       m_map(sections),
       m_room(sections.room),
       m_out(doubleBytePage(sections)),
-      m_taken(m_map.size())
+      m_taken(m_map.size()),
+      m_polyline(polylineClass(sections.classes))
 {
     readBlockTable();
 }
@@ -197,7 +199,8 @@ std::uint64_t Drawing::writeEntity(std::uint64_t handle, bool paper, bool nested
     if (index == ObjectMap::kNone || m_taken[index])
         return 0;
     m_taken[index] = true;
-    const EntityKind* const pKind = entityKind(m_map.typeAt(index));
+    const unsigned type = m_map.typeAt(index);
+    const EntityKind* const pKind = entityKind(type != 0 && type == m_polyline ? kPolyline : type);
     if (pKind == nullptr && m_sections.release >= 2004)
         return 0;
     Entity entity(m_map.open(index), *this);

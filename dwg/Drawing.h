@@ -50,6 +50,7 @@ private:
     Room m_room;  // for what is written
     DxfWriter m_out;
     std::vector<bool> m_taken;  // entities, by their index
+    unsigned m_polyline;        // the type that the drawing itself gives to LWPOLYLINE
     std::uint64_t m_table = 0;
     // Model space and the active layout first, where they can be read.
     std::deque<Block> m_blocks;

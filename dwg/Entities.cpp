@@ -1,6 +1,7 @@
 #include "dwg/Entities.h"
 
 #include "dwg/Drawing.h"
+#include "dwg/Geometry.h"
 
 #include <vector>
 
@@ -141,9 +142,10 @@ constexpr EntityKind kKinds[] = {
 
 const EntityKind* entityKind(unsigned type)
 {
-    for (const EntityKind& kind : kKinds)
-        if (kind.type == type)
-            return &kind;
+    for (const std::span<const EntityKind> kinds : {std::span<const EntityKind>(kKinds), geometryKinds()})
+        for (const EntityKind& kind : kinds)
+            if (kind.type == type)
+                return &kind;
     return nullptr;
 }
 
