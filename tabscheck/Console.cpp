@@ -10,7 +10,8 @@ namespace tabscheck {
 
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = 8 * 1024;
+constexpr int kUnread = 2;  // the exit code, as for all that could not be done
 
 std::string encode(const std::wstring& sWide, UINT uCodePage)
 {
@@ -90,7 +91,8 @@ void Console::progress(std::string_view sText)
 
 void Console::flush()
 {
-    m_failed |= !write(m_output, m_pending);
+    if (!write(m_output, m_pending))
+        ::ExitProcess(kUnread);
     m_pending.clear();
 }
 

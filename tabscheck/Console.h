@@ -22,9 +22,8 @@ public:
     void complain(std::string_view sText);
     // Overwrites the last progress on the error output, where that is a terminal.
     void progress(std::string_view sText);
+    // Ends the program when the output cannot be written: nobody reads it any more.
     void flush();
-    // Some output, other than complaints, could not be written.
-    bool failed() const { return m_failed; }
 
 private:
     // False when the bytes cannot be written.
@@ -34,7 +33,6 @@ private:
     void* m_output;
     void* m_errors;
     bool m_terminal;
-    bool m_failed = false;
     std::size_t m_progress = 0;
     unsigned m_codePage;
     std::string m_pending;

@@ -4,26 +4,26 @@
 #include "library/drawing/ARXDrawingProperties.h"
 #include "library/drawing/WorkingDatabase.h"
 #include "library/expansion/ARXKeywordExpansion.h"
-#include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
 #include "library/titleblock/ARXTitleBlock.h"
 #include "settings/TooltipRule.h"
 #include "tabscheck/Folders.h"
-#include "tabscheck/LoadEntries.h"
+#include "tabscheck/Registry.h"
 
 #include <windows.h>
 
 #include <algorithm>
-#include <map>
-#include <memory>
-#include <utility>
 
 namespace tabscheck {
 
 namespace {
+
+using Tesk::MultiByte::equalNoCase;
+
+constexpr const char* kLabel = "HALVORAN_PROJECT_LABEL";
+constexpr const char* kFolder = "DISTINCT_FOLDER";
 
 // What is known of a drawing without its contents.
 class KnownExpansion : public Tesk::CKeywordExpansion {
@@ -32,7 +32,7 @@ public:
         : CKeywordExpansion(sDrawing.c_str(), 1, 1)
     {
         if (!projects.root.empty())
-            addToMap("HALVORAN_PROJECT_LABEL", projects.label().c_str());
+            addToMap(kLabel, projects.label().c_str());
     }
 };
 
@@ -44,54 +44,82 @@ Keywords keywordsOf(const Tesk::CKeywordExpansion& expansion)
     return keywords;
 }
 
+// Those of any file, whose names are the same for all, and one of its own.
+Keywords keywordsOfName(const std::string& sPath)
+{
+    Keywords keywords = keywordsOf(Tesk::CKeywordExpansion(sPath.c_str(), 1, 1));
+    keywords.names.insert(kFolder);
+    for (const char* sName : {"HALVORAN", kLabel, "X_HALVORAN_PROJECT_LABEL"})
+        keywords.lost[sName] = "SameNameText knows nothing of title blocks";
+    return keywords;
+}
+
+bool anyError(const std::vector<Problem>& problems)
+{
+    return std::any_of(problems.begin(), problems.end(), [](const Problem& problem) { return problem.error(); });
+}
+
+void append(std::vector<Problem>& problems, const std::vector<Problem>& others)
+{
+    problems.insert(problems.end(), others.begin(), others.end());
+}
+
+}  // namespace
+
 // One drawing under way.
 class Check {
 public:
-    Check(SourceFiles& files, const TextCheck& check, const TextFindings& texts, const ProjectFindings& projects,
-          DrawingReport& report)
-        : m_files(files), m_check(check), m_texts(texts), m_projects(projects), m_report(report)
+    Check(DrawingCheck& all, DrawingReport& report)
+        : m_all(all), m_texts(all.m_texts.of(report.path)), m_projects(all.m_projects.of(report.path)), m_report(report)
     {
     }
 
     void run()
     {
+        m_report.searched = m_texts.searched;
+        m_report.texts = m_texts.texts;
+        m_report.problems = m_texts.problems;
+        m_report.project.root = m_projects.root;
+        m_report.project.label = m_projects.label();
+        for (const ProjectFile* pFile : m_projects.files) {
+            m_report.project.searched.push_back(pFile->place);
+            append(m_report.problems, pFile->problems);
+        }
         show();
         // Without a text there is no balloon.
         if (!m_report.tooltip.text.empty())
-            m_report.tooltip.title = textOf("TooltipTitle");
+            m_report.tooltip.title = m_texts.valueOf("TooltipTitle");
     }
 
 private:
-    std::string textOf(const char* sKey) const { return m_texts.find(sKey)->value; }
-
     void show()
     {
-        m_report.project.root = m_projects.root;
-        m_report.project.label = m_projects.label();
-        for (const ProjectFile* pFile : m_projects.files)
-            m_report.project.searched.push_back(pFile->place);
-        if (::GetFileAttributesA(m_report.path.c_str()) == INVALID_FILE_ATTRIBUTES) {
-            showUnread();
-            return;
-        }
+        if (::GetFileAttributesA(m_report.path.c_str()) == INVALID_FILE_ATTRIBUTES)
+            return showUnread("it is not there yet");
         try {
             dxf::Drawing drawing(dxf::DxfFile::read(m_report.path), m_report.path);
             if (!drawing.file().notRead().empty())
-                showUnread();
-            else
-                showDrawing(drawing);
+                return showUnread(drawing.file().notRead());
+            m_report.contents = kRead;
+            showDrawing(drawing);
         } catch (const dxf::FileError& error) {
-            m_report.unreadable = !Tesk::fileExists(m_report.path.c_str());
             chooseSource();
-            m_report.problems.push_back({error.file(), static_cast<unsigned>(error.line()), error.line() != 0 ? 1U : 0U,
-                                         true, "the drawing cannot be read: " + error.reason(), "", false});
+            m_report.contents = error.reason();
+            const auto line = static_cast<unsigned>(error.line());
+            const bool opens = Tesk::fileExists(m_report.path.c_str());
+            Problem problem = problemOf(opens ? RuleName("drawing-damaged") : RuleName("file-unread"), error.file(),
+                                        {error.reason()});
+            problem.line = line;
+            problem.column = line != 0 ? 1 : 0;
+            m_report.problems.push_back(problem);
         }
     }
 
-    void showUnread()
+    void showUnread(const std::string& sReason)
     {
+        m_report.contents = sReason;
         chooseSource();
-        showTemplate(KnownExpansion(m_report.path, m_projects), m_projects.files);
+        showTemplate(KnownExpansion(m_report.path, m_projects));
     }
 
     void showDrawing(dxf::Drawing& database)
@@ -100,27 +128,26 @@ private:
         Tesk::CARXDrawingProperties properties(&database);
         const Tesk::CARXKeywordExpansion expansion(&database, m_report.path.c_str(), 1, 1);
         const auto& titleBlock = static_cast<const Tesk::CARXTitleBlock&>(*expansion.getTitleBlock());
-        m_report.tooltip.contentsKnown = true;
         m_report.project.sourceIsCertain = true;
         chooseBorder(titleBlock);
 
         const TooltipRule rule = chooseTooltipRule(expansion, properties);
         if (rule == TooltipRule::Template) {
-            showTemplate(expansion, {});
+            showTemplate(expansion);
             checkMapping(titleBlock);
             return;
         }
         m_report.tooltip.rule = rule == TooltipRule::Title ? "title" : "default";
         m_report.tooltip.text =
-            rule == TooltipRule::Title ? properties.getTitle().GetString() : textOf("DefaultTooltipText");
-        checkTooltipText(expansion, m_projects.files);
+            rule == TooltipRule::Title ? properties.getTitle().GetString() : m_texts.valueOf("DefaultTooltipText");
+        checkTemplates(expansion);
     }
 
-    void showTemplate(const Tesk::CKeywordExpansion& expansion, const std::vector<const ProjectFile*>& files)
+    void showTemplate(const Tesk::CKeywordExpansion& expansion)
     {
         m_report.tooltip.rule = "template";
-        m_report.tooltip.text = expansion.expandString(textOf("TooltipText").c_str()).GetString();
-        checkTooltipText(expansion, files);
+        m_report.tooltip.text = expansion.expandString(m_texts.valueOf("TooltipText").c_str()).GetString();
+        checkTemplates(expansion);
     }
 
     // The file that the search for the title block stopped at; without one all files were
@@ -128,7 +155,12 @@ private:
     void chooseBorder(const Tesk::CTitleBlock& titleBlock)
     {
         const std::string sBlock = titleBlock.getBorderBlock().GetString();
-        if (const ProjectFile* const pSource = m_projects.find(titleBlock.getSettingsFile().GetString()))
+        const ProjectFile* const pSource = m_projects.find(titleBlock.getSettingsFile().GetString());
+        if (const ProjectFile* const pOwn = m_projects.own()) {
+            ++m_all.m_uses[pOwn].drawings;
+            m_all.m_uses[pOwn].held += pSource == pOwn ? 1 : 0;
+        }
+        if (pSource != nullptr)
             return choose(*pSource, [&sBlock](const Border& border) { return border.block == sBlock; });
         std::vector<Border>& borders = m_report.project.borders;
         for (const ProjectFile* pFile : m_projects.files)
@@ -161,142 +193,130 @@ private:
     // Of the keys that the template shows, those whose attribute the border lacks.
     void checkMapping(const Tesk::CARXTitleBlock& titleBlock)
     {
-        const std::string sTemplate = textOf("TooltipText");
+        const std::string sTemplate = m_texts.valueOf("TooltipText");
         const std::vector<CString> tags = titleBlock.getTags();
         for (const Mapping& mapping : m_report.project.mapping) {
+            const auto same = [&mapping](const CString& sTag) { return equalNoCase(sTag.GetString(), mapping.tag); };
             if (std::find(tags.begin(), tags.end(), mapping.tag.c_str()) != tags.end() ||
                 sTemplate.find("HALVORAN::" + mapping.key + "%") == std::string::npos)
                 continue;
-            const auto other = std::find_if(tags.begin(), tags.end(), [&mapping](const CString& sTag) {
-                return sTag.CompareNoCase(mapping.tag.c_str()) == 0;
-            });
+            const auto other = std::find_if(tags.begin(), tags.end(), same);
             const std::string sHelp = other == tags.end() ? ""
                                                           : "; the drawing's is \"" + std::string(other->GetString()) +
                                                                 "\", and the case of letters counts";
-            const SourceFile& file = m_files.get(mapping.file, Form::Project);
+            const SourceFile& file = m_all.m_files.get(mapping.file, Form::Project);
             for (const Tesk::CProjectEntry& entry : file.project())
-                if (entry.m_uLine == mapping.line)
+                if (entry.m_uLine == mapping.line && mapping.tag.find_first_of(" \t") == std::string::npos)
                     m_report.problems.push_back(
-                        file.problem(false, entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
-                                     "the drawing's border \"" + std::string(titleBlock.getBorderBlock().GetString()) +
-                                         "\" has no attribute \"" + mapping.tag + "\": %HALVORAN::" + mapping.key +
-                                         "% is empty" + sHelp));
+                        file.problem("tag-absent", entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
+                                     {titleBlock.getBorderBlock().GetString(), mapping.tag, mapping.key, sHelp}));
         }
     }
 
-    // Against the keywords that there are, and the mappings of these files.
-    void checkTooltipText(const Tesk::CKeywordExpansion& expansion, const std::vector<const ProjectFile*>& files)
+    // Drawings of one folder with the same values of title blocks have the same.
+    void checkTemplates(const Tesk::CKeywordExpansion& expansion)
     {
-        Keywords keywords = keywordsOf(expansion);
-        for (const ProjectFile* pFile : files)
+        std::string sNames = m_report.tooltip.rule + m_report.contents + m_report.project.source;
+        const auto& known = expansion.getKeywords();
+        for (auto name = known.lower_bound("HALVORAN"); name != known.end() && name->first < "HALVORANZ"; ++name)
+            sNames += "\n" + name->first;
+        const auto [found, fresh] = m_all.m_templates.try_emplace({&m_texts, sNames});
+        if (fresh)
+            checkTemplates(keywordsOf(expansion), found->second);
+        append(m_report.problems, found->second);
+    }
+
+    void checkTemplates(Keywords keywords, std::vector<Problem>& problems) const
+    {
+        const bool any = m_report.tooltip.rule != "template" || m_report.contents != kRead;
+        for (const ProjectFile* pFile : m_projects.files)
             for (const std::vector<Mapping>& mappings : pFile->mappings)
                 for (const Mapping& mapping : mappings)
-                    keywords.names.insert({"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key});
-        m_check.checkTemplateOf(m_texts.find("TooltipText"), keywords, m_report.problems);
-        m_check.checkTemplateOf(m_texts.find("SameNameText"), keywordsOfName(), m_report.problems);
+                    for (const std::string& sKey : {"HALVORAN::" + mapping.key, "X_HALVORAN::" + mapping.key}) {
+                        if (any)
+                            keywords.names.insert(sKey);
+                        else if (keywords.names.count(sKey) == 0)
+                            keywords.lost[sKey] = "its mapping, in line " + std::to_string(mapping.line) + " of " +
+                                                  mapping.file + ", is of another title block than the drawing's";
+                    }
+        keywords.lost[kFolder] = "it is for SameNameText alone";
+        for (const char* sName : {kLabel, "X_HALVORAN_PROJECT_LABEL"})
+            if (m_projects.own() == nullptr)
+                keywords.lost[sName] = "the drawing is in no project";
+        if (const ProjectFile* const pOwn = m_projects.own(); pOwn && pOwn->label.empty() && !anyError(pOwn->problems))
+            keywords.emptyLabel = pOwn->place.path;
+        m_all.m_texts.checkTemplateOf(m_texts, "TooltipText", keywords, problems);
+        m_all.m_texts.checkTemplateOf(m_texts, "SameNameText", keywordsOfName(m_report.path), problems);
     }
 
-    // Those of any file, whose names are the same for all, and one of its own.
-    const Keywords& keywordsOfName() const
-    {
-        static const Keywords keywords = [this] {
-            Keywords ofFile = keywordsOf(Tesk::CKeywordExpansion(m_report.path.c_str(), 1, 1));
-            ofFile.names.insert("DISTINCT_FOLDER");
-            return ofFile;
-        }();
-        return keywords;
-    }
-
-    SourceFiles& m_files;
-    const TextCheck& m_check;
+    DrawingCheck& m_all;
     const TextFindings& m_texts;
     const ProjectFindings& m_projects;
     DrawingReport& m_report;
 };
 
-std::vector<DomainFolder> findDomainFolders(std::vector<Problem>& problems)
+DrawingCheck::DrawingCheck(const std::string& sRelease, const std::string& sProduct)
+    : m_release(sRelease),
+      m_product(sProduct),
+      m_texts(m_files),
+      m_projects(m_files),
+      m_domainFolders(findDomainFolders(m_commonProblems))
 {
-    std::vector<DomainFolder> folders;
-    for (const auto& [sFolder, sKey] : Tesk::getDomainSettingsCandidates()) {
-        const std::string sPath = Tesk::fullPath(sFolder.GetString());
-        folders.push_back({sPath, Tesk::folderExists(sFolder), sKey.GetString()});
-        if (!folders.back().found && !sFolder.IsEmpty() && !sKey.IsEmpty())
-            problems.push_back({sKey.GetString(), 0, 0, true,
-                                "the value \"Domain Settings\" names \"" + sPath + "\", which is not there", "", true});
-    }
-    return folders;
-}
-
-// File by file, in the order in which the files were read, and there line by line.
-void sortByPlace(std::vector<Problem>& problems)
-{
-    std::map<std::string, std::size_t> order;
-    for (const Problem& problem : problems)
-        order.emplace(problem.file, order.size());
-    std::stable_sort(problems.begin(), problems.end(), [&order](const Problem& one, const Problem& other) {
-        return std::pair(order[one.file], one.line) < std::pair(order[other.file], other.line);
-    });
-}
-
-bool isSettingsFile(const std::string& sPath)
-{
-    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
-    return Tesk::MultiByte::equalNoCase(sExtension, ".ini") || Tesk::MultiByte::equalNoCase(sExtension, ".txt");
-}
-
-}  // namespace
-
-DrawingCheck::DrawingCheck() : m_texts(m_files), m_projects(m_files), m_commonProblems(checkLoadEntries())
-{
-    m_domainFolders = findDomainFolders(m_commonProblems);
+    checkLoadEntries(m_commonProblems);
 }
 
 DrawingReport DrawingCheck::check(const std::string& sPath)
 {
     DrawingReport report;
     report.path = sPath;
-    if (isSettingsFile(sPath)) {
-        checkSettingsFile(report);
-    } else {
-        const TextFindings& texts = m_texts.of(sPath);
-        const ProjectFindings& projects = m_projects.of(sPath);
-        report.domain = m_domainFolders;
-        report.searched = texts.searched;
-        report.texts = texts.texts;
-        report.problems = texts.problems;
-        const auto add = [&report](const std::vector<Problem>& problems) {
-            report.problems.insert(report.problems.end(), problems.begin(), problems.end());
-        };
-        for (const ProjectFile* pFile : projects.files)
-            add(pFile->problems);
-        Check(m_files, m_texts, texts, projects, report).run();
-        add(m_names.of(Tesk::CPathParts(sPath).parent(), projects.root));
-        add(m_commonProblems);
-    }
-    sortByPlace(report.problems);
+    report.domain = m_domainFolders;
+    m_strays.lookAround(sPath, m_projects.of(sPath).root);
+    Check(*this, report).run();
+    append(report.problems, m_commonProblems);
+    std::erase_if(report.problems, [this](const Problem& problem) { return m_files.accept(problem); });
+    std::stable_sort(report.problems.begin(), report.problems.end());
     return report;
 }
 
-void DrawingCheck::checkSettingsFile(DrawingReport& report)
+std::vector<Problem> DrawingCheck::checkFile(const std::string& sPath)
 {
-    report.settingsFile = true;
-    std::vector<Problem>& problems = report.problems;
-    for (const Problem& problem : m_names.of(Tesk::CPathParts(report.path).parent(), m_projects.of(report.path).root))
-        if (Tesk::MultiByte::equalNoCase(problem.file, report.path))
-            problems.push_back(problem);
-    if (!problems.empty())
-        return;
-    if (Tesk::MultiByte::equalNoCase(Tesk::CPathParts(report.path).m_sExtension, ".txt")) {
-        problems = m_projects.get(Layer::Project, report.path).problems;
-        return;
-    }
-    const TextFindings findings = m_texts.ofFile(report.path);
-    problems = findings.problems;
-    Keywords keywords = keywordsOf(KnownExpansion(report.path, m_projects.of(report.path)));
-    keywords.names.insert({"DISTINCT_FOLDER", "HALVORAN_PROJECT_LABEL"});
+    const std::string sFolder = Tesk::CPathParts(sPath).parent();
+    m_strays.look(sFolder, 0);
+    if (!equalNoCase(Tesk::CPathParts(sPath).m_sExtension, ".ini"))
+        return m_projects.get(Layer::Project, sPath).problems;
+    const TextFindings findings = m_texts.ofFile(sPath);
+    std::vector<Problem> problems = findings.problems;
+    Keywords keywords = keywordsOf(KnownExpansion(sPath, m_projects.of(sPath)));
+    keywords.names.insert(kLabel);
+    keywords.lost[kFolder] = "it is for SameNameText alone";
     keywords.mappingKnown = false;
-    for (const char* sKey : {"TooltipText", "SameNameText"})
-        m_texts.checkTemplateOf(findings.find(sKey), keywords, problems);
+    m_texts.checkTemplateOf(findings, "TooltipText", keywords, problems);
+    m_texts.checkTemplateOf(findings, "SameNameText", keywordsOfName(sPath), problems);
+    std::erase_if(problems, [this](const Problem& problem) { return m_files.accept(problem); });
+    return problems;
+}
+
+std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folders)
+{
+    std::vector<Problem> problems = m_strays.find();
+    for (const std::string& sPath : m_strays.ofOtherHosts(m_release, m_product))
+        append(problems, checkFile(sPath));
+    for (const auto& [pFile, use] : m_uses) {
+        const std::string sRoot = Tesk::CPathParts(pFile->place.path).parent();
+        const bool all = std::any_of(folders.begin(), folders.end(), [&sRoot](const std::string& sFolder) {
+            return equalNoCase(sRoot.substr(0, sFolder.size()), sFolder);
+        });
+        if (!all || use.held != 0 || pFile->borders.empty())
+            continue;
+        const SourceFile& source = m_files.get(pFile->place.path, Form::Project);
+        for (const Tesk::CProjectEntry& entry : source.project())
+            if (entry.m_uLine == pFile->borders.front().line)
+                problems.push_back(
+                    source.problem("border-absent", entry, entry.m_sText,
+                                   {std::to_string(use.drawings) + (use.drawings == 1 ? " drawing" : " drawings")}));
+    }
+    std::erase_if(problems, [this](const Problem& problem) { return m_files.accept(problem); });
+    return problems;
 }
 
 }  // namespace tabscheck

@@ -1,13 +1,15 @@
 #pragma once
 
-// One drawing after the other: what the strip finds and shows for it, and what is wrong.
+// One drawing after the other: what the strip finds and shows for it, and what is wrong; at
+// the end, what is wrong with all of them.
 
-#include "tabscheck/NameCheck.h"
 #include "tabscheck/ProjectCheck.h"
 #include "tabscheck/Report.h"
 #include "tabscheck/SourceFile.h"
+#include "tabscheck/Strays.h"
 #include "tabscheck/TextCheck.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,20 +17,39 @@ namespace tabscheck {
 
 class DrawingCheck {
 public:
-    DrawingCheck();
+    DrawingCheck(const std::string& sRelease, const std::string& sProduct);
 
-    // The full path of a drawing, which need not exist, or of a settings file.
+    // The full path of a drawing, which need not exist.
     DrawingReport check(const std::string& sPath);
+    // What is wrong with a settings file that was named.
+    std::vector<Problem> checkFile(const std::string& sPath);
+    // After the last drawing, what belongs to none of them alone; all drawings below these
+    // folders were checked.
+    std::vector<Problem> finish(const std::vector<std::string>& folders);
+
+    Strays& strays() { return m_strays; }
+    const SourceFiles& files() const { return m_files; }
 
 private:
-    void checkSettingsFile(DrawingReport& report);
+    friend class Check;
 
+    // How many of a project's drawings hold one of its borders.
+    struct Use {
+        unsigned drawings = 0;
+        unsigned held = 0;
+    };
+
+    const std::string m_release;
+    const std::string m_product;
     SourceFiles m_files;
     TextCheck m_texts;
     ProjectCheck m_projects;
-    NameCheck m_names;
-    std::vector<DomainFolder> m_domainFolders;
+    Strays m_strays;
     std::vector<Problem> m_commonProblems;  // of the registry
+    std::vector<DomainFolder> m_domainFolders;
+    std::map<const ProjectFile*, Use> m_uses;
+    // Of templates, by what they are and which title-block values there are.
+    std::map<std::pair<const TextFindings*, std::string>, std::vector<Problem>> m_templates;
 };
 
 }  // namespace tabscheck

@@ -20,10 +20,14 @@ namespace {
 using Tesk::fullPath;
 using Tesk::MultiByte::equalNoCase;
 
-bool isDrawingName(const std::string& sPath)
+constexpr const char* kLostLetters =
+    "its name has letters that the Windows code page lacks: the strip cannot open it either";
+
+// The command line has letters that its narrow form lacks.
+bool hasLostLetters()
 {
-    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
-    return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
+    const std::wstring sLine = ::GetCommandLineW();
+    return Tesk::toWide(Tesk::toNarrow(sLine)) != sLine;
 }
 
 bool isFolder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
@@ -35,6 +39,12 @@ bool isMissing(DWORD error)
 }
 
 }  // namespace
+
+bool isDrawingName(const std::string& sPath)
+{
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
+    return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
+}
 
 std::string systemReason(unsigned long code)
 {
@@ -82,10 +92,10 @@ Listing entriesOf(const std::string& sPattern)
 void DrawingFinder::add(const std::string& sPath)
 {
     const std::string sFull = fullPath(sPath);
-    if (!fits(sFull))
-        return;
     if (sPath.find_first_of("*?") != std::string::npos)
         return addMatching(sFull);
+    if (!fits(sFull))
+        return;
     const DWORD attributes = ::GetFileAttributesA(sFull.c_str());
     const DWORD error = ::GetLastError();
     if (attributes != INVALID_FILE_ATTRIBUTES) {
@@ -110,11 +120,16 @@ void DrawingFinder::addMatching(const std::string& sPattern)
         add(Tesk::CPathParts(sPattern).parent() + entry.name);
     }
     if (!any)
-        m_tell(sPattern, "no drawing and no folder is so named", true);
+        m_tell(sPattern, hasLostLetters() ? kLostLetters : "no drawing and no folder is so named", true);
 }
 
 bool DrawingFinder::fits(const std::string& sPath)
 {
+    // The system puts "?" where the code page has no letter for it.
+    if (sPath.find('?') != std::string::npos) {
+        m_tell(sPath, kLostLetters, true);
+        return false;
+    }
     if (sPath.size() < MAX_PATH)
         return true;
     m_tell(sPath, systemReason(ERROR_FILENAME_EXCED_RANGE), true);
@@ -145,6 +160,7 @@ void DrawingFinder::addFolder(const std::string& sFolder)
     const Listing listing = entriesOf(sFolder + "*");
     if (listing.error != ERROR_NO_MORE_FILES && listing.error != ERROR_FILE_NOT_FOUND)
         m_tell(sFolder, systemReason(listing.error), true);
+    m_listed(sFolder, listing.entries);
     for (const FolderEntry& entry : listing.entries)
         if (!entry.folder && isDrawingName(entry.name) && fits(sFolder + entry.name))
             m_found(sFolder + entry.name);

@@ -33,8 +33,13 @@ public:
     // say that not everything was checked.
     using Tell = std::function<void(const std::string& sPath, const std::string& sReason, bool unreadable)>;
     using Found = std::function<void(const std::string& sPath)>;
+    // Hears each folder that is looked into, with a trailing backslash, and what is in it.
+    using Listed = std::function<void(const std::string& sFolder, const std::vector<FolderEntry>& entries)>;
 
-    DrawingFinder(Found found, Tell tell) : m_found(std::move(found)), m_tell(std::move(tell)) {}
+    DrawingFinder(Found found, Listed listed, Tell tell)
+        : m_found(std::move(found)), m_listed(std::move(listed)), m_tell(std::move(tell))
+    {
+    }
 
     // A file, which need not exist when it is named as a drawing, or a folder: then all
     // drawings below it, folder by folder, in the order of their names; or "*" and "?" in the
@@ -50,9 +55,13 @@ private:
     bool fits(const std::string& sPath);
 
     Found m_found;
+    Listed m_listed;
     Tell m_tell;
     std::set<FileId> m_entered;
 };
+
+// A drawing by its name.
+bool isDrawingName(const std::string& sPath);
 
 // The folder's full path ends in a backslash. Empty when there is no such folder.
 std::string existingFolder(const std::string& sPath);

@@ -36,9 +36,10 @@ std::string toJson(const std::string& sText) { return toJson(std::string_view(sT
 
 std::string toJson(const Problem& problem)
 {
-    return std::string("{\"severity\":") + (problem.error ? "\"error\"" : "\"warning\"") +
-           ",\"file\":" + toJson(problem.file) + ",\"line\":" + toJson(problem.line) +
-           ",\"column\":" + toJson(problem.column) + ",\"text\":" + toJson(problem.text) + "}";
+    return "{\"name\":" + toJson(problem.rule->name) +
+           ",\"severity\":" + (problem.error() ? "\"error\"" : "\"warning\"") + ",\"file\":" + toJson(problem.file) +
+           ",\"line\":" + toJson(problem.line) + ",\"column\":" + toJson(problem.column) +
+           ",\"text\":" + toJson(problem.text) + "}";
 }
 
 template <class Structure>
@@ -73,16 +74,20 @@ std::string toJson(const Structure& value)
 
 }  // namespace
 
-JsonReport::JsonReport(Console& console) : m_console(console) { m_console.printBytes("{\"version\":2,\"drawings\":["); }
+JsonReport::JsonReport(Console& console, const Asked& asked) : m_console(console)
+{
+    m_console.printBytes("{\"version\":2,\"asked\":" + toJson(asked) + ",\"drawings\":[");
+}
 
 void JsonReport::add(DrawingReport report)
 {
-    if (report.settingsFile) {
-        m_files.push_back({std::move(report.path), std::move(report.problems)});
-        return;
-    }
     m_console.printBytes((m_first ? "\n" : ",\n") + toJson(report));
     m_first = false;
+}
+
+void JsonReport::addFile(const std::string& sPath, const std::vector<Problem>& problems)
+{
+    m_files.push_back({sPath, problems});
 }
 
 void JsonReport::addUnchecked(const std::string& sPath, const std::string& sReason)

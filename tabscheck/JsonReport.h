@@ -12,9 +12,10 @@ namespace tabscheck {
 
 class JsonReport : public Reports {
 public:
-    explicit JsonReport(Console& console);
+    JsonReport(Console& console, const Asked& asked);
 
     void add(DrawingReport report) override;
+    void addFile(const std::string& sPath, const std::vector<Problem>& problems) override;
     void addUnchecked(const std::string& sPath, const std::string& sReason) override;
     void finish() override;
 
@@ -31,7 +32,7 @@ private:
 
     Console& m_console;
     bool m_first = true;
-    std::vector<File> m_files;  // settings files that were named
+    std::vector<File> m_files;
     std::vector<Unchecked> m_unchecked;
 };
 

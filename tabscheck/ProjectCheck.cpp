@@ -1,14 +1,10 @@
 #include "tabscheck/ProjectCheck.h"
 
-#include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
-#include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
-#include "tabscheck/Folders.h"
 #include "tabscheck/Spelling.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace tabscheck {
 
@@ -17,23 +13,16 @@ namespace {
 using Tesk::CProjectEntry;
 using Tesk::ProjectBlock;
 
-std::string_view firstWord(const CProjectEntry& entry)
+std::string firstWord(const CProjectEntry& entry)
 {
-    return entry.m_sText.substr(0, entry.m_sText.find_first_of(" \t"));
+    return std::string(entry.m_sText.substr(0, entry.m_sText.find_first_of(" \t")));
 }
 
 bool isRemark(const CProjectEntry& entry) { return entry.m_sText[0] == ';'; }
 
-// Those between which Word puts what it takes for a quotation.
-bool hasTypographicQuote(std::string_view sText)
-{
-    const std::wstring sWide = Tesk::toWide(sText);
-    return sWide.find_first_of(L"\x201C\x201D\x201E\x201F") != std::wstring::npos;
-}
-
 std::string nameOf(const CProjectEntry& block)
 {
-    return std::string(firstWord(block)) + " of line " + std::to_string(block.m_uLine);
+    return firstWord(block) + " of line " + std::to_string(block.m_uLine);
 }
 
 // Goes through the entries of one file and takes down what each gives.
@@ -55,35 +44,25 @@ public:
                 m_brace = &*entry;
         }
         const ProjectBlock block = m_block == nullptr ? ProjectBlock::Unknown : Tesk::blockOf(m_block->m_sKey);
-        const bool titles = block == ProjectBlock::TitleBlocks;
         if (block != ProjectBlock::Unknown)
-            add(titles, *m_block,
-                std::string("this block has no line \"}\"") + (titles ? ": its borders and mappings are ignored" : ""));
+            add("block-open", *m_block,
+                {block == ProjectBlock::TitleBlocks ? ": its borders and mappings are ignored" : ""});
     }
 
 private:
     void take(const CProjectEntry& entry, const CProjectEntry* pNext)
     {
-        switch (entry.m_kind) {
-        case CProjectEntry::Keyword:
-            open(entry);
-            return;
-        case CProjectEntry::Border:
+        const bool titles = entry.m_block == ProjectBlock::TitleBlocks;
+        if (entry.m_kind == CProjectEntry::Keyword)
+            return open(entry);
+        if (entry.m_kind == CProjectEntry::Border)
             takeBorder(entry);
-            break;
-        case CProjectEntry::Mapping:
-            if (entry.m_block == ProjectBlock::TitleBlocks)
-                takeMapping(entry);
-            break;
-        case CProjectEntry::Line:
-            if (entry.m_block == ProjectBlock::ProjectLabel)
-                m_file.label = entry.m_sText;
-            break;
-        default:
-            break;
-        }
+        else if (entry.m_kind == CProjectEntry::Mapping && titles)
+            takeMapping(entry);
+        else if (entry.m_kind == CProjectEntry::Line && entry.m_block == ProjectBlock::ProjectLabel)
+            takeLabel(entry);
         if (isRemark(entry) && entry.m_block != ProjectBlock::Unknown)
-            add(false, entry, "\";\" begins no remark here, \"#\" and \"//\" do: the line counts");
+            add("remark-line", entry);
         checkNested(entry, pNext);
     }
 
@@ -93,12 +72,9 @@ private:
         m_brace = nullptr;
         m_borders.clear();
         m_mapping.clear();
-        if (entry.m_block != ProjectBlock::Unknown || isRemark(entry))
-            return;  // what a remark costs is told at the block that it costs
-        if (entry.m_uLine != 1 || !m_source.marked())
-            add(false, entry,
-                "unknown keyword \"" + std::string(firstWord(entry)) + "\": skipped with its block" +
-                    suggestion(entry.m_sKey, unusedKeywords()));
+        // What a remark costs is told at the block that it costs.
+        if (entry.m_block == ProjectBlock::Unknown && !isRemark(entry))
+            add("keyword-unknown", entry, {firstWord(entry), suggestion(entry.m_sKey, unusedKeywords())});
     }
 
     std::vector<std::string> unusedKeywords() const
@@ -119,17 +95,13 @@ private:
             m_file.mappings.push_back(m_mapping);
         }
         if (m_block != nullptr && isRemark(*m_block))
-            tellRemark("what follows up to line " + std::to_string(entry.m_uLine));
+            add("remark-block", *m_block, {"what follows up to line " + std::to_string(entry.m_uLine)});
         else if (m_block != nullptr && m_brace != nullptr && m_brace->m_sText.front() == '}')
-            add(true, *m_brace,
-                "this \"}\" does not stand on its own: the block " + nameOf(*m_block) + " goes on to line " +
-                    std::to_string(entry.m_uLine));
+            add("block-brace", *m_brace, {nameOf(*m_block), std::to_string(entry.m_uLine)});
+        else if (entry.m_block == ProjectBlock::ProjectLabel && m_labels.size() > 1 && m_block != nullptr &&
+                 Tesk::blockOf(m_block->m_sKey) == ProjectBlock::ProjectLabel)
+            add("label-twice", *m_labels.back());
         m_block = nullptr;
-    }
-
-    void tellRemark(const std::string& sLost)
-    {
-        add(true, *m_block, "\";\" begins no remark here, \"#\" and \"//\" do: " + sLost + " is lost with it");
     }
 
     // A keyword that an earlier block takes for one of its lines. What follows is meant as its
@@ -142,56 +114,75 @@ private:
         if (block == ProjectBlock::Unknown || m_block == nullptr ||
             !(opens || (block == ProjectBlock::TitleBlocks && entry.m_sValue.empty())))
             return;
-        const std::string sWhere =
-            m_brace != nullptr ? "the \"}\" of line " + std::to_string(m_brace->m_uLine) + " does not stand on its own"
-                               : "a line \"}\" is missing before line " + std::to_string(entry.m_uLine);
         if (isRemark(*m_block))
-            tellRemark("the block " + nameOf(entry));
-        else if (m_block->m_uLine != 1 || !m_source.marked())
-            add(true, entry,
-                std::string(firstWord(entry)) + " stands inside the block " + nameOf(*m_block) +
-                    ", and is lost: " + sWhere);
+            add("remark-block", *m_block, {"the block " + nameOf(entry)});
+        else
+            add("block-inside", entry,
+                {firstWord(entry), nameOf(*m_block),
+                 m_brace != nullptr
+                     ? "the \"}\" of line " + std::to_string(m_brace->m_uLine) + " does not stand on its own"
+                     : "a line \"}\" is missing before line " + std::to_string(entry.m_uLine)});
         m_block = &entry;
         m_brace = nullptr;
+    }
+
+    void takeLabel(const CProjectEntry& entry)
+    {
+        m_file.label = entry.m_sText;
+        m_labels.push_back(&entry);
     }
 
     void takeBorder(const CProjectEntry& entry)
     {
         const std::vector<std::string> fields = Tesk::borderFields(entry.m_sValue);
-        if (Tesk::isBorder(fields.size())) {
-            if (entry.m_block == ProjectBlock::TitleBlocks)
-                m_borders.push_back({fields[1].substr(0, fields[1].find('.')), m_source.path(), entry.m_uLine, false,
-                                     m_file.mappings.size()});
-        } else if (hasTypographicQuote(entry.m_sValue)) {
-            add(true, entry, "this border is ignored: it has typographic quotes where straight ones are read");
-        } else {
-            add(true, entry,
-                "this border is ignored: it has " + std::to_string(fields.size()) + " quoted field" +
-                    (fields.size() == 1 ? "" : "s") + " where 2, 5 or 6 are read, none of them empty");
+        if (!Tesk::isBorder(fields.size())) {
+            if (!typographicQuotesAround(entry.m_sValue).empty())
+                return add("border-quotes", entry);
+            return add("border-fields", entry, {std::to_string(fields.size()), fields.size() == 1 ? "" : "s"});
         }
+        if (Tesk::MultiByte::trim(fields[1]) != fields[1] || fields[1].find_first_of("\\/:*?<>|") != std::string::npos)
+            add("border-name", entry, {fields[1]});
+        const std::string sBlock = fields[1].substr(0, fields[1].find('.'));
+        if (entry.m_block != ProjectBlock::TitleBlocks)
+            return;
+        for (const std::vector<Border>* pBorders : {&m_file.borders, &m_borders})
+            for (const Border& border : *pBorders)
+                if (Tesk::MultiByte::equalNoCase(border.block, sBlock))
+                    return add("border-twice", entry, {sBlock, std::to_string(border.line)});
+        m_borders.push_back({sBlock, m_source.path(), entry.m_uLine, false, m_file.mappings.size()});
     }
 
     // Of two lines with one key the later counts.
     void takeMapping(const CProjectEntry& entry)
     {
+        const std::string_view sTag = Tesk::MultiByte::withoutQuotes(entry.m_sValue);
+        const auto first = std::find_if(m_mapping.begin(), m_mapping.end(),
+                                        [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
         if (entry.m_sKey.starts_with("BORDER\"") || Tesk::isBorder(Tesk::borderFields(entry.m_sValue).size()))
-            add(true, entry, "this border is ignored: \"BORDER\" and a blank stand before its fields");
-        else if (hasTypographicQuote(entry.m_sValue))
-            add(false, entry, "these typographic quotes are part of the tag, straight ones are not");
-        std::erase_if(m_mapping, [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
-        m_mapping.push_back({entry.m_sKey, std::string(Tesk::MultiByte::withoutQuotes(entry.m_sValue)), m_source.path(),
-                             entry.m_uLine});
+            add("border-joined", entry);
+        else if (!typographicQuotesAround(entry.m_sValue).empty())
+            add("tag-quotes", entry);
+        else if (sTag.find_first_of(" \t") != sTag.npos && !isRemark(entry))
+            add("tag-blank", entry, {sTag});
+        if (first != m_mapping.end()) {
+            if (!isRemark(entry))
+                add("mapping-twice", entry, {entry.m_sKey, std::to_string(first->line)});
+            m_mapping.erase(first);
+        }
+        m_mapping.push_back({entry.m_sKey, std::string(sTag), m_source.path(), entry.m_uLine});
     }
 
-    void add(bool error, const CProjectEntry& entry, std::string sText)
+    void add(RuleName name, const CProjectEntry& entry, std::initializer_list<std::string_view> parts = {})
     {
-        m_file.problems.push_back(m_source.problem(error, entry, entry.m_sText, std::move(sText)));
+        if (!m_source.explained(entry.m_uLine) && !(m_block != nullptr && m_source.explained(m_block->m_uLine)))
+            m_file.problems.push_back(m_source.problem(name, entry, entry.m_sText, parts));
     }
 
     const SourceFile& m_source;
     ProjectFile& m_file;
     std::vector<Border> m_borders;  // of the block that is read
     std::vector<Mapping> m_mapping;
+    std::vector<const CProjectEntry*> m_labels;
     const CProjectEntry* m_block = nullptr;  // the keyword of the block that is read
     const CProjectEntry* m_brace = nullptr;  // a line in it that ends in "}"
 };
@@ -204,8 +195,6 @@ const ProjectFile* ProjectFindings::find(const std::string& sPath) const
                                     [&sPath](const ProjectFile* pFile) { return pFile->place.path == sPath; });
     return found == files.end() ? nullptr : *found;
 }
-
-std::string ProjectFindings::label() const { return root.empty() ? "" : files.front()->label; }
 
 ProjectCheck::ProjectCheck(SourceFiles& files) : m_files(files)
 {
@@ -234,19 +223,16 @@ const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
 
 const ProjectFile& ProjectCheck::get(Layer layer, const std::string& sPath)
 {
-    const auto found = m_read.find(sPath);
-    return found != m_read.end() ? found->second : m_read.emplace(sPath, read(layer, sPath)).first->second;
-}
-
-ProjectFile ProjectCheck::read(Layer layer, const std::string& sPath)
-{
-    ProjectFile file;
-    file.place = placeOf(layer, sPath, file.problems);
-    if (!file.place.found)
+    const auto [found, fresh] = m_read.try_emplace(sPath);
+    ProjectFile& file = found->second;
+    if (!fresh)
         return file;
-    const SourceFile& source = m_files.get(sPath, Form::Project);
-    file.problems = source.problems();
-    Reader(source, file).read();
+    file.place = placeOf(layer, sPath, file.problems);
+    if (file.place.found) {
+        const SourceFile& source = m_files.get(sPath, Form::Project);
+        file.problems = source.problems();
+        Reader(source, file).read();
+    }
     return file;
 }
 

@@ -26,8 +26,9 @@ struct ProjectFindings {
     std::vector<const ProjectFile*> files;
 
     const ProjectFile* find(const std::string& sPath) const;
-    // The label of the project's own file.
-    std::string label() const;
+    // The project's own file; null without one.
+    const ProjectFile* own() const { return root.empty() ? nullptr : files.front(); }
+    std::string label() const { return root.empty() ? "" : files.front()->label; }
 };
 
 class ProjectCheck {
@@ -38,8 +39,6 @@ public:
     const ProjectFile& get(Layer layer, const std::string& sPath);
 
 private:
-    ProjectFile read(Layer layer, const std::string& sPath);
-
     SourceFiles& m_files;
     std::map<Layer, std::string> m_shared;  // the paths that do not depend on the drawing
     std::map<std::string, ProjectFile> m_read;

@@ -4,10 +4,10 @@
 // is described of a structure is what a program reads of it.
 
 #include "library/files/SupportFileLocator.h"
+#include "tabscheck/Problem.h"
 
 #include <boost/describe/class.hpp>
 
-#include <compare>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -50,7 +50,7 @@ struct Setting {
     unsigned line = 0;
     std::string value;
 
-    bool operator==(const Setting&) const = default;
+    auto operator<=>(const Setting&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(Setting, (), (layer, file, line, value))
 
@@ -101,28 +101,14 @@ struct Tooltip {
     std::string rule;  // "template", "title", "default"; empty for a drawing that cannot be read
     std::string title;
     std::string text;  // empty: there is no balloon
-    bool contentsKnown = false;
-
-    bool operator==(const Tooltip&) const = default;
 };
 BOOST_DESCRIBE_STRUCT(Tooltip, (), (rule, title, text))
 
-struct Problem {
-    std::string file;     // or a registry key
-    unsigned line = 0;    // from 1; 0 for the file as a whole
-    unsigned column = 0;  // in bytes from 1
-    bool error = false;
-    std::string text;
-    std::string source;      // the line itself
-    bool unchecked = false;  // something could not be looked into
-
-    auto operator<=>(const Problem&) const = default;
-};
+constexpr std::string_view kRead = "read";
 
 struct DrawingReport {
     std::string path;
-    bool settingsFile = false;  // no drawing: the problems alone count
-    bool unreadable = false;    // the drawing is there but does not open
+    std::string contents;  // kRead, or why they are not
     std::vector<DomainFolder> domain;
     std::vector<Place> searched;
     std::vector<Text> texts;
@@ -130,15 +116,24 @@ struct DrawingReport {
     Tooltip tooltip;
     std::vector<Problem> problems;
 };
-BOOST_DESCRIBE_STRUCT(DrawingReport, (), (path, domain, searched, texts, project, tooltip, problems))
+BOOST_DESCRIBE_STRUCT(DrawingReport, (), (path, contents, domain, searched, texts, project, tooltip, problems))
+
+// What was asked for.
+struct Asked {
+    std::string root, release, product;
+    std::vector<std::string> paths;
+};
+BOOST_DESCRIBE_STRUCT(Asked, (), (root, release, product, paths))
 
 // Where the reports go.
 class Reports {
 public:
     virtual ~Reports() = default;
     virtual void add(DrawingReport report) = 0;
+    // What is wrong with a file that is no drawing's alone; none says that it was checked.
+    virtual void addFile(const std::string& sPath, const std::vector<Problem>& problems) = 0;
     // A path that could not be checked.
-    virtual void addUnchecked(const std::string& /*sPath*/, const std::string& /*sReason*/) {}
+    virtual void addUnchecked(const std::string& sPath, const std::string& sReason) = 0;
     // After the last drawing.
     virtual void finish() = 0;
 };

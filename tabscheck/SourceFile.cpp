@@ -15,20 +15,30 @@ namespace tabscheck {
 
 namespace {
 
+constexpr Form kForms[] = {Form::Texts, Form::Project};
+constexpr std::string_view kDosLetters = "\x81\x82\x84\x8D\x94";  // u umlaut, which 1252 lacks, first
+constexpr std::string_view kAccept = "tabscheck: accept ";
+
 constexpr struct {
     std::string_view mark;
     const char* name;
     bool texts;  // the texts' reader knows it
-} kMarks[] = {{"\xEF\xBB\xBF", "UTF-8", false},
-              {"\xFE\xFF", "UTF-16, big-endian", false},
-              {"\xFF\xFE", "UTF-16", true},
-              {"", "UTF-16 without its mark", false}};  // known by the zero of its first letter
+    bool wide;   // no line of it can be read
+} kMarks[] = {{"\xEF\xBB\xBF", "UTF-8", false, false},
+              {"\xFE\xFF", "UTF-16, big-endian", false, true},
+              {"\xFF\xFE", "UTF-16", true, true},
+              {"", "UTF-16 without its mark", false, true}};  // known by the zero of its first letter
+
+bool isHigh(char c) { return (c & 0x80) != 0; }
+
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+std::string quoted(std::string_view sText) { return "\"" + std::string(sText) + "\""; }
 
 // As UTF-8, where it is that and more than ASCII; else empty.
 std::wstring decodeUtf8(std::string_view sText)
 {
-    const bool ascii = std::all_of(sText.begin(), sText.end(), [](char c) { return (c & 0x80) == 0; });
-    if (ascii || Tesk::MultiByte::CLeadBytes().any())
+    if (std::none_of(sText.begin(), sText.end(), isHigh) || Tesk::MultiByte::CLeadBytes().any())
         return {};
     std::wstring sWide(sText.size(), L'\0');
     const int length = static_cast<int>(sText.size());
@@ -37,96 +47,144 @@ std::wstring decodeUtf8(std::string_view sText)
     return sWide;
 }
 
-std::size_t firstHigh(std::string_view sText)
+// A letter of code pages 437 and 850 that Windows' 1252 has as a sign of punctuation, or not
+// at all, within a word.
+std::size_t findDosLetter(std::string_view sLine)
 {
-    return static_cast<std::size_t>(std::find_if(sText.begin(), sText.end(), [](char c) { return (c & 0x80) != 0; }) -
-                                    sText.begin());
+    if (Tesk::getThreadCodePage() != 1252 || !decodeUtf8(sLine).empty())
+        return sLine.npos;
+    for (std::size_t at = sLine.find_first_of(kDosLetters); at != sLine.npos;
+         at = sLine.find_first_of(kDosLetters, at + 1)) {
+        const bool within = at > 0 && at + 1 < sLine.size() && isLetter(sLine[at - 1]) &&
+                            (isLetter(sLine[at + 1]) || isHigh(sLine[at + 1]));
+        if (within || sLine[at] == kDosLetters[0])
+            return at;
+    }
+    return sLine.npos;
 }
 
-std::string quoted(std::string_view sText) { return "\"" + std::string(sText) + "\""; }
+std::size_t findMergeMark(std::string_view sLine)
+{
+    const std::string_view sMark = sLine.substr(0, 7);
+    const bool marked = sMark == "<<<<<<<" || sMark == "=======" || sMark == ">>>>>>>";
+    return marked && (sLine.size() == 7 || sLine[7] == ' ') ? 0 : sLine.npos;
+}
+
+// What stands in no line that was written for Windows.
+const struct {
+    RuleName rule;
+    std::size_t (*find)(std::string_view);
+} kLineRules[] = {
+    {"zero-byte", [](std::string_view sLine) { return sLine.find('\0'); }},
+    {"lone-return", [](std::string_view sLine) { return sLine.find('\r'); }},
+    {"merge-mark", findMergeMark},
+    {"dos-letter", findDosLetter},
+};
 
 }  // namespace
 
 SourceFile::SourceFile(const std::string& sPath, Form form) : m_path(sPath)
 {
     try {
-        m_contents = std::make_unique<Tesk::CTextFileContents>(sPath.c_str(), form == Form::Texts);
-        if (form == Form::Project) {
-            m_project = Tesk::parseProject(*m_contents);
-        } else {
-            Tesk::CSettingsEntries entries(*m_contents);
-            for (Tesk::CSettingsEntry entry; entries.next(entry);)
-                m_texts.push_back(entry);
-        }
-        checkMark(form);
-        m_marked = !m_problems.empty();
-        m_contents->rewind();
-        if (m_contents->isUnicode())
-            checkWideLines();
-        else if (m_problems.empty())
-            checkLines();
+        read(form);
     } catch (CException* pException) {
-        m_problems.push_back(problemAt(true, 0, 0, Tesk::takeExceptionText(pException).GetString(), {}));
-        m_problems.back().unchecked = true;
+        m_problems.push_back(problemOf("file-unread", m_path, {Tesk::takeExceptionText(pException).GetString()}));
     } catch (const std::exception&) {
-        m_problems.push_back(problemAt(true, 0, 0, "it cannot be read: it is too large for the memory", {}));
-        m_problems.back().unchecked = true;
+        m_problems.push_back(problemOf("file-unread", m_path, {"it cannot be read: it is too large for the memory"}));
     }
 }
 
-bool SourceFile::sound() const
+void SourceFile::read(Form form)
 {
-    return m_contents != nullptr && (m_texts.empty() || m_texts.back().m_kind != Tesk::CSettingsEntry::Damage);
+    m_contents = std::make_unique<Tesk::CTextFileContents>(m_path.c_str(), form == Form::Texts);
+    if (form == Form::Project) {
+        m_project = Tesk::parseProject(*m_contents);
+    } else {
+        Tesk::CSettingsEntries entries(*m_contents);
+        for (Tesk::CSettingsEntry entry; entries.next(entry);)
+            m_texts.push_back(entry);
+    }
+    m_sound = std::none_of(m_texts.begin(), m_texts.end(),
+                           [](const auto& entry) { return entry.m_kind == Tesk::CSettingsEntry::Damage; });
+    checkMark(form);
+    m_contents->rewind();
+    if (!m_garbled)
+        checkLines();
+    m_contents->rewind();
+    if (m_contents->isUnicode())
+        checkWideLines();
 }
 
-Problem SourceFile::problemAt(bool error, unsigned line, std::size_t position, std::string sText,
-                              std::string_view sLine) const
+Problem SourceFile::problemAt(RuleName name, unsigned line, std::size_t position, std::string_view sLine,
+                              std::initializer_list<std::string_view> parts) const
 {
-    const unsigned column = line == 0 ? 0 : static_cast<unsigned>(position + 1);
-    return {m_path, line, column, error, std::move(sText), std::string(sLine), false};
+    return {m_path,
+            line,
+            static_cast<unsigned>(position + 1),
+            name.rule(),
+            wordsOf(*name.rule(), parts),
+            std::string(sLine)};
 }
 
 void SourceFile::checkMark(Form form)
 {
     const std::string_view sBytes = m_contents->getBytes();
-    for (const auto& [mark, name, texts] : kMarks) {
+    for (const auto& [mark, name, texts, wide] : kMarks) {
         const bool found = mark.empty() ? sBytes.size() > 1 && sBytes[1] == '\0' : sBytes.starts_with(mark);
         if (!found || (texts && form == Form::Texts))
             continue;
-        const char* const sHelp = form == Form::Project ? "save it as ANSI" : "save it as ANSI or as \"Unicode\"";
-        m_problems.push_back(problemAt(true, 1, 0,
-                                       "the file is in " + std::string(name) + ", which is not read: " + sHelp,
-                                       sBytes.substr(0, sBytes.find_first_of("\r\n"))));
+        m_garbled |= wide;
+        m_explained.insert(1);
+        m_problems.push_back(problemAt("encoding", 1, 0, sBytes.substr(0, sBytes.find_first_of("\r\n")),
+                                       {name, form == Form::Project ? "ANSI" : "ANSI or as \"Unicode\""}));
     }
 }
 
-// The first line that was meant otherwise, and the first with what stands in no text file of
-// Windows.
 void SourceFile::checkLines()
 {
+    std::set<std::string> accepted;
     std::string_view sLine;
-    bool told = false, odd = false;
-    for (unsigned line = 1; m_contents->nextNarrow(sLine); ++line) {
-        const std::wstring sMeant = told ? std::wstring() : decodeUtf8(sLine);
-        if (!sMeant.empty()) {
-            told = true;
-            const std::size_t at = firstHigh(sLine);
-            m_problems.push_back(problemAt(false, line, at,
-                                           "UTF-8 without a mark, which is read as ANSI: " +
-                                               quoted(Tesk::toNarrow(std::wstring_view(sMeant).substr(at, 20))) +
-                                               " becomes " + quoted(sLine.substr(at, 20)) + "; save the file as ANSI",
-                                           sLine));
+    unsigned line = 1;
+    for (; m_contents->nextConverted(sLine); ++line) {
+        const std::string_view sText = Tesk::MultiByte::trim(sLine);
+        const bool comment = sText.starts_with(";") || Tesk::isCommentString(sText);
+        if (const std::size_t at = sText.find(kAccept); comment && at != sText.npos) {
+            std::string_view sNames = sText.substr(at + kAccept.size());
+            while (!(sNames = Tesk::MultiByte::trim(sNames, " ,\t")).empty()) {
+                const std::size_t end = std::min(sNames.find_first_of(" ,\t"), sNames.size());
+                accepted.emplace(sNames.substr(0, end));
+                sNames.remove_prefix(end);
+            }
+        } else if (!comment && !sText.empty()) {
+            for (const std::string& sName : accepted)
+                m_accepted.insert({line, sName});
+            accepted.clear();
         }
-        const std::size_t at = sLine.find_first_of(std::string_view("\0\r", 2));
-        if (at != sLine.npos && !odd) {
-            odd = true;
-            m_problems.push_back(problemAt(
-                false, line, at,
-                sLine[at] == '\r' ? "a carriage return alone ends no line: save the file with the line ends of Windows"
-                                  : "a zero byte: Windows shows a text only up to it; is this a text file?",
-                sLine));
-        }
+        checkLine(line, sLine);
     }
+    if (m_contents->isCut())
+        m_problems.push_back(problemAt("text-end", std::max(line, 2U) - 1, sLine.size(), sLine, {}));
+}
+
+// Each kind where it is seen first.
+void SourceFile::checkLine(unsigned line, std::string_view sLine)
+{
+    for (const auto& [name, find] : kLineRules) {
+        const std::size_t at = find(sLine);
+        if (at == sLine.npos)
+            continue;
+        if (name.rule() == RuleName("merge-mark").rule())
+            m_explained.insert(line);
+        if (m_told.insert(name.rule()).second)
+            m_problems.push_back(problemAt(name, line, at, sLine, {quoted(sLine.substr(at, 1))}));
+    }
+    const std::wstring sMeant = m_contents->isUnicode() || explained(line) ? std::wstring() : decodeUtf8(sLine);
+    if (sMeant.empty() || !m_told.insert(RuleName("utf-8").rule()).second)
+        return;
+    const auto at = static_cast<std::size_t>(std::find_if(sLine.begin(), sLine.end(), isHigh) - sLine.begin());
+    m_problems.push_back(
+        problemAt("utf-8", line, at, sLine,
+                  {quoted(Tesk::toNarrow(std::wstring_view(sMeant).substr(at, 20))), quoted(sLine.substr(at, 20))}));
 }
 
 // The characters that the code page lacks.
@@ -143,11 +201,9 @@ void SourceFile::checkWideLines()
         char sCode[16];
         std::snprintf(sCode, sizeof sCode, "U+%04X",
                       pair ? 0x10000U + ((*lost & 0x3FFU) << 10) + (lost[1] & 0x3FFU) : unsigned{*lost});
-        const std::string sBefore = Tesk::toNarrow(std::wstring_view(sLine.begin(), lost));
-        m_problems.push_back(problemAt(false, line, sBefore.size(),
-                                       std::string(sCode) + " is not in the Windows code page: it becomes " +
-                                           quoted(std::string_view(sNarrow).substr(sBefore.size(), pair ? 2 : 1)),
-                                       sNarrow));
+        const std::size_t at = Tesk::toNarrow(std::wstring_view(sLine.begin(), lost)).size();
+        m_problems.push_back(problemAt("letter-lost", line, at, sNarrow,
+                                       {sCode, quoted(std::string_view(sNarrow).substr(at, pair ? 2 : 1))}));
     }
 }
 
@@ -156,11 +212,19 @@ const SourceFile& SourceFiles::get(const std::string& sPath, Form form)
     return m_files.try_emplace({sPath, form}, sPath, form).first->second;
 }
 
+bool SourceFiles::accept(const Problem& problem) const
+{
+    return std::any_of(std::begin(kForms), std::end(kForms), [&](Form form) {
+        const auto found = m_files.find({problem.file, form});
+        return found != m_files.end() && found->second.accepts(problem);
+    });
+}
+
 Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems)
 {
     const bool found = Tesk::fileExists(sPath.c_str());
     if (const std::string sReason = found ? "" : whyClosed(sPath); !sReason.empty())
-        problems.push_back({sPath, 0, 0, true, "the strip cannot open it: " + sReason, "", true});
+        problems.push_back(problemOf("file-closed", sPath, {sReason}));
     return {nameOf(layer), sPath, found, 0, false};
 }
 

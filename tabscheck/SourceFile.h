@@ -1,6 +1,6 @@
 #pragma once
 
-// A settings file as the product reads it, with what its encoding does to it.
+// A settings file as the product reads it, with what its encoding and its lines do to it.
 
 #include "library/files/ProjectEntries.h"
 #include "library/files/SettingsEntries.h"
@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,25 +29,34 @@ public:
     // The lines of either form.
     const std::vector<Tesk::CSettingsEntry>& texts() const { return m_texts; }
     const std::vector<Tesk::CProjectEntry>& project() const { return m_project; }
-    // The mark of an encoding that is not read stands before its first word.
-    bool marked() const { return m_marked; }
     // The strip can use this copy of the texts.
-    bool sound() const;
-    // Of the file as a whole: not readable, an encoding that is not read, zero bytes.
+    bool sound() const { return m_sound; }
+    // What is wrong with a line is known: it is not read as what it was meant as.
+    bool explained(unsigned line) const { return m_garbled || m_explained.count(line) != 0; }
+    // A line above this one accepts the rule by its name.
+    bool accepts(const Problem& problem) const
+    {
+        return m_accepted.count({problem.line, std::string(problem.rule->name)}) != 0;
+    }
+    // Of its encoding and its lines.
     const std::vector<Problem>& problems() const { return m_problems; }
 
     // A problem of one of its entries, at a place in its line.
     template <class Entry>
-    Problem problem(bool error, const Entry& entry, std::string_view sAt, std::string sText) const
+    Problem problem(RuleName name, const Entry& entry, std::string_view sAt,
+                    std::initializer_list<std::string_view> parts = {}) const
     {
         const auto column = sAt.data() == nullptr ? 0 : sAt.data() - entry.m_sLine.data();
-        return problemAt(error, entry.m_uLine, static_cast<std::size_t>(column), std::move(sText), entry.m_sLine);
+        return problemAt(name, entry.m_uLine, static_cast<std::size_t>(column), entry.m_sLine, parts);
     }
 
 private:
-    Problem problemAt(bool error, unsigned line, std::size_t position, std::string sText, std::string_view sLine) const;
+    Problem problemAt(RuleName name, unsigned line, std::size_t position, std::string_view sLine,
+                      std::initializer_list<std::string_view> parts) const;
+    void read(Form form);
     void checkMark(Form form);
     void checkLines();
+    void checkLine(unsigned line, std::string_view sLine);
     void checkWideLines();
 
     std::string m_path;
@@ -54,13 +64,19 @@ private:
     std::vector<Tesk::CSettingsEntry> m_texts;
     std::vector<Tesk::CProjectEntry> m_project;
     std::vector<Problem> m_problems;
-    bool m_marked = false;
+    std::set<const Rule*> m_told;  // of lines: each once a file
+    std::set<unsigned> m_explained;
+    std::set<std::pair<unsigned, std::string>> m_accepted;
+    bool m_garbled = false;  // none of its lines is what was written
+    bool m_sound = false;
 };
 
 // Each file is read once.
 class SourceFiles {
 public:
     const SourceFile& get(const std::string& sPath, Form form);
+    // A line of the file accepts the problem.
+    bool accept(const Problem& problem) const;
 
 private:
     std::map<std::pair<std::string, Form>, SourceFile> m_files;

@@ -13,7 +13,11 @@ namespace tabscheck {
 // changed or swapped; empty when none is as near.
 std::string nearest(std::string_view sWord, const std::vector<std::string>& words, std::size_t mostEdits);
 
-// "; did you mean "X"?", or nothing.
-std::string suggestion(std::string_view sWord, const std::vector<std::string>& words);
+// "; did you mean "X"?", or nothing; the mark stands around the word.
+std::string suggestion(std::string_view sWord, const std::vector<std::string>& words, std::string_view sMark = "");
+
+// The pair of quotes, as Word puts them around what it takes for a quotation, at an end of
+// the text; or nothing.
+std::string typographicQuotesAround(std::string_view sText);
 
 }  // namespace tabscheck

@@ -3,6 +3,7 @@
 #include "tabscheck/TemplateCheck.h"
 
 #include "library/expansion/DatePass.h"
+#include "library/text/MultiByte.h"
 #include "tabscheck/Spelling.h"
 
 #include <time.h>
@@ -16,7 +17,8 @@ namespace {
 
 constexpr const char* kDates[] = {"UPDATE_DATE", "UPDATE_DATE_UTC", "CURRENT_DATE", "CURRENT_DATE_UTC"};
 constexpr const char* kTitleBlock = "HALVORAN";
-constexpr std::size_t kLongestKeyword = 128;  // a longer one is no keyword that somebody meant
+constexpr std::string_view kMarks = " \t\"'()[]{}<>,;.\x93\x94\x84";  // that stand beside a keyword by mistake
+constexpr std::size_t kLongestKeyword = 128;                          // a longer one is no keyword that somebody meant
 
 bool isDate(std::string_view sName)
 {
@@ -34,83 +36,94 @@ public:
 
     std::vector<TemplateFault> check()
     {
-        std::size_t at = 0;
-        while ((at = m_template.find('%', at)) != m_template.npos)
-            at += 1 + checkAt(at, std::string_view(m_template).substr(at + 1));
+        while ((m_at = m_template.find('%', m_at)) != m_template.npos)
+            m_at += 1 + checkAt(std::string_view(m_template).substr(m_at + 1));
         return std::move(m_faults);
     }
 
 private:
     // The token behind a delimiter; how much of it need not be looked at again.
-    std::size_t checkAt(std::size_t at, std::string_view sRest)
+    std::size_t checkAt(std::string_view sRest)
     {
         const std::string_view sToken = sRest.substr(0, sRest.find('%'));
         const bool closed = sToken.size() < sRest.size();
-        if (closed && knows(sToken))
+        if (closed && knows(sToken)) {
+            if (sToken.ends_with("HALVORAN_PROJECT_LABEL") && !m_keywords.emptyLabel.empty())
+                add("label-absent", {sToken, m_keywords.emptyLabel});
             return sToken.size() + 1;
+        }
+        if (const std::string sMeant = closed ? withoutMarks(sToken) : ""; !sMeant.empty()) {
+            add("token-unknown", {sToken, "; did you mean \"%" + sMeant + "%\"?"});
+            return sToken.size() + 1;
+        }
         const std::string sName(wordAt(sRest));
         const std::string_view sBehind = sRest.substr(sName.size());
         // What stands between two delimiters may be plain text, as in "100% of 50%".
         if (sName.empty() || (sName[0] >= '0' && sName[0] <= '9') || sToken.size() > kLongestKeyword)
             return 0;
+        const auto lost = m_keywords.lost.find(std::string(sToken));
+        if (closed && lost != m_keywords.lost.end()) {
+            add("token-elsewhere", {sToken, lost->second});
+            return sToken.size() + 1;
+        }
         const bool date = isDate(sName);
         const bool title = sName == kTitleBlock || sName == std::string("X_") + kTitleBlock;
         const bool doubled = sBehind.starts_with("::");
         if (!doubled && (title ? sToken != sName : date && (sBehind.starts_with(":") || sBehind.starts_with("|")))) {
-            add(false, at, stays(sToken, closed) + "; \"::\" stands between name and " + (date ? "format" : "key"));
+            add("token-colons", {closed ? std::string(sToken) + "%" : sToken, date ? "format" : "key"});
             return sToken.size();
         }
         if (date && doubled)
-            return checkDate(at, sName, sBehind.substr(2));
+            return checkDate(sName, sBehind.substr(2));
         if (closed && (sToken == sName || (doubled && !title && !knows(sName)))) {
-            add(false, at,
-                stays(sToken, true) + (date ? needsFormat(sName) : ": there is no such keyword" + suggest(sToken)));
+            if (date)
+                add("date-format", {sToken, sName});
+            else
+                add("token-unknown", {sToken, suggest(sToken)});
             return sToken.size() + 1;
         }
         if (closed && title && doubled) {
             if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
-                sKey.size() < sToken.size() && m_keywords.names.count(sKey) != 0)
-                return unclosed(at, sKey);
-            if (m_keywords.mappingKnown)
-                add(false, at, stays(sToken, true) + ": no mapping of the title block defines it" + suggest(sToken));
+                sKey.size() < sToken.size() && knows(sKey))
+                return unclosed(sKey);
+            if (const auto none = m_keywords.lost.find(kTitleBlock); none != m_keywords.lost.end())
+                add("token-elsewhere", {sToken, none->second});
+            else if (m_keywords.mappingKnown)
+                add("token-unmapped", {sToken, suggest(sToken)});
             return sToken.size() + 1;
         }
-        return date || title || knows(sName) ? unclosed(at, title ? std::string(sToken) : sName) : 0;
+        return date || title || knows(sName) ? unclosed(title ? std::string(sToken) : sName) : 0;
     }
 
     // A token that ends nowhere, or at another's beginning.
-    std::size_t unclosed(std::size_t at, const std::string& sToken)
+    std::size_t unclosed(const std::string& sToken)
     {
-        add(false, at, stays(sToken, false) + ": its closing \"%\" is missing");
+        add("token-open", {sToken});
         return sToken.size();
     }
 
     // A format has one character at least and ends at the first "%" behind it.
-    std::size_t checkDate(std::size_t at, const std::string& sName, std::string_view sRest)
+    std::size_t checkDate(const std::string& sName, std::string_view sRest)
     {
         const std::size_t end = sRest.find('%', 1);
         const std::string sFormat(sRest.substr(0, end));
         const std::size_t size = sName.size() + 2 + sFormat.size();
         if (end == sRest.npos || nextToken(sRest.substr(end + 1))) {
             if (!sRest.starts_with("%"))
-                return unclosed(at, sName + "::" + sFormat);
-            add(false, at, stays(sName + "::", true) + needsFormat(sName));
+                return unclosed(sName + "::" + sFormat);
+            add("date-format", {sName + "::", sName});
             return sName.size() + 3;
         }
         const std::string sShown = Tesk::formatTime(::_time64(nullptr), sFormat, false);
-        const std::string sToken = "%" + sName + "::" + sFormat + "%";
+        const std::string sToken = sName + "::" + sFormat;
         if (sFormat[0] == '%') {
-            add(true, at,
-                sToken + " shows \"" + sShown +
-                    "\" and what follows as it is written: \"%\" ends a format; write \"|\" "
-                    "for it, as in |d.|m.|Y");
-            return m_template.size() - at;
+            add("date-percent", {sToken, sShown});
+            return m_template.size() - m_at;
         }
         if (sShown.empty())
-            add(true, at, sToken + " shows nothing: Windows makes no date of the format \"" + sFormat + "\"");
+            add("date-nothing", {sToken, sFormat});
         else if (sFormat.find('|') == std::string::npos)
-            add(false, at,
-                sToken + " shows \"" + sShown + "\" and no date: \"|\" stands before each letter, as in |d.|m.|Y");
+            add("date-plain", {sToken, sShown});
         return size + 1;
     }
 
@@ -123,14 +136,17 @@ private:
 
     bool knows(std::string_view sToken) const { return m_keywords.names.count(std::string(sToken)) != 0; }
 
-    static std::string stays(std::string_view sToken, bool closed)
+    // The keyword that a token is without blanks and marks; empty when it is none, or none were there.
+    std::string withoutMarks(std::string_view sToken) const
     {
-        return "%" + std::string(sToken) + (closed ? "%" : "") + " stays as it is written";
-    }
-
-    static std::string needsFormat(const std::string& sName)
-    {
-        return ": a date needs a format, as in %" + sName + "::|Y-|m-|d%";
+        const std::size_t colons = sToken.find("::");
+        const std::string sName(Tesk::MultiByte::trim(sToken.substr(0, colons), kMarks));
+        const bool date = isDate(sName) && colons != sToken.npos;
+        std::string sMeant = sName;
+        if (colons != sToken.npos)
+            sMeant.append("::").append(date ? sToken.substr(colons + 2)
+                                            : Tesk::MultiByte::trim(sToken.substr(colons + 2), kMarks));
+        return sMeant != sToken && (date || knows(sMeant)) ? sMeant : "";
     }
 
     // For the token, or else for what stands before its "::".
@@ -138,14 +154,23 @@ private:
     {
         std::vector<std::string> known(m_keywords.names.begin(), m_keywords.names.end());
         known.insert(known.end(), std::begin(kDates), std::end(kDates));
-        const std::string sWhole = suggestion(sToken, known);
-        return sWhole.empty() ? suggestion(sToken.substr(0, sToken.find("::")), known) : sWhole;
+        const std::string sWhole = suggestion(sToken, known, "%");
+        const std::size_t colons = std::min(sToken.find("::"), sToken.size());
+        if (!sWhole.empty() || colons == sToken.size())
+            return sWhole;
+        for (std::string& sKnown : known)
+            sKnown += sToken.substr(colons);
+        return suggestion(sToken, known, "%");
     }
 
-    void add(bool error, std::size_t at, std::string sText) { m_faults.push_back({error, at, std::move(sText)}); }
+    void add(RuleName name, std::initializer_list<std::string_view> parts)
+    {
+        m_faults.push_back({name.rule(), m_at, wordsOf(*name.rule(), parts)});
+    }
 
     const std::string& m_template;
     const Keywords& m_keywords;
+    std::size_t m_at = 0;
     std::vector<TemplateFault> m_faults;
 };
 

@@ -1,19 +1,16 @@
 #include "tabscheck/TextCheck.h"
 
 #include "library/controls/HyperLink.h"
-#include "library/files/FileSearch.h"
 #include "library/files/Locator.h"
 #include "library/files/PathParts.h"
 #include "library/text/CaseFold.h"
 #include "library/text/MultiByte.h"
 #include "settings/TextKeys.h"
-#include "tabscheck/Folders.h"
 #include "tabscheck/Spelling.h"
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
-#include <set>
 
 namespace tabscheck {
 
@@ -23,7 +20,6 @@ using Tesk::CSettingsEntry;
 using Tesk::MultiByte::equalNoCase;
 using Tesk::MultiByte::withoutQuotes;
 
-constexpr const char* kSettingsFile = "MDITabs.ini";
 constexpr std::size_t kMostListed = 5;
 
 const TextKey* findKey(std::string_view sKey)
@@ -53,6 +49,60 @@ std::string mnemonic(const std::string& sCaption)
     return {};
 }
 
+// The quotes at its ends that the strip does not drop.
+std::string shownQuotes(const TextKey& key, const std::string& sValue)
+{
+    const bool straight = sValue.size() > 1 && sValue.front() == sValue.back() && !key.bQuoted &&
+                          withoutQuotes(sValue).size() + 2 <= sValue.size();
+    return straight ? sValue.substr(0, 1) : typographicQuotesAround(sValue);
+}
+
+std::string remark(const TextKey&, const std::string& sValue)
+{
+    for (std::size_t at = 1; at + 1 < sValue.size(); ++at)
+        if (sValue[at] == ';' && std::string_view(" \t").find(sValue[at - 1]) != std::string_view::npos &&
+            std::string_view(" \t").find(sValue[at + 1]) != std::string_view::npos)
+            return sValue.substr(at);
+    return {};
+}
+
+std::string targetOf(const std::string& sValue)
+{
+    return sValue.empty() ? "" : CHyperLink::getTarget(sValue.c_str()).GetString();
+}
+
+std::string badAddress(const TextKey& key, const std::string& sValue)
+{
+    return key.eKind == TextKind::Address && targetOf(sValue).empty() ? sValue : "";
+}
+
+std::string badMailAddress(const TextKey& key, const std::string& sValue)
+{
+    return key.eKind == TextKind::MailAddress && !targetOf(sValue).starts_with("mailto:") ? sValue : "";
+}
+
+std::string tokenInPlainText(const TextKey& key, const std::string& sValue)
+{
+    return key.eKind == TextKind::Caption || key.eKind == TextKind::Plain ? findToken(sValue) : "";
+}
+
+// What no hand meant; each finds the part of a value that the words name.
+const struct {
+    RuleName rule;
+    std::string (*find)(const TextKey&, const std::string&);
+} kValueRules[] = {
+    {"value-equals", [](const TextKey&, const std::string& s) { return std::string(s.starts_with("=") ? "=" : ""); }},
+    {"value-coded",
+     [](const TextKey&, const std::string& s) {
+         return std::string(s.starts_with("3D") && s.size() > 2 && s[2] != ' ' && s[2] != '-' ? "3D" : "");
+     }},
+    {"value-remark", remark},
+    {"quotes-shown", shownQuotes},
+    {"address", badAddress},
+    {"mail-address", badMailAddress},
+    {"no-template", tokenInPlainText},
+};
+
 // Takes copy after copy, as the strip merges them.
 class Merge {
 public:
@@ -70,14 +120,16 @@ public:
         m_findings.searched.push_back(place);
     }
 
-    // After the last copy.
-    void finish()
+    // After the last copy; of all copies for a drawing, or of one alone.
+    void finish(bool all)
     {
         closeSection();
-        for (Text& text : m_findings.texts)
-            if (text.line != 0)
-                checkValue(text, *findKey(text.key));
         checkMnemonics();
+        if (all)
+            checkAbsent();
+        for (const char* sKey : {"HelpAddress", "SupportAddress"})
+            if (all && !m_findings.valueOf(sKey).empty() && m_findings.valueOf("PopupHelpText").empty())
+                tell("key-alone", *m_findings.find(sKey), {sKey});
         std::erase_if(m_findings.texts, [](const Text& t) { return t.line == 0 && findKey(t.key)->bOptIn; });
     }
 
@@ -89,26 +141,27 @@ private:
         std::vector<std::string> later = {};
         bool known = false;
     };
+    using Lines = std::map<std::string, unsigned, Tesk::CLessNoCase>;
 
     void read(const SourceFile& file, Place& place)
     {
         m_findings.problems.insert(m_findings.problems.end(), file.problems().begin(), file.problems().end());
         place.dropped = !file.sound();
-        if (place.dropped && !file.texts().empty())
-            add(file, true, file.texts().back(), "no \"=\" in this line: the strip drops this whole copy of the file");
-        if (place.dropped)
-            return;
-        std::set<std::string, Tesk::CLessNoCase> keys;
+        Lines keys;
         for (const CSettingsEntry& entry : file.texts()) {
-            if (entry.m_kind == CSettingsEntry::Key)
+            if (file.explained(entry.m_uLine))
+                continue;
+            if (entry.m_kind == CSettingsEntry::Damage)
+                add(file, "line-damaged", entry);
+            else if (place.dropped)
+                continue;
+            else if (entry.m_kind == CSettingsEntry::Key)
                 takeKey(file, entry, place, keys);
             else if (entry.m_kind == CSettingsEntry::Section)
                 openSection(file, entry);
             else
-                add(file, false, entry,
-                    "this header does not end in \"]\" and is ignored: the keys below it belong to " +
-                        (m_section ? "[" + std::string(m_section->header.m_sKey) + "]"
-                                   : std::string("no section, and are read")));
+                add(file, "header-open", entry,
+                    {m_section ? "[" + std::string(m_section->header.m_sKey) + "]" : "no section, and are read"});
         }
         place.keys = static_cast<unsigned>(keys.size());
     }
@@ -123,19 +176,15 @@ private:
     void closeSection()
     {
         if (m_section && (m_section->known || !m_section->later.empty())) {
-            std::string sText = "section [" + std::string(m_section->header.m_sKey) + "] swallows ";
-            if (!m_section->own.empty())
-                sText += "the keys below it: " + list(m_section->own);
-            if (!m_section->later.empty())
-                sText += (m_section->own.empty() ? "keys of later files: " : "; and keys of later files: ") +
-                         list(m_section->later);
-            add(*m_section->file, true, m_section->header, std::move(sText));
+            const std::string sOwn = m_section->own.empty() ? "" : "the keys below it: " + list(m_section->own);
+            const std::string sLater = m_section->later.empty() ? "" : "keys of later files: " + list(m_section->later);
+            add(*m_section->file, "section", m_section->header,
+                {m_section->header.m_sKey, sOwn + (sOwn.empty() || sLater.empty() ? "" : "; and ") + sLater});
         }
         m_section.reset();
     }
 
-    template <class Keys>
-    void takeKey(const SourceFile& file, const CSettingsEntry& entry, const Place& place, Keys& keys)
+    void takeKey(const SourceFile& file, const CSettingsEntry& entry, const Place& place, Lines& lines)
     {
         const TextKey* pKey = findKey(entry.m_sKey);
         const std::string sKey(entry.m_sKey);
@@ -147,13 +196,10 @@ private:
                 m_section->later.push_back(sKey + " (" + place.path + ":" + std::to_string(entry.m_uLine) + ")");
             return;
         }
-        keys.insert(sKey);
-        if (pKey == nullptr) {
-            if (entry.m_uLine != 1 || !file.marked())
-                add(file, false, entry,
-                    "unknown key \"" + sKey + "\": the strip does not read it" + suggestion(sKey, unusedKeys(file)));
-            return;
-        }
+        if (const auto [first, fresh] = lines.try_emplace(sKey, entry.m_uLine); !fresh)
+            add(file, "key-twice", entry, {sKey, std::to_string(first->second)});
+        if (pKey == nullptr)
+            return add(file, "key-unknown", entry, {sKey, suggestion(sKey, unusedKeys(file))});
         // Of two lines in one file the later counts, and the earlier is overridden like any other.
         std::string_view sValue = entry.m_sValue.substr(0, entry.m_sValue.find('\0'));
         if (pKey->bQuoted)
@@ -165,6 +211,9 @@ private:
         if (setting.line != 0)
             text.overrides.insert(text.overrides.begin(), std::move(setting));
         m_entries[pKey->sName] = {&file, &entry};
+        for (const auto& [name, find] : kValueRules)
+            if (const std::string sFound = text.value.empty() ? "" : find(*pKey, text.value); !sFound.empty())
+                tell(name, text, {sFound});
     }
 
     static std::vector<std::string> unusedKeys(const SourceFile& file)
@@ -177,46 +226,51 @@ private:
         return names;
     }
 
-    void checkValue(const Text& text, const TextKey& key)
-    {
-        const auto& [pFile, pEntry] = m_entries.at(text.key);
-        const std::string& sValue = text.value;
-        const auto tell = [&, this](const std::string& sText) {
-            m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue, sText));
-        };
-        if (!key.bQuoted && sValue.size() > 1 && withoutQuotes(sValue).size() + 2 <= sValue.size() &&
-            sValue.front() == sValue.back())
-            tell("the quotes are shown: the strip drops those of ModifiedText, XrefsReadOnlyText and SameNameText "
-                 "alone");
-        const std::string sTarget = sValue.empty() ? "" : CHyperLink::getTarget(sValue.c_str()).GetString();
-        if (key.eKind == TextKind::Address && !sValue.empty() && sTarget.empty())
-            tell("this is no address that can be opened: http://, https://, www. or one mail address");
-        if (key.eKind == TextKind::MailAddress && !sValue.empty() && sTarget.compare(0, 7, "mailto:") != 0)
-            tell("this is no mail address: the button is not offered");
-        const bool shown = key.eKind == TextKind::Caption || key.eKind == TextKind::Plain;
-        if (const std::string sToken = shown ? findToken(sValue) : ""; !sToken.empty())
-            tell(sToken + " stays as it is written: " + text.key + " is no template; TooltipText and SameNameText are");
-    }
-
     void checkMnemonics()
     {
         std::map<std::string, const Text*> known;
         for (const Text& text : m_findings.texts) {
             const std::string sLetter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value) : "";
-            const auto [other, fresh] = known.emplace(sLetter, &text);
-            if (sLetter.empty() || fresh)
-                continue;
-            const auto& [pFile, pEntry] = m_entries.at(text.key);
-            m_findings.problems.push_back(pFile->problem(false, *pEntry, pEntry->m_sValue,
-                                                         "\"" + text.value + "\" shares its mnemonic \"" + sLetter +
-                                                             "\" with \"" + other->second->value + "\" (" +
-                                                             other->second->key + "): one key does not choose either"));
+            if (const auto [other, fresh] = known.emplace(sLetter, &text); !sLetter.empty() && !fresh)
+                tell("mnemonic-shared", text, {text.value, sLetter, other->second->value, other->second->key});
         }
     }
 
-    void add(const SourceFile& file, bool error, const CSettingsEntry& entry, std::string sText)
+    // Whether no file defines a text or one as nothing; one problem for all that one file
+    // misses. What a damaged copy does to texts is told with the damage.
+    void checkAbsent()
     {
-        m_findings.problems.push_back(file.problem(error, entry, Tesk::MultiByte::trim(entry.m_sLine), sText));
+        std::map<std::pair<bool, std::string>, std::vector<std::string>> absent;
+        const std::vector<Problem>& problems = m_findings.problems;
+        const bool damaged = std::any_of(problems.begin(), problems.end(), [](const Problem& p) { return p.error(); });
+        const std::string sStandard = m_findings.searched.front().path;
+        for (const Text& text : m_findings.texts)
+            if (!findKey(text.key)->bOptIn && text.value.empty() && (text.line != 0 || !damaged))
+                absent[{findKey(text.key)->eKind == TextKind::Caption, text.line == 0 ? sStandard : text.file}]
+                    .push_back(text.key);
+        for (const auto& [place, keys] : absent) {
+            const auto& [caption, sFile] = place;
+            const Text& first = *m_findings.find(keys.front());
+            const std::string sHelp = first.line == 0 && caption ? "; is this the application root (--root)?" : "";
+            if (first.line != 0)
+                tell(caption ? RuleName("caption-absent") : RuleName("text-absent"), first, {list(keys), sHelp});
+            else
+                m_findings.problems.push_back(problemOf(caption ? RuleName("caption-absent") : RuleName("text-absent"),
+                                                        sFile, {list(keys), sHelp}));
+        }
+    }
+
+    // At the value that counts.
+    void tell(RuleName name, const Text& text, std::initializer_list<std::string_view> parts)
+    {
+        const auto& [pFile, pEntry] = m_entries.at(text.key);
+        m_findings.problems.push_back(pFile->problem(name, *pEntry, pEntry->m_sValue, parts));
+    }
+
+    void add(const SourceFile& file, RuleName name, const CSettingsEntry& entry,
+             std::initializer_list<std::string_view> parts = {})
+    {
+        m_findings.problems.push_back(file.problem(name, entry, Tesk::MultiByte::trim(entry.m_sLine), parts));
     }
 
     SourceFiles& m_files;
@@ -225,26 +279,18 @@ private:
     std::map<std::string, std::pair<const SourceFile*, const CSettingsEntry*>> m_entries;  // that count, by key
 };
 
-// One line for all menu items that nobody gives a caption.
-void checkUndefined(TextFindings& findings)
-{
-    std::vector<std::string> names;
-    for (const Text& text : findings.texts)
-        if (text.line == 0 && findKey(text.key)->eKind == TextKind::Caption)
-            names.push_back(text.key);
-    if (!names.empty())
-        findings.problems.push_back(
-            {findings.searched.front().path, 0, 0, true,
-             "no file defines " + list(names) + ": the menu has blank items; is this the application root (--root)?",
-             "", false});
-}
-
 }  // namespace
 
-const Text* TextFindings::find(const std::string& sKey) const
+const Text* TextFindings::find(std::string_view sKey) const
 {
     const auto found = std::find_if(texts.begin(), texts.end(), [&sKey](const Text& text) { return text.key == sKey; });
     return found == texts.end() ? nullptr : &*found;
+}
+
+std::string TextFindings::valueOf(std::string_view sKey) const
+{
+    const Text* const pText = find(sKey);
+    return pText == nullptr ? "" : pText->value;
 }
 
 TextCheck::TextCheck(SourceFiles& files)
@@ -263,8 +309,7 @@ const TextFindings& TextCheck::of(const std::string& sDrawing)
     for (const auto& [layer, sPath] : CLocator().getCandidates(m_bases, {sDrawing.c_str()}, kSettingsFile, ""))
         for (const CString& sVariant : CLocator::variantsOf(sPath))
             merge.take(layer, sVariant.GetString());
-    merge.finish();
-    checkUndefined(findings);
+    merge.finish(true);
     return findings;
 }
 
@@ -273,20 +318,25 @@ TextFindings TextCheck::ofFile(const std::string& sPath)
     TextFindings findings;
     Merge merge(m_files, findings);
     merge.take(Layer::Folder, sPath);
-    merge.finish();
+    merge.finish(false);
     return findings;
 }
 
-void TextCheck::checkTemplateOf(const Text* pText, const Keywords& keywords, std::vector<Problem>& problems) const
+void TextCheck::checkTemplateOf(const TextFindings& texts, const char* sKey, const Keywords& keywords,
+                                std::vector<Problem>& problems) const
 {
+    const Text* const pText = texts.find(sKey);
     if (pText == nullptr || pText->line == 0)
         return;
     const SourceFile& file = m_files.get(pText->file, Form::Texts);
     const CSettingsEntry& entry = *std::find_if(file.texts().begin(), file.texts().end(),
                                                 [pText](const auto& one) { return one.m_uLine == pText->line; });
-    const std::size_t value = entry.m_sValue.find(pText->value);
-    for (const TemplateFault& fault : checkTemplate(pText->value, keywords))
-        problems.push_back(file.problem(fault.error, entry, entry.m_sValue.substr(value + fault.position), fault.text));
+    const std::string_view sValue = entry.m_sValue.substr(entry.m_sValue.find(pText->value));
+    for (const TemplateFault& fault : checkTemplate(pText->value, keywords)) {
+        problems.push_back(file.problem("token-unknown", entry, sValue.substr(fault.position)));
+        problems.back().rule = fault.rule;
+        problems.back().text = fault.text;
+    }
 }
 
 }  // namespace tabscheck

@@ -12,13 +12,17 @@
 
 namespace tabscheck {
 
+inline constexpr const char* kSettingsFile = "MDITabs.ini";
+
 struct TextFindings {
     std::vector<Place> searched;
     std::vector<Text> texts;
     std::vector<Problem> problems;
 
-    // Never null for a key that the strip reads always.
-    const Text* find(const std::string& sKey) const;
+    // Null for a key that nothing defines and that the strip need not have.
+    const Text* find(std::string_view sKey) const;
+    // Empty for such a key.
+    std::string valueOf(std::string_view sKey) const;
 };
 
 class TextCheck {
@@ -30,7 +34,8 @@ public:
     // For this copy alone.
     TextFindings ofFile(const std::string& sPath);
     // Adds what is wrong with a text that is a template, if it is there, where it is defined.
-    void checkTemplateOf(const Text* pText, const Keywords& keywords, std::vector<Problem>& problems) const;
+    void checkTemplateOf(const TextFindings& texts, const char* sKey, const Keywords& keywords,
+                         std::vector<Problem>& problems) const;
 
 private:
     SourceFiles& m_files;

@@ -1,11 +1,10 @@
 #include "tabscheck/TextReport.h"
 
 #include "library/files/PathParts.h"
+#include "library/text/MultiByte.h"
 
 #include <algorithm>
-#include <iterator>
 #include <set>
-#include <utility>
 
 namespace tabscheck {
 
@@ -37,9 +36,20 @@ std::string visible(std::string_view sText)
 
 std::string quoted(std::string_view sText) { return "\"" + visible(sText) + "\""; }
 
-std::string nameOfDrawing(const std::string& sPath) { return Tesk::CPathParts(sPath).fileName(); }
-
 std::string at(const std::string& sFile, unsigned line) { return sFile + ":" + std::to_string(line); }
+
+// By their names, or many by their number and the folder of the first.
+std::string nameOf(const std::vector<std::string>& drawings)
+{
+    const std::string sFolder = Tesk::CPathParts(drawings.front()).parent();
+    if (drawings.size() > kMostNames)
+        return counted(drawings.size(), "drawing") +
+               (Tesk::CPathParts(drawings.back()).parent() == sFolder ? " in " + sFolder : ", first in " + sFolder);
+    std::string sNames;
+    for (const std::string& sDrawing : drawings)
+        sNames += (sNames.empty() ? "" : ", ") + Tesk::CPathParts(sDrawing).fileName();
+    return sNames;
+}
 
 // Below the problem its line with a caret; of a long one the part around it.
 std::string excerpt(const Problem& problem)
@@ -57,131 +67,164 @@ std::string excerpt(const Problem& problem)
            std::string(sBefore.size() + position - from, ' ') + "^";
 }
 
-std::string ruleText(const Tooltip& tooltip)
+std::string ruleText(const DrawingReport& report)
 {
-    if (tooltip.rule.empty())
+    const std::string& sRule = report.tooltip.rule;
+    if (sRule.empty())
         return "none, as it cannot be read";
-    if (!tooltip.contentsKnown)
-        return "by TooltipText, if it holds its title block; its contents are not read here";
-    if (tooltip.rule == "template")
+    if (report.contents != kRead)
+        return "by TooltipText, if it holds its title block; its contents are not read: " + report.contents;
+    if (sRule == "template")
         return "by TooltipText, as it holds its title block";
-    return tooltip.rule == "title" ? "its Title property, as it holds no title block"
-                                   : "by DefaultTooltipText, as it holds neither title block nor Title property";
-}
-
-// Which of several drawings, unless all.
-std::string someOf(const std::vector<std::string>& names, std::size_t all)
-{
-    if (names.size() == all)
-        return {};
-    std::string sNames;
-    for (std::size_t i = 0; i < std::min(names.size(), kMostNames); ++i)
-        sNames += (i == 0 ? " [" : ", ") + names[i];
-    return sNames + (names.size() > kMostNames ? " and " + std::to_string(names.size() - kMostNames) + " more]" : "]");
+    return sRule == "title" ? "its Title property, as it holds no title block"
+                            : "by DefaultTooltipText, as it holds neither title block nor Title property";
 }
 
 }  // namespace
 
 void TextReport::add(DrawingReport report)
 {
-    ++(report.settingsFile ? m_files : m_count);
+    ++m_count;
     for (const Problem& problem : std::set<Problem>(report.problems.begin(), report.problems.end()))
-        m_problems[problem] += report.settingsFile ? 0 : 1;
-    if (m_problemsAlone)
+        m_problems[problem].push_back(report.path);
+    if (m_show == Show::Problems)
         return;
-    if (!m_run.empty() &&
-        (report.settingsFile || m_run.back().searched != report.searched || m_run.back().texts != report.texts))
-        flush();
-    m_run.push_back(std::move(report));
+    Group& group = groupOf(report);
+    group.drawings.push_back(report.path);
+    for (Row& row : group.rows)
+        if (row.first.tooltip.rule == report.tooltip.rule && row.first.contents == report.contents &&
+            row.first.project == report.project)
+            return row.drawings.push_back(report.path);
+    group.rows.push_back({report, {report.path}});
+}
+
+void TextReport::addFile(const std::string&, const std::vector<Problem>& problems)
+{
+    ++m_files;
+    for (const Problem& problem : problems)
+        m_problems[problem];
+}
+
+void TextReport::addUnchecked(const std::string&, const std::string&) { ++m_unchecked; }
+
+TextReport::Group& TextReport::groupOf(const DrawingReport& report)
+{
+    const auto [known, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(report.path).parent());
+    auto& [blockAt, groupAt] = known->second;
+    if (!fresh)
+        return m_blocks[blockAt].groups[groupAt];
+    const auto block = std::find_if(m_blocks.begin(), m_blocks.end(),
+                                    [&](const Block& one) { return one.root == report.project.root; });
+    blockAt = static_cast<std::size_t>(block - m_blocks.begin());
+    if (block == m_blocks.end())
+        m_blocks.push_back({report.project.root, report.domain, {}});
+    std::vector<Group>& groups = m_blocks[blockAt].groups;
+    const auto group =
+        std::find_if(groups.begin(), groups.end(), [&](const Group& one) { return one.texts == report.texts; });
+    groupAt = static_cast<std::size_t>(group - groups.begin());
+    if (group == groups.end())
+        groups.push_back({report.searched, report.texts, {}, {}});
+    return groups[groupAt];
 }
 
 void TextReport::finish()
 {
-    flush();
+    for (const Block& block : m_blocks) {
+        if (m_show == Show::All) {
+            print(block.root.empty() ? "no project: no ProjectSettings.txt from the drawing's folder upwards"
+                                     : "project " + block.root);
+            printSearched(block);
+        }
+        for (const Group& group : block.groups)
+            printGroup(group, block.groups.front());
+        if (m_show == Show::All)
+            print("");
+    }
     std::size_t errors = 0;
-    for (const auto& [problem, count] : m_problems) {
-        errors += problem.error ? 1 : 0;
-        if (m_problemsAlone)
-            printProblem(problem, count == 0 ? "" : " [" + counted(count, "drawing") + "]");
+    const bool all = m_show == Show::All || m_show == Show::Problems;
+    if (m_show == Show::All)
+        print(m_problems.empty() ? "no problems" : "problems");
+    for (const auto& [problem, drawings] : m_problems) {
+        errors += problem.error() ? 1 : 0;
+        if (all)
+            printProblem(problem, drawings);
     }
-    print((m_count == 0 && m_files != 0 ? counted(m_files, "file") : counted(m_count, "drawing")) +
-          " checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning"));
+    if (all)
+        print((m_show == Show::All ? "\r\n" : "") +
+              (m_count == 0 && m_files != 0 ? counted(m_files, "file") : counted(m_count, "drawing")) +
+              " checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning") +
+              (m_unchecked == 0 ? "" : ", " + std::to_string(m_unchecked) + " not checked"));
 }
-
-void TextReport::flush()
-{
-    if (m_run.empty())
-        return;
-    const std::string& sFirst = m_run.front().path;
-    print(m_run.size() == 1 ? sFirst : counted(m_run.size(), "drawing") + " in " + Tesk::CPathParts(sFirst).parent());
-    if (!m_run.front().settingsFile) {
-        printSearched();
-        printTexts();
-        printProjects();
-    }
-    printProblems();
-    m_run.clear();
-}
-
-void TextReport::print(const std::string& sLine) const { m_console.print(sLine + "\r\n"); }
 
 void TextReport::printPlace(std::string_view sLayer, const std::string& sState, const std::string& sPath) const
 {
     print("    " + padded(sLayer, 8) + padded(sState, 9) + sPath);
 }
 
-void TextReport::printSearched() const
+// The layers that all drawings of the block have, and where the office's is looked for.
+void TextReport::printSearched(const Block& block) const
 {
     print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one");
-    for (const Place& place : m_run.front().searched)
-        printPlace(place.layer, place.dropped ? "dropped" : place.found ? counted(place.keys, "key") : "-", place.path);
+    for (const Place& place : block.groups.front().searched)
+        if (place.layer != "folder")
+            printPlace(place.layer,
+                       place.dropped ? "dropped"
+                       : place.found ? counted(place.keys, "key")
+                                     : "-",
+                       place.path);
+    printPlace("folder", "", "those beside the drawings");
     print("  domain settings folder; the first that exists is taken");
-    const char* sState = "taken";
-    for (const DomainFolder& folder : m_run.front().domain)
-        printPlace("domain", folder.found ? std::exchange(sState, "there") : "-",
+    bool taken = false;
+    for (const DomainFolder& folder : block.domain) {
+        printPlace("domain",
+                   !folder.found ? "-"
+                   : taken       ? "there"
+                                 : "taken",
                    folder.path + (folder.registry.empty() ? "" : "  <- " + folder.registry));
-}
-
-void TextReport::printTexts() const
-{
-    print("\r\n  texts");
-    for (const Text& text : m_run.front().texts) {
-        print("    " + padded(text.key, 18) + quoted(text.value));
-        print(text.line == 0 ? "        no file defines it"
-                             : "        from      " + padded(text.layer, 8) + at(text.file, text.line));
-        for (const Setting& setting : text.overrides)
-            print("        overrides " + padded(setting.layer, 8) + at(setting.file, setting.line) + "  " +
-                  quoted(setting.value));
+        taken |= folder.found;
     }
 }
 
-// Drawings of one folder share their project, but not the border in use.
-void TextReport::printProjects() const
+void TextReport::printText(const Text& text, const std::string& sWhom) const
 {
-    for (auto first = m_run.begin(); first != m_run.end();) {
-        const auto behind = std::find_if(first, m_run.end(),
-                                         [&](const DrawingReport& other) { return other.project != first->project; });
-        printProject(first->project);
-        print("\r\n  tooltip");
-        while (first != behind) {
-            const auto next = std::find_if(first, behind,
-                                           [&](const DrawingReport& other) { return other.tooltip != first->tooltip; });
-            const std::string sLast = nameOfDrawing(std::prev(next)->path);
-            const auto count = static_cast<std::size_t>(next - first);
-            print("    " + nameOfDrawing(first->path) +
-                  (count == 1 ? "" : " to " + sLast + " (" + counted(count, "drawing") + ")") + ": " +
-                  ruleText(first->tooltip));
-            printBalloon(first->tooltip);
-            first = next;
-        }
+    print("    " + padded(text.key, 18) + quoted(text.value) + sWhom);
+    print(text.line == 0 ? "        no file defines it"
+                         : "        from      " + padded(text.layer, 8) + at(text.file, text.line));
+    for (const Setting& setting : text.overrides)
+        print("        overrides " + padded(setting.layer, 8) + at(setting.file, setting.line) + "  " +
+              quoted(setting.value));
+}
+
+// Of a second group in the block, what differs from the first.
+void TextReport::printGroup(const Group& group, const Group& first) const
+{
+    const bool other = &group != &first;
+    if (m_show == Show::All) {
+        print("\r\n  " + (group.drawings.size() > 1 ? nameOf(group.drawings) : group.drawings.front()));
+        for (const Place& place : group.searched)
+            if (place.layer == "folder" && place.found)
+                printPlace("folder", place.dropped ? "dropped" : counted(place.keys, "key"), place.path);
+    }
+    for (std::size_t i = 0; i < group.texts.size(); ++i) {
+        const Text& text = group.texts[i];
+        const bool wanted = m_show == Show::Key         ? Tesk::MultiByte::equalNoCase(text.key, m_key)
+                            : m_show == Show::Overrides ? !text.overrides.empty()
+                                                        : true;
+        if (wanted && (!other || i >= first.texts.size() || !(text == first.texts[i])))
+            printText(text, m_show == Show::All ? "" : "  [" + nameOf(group.drawings) + "]");
+    }
+    if (m_show != Show::All)
+        return;
+    for (const Row& row : group.rows) {
+        const bool known = &row != &group.rows.front() && (&row)[-1].first.project == row.first.project;
+        if (!known && (!other || !(first.rows.front().first.project == row.first.project)))
+            printProject(row.first.project);
+        printTooltip(row);
     }
 }
 
 void TextReport::printProject(const Project& project) const
 {
-    print("\r\n  project");
-    print("    root     " +
-          (project.root.empty() ? "none: no ProjectSettings.txt from the drawing's folder upwards" : project.root));
     if (!project.root.empty())
         print("    label    " + quoted(project.label));
     for (const Place& place : project.searched)
@@ -198,8 +241,11 @@ void TextReport::printProject(const Project& project) const
         print("    mapping  " + padded(mapping.key, 18) + at(mapping.file, mapping.line) + "  " + mapping.tag);
 }
 
-void TextReport::printBalloon(const Tooltip& tooltip) const
+// The balloon is that of the first.
+void TextReport::printTooltip(const Row& row) const
 {
+    const Tooltip& tooltip = row.first.tooltip;
+    print("    tooltip  " + nameOf(row.drawings) + ": " + ruleText(row.first));
     if (!tooltip.rule.empty() && tooltip.text.empty())
         print("      no balloon: the text is empty");
     if (tooltip.text.empty())
@@ -210,33 +256,18 @@ void TextReport::printBalloon(const Tooltip& tooltip) const
     print("      | " + visible(sText));
 }
 
-void TextReport::printProblems()
-{
-    std::vector<Problem> order;
-    std::map<Problem, std::vector<std::string>> names;
-    for (const DrawingReport& report : m_run) {
-        for (const Problem& problem : report.problems) {
-            std::vector<std::string>& drawings = names[problem];
-            if (drawings.empty())
-                order.push_back(problem);
-            if (drawings.empty() || drawings.back() != nameOfDrawing(report.path))
-                drawings.push_back(nameOfDrawing(report.path));
-        }
-    }
-    print(order.empty() ? "\r\n  no problems" : "\r\n  problems");
-    for (const Problem& problem : order)
-        printProblem(problem, someOf(names[problem], m_run.size()));
-    print("");
-}
-
-void TextReport::printProblem(const Problem& problem, const std::string& sWhom)
+void TextReport::printProblem(const Problem& problem, const std::vector<std::string>& drawings) const
 {
     const std::string sPlace =
         problem.line == 0 ? problem.file : at(problem.file, problem.line) + ":" + std::to_string(problem.column);
     std::string sText = visible(problem.text);
     if (sText.size() > 2 * kShownOfText)
         sText.replace(kShownOfText, sText.size() - 2 * kShownOfText, "...");
-    print(sPlace + (problem.error ? ": error: " : ": warning: ") + sText + sWhom + excerpt(problem));
+    const std::string sWhom = drawings.empty() || m_count == 1 ? ""
+                              : drawings.size() <= kMostNames  ? " [" + nameOf(drawings) + "]"
+                                                               : " [" + counted(drawings.size(), "drawing") + "]";
+    print(sPlace + (problem.error() ? ": error: " : ": warning: ") + sText + sWhom + " (" +
+          std::string(problem.rule->name) + ")" + excerpt(problem));
 }
 
 }  // namespace tabscheck

@@ -1,6 +1,5 @@
-// tabscheck [--root FOLDER] [--release R] [--product P] [--problems | --json] [--strict]
-// PATH...: which file said so. It shows for each drawing where the strip's texts come from, and what is
-// wrong where. It never writes.
+// tabscheck [OPTION...] PATH...: which file said so. It shows for each drawing where the
+// strip's texts come from, and what is wrong where. It never writes.
 
 #include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Maintenance.h"
@@ -9,12 +8,15 @@
 #include "library/files/SupportFileLocator.h"
 #include "library/maintenance/ApplicationID.h"
 #include "library/text/MultiByte.h"
+#include "settings/TextKeys.h"
+#include "tabscheck/Arguments.h"
 #include "tabscheck/Console.h"
 #include "tabscheck/DrawingCheck.h"
 #include "tabscheck/Folders.h"
 #include "tabscheck/JsonReport.h"
 #include "tabscheck/NoHost.h"
 #include "tabscheck/TextReport.h"
+#include "version.h"
 
 #include <windows.h>
 
@@ -33,72 +35,9 @@ namespace tabscheck {
 
 namespace {
 
-constexpr const char* kUsage = "Shows which file gives the document tabs their texts, and what is wrong where.\r\n"
-                               "\r\n"
-                               "  tabscheck [--root FOLDER] [--release R] [--product P]\r\n"
-                               "            [--problems | --json] [--strict] PATH...\r\n"
-                               "\r\n"
-                               "PATH      a drawing, which need not exist, or a folder: all drawings below it;\r\n"
-                               "          * and ? in its name stand for all that fit. Or a settings file\r\n"
-                               "--root    the application root, where that is not this program's folder\r\n"
-                               "--release, --product\r\n"
-                               "          the host that is asked for, as in MDITabs16.0.ini and\r\n"
-                               "          MDITabsAutoCAD_16.0.ini (16.0 and AutoCAD)\r\n"
-                               "--problems\r\n"
-                               "          problems alone, each once, with the number of drawings that have it\r\n"
-                               "--json    for programs, in UTF-8\r\n"
-                               "--strict  warnings count as problems\r\n"
-                               "\r\n"
-                               "Exit code: 0 no problems, 1 problems, 2 something could not be checked.\r\n";
-
 enum ExitCode { kClean = 0, kProblems = 1, kUnchecked = 2 };
 
 constexpr const char* kModule = "ZavikMDITabs";
-
-struct Arguments {
-    std::string root;
-    std::string release = "16.0";
-    std::string product = "AutoCAD";
-    bool json = false;
-    bool problems = false;
-    bool strict = false;
-    bool help = false;
-    std::vector<std::string> paths;
-    std::string error;
-};
-
-Arguments parse(int count, char** words)
-{
-    Arguments arguments;
-    const std::map<std::string, bool*> flags = {{"/?", &arguments.help},
-                                                {"--help", &arguments.help},
-                                                {"--json", &arguments.json},
-                                                {"--problems", &arguments.problems},
-                                                {"--strict", &arguments.strict}};
-    const std::map<std::string, std::string*> values = {
-        {"--root", &arguments.root}, {"--release", &arguments.release}, {"--product", &arguments.product}};
-    bool options = true;
-    for (int i = 1; i < count; ++i) {
-        const std::string sWord = words[i];
-        const auto flag = flags.find(sWord);
-        const auto value = values.find(sWord);
-        if (options && flag != flags.end())
-            *flag->second = true;
-        else if (!options || sWord.substr(0, 2) != "--")
-            arguments.paths.push_back(sWord);
-        else if (sWord == "--")
-            options = false;
-        else if (value != values.end() && i + 1 < count)
-            *value->second = words[++i];
-        else
-            arguments.error = "\"" + sWord + "\" is unknown or lacks its value";
-    }
-    if (arguments.paths.empty() && arguments.error.empty())
-        arguments.error = "which drawing or folder?";
-    if (arguments.json && arguments.problems)
-        arguments.error = "--json has the problems in it: without --problems";
-    return arguments;
-}
 
 // The module's file as the library's rules want it: below "Components" where an
 // installation has that folder. Empty when there is no such root.
@@ -116,52 +55,103 @@ std::string moduleFile(const std::string& sRoot)
     return Tesk::fileExists(sComponents.c_str()) ? sComponents : sFolder + kModule + ".arx";
 }
 
+bool isSettingsFile(const std::string& sPath)
+{
+    const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
+    return Tesk::MultiByte::equalNoCase(sExtension, ".ini") || Tesk::MultiByte::equalNoCase(sExtension, ".txt");
+}
+
 class Program {
 public:
-    explicit Program(const Arguments& arguments) : m_arguments(arguments)
+    explicit Program(const Arguments& arguments)
+        : m_arguments(arguments), m_check(arguments.asked.release, arguments.asked.product)
     {
-        if (m_arguments.json)
-            m_reports = std::make_unique<JsonReport>(m_console);
+        Asked asked = arguments.asked;
+        asked.root = Tesk::getLocation(Tesk::LOCATION_DIR_APPLICATION_ROOT).GetString();
+        for (std::string& sPath : asked.paths)
+            sPath = Tesk::fullPath(sPath);
+        if (arguments.json)
+            m_reports = std::make_unique<JsonReport>(m_console, asked);
         else
-            m_reports = std::make_unique<TextReport>(m_console, m_arguments.problems);
+            m_reports = std::make_unique<TextReport>(m_console, arguments.show, arguments.key);
     }
 
     ExitCode run()
     {
-        DrawingFinder finder([this](const std::string& sDrawing) { check(sDrawing); },
-                             [this](const std::string& sPath, const std::string& sReason, bool unreadable) {
-                                 m_console.progress("");
-                                 tell(sPath, sReason, unreadable);
-                             });
-        for (const std::string& sPath : m_arguments.paths)
-            finder.add(sPath);
+        for (const std::string& sPath : m_arguments.asked.paths)
+            checkPath(sPath);
         m_console.progress("");
+        std::map<std::string, std::vector<Problem>> byFile;
+        for (const Problem& problem : m_check.finish(m_folders))
+            byFile[problem.file].push_back(problem);
+        for (const auto& [sFile, problems] : byFile)
+            tellFile(sFile, problems);
         m_reports->finish();
         m_console.flush();
-        if (m_unchecked || m_console.failed())
-            return kUnchecked;
-        return m_problems ? kProblems : kClean;
+        return m_unchecked ? kUnchecked : m_problems ? kProblems : kClean;
     }
 
 private:
-    // One that two paths of the command line lead to counts once.
-    void check(const std::string& sDrawing)
+    void checkPath(const std::string& sPath)
     {
-        if (!m_checked.insert(Tesk::MultiByte::upper(sDrawing)).second)
+        const std::size_t before = m_checked.size();
+        bool told = false;
+        DrawingFinder finder(
+            [this](const std::string& sFile) { check(sFile); },
+            [this](const auto& sFolder, const auto& entries) { m_check.strays().see(sFolder, entries); },
+            [this, &told](const std::string& sWhat, const std::string& sReason, bool unreadable) {
+                told = true;
+                m_console.progress("");
+                tell(sWhat, sReason, unreadable);
+            });
+        const std::string sFolder = existingFolder(sPath);
+        if (!sFolder.empty())
+            m_folders.push_back(sFolder);
+        finder.add(sPath);
+        if (sFolder.empty() || told || m_checked.size() != before)
             return;
-        m_console.progress(std::to_string(m_checked.size()) + "  " + sDrawing.substr(0, 70));
+        // Without drawings, what they would be shown by.
+        const std::vector<std::string> files = m_check.strays().below(sFolder);
+        for (const std::string& sFile : files)
+            check(sFile);
+        if (files.empty())
+            tell(sFolder, "there is neither a drawing nor a settings file below it", true);
+    }
+
+    // One that two paths of the command line lead to counts once.
+    void check(const std::string& sPath)
+    {
+        if (!m_checked.insert(Tesk::MultiByte::upper(sPath)).second)
+            return;
+        m_console.progress(std::to_string(m_checked.size()) + "  " + sPath.substr(0, 70));
         try {
-            DrawingReport report = m_check.check(sDrawing);
-            m_unchecked |= report.unreadable;
-            for (const Problem& problem : report.problems) {
-                m_problems |= problem.error || m_arguments.strict;
-                m_unchecked |= problem.unchecked;
-            }
+            if (isSettingsFile(sPath))
+                return tellFile(sPath, m_check.checkFile(sPath));
+            DrawingReport report = m_check.check(sPath);
+            accept(report.problems);
             m_reports->add(std::move(report));
         } catch (CException* pException) {
-            tell(sDrawing, Tesk::takeExceptionText(pException).GetString(), true);
+            tell(sPath, Tesk::takeExceptionText(pException).GetString(), true);
         } catch (const std::exception& exception) {
-            tell(sDrawing, exception.what(), true);
+            tell(sPath, exception.what(), true);
+        }
+    }
+
+    void tellFile(const std::string& sPath, std::vector<Problem> problems)
+    {
+        accept(problems);
+        m_reports->addFile(sPath, problems);
+    }
+
+    // Takes out what the command line accepts, and counts the rest.
+    void accept(std::vector<Problem>& problems)
+    {
+        std::erase_if(problems, [this](const Problem& problem) { return m_arguments.accepts(problem); });
+        for (const Problem& problem : problems) {
+            m_problems |= problem.error() || m_arguments.strict;
+            m_unchecked |= problem.unchecked();
+            if (problem.unchecked() && m_told.insert(problem).second)
+                m_reports->addUnchecked(problem.file, problem.text);
         }
     }
 
@@ -177,27 +167,35 @@ private:
     Console m_console;
     DrawingCheck m_check;
     std::unique_ptr<Reports> m_reports;
+    std::vector<std::string> m_folders;  // that were named
     std::set<std::string> m_checked;
+    std::set<Problem> m_told;
     bool m_problems = false;
     bool m_unchecked = false;
 };
 
 ExitCode run(const Arguments& arguments)
 {
-    const std::string sModuleFile = moduleFile(arguments.root);
-    if (arguments.help) {
-        Console().print(kUsage);
+    if (arguments.help || arguments.version) {
+        Console().print(arguments.help ? usage() : std::string("tabscheck ") + VERSION_TEXT + "\r\n");
         return kClean;
     }
-    if (!arguments.error.empty() || sModuleFile.empty()) {
-        Console().complain("tabscheck: " + (arguments.error.empty() ? arguments.root + ": no such folder"
-                                                                    : arguments.error + "\r\n\r\n" + kUsage));
+    const std::string sModuleFile = moduleFile(arguments.asked.root);
+    const std::string sUp = Tesk::CPathParts(Tesk::withoutBackslash(existingFolder(arguments.asked.root))).parent();
+    std::string sError = arguments.error;
+    if (sError.empty() && sModuleFile.empty())
+        sError = arguments.asked.root + ": no such folder";
+    if (sError.empty() && !sUp.empty() && Tesk::fileExists((arguments.asked.root + "\\" + kSettingsFile).c_str()) &&
+        Tesk::fileExists((sUp + "support\\" + kSettingsFile).c_str()))
+        sError = arguments.asked.root + ": the application root is one level up: " + sUp;
+    if (!sError.empty()) {
+        Console().complain("tabscheck: " + sError);
         return kUnchecked;
     }
     Tesk::lookOnlyAs(sModuleFile.c_str());
     Tesk::G_sApplicationName = kModule;
     Tesk::G_pApplicationID = std::make_unique<Tesk::CApplicationID>(sModuleFile.c_str());
-    describeHost(arguments.release, arguments.product);
+    describeHost(arguments.asked.release, arguments.asked.product);
     return Program(arguments).run();
 }
 

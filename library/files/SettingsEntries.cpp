@@ -50,7 +50,7 @@ void parseKey(std::string_view sLine, CSettingsEntry& entry)
 
 bool CSettingsEntries::next(CSettingsEntry& entry)
 {
-    for (std::string_view sLine; !m_bDamaged && m_contents.nextConverted(sLine);) {
+    for (std::string_view sLine; m_contents.nextConverted(sLine);) {
         ++m_uLine;
         const std::string_view sText = trim(sLine);
         if (sText.empty() || sText[0] == kComment)
@@ -60,7 +60,6 @@ bool CSettingsEntries::next(CSettingsEntry& entry)
             parseHeader(sText, entry);
         else
             parseKey(sText, entry);
-        m_bDamaged = entry.m_kind == CSettingsEntry::Damage;
         return true;
     }
     return false;

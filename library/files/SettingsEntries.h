@@ -14,7 +14,7 @@ struct CSettingsEntry {
         Section,
         IgnoredHeader,  // it does not end in "]"
         Key,
-        Damage  // a line without "=": the last entry, since reading ends there
+        Damage  // a line without "="
     };
     Kind m_kind;
     uint32_t m_uLine;           // from 1; empty lines and comments count
@@ -28,13 +28,12 @@ class CSettingsEntries {
 public:
     explicit CSettingsEntries(CTextFileContents& contents) : m_contents(contents) {}
 
-    // False at the end of the file, and behind damage.
+    // False at the end of the file.
     bool next(CSettingsEntry& entry);
 
 private:
     CTextFileContents& m_contents;
     uint32_t m_uLine = 0;
-    bool m_bDamaged = false;
 };
 
 }  // namespace Tesk

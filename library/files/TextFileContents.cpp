@@ -40,6 +40,16 @@ bool splitLine(std::basic_string_view<Char> sText, std::size_t& position, std::b
     return true;
 }
 
+// At the first Ctrl-Z; true when other characters than that are lost.
+template <class Char>
+bool cut(std::basic_string<Char>& sText)
+{
+    const std::size_t end = std::min(sText.find(Char(kCtrlZ)), sText.size());
+    const bool bLost = sText.find_first_not_of(Char(kCtrlZ), end) != sText.npos;
+    sText.resize(end);
+    return bLost;
+}
+
 bool isAscii(std::string_view sText)
 {
     return std::all_of(sText.begin(), sText.end(), [](char c) { return (c & 0x80) == 0; });
@@ -59,7 +69,7 @@ CTextFileContents::CTextFileContents(const char* sFileName, bool bDetectEncoding
 
 CTextFileContents::CTextFileContents(std::string sBytes) : m_sBytes(std::move(sBytes)) { cutAtEnd(); }
 
-void CTextFileContents::cutAtEnd() { m_sBytes.resize(std::min(m_sBytes.find(kCtrlZ), m_sBytes.size())); }
+void CTextFileContents::cutAtEnd() { m_bCut = cut(m_sBytes); }
 
 void CTextFileContents::load(const char* sFileName)
 {
@@ -91,7 +101,7 @@ void CTextFileContents::decode()
     m_sWide.resize(m_sBytes.size() / 2 - 1);
     std::memcpy(m_sWide.data(), m_sBytes.data() + 2, m_sWide.size() * 2);
     m_sBytes = std::string();
-    m_sWide.resize(std::min(m_sWide.find(wchar_t(kCtrlZ)), m_sWide.size()));
+    m_bCut = cut(m_sWide);
     m_sWide.erase(std::remove(m_sWide.begin(), m_sWide.end(), wchar_t(0xFFFF)), m_sWide.end());
 }
 

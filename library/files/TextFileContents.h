@@ -26,6 +26,9 @@ public:
     std::string_view getBytes() const { return m_sBytes; }
     std::wstring_view getWide() const { return m_sWide; }
 
+    // A Ctrl-Z ended the text, and more than one stood behind it.
+    bool isCut() const { return m_bCut; }
+
     // Back to the first line.
     void rewind() { m_position = 0; }
     // The bytes of the next line of a narrow file; false at the end.
@@ -47,6 +50,7 @@ private:
     std::deque<std::string> m_vecConverted;  // the lines that the conversion changes
     std::size_t m_position = 0;
     bool m_bUnicode = false;
+    bool m_bCut = false;
 };
 
 }  // namespace Tesk

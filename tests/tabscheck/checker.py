@@ -68,11 +68,22 @@ class CheckerTest(HostTest):
             raise AssertionError(result.stderr.decode(CONSOLE))
         return result.returncode, result.stdout, result.stderr.decode(CONSOLE).replace("\r", "")
 
-    def reports(self, *arguments):
-        """{drawing's path: what --json says of it}."""
+    def told(self, *arguments):
+        """What --json says."""
         _, output, complaints = self.check("--json", *arguments)
         self.assertEqual(complaints, "")
         told = json.loads(output)
         self.assertNotRegex(output.decode(), "[\0-\t\v-\x1f\x7f-\x9f]")
         self.assertEqual(told["version"], 2)
-        return {drawing["path"]: drawing for drawing in told["drawings"]}
+        return told
+
+    def reports(self, *arguments):
+        """{drawing's path: what is said of it}."""
+        return {drawing["path"]: drawing for drawing in self.told(*arguments)["drawings"]}
+
+    def problems(self, *arguments):
+        """All of them, each once, by file and place."""
+        told = self.told(*arguments)
+        problems = {(p["file"], p["line"], p["column"], p["name"], p["text"]): p
+                    for about in told["drawings"] + told["files"] for p in about["problems"]}
+        return [problems[key] for key in sorted(problems)]

@@ -2,10 +2,11 @@
 import hashlib
 import json
 import re
+import subprocess
 import unittest
 
 from checker import CONSOLE, REPOSITORY, CheckerTest, drawing
-from host import wine
+from host import ARCH, wine
 
 CLEAN, PROBLEMS, UNCHECKED = 0, 1, 2
 REMOTE = r"Software\Zavik\{}\Remote Configurable"
@@ -27,7 +28,8 @@ class ProgramTest(CheckerTest):
     def test_exit_codes(self):
         self.write({"clean/D.dwg": drawing(), "odd/D.dwg": drawing(), "odd/MDITabs.ini": "Colour=red\n",
                     "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "bad/MDITabs4.ini": "", "read/secret.dwg": drawing(),
-                    "closed/D.dwg": drawing(), "closed/MDITabs.ini": "", "shut/D/D.dwg": drawing(), "shut/ProjectSettings.txt": ""})
+                    "closed/D.dwg": drawing(), "closed/MDITabs.ini": "", "shut/D/D.dwg": drawing(), "shut/ProjectSettings.txt": "",
+                    "alone/MDITabs.ini": "no key\n", "none/x.txt": ""})
         for name in ("read/secret.dwg", "closed/MDITabs.ini", "shut/ProjectSettings.txt"):
             (self.folder / name).chmod(0)
         for code, *arguments in (
@@ -35,9 +37,24 @@ class ProgramTest(CheckerTest):
                 (UNCHECKED, "bad", "nowhere"), (UNCHECKED, "nowhere/new.dwg"), (UNCHECKED, "read"), (CLEAN, "cle*"),
                 (UNCHECKED, "cle*x"), (UNCHECKED, "shut"), (CLEAN, "/?"), (PROBLEMS, "bad/MDITabs.ini"), (PROBLEMS, "--strict", "bad/MDITabs4.ini"),
                 (PROBLEMS, "--root", "clean", "clean"), (UNCHECKED, "closed"), (UNCHECKED, "--json", "--problems", "clean"), (CLEAN, "clean/D.*"),
-                (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean")):
+                (UNCHECKED, "--root", "nowhere", "clean"), (UNCHECKED,), (UNCHECKED, "--frobnicate", "clean"),
+                (PROBLEMS, "alone"), (UNCHECKED, "none"), (UNCHECKED, "clean", "none"), (UNCHECKED, "--release", "16", "clean"),
+                (UNCHECKED, "--product", "ACAD", "clean"), (CLEAN, "--version"), (UNCHECKED, "--get", "Colour", "clean"),
+                (CLEAN, "--strict", "--accept", "key-unknown:MDITabs.ini", "odd"), (PROBLEMS, "--strict", "--accept", "key-unknown:Tabs.ini", "odd"),
+                (UNCHECKED, "--accept", "key-unknwon", "odd"), (CLEAN, "--strict", "Projects", "Sketches"),
+                (UNCHECKED, "--root", "install/ZavikMDITabs/support", "clean")):
             with self.subTest(arguments):
                 self.assertEqual(self.check(*arguments)[0], code)
+
+    def test_words_that_lead_to_the_repair(self):
+        self.write({"Ж/D.dwg": drawing(), "odd/D.dwg": drawing()})
+        for words, *arguments in (("letters that the Windows code page lacks", "."), ("letters that the Windows code page lacks", "Ж/D.dwg"),
+                                  ("before a quotation mark takes that in", 'odd" --strict'), ("16.0, 16.1 or 16.2", "--release", "2004", "odd"),
+                                  ("one level up: .*ZavikMDITabs", "--root", "install/ZavikMDITabs/support", "odd")):
+            with self.subTest(arguments):
+                code, _, complaints = self.check(*arguments)
+                self.assertEqual(code, UNCHECKED)
+                self.assertRegex(complaints, words)
 
     def test_what_cannot_be_checked_is_told_and_the_rest_checked(self):
         self.write({"H/a/1.dwg": drawing(), "H/b/2.dwg": drawing(), "H/b/MDITabs.ini": "PopupSaveText=S",
@@ -59,6 +76,7 @@ class ProgramTest(CheckerTest):
         self.assertEqual([report["path"] for report in reports],
                          [self.path(f"H/{name}") for name in ("a/1.dwg", "b/2.dwg", "long/3.dwg")])
         self.assertEqual([(p["line"], p["severity"]) for p in reports[2]["problems"]], [(2, "error"), (1, "warning")])
+        self.assertEqual([one["path"].rpartition("\\")[2] for one in json.loads(output)["unchecked"]], ["", "*", "share", "drawings"])
         # A line of a megabyte is shown in part, and nothing of it is lost.
         self.assertLess(max(map(len, self.check("H/long/3.dwg")[1].splitlines())), 600)
         (self.folder / "H/long/MDITabs.ini").write_text(f"PopupSaveText={'x' * 2 ** 20}")
@@ -76,6 +94,8 @@ class ProgramTest(CheckerTest):
             if stamp:  # the roll-out begins with the machine's stamp
                 self.add_value(machine + r"\Stamps", "Domain Settings", stamp)
             report, = self.reports("Sketches").values()
+            self.assertEqual([p["text"] for p in report["problems"]],
+                             [] if stamp else ['the value "Domain Settings" reaches nobody: its sub-key Stamps has no stamp for it'])
             self.assertEqual(report["texts"]["PopupSaveText"]["value"], value)
             domain = [place for place in report["searched"] if place["layer"] == "domain"]
             self.assertEqual((domain[0]["path"], domain[0]["keys"]), (self.path(value + "/support/MDITabs.ini"), 1))
@@ -83,38 +103,35 @@ class ProgramTest(CheckerTest):
                                                     (machine if stamp else user).replace("HKLM", "HKEY_LOCAL_MACHINE").replace(
                                                         "HKCU", "HKEY_CURRENT_USER")})
         self.assertEqual(self.state(), before)
-        self.add_value(machine, "Domain Settings", self.path("gone"))
-        code, output, _ = self.check("--problems", "Sketches")
-        self.assertEqual(code, UNCHECKED)
-        self.assertRegex(output.decode(CONSOLE), r'HKEY_LOCAL_MACHINE\\.*: error: .*names ".*gone".*not there \[1 drawing\]')
-        self.add_value(machine, "Domain Settings", "")  # taken back
-        self.assertEqual(self.check("--problems", "Sketches")[0], 0)
+        for value, name in ((self.path("gone"), "domain-absent"), (self.path("Office/support"), "domain-deep"), ("", "")):
+            self.add_value(machine, "Domain Settings", value)
+            self.assertEqual([p["name"] for p in self.problems("Sketches")], [name] if name else [])
+        self.add_value(machine, "Domain Settings", self.path("Office"))
+        self.add_value(user + r"\Stamps", "Domain Settings", "1")
+        self.assertRegex(self.problems("Sketches")[0]["text"], 'has its stamp "1" and yet ".*User"')
 
-    def test_an_entry_of_the_user_that_hides_the_machine_s(self):
-        self.add_value("HKLM\\" + HOST, "LOADER", r"C:\Program Files\Zavik\ZavikMDITabs.arx")
-        self.assertEqual([p for report in self.reports("Projects/Station").values() for p in report["problems"]], [])
-        self.add_value("HKCU\\" + HOST, "LOADER", r"D:\old\ZavikMDITabs.arx")
-        user = "HKCU\\" + HOST
-        for name, kind, value, words in (("LOADER", "REG_SZ", r"c:\PROGRAM FILES\Zavik\ZavikMDITabs.arx", ""),
-                                         ("LOADCTRLS", "REG_DWORD", "12", "lacks 2"), ("LOADCTRLS", "REG_DWORD", "18", "has 16")):
-            wine("reg", "add", user, "/v", name, "/t", kind, "/d", value, "/f")
-            report, = self.reports("Projects/Station/Drawings/Details").values()
-            self.assertRegex("".join(problem["text"] for problem in report["problems"]), words or "^$")
-        wine("reg", "delete", user, "/v", "LOADER", "/f")
-        wine("reg", "delete", user, "/v", "LOADCTRLS", "/f")
-        report, = self.reports("Projects/Station/Drawings/Details").values()
-        self.assertIn("has no LOADER", report["problems"][0]["text"])
-        self.add_value(user, "LOADER", r"D:\old\ZavikMDITabs.arx")
-        for report in self.reports("Projects/Station").values():
-            problem, = report["problems"]
-            self.assertEqual((problem["severity"], problem["file"].upper(), problem["line"]),
-                             ("warning", ("HKEY_CURRENT_USER\\" + HOST).upper(), 0))
-            self.assertRegex(problem["text"], r"hides the machine's: .*D:\\old\\.*not \"C:\\Program")
+    def test_entries_that_load_nothing_or_hide_the_machine_s(self):
+        module, other = self.path("install/ZavikMDITabs/support/MDITabs.ini"), self.path("Sketches/Sketch.dwg")  # any file
+        machine, user = "HKLM\\" + HOST, "HKCU\\" + HOST
+        self.add_value(machine, "LOADER", module)
+        self.assertEqual(self.problems("Projects/Station"), [])
+        self.add_value(user, "LOADER", module.upper())
+        for key, name, kind, value, words in (
+                (user, "LOADCTRLS", "REG_DWORD", "12", "hides the machine's: .*lacks 2"), (user, "LOADCTRLS", "REG_DWORD", "18", "has 16"),
+                (user, "LOADCTRLS", "REG_DWORD", "2", ""), (user, "LOADER", "REG_SZ", other, 'loads ".*Sketch.dwg" and not ".*MDITabs.ini"'),
+                (user, "LOADER", "REG_SZ", f"'{module}'".replace("'", '"'), "has quotes"), (user, "LOADER", "REG_SZ", r"D:\old.arx", "not there"),
+                (user, "LOADER", None, None, "has no LOADER"), (user, None, None, None, ""), (machine, "LOADCTRLS", "REG_DWORD", "16", "^its LOADCTRLS has 16")):
+            if value is None:
+                wine("reg", "delete", key, *(("/v", name) if name else ()), "/f")
+            else:
+                wine("reg", "add", key, "/v", name, "/t", kind, "/d", value, "/f")
+            with self.subTest(name=name, value=value):
+                self.assertRegex("".join(problem["text"] for problem in self.problems("Projects/Station")), words or "^$")
 
     def test_which_installation_and_which_host(self):
         support = "install/Other/support/"
         self.write({support + "MDITabs.ini": "PopupSaveText=plain\n", support + "MDITabs16.2.ini": "PopupSaveText=R\n",
-                    support + "MDITabsMap_16.2.ini": "PopupCloseText=P\n", "install/Other/Components/ZavikMDITabs.arx": ""})
+                    support + "MDITabsAutoCAD Map_16.2.ini": "PopupCloseText=P\n", "install/Other/Components/ZavikMDITabs.arx": ""})
 
         def texts(*arguments):
             report, = self.reports(*arguments, "Sketches").values()
@@ -123,9 +140,11 @@ class ProgramTest(CheckerTest):
         self.assertEqual(texts(), ("&Save", "&Close"))
         self.assertEqual(texts("--root", "install/Other"), ("plain", ""))
         self.assertEqual(texts("--root", "install/Other/", "--release", "16.2"), ("R", ""))
-        self.assertEqual(texts("--root", "install/Other/Components/..", "--release", "16.2", "--product", "Map"), ("R", "P"))
+        self.assertEqual(texts("--root", "install/Other/Components/..", "--release", "16.2", "--product", "AutoCAD Map"), ("R", "P"))
         self.write({"Sketches/MDITabs.ini": "TooltipText=%X_DIR_PROGRAM% %X_DIR_APPLICATION_ROOT%\nSameNameText=' - '\n"})
-        report, = self.reports("--root", "install/Other", "Sketches/new.dwg").values()
+        told = self.told("--root", "install/Other", "Sketches/new.dwg")
+        report, = told["drawings"]
+        self.assertEqual(told["asked"], {"root": self.path("install/Other/"), "release": "16.0", "product": "AutoCAD", "paths": [self.path("Sketches/new.dwg")]})
         root = f"Z:{self.folder}/install/Other/"
         self.assertEqual(report["tooltip"]["text"], f"{root}Components/ {root}")
         # What is switched on by its text shows when that is there.
@@ -153,18 +172,38 @@ class ProgramTest(CheckerTest):
                                  [("TITLE", "TITLE1"), ("NUMBER", "NUMBER")])
                 self.assertEqual(report["problems"], [])
 
-    def test_drawings_with_the_same_result_are_shown_once(self):
+    def test_what_is_the_same_is_shown_once(self):
         self.write({f"Projects/Station/Drawings/T{number}.dwg": drawing() for number in range(20)})
-        text = self.check("Projects")[1].decode(CONSOLE).replace("\r", "")
-        self.assertEqual(text.count("searched for MDITabs.ini"), 4)
-        self.assertIn("22 drawings in " + self.path("Projects/Station/Drawings/"), text)
-        self.assertRegex(text, r"T0\.dwg to T9\.dwg \(20 drawings\): by DefaultTooltipText")
-        self.assertTrue(text.endswith("\n30 drawings checked: 0 errors, 1 warning\n"), text[-200:])
         self.write({"Projects/Station/Drawings/MDITabs.ini": "Colour=red\n"})
-        problems = self.check("--problems", "Projects", r"Projects\Station\Drawings\T*.dwg",
-                              r"Projects\Station\Drawings\MDITabs.ini")[1].decode(CONSOLE).replace("\r", "")
-        self.assertIn("read it [22 drawings]\n", problems)
-        self.assertEqual(problems.count("\n"), 7, problems)  # each once, and its line
+
+        def shown(*arguments):
+            return self.check(*arguments)[1].decode(CONSOLE).replace("\r", "")
+
+        text = shown("Projects", "Sketches", "Projects/Station/Drawings/T0.dwg")
+        self.assertEqual([text.count(block) for block in ("searched for MDITabs.ini", "\nproject ", "STN_SHEET", "tooltip")], [3, 1, 3, 7])
+        self.assertIn("22 drawings in " + self.path("Projects/Station/Drawings/"), text)
+        self.assertRegex(text, r"20 drawings in .*: by DefaultTooltipText")
+        self.assertTrue(text.endswith("\n31 drawings checked: 0 errors, 1 warning\n"), text[-200:])
+        problems = shown("--problems", "Projects", r"Projects\Station\Drawings\T*.dwg", r"Projects\Station\Drawings\MDITabs.ini")
+        self.assertIn("read it [22 drawings] (key-unknown)\n", problems)
+        self.assertEqual(problems.count("\n"), 4, problems)  # each once, and its line
+        self.assertEqual(shown("--get", "popupsavetext", "Projects/Station/Drawings/Details", "Sketches"),
+                         f"""    PopupSaveText      "&Save detail"  [D-300.dwg]
+        from      folder   {self.path("Projects/Station/Drawings/Details/MDITabs.ini")}:2
+        overrides project  {self.path("Projects/Station/Settings/support/MDITabs.ini")}:2  "&Save and keep open"
+        overrides standard {self.path("install/ZavikMDITabs/support/MDITabs.ini")}:11  "&Save"
+    PopupSaveText      "&Save"  [Sketch.dwg]
+        from      standard {self.path("install/ZavikMDITabs/support/MDITabs.ini")}:11
+""")
+        self.assertEqual(re.findall(r'(?m)^    (\w+) ', shown("--overrides", "Sketches")), ["DefaultTooltipText", "TooltipTitle"])
+
+    def test_an_output_that_nobody_reads_ends_the_program(self):
+        self.write({f"many/{number}/D.dwg": drawing() for number in range(300)})
+        program = subprocess.Popen([str(REPOSITORY / "tools/wine"), ARCH, r"install\ZavikMDITabs\tabscheck.exe", "--json", "many"],
+                                   cwd=self.folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
+        program.stdout.read(1)
+        program.stdout.close()
+        self.assertEqual(program.wait(60), UNCHECKED)
 
 
 class GuideTest(CheckerTest):

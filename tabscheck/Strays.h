@@ -1,0 +1,58 @@
+#pragma once
+
+// Files that somebody meant as settings, and that nothing ever reads.
+
+#include "tabscheck/Folders.h"
+#include "tabscheck/Report.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tabscheck {
+
+// What the host asks for; a host has one of three releases, and its product's name begins
+// with that of a program.
+bool isRelease(std::string_view sRelease);
+bool isProduct(std::string_view sProduct);
+
+class Strays {
+public:
+    Strays();
+
+    // Takes down what a folder holds, which a backslash ends.
+    void see(const std::string& sFolder, const std::vector<FolderEntry>& entries);
+    // The folder and what lies so far below it.
+    void look(const std::string& sFolder, int depth);
+    // The folders where somebody may have put settings for a drawing: those above it, and the
+    // project.
+    void lookAround(const std::string& sDrawing, const std::string& sRoot);
+    // The settings files in and below a folder that was seen.
+    std::vector<std::string> below(const std::string& sFolder) const;
+    // Of all that was seen, what nothing reads, and where it would count.
+    std::vector<Problem> find() const;
+    // Those that another host reads.
+    std::vector<std::string> ofOtherHosts(const std::string& sRelease, const std::string& sProduct) const;
+
+private:
+    struct File {
+        std::string folder;
+        std::string name;
+        std::string meant;  // the name that is read
+    };
+
+    bool anyDrawingBelow(const std::string& sFolder) const;
+    bool isProject(const std::string& sFolder) const;
+    bool counts(const File& file) const;
+    std::string placeFor(const File& file) const;
+
+    std::string m_application;  // these end in a backslash
+    std::string m_domain;
+    std::map<std::string, File> m_files;  // by their paths, in capitals
+    std::set<std::string> m_seen;         // folders, in capitals
+    std::set<std::string> m_drawings;     // folders with drawings, in capitals
+};
+
+}  // namespace tabscheck
