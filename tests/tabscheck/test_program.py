@@ -105,7 +105,7 @@ class ProgramTest(CheckerTest):
         self.assertEqual(self.state(), before)
         for value, name in ((self.path("gone"), "domain-absent"), (self.path("Office/support"), "domain-deep"), ("", "")):
             self.add_value(machine, "Domain Settings", value)
-            self.assertEqual([p["name"] for p in self.problems("Sketches")], [name] if name else [])
+            self.assertEqual([p["name"] for p in self.problems("Sketches")][:1], [name] if name else [])
         self.add_value(machine, "Domain Settings", self.path("Office"))
         self.add_value(user + r"\Stamps", "Domain Settings", "1")
         self.assertRegex(self.problems("Sketches")[0]["text"], 'has its stamp "1" and yet ".*User"')
