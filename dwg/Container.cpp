@@ -14,7 +14,7 @@ constexpr struct {
     void (*read)(std::string_view, Sections&);
 } kVersions[] = {
     {"AC1012", 13, readPlain},   {"AC1014", 14, readPlain},   {"AC1015", 2000, readPlain}, {"AC1018", 2004, readPaged},
-    {"AC1024", 2010, readPaged}, {"AC1027", 2013, readPaged}, {"AC1032", 2018, readPaged},
+    {"AC1021", 2007, readWoven}, {"AC1024", 2010, readPaged}, {"AC1027", 2013, readPaged}, {"AC1032", 2018, readPaged},
 };
 constexpr std::size_t kLargest = 0xFFFFFFF;  // its bits can be counted
 
@@ -68,6 +68,37 @@ void readSections(std::string_view bytes, Sections& sections)
         }
     throw Unreadable((magic < kVersions[0].magic ? "it is from before R13 (" : "its version is not known (") +
                      std::string(magic) + ")");
+}
+
+std::uint64_t PagedFile::address(std::uint64_t page) const
+{
+    const auto found = m_addresses.find(page);
+    if (found == m_addresses.end())
+        throw Unreadable("damaged: a page is missing");
+    return found->second;
+}
+
+void PagedFile::keep(Sections& sections, std::string_view name, std::uint64_t size, std::uint64_t encryption,
+                     std::uint64_t pages, const std::function<std::string(std::uint64_t, std::uint64_t&)>& page)
+{
+    std::string_view* const pSection = name == "AcDb:Handles"       ? &sections.objectMap
+                                       : name == "AcDb:AcDbObjects" ? &sections.objects
+                                       : name == "AcDb:SummaryInfo" ? &sections.summary
+                                                                    : nullptr;
+    if (pSection == nullptr)
+        return;
+    if (encryption == 1)
+        throw Unreadable("it is protected by a password");
+    m_room.take(size);
+    std::string& result = sections.unpacked.emplace_front(static_cast<std::size_t>(size), '\0');
+    for (std::uint64_t i = 0, start = 0; i < pages; ++i) {
+        const std::string contents = page(i, start);
+        if (start > size)
+            throw Unreadable("damaged: a page beyond its section");
+        const std::size_t count = std::min(contents.size(), static_cast<std::size_t>(size - start));
+        std::copy_n(contents.begin(), count, result.begin() + static_cast<std::ptrdiff_t>(start));
+    }
+    *pSection = result;
 }
 
 void readPlain(std::string_view bytes, Sections& sections)

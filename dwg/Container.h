@@ -3,8 +3,11 @@
 // Where the sections of a drawing file are, and what they hold, unpacked.
 
 #include <cstdint>
+#include <forward_list>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace dwg {
 
@@ -34,7 +37,7 @@ struct Sections {
     // Room for what is made of them.
     Room room{0};
     // What the views above look into, where it is not the file.
-    std::string unpacked[3];
+    std::forward_list<std::string> unpacked;
 };
 
 // The views last as long as the bytes and the result. Throws Unreadable.
@@ -43,6 +46,25 @@ void readSections(std::string_view bytes, Sections& sections);
 // The containers.
 void readPlain(std::string_view bytes, Sections& sections);
 void readPaged(std::string_view bytes, Sections& sections);
+void readWoven(std::string_view bytes, Sections& sections);
+
+// What the paged containers share: pages by their numbers, and sections made of them.
+class PagedFile {
+public:
+    PagedFile(std::string_view bytes, const Room& room) : m_bytes(bytes), m_room(room) {}
+
+protected:
+    // Throws Unreadable for one that there is not.
+    std::uint64_t address(std::uint64_t page) const;
+    // Takes over a section, if it is one of those that are asked for: a page of its own gives its
+    // contents, by its place among them, and sets where they start.
+    void keep(Sections& sections, std::string_view name, std::uint64_t size, std::uint64_t encryption,
+              std::uint64_t pages, const std::function<std::string(std::uint64_t, std::uint64_t&)>& page);
+
+    std::string_view m_bytes;
+    Room m_room;
+    std::unordered_map<std::uint64_t, std::uint64_t> m_addresses;
+};
 
 // Bytes at a place of a file; throws Unreadable when they are not all there.
 std::string_view part(std::string_view bytes, std::uint64_t offset, std::uint64_t size);

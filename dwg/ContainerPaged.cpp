@@ -4,9 +4,6 @@
 #include "dwg/Container.h"
 #include "dwg/Packing.h"
 
-#include <algorithm>
-#include <unordered_map>
-
 namespace dwg {
 
 namespace {
@@ -14,9 +11,9 @@ namespace {
 constexpr std::uint32_t kPageMap = 0x41630E3B, kSectionMap = 0x4163003B, kDataPage = 0x4163043B;
 constexpr std::uint32_t kPageMask = 0x4164536B;
 
-class PagedFile {
+class File2004 : PagedFile {
 public:
-    PagedFile(std::string_view bytes) : m_bytes(bytes), m_room(bytes.size()) {}
+    using PagedFile::PagedFile;
 
     void read(Sections& sections)
     {
@@ -34,12 +31,11 @@ public:
             const std::string_view pages = part(map, at + 96, std::uint64_t{16} * number(section, 8));
             at += 96 + pages.size();
             const std::string_view name = section.substr(32, section.find('\0', 32) - 32);
-            if (name == "AcDb:Handles")
-                sections.objectMap = sections.unpacked[0] = contents(section, pages);
-            else if (name == "AcDb:AcDbObjects")
-                sections.objects = sections.unpacked[1] = contents(section, pages);
-            else if (name == "AcDb:SummaryInfo")
-                sections.summary = sections.unpacked[2] = contents(section, pages);
+            keep(sections, name, longNumber(section, 0), number(section, 28), pages.size() / 16,
+                 [&](std::uint64_t place, std::uint64_t& start) {
+                     start = longNumber(pages, 16 * place + 8);
+                     return dataPage(section, address(number(pages, 16 * place)));
+                 });
         }
     }
 
@@ -79,50 +75,22 @@ private:
         }
     }
 
-    std::uint64_t address(std::uint32_t page) const
+    std::string dataPage(std::string_view section, std::uint64_t offset)
     {
-        const auto found = m_addresses.find(page);
-        if (found == m_addresses.end())
-            throw Unreadable("damaged: a page is missing");
-        return found->second;
+        const std::uint32_t mask = kPageMask ^ static_cast<std::uint32_t>(offset);
+        const std::string_view header = part(m_bytes, offset, 32);
+        if ((number(header, 0) ^ mask) != kDataPage)
+            throw Unreadable("damaged: the header of a page");
+        const std::string_view data = part(m_bytes, offset + 32, number(header, 8) ^ mask);
+        if (number(section, 20) != 2)
+            return std::string(data);
+        m_room.take(number(section, 12));
+        return unpack(data, number(section, 12));
     }
-
-    std::string contents(std::string_view section, std::string_view pages)
-    {
-        const std::uint64_t size = longNumber(section, 0);
-        const std::uint32_t pageSize = number(section, 12);
-        if (number(section, 28) == 1)
-            throw Unreadable("it is protected by a password");
-        m_room.take(size);
-        std::string result(static_cast<std::size_t>(size), '\0');
-        for (std::uint64_t at = 0; at < pages.size(); at += 16) {
-            const std::uint64_t offset = address(number(pages, at));
-            const std::uint32_t mask = kPageMask ^ static_cast<std::uint32_t>(offset);
-            const std::string_view header = part(m_bytes, offset, 32);
-            if ((number(header, 0) ^ mask) != kDataPage)
-                throw Unreadable("damaged: the header of a page");
-            const std::uint64_t start = longNumber(pages, at + 8);
-            if (start > size)
-                throw Unreadable("damaged: a page beyond its section");
-            std::string_view data = part(m_bytes, offset + 32, number(header, 8) ^ mask);
-            std::string page;
-            if (number(section, 20) == 2) {
-                m_room.take(pageSize);
-                data = page = unpack(data, pageSize);
-            }
-            data = data.substr(0, static_cast<std::size_t>(size - start));
-            std::copy(data.begin(), data.end(), result.begin() + static_cast<std::ptrdiff_t>(start));
-        }
-        return result;
-    }
-
-    std::string_view m_bytes;
-    Room m_room;
-    std::unordered_map<std::uint32_t, std::uint64_t> m_addresses;
 };
 
 }  // namespace
 
-void readPaged(std::string_view bytes, Sections& sections) { PagedFile(bytes).read(sections); }
+void readPaged(std::string_view bytes, Sections& sections) { File2004(bytes, sections.room).read(sections); }
 
 }  // namespace dwg

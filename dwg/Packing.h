@@ -1,6 +1,6 @@
 #pragma once
 
-// How sections are packed from 2004 on, but for 2007.
+// How sections are packed: from 2004 on, and in 2007.
 
 #include <cstddef>
 #include <string>
@@ -10,5 +10,6 @@ namespace dwg {
 
 // Throws Unreadable for what does not unpack, or not to this size at most.
 std::string unpack(std::string_view packed, std::size_t most);
+std::string unpack2007(std::string_view packed, std::size_t most);
 
 }  // namespace dwg

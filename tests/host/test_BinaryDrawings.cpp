@@ -148,7 +148,7 @@ std::string damaged(std::string bytes, CTestRandom& random)
 TEST_CASE("a binary drawing of each container shows its blocks, references, attributes and properties")
 {
     std::map<std::string, std::string> drawings = madeDrawings();
-    REQUIRE(drawings.size() == 2);
+    REQUIRE(drawings.size() == 3);
     for (const auto& [sName, sBytes] : drawings) {
         CAPTURE(sName);
         Drawing drawing(DxfFile::parse(sBytes, sName), sName);
@@ -232,6 +232,32 @@ TEST_CASE("what is packed is unpacked, and never beyond what it says")
 }
 
 // As CAD systems wrote it, in three of the formats.
+// Literals, whose order is shuffled, and a copy of each kind.
+TEST_CASE("what 2007 has packed is unpacked")
+{
+    const std::string sStart = bytesOf("20 00 00 05") + "bcdea";
+    const struct {
+        std::string packed, expected;
+    } rows[] = {
+        {sStart, "abcde"},
+        {sStart + bytesOf("34 00"), "abcdeabc"},
+        {sStart + bytesOf("12 04 00"), "abcdeabcde"},
+        {sStart + bytesOf("02 00 00"), "abcde" + std::string(21, 'e')},
+        {sStart + bytesOf("22 05 00 08"), "abcdeabcdeabcde"},
+        {sStart + bytesOf("2a 00 00 00 00"), "abcde" + std::string(258, 'e')},
+        {sStart + bytesOf("34 02") + "yx", "abcdeabcxy"},
+        {sStart + bytesOf("34 00 00") + "12345678", "abcdeabc12345678"},
+        {bytesOf("0f 28") + "abcdefghijklmnopqrstuvwxyz012345ABCDEFGHIJKLMNOPQRSTUVWXYZ67890",
+         "yz012345qrstuvwxijklmnopabcdefgh06789STUVWXYZKLMNOPQRCDEFGHIJBA"},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.expected);
+        CHECK(dwg::unpack2007(row.packed, 0x7400) == row.expected);
+        CHECK_THROWS_AS(dwg::unpack2007(row.packed, row.expected.size() - 1), dwg::Unreadable);
+    }
+    CHECK_THROWS_AS(dwg::unpack2007(sStart + bytesOf("35 00"), 100), dwg::Unreadable);
+}
+
 TEST_CASE("a reference is read from its three streams")
 {
     const struct {
@@ -286,6 +312,30 @@ TEST_CASE("a damaged binary drawing is read in part, or said to be damaged")
     }
     CHECK(read > 0);
     CHECK(refused > 0);
+}
+
+TEST_CASE("a binary drawing whose contents are not read says why, and has nothing in it")
+{
+    const std::string sMade = madeDrawings()["made_2004"];
+    const auto with = [&](std::size_t at, const std::string& sNew) {
+        return std::string(sMade).replace(at, sNew.size(), sNew);
+    };
+    const struct {
+        std::string bytes, reason;
+    } rows[] = {
+        {with(0, "AC1009"), "it is from before R13 (AC1009)"},
+        {with(0, "AC1099"), "its version is not known (AC1099)"},
+        {with(sMade.find("AcDb:AcDbObjects") - 4, "\1"), "it is protected by a password"},
+        {with(0x80, "AcFs"), "damaged: the header of its pages"},
+        {sMade.substr(0, 0x200), "damaged: it ends before its contents"},
+    };
+    for (const auto& row : rows) {
+        Drawing drawing(DxfFile::parse(row.bytes, "P.dwg"), "P.dwg");
+        CHECK(drawing.file().notRead() == row.reason);
+        CHECK(drawing.graph().blocks().size() == 2);
+        CHECK(drawing.graph().modelSpace().entities.empty());
+        CHECK((drawing.file().bytes() == row.bytes));
+    }
 }
 
 TEST_SUITE("foreign")

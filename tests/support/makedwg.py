@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""Writes small binary drawings for tests, R2000 and R2004, with no more in them than a reader for
+"""Writes small binary drawings for tests, R2000, R2004 and 2007, with no more in them than a reader for
 tabs reads: no CAD system opens them.
 
-    makedwg.py FOLDER      writes made_2000.dwg and made_2004.dwg, both of SAMPLE, and large, 60 KB
+    makedwg.py FOLDER      writes made_2000.dwg and so on, all of SAMPLE, and large, 60 KB
 """
 import pathlib
 import struct
@@ -31,11 +31,6 @@ def handle(code, value):
     return bits(code, 4) + bits(len(data), 4) + "".join(bits(byte, 8) for byte in data)
 
 
-def text(value):
-    data = value.encode("cp1252") + b"\0" if value else b""
-    return number(len(data), "H") + raw(f"{len(data)}s", data)
-
-
 def modular(value, sign):
     """MC where there is a sign, else UMC."""
     out, last, rest = b"", 0x40 if sign else 0x80, abs(value)
@@ -58,6 +53,7 @@ class Drawing:
 
     def __init__(self, year, blocks, summary=(), custom=(), deleted=0):
         self.year, self.blocks, self.objects, self.last = year, blocks, {}, 0x100
+        self.strings = ""  # of the object that is being made; from 2007 on they have a stream of their own
         self.summary, self.custom = [*summary, *[""] * 8][:8], custom
         self.layer()
         records = [{0: 0x1F, 1: 0x1B}.get(k) or self.new() for k in range(len(blocks))]
@@ -80,58 +76,71 @@ class Drawing:
         self.last += 1
         return self.last
 
+    def text(self, value):
+        if self.year < 2007:
+            data = value.encode("cp1252") + b"\0" if value else b""
+            return number(len(data), "H") + raw(f"{len(data)}s", data)
+        self.strings += number(len(value), "H") + raw(f"{2 * len(value)}s", value.encode("utf-16le"))
+        return ""
+
     def add(self, own, kind, data, *references):
         head = number(kind, "H")
         body = handle(0, own) + "10" + data
+        if self.year == 2007:
+            body += self.strings + (raw("H", len(self.strings)) + "1" if self.strings else "0")
+            self.strings = ""
         all_bits = head + raw("I", len(head) + 32 + len(body)) + body + "".join(references)
         all_bits += "0" * (-len(all_bits) % 8)
         body = int("1" + all_bits, 2).to_bytes(len(all_bits) // 8 + 1, "big")[1:]
         self.objects[own] = struct.pack("<H", len(body)) + body + b"\0\0"  # without a checksum
 
     def plain(self):
-        return "10" + ("1" if self.year == 2004 else "")
+        return "10" + ("1" if self.year >= 2004 else "")
 
     def plain_references(self, owner):
-        return handle(4, owner) + ("" if self.year == 2004 else handle(3, 0))
+        return handle(4, owner) + ("" if self.year >= 2004 else handle(3, 0))
 
     def entity(self, mode, owner, links, invisible=False):
-        data = "0" + bits(mode, 2) + "10" + ("1" if self.year == 2004 else "0") + "10" + double(1.0) + "0000"
+        data = "0" + bits(mode, 2) + "10" + ("1" if self.year >= 2004 else "0") + "10" + double(1.0) + "0000"
+        data += "00" + bits(0, 8) if self.year == 2007 else ""
         references = handle(4, owner) if mode == 0 else ""
         if self.year == 2000:
             references += handle(3, 0) + handle(4, links[0]) + handle(4, links[1])
         return data + number(1 if invisible else 0, "H") + bits(29, 8), references + handle(5, 0x10)
 
     def layer(self):
-        self.add(0x10, 0x33, self.plain() + text("Frame"), self.plain_references(2))
+        self.add(0x10, 0x33, self.plain() + self.text("Frame"), self.plain_references(2))
 
     def insert(self, own, mode, records, k, insert, links):
         attributes = insert.get("attributes", [])
         chain = [self.new() for _ in attributes]
         data, references = self.entity(mode, records[k], links, insert.get("invisible"))
         data += double(1.5, 2.0, 0.0) + "11" + double(0.0, 0.0, 0.0, 1.0) + ("1" if attributes else "0")
-        if attributes and self.year == 2004:
+        if attributes and self.year >= 2004:
             data += number(len(chain), "I")
-        listed = chain if self.year == 2004 else [*chain[:1], *chain[-1:]]
+        listed = chain if self.year >= 2004 else [*chain[:1], *chain[-1:]]
         self.add(own, 7, data, references, handle(5, records[insert["block"]]), *(handle(3, a) for a in listed))
         for at, (tag, value), *near in zip(chain, attributes, [0, *chain], [*chain[1:], 0]):
             data, references = self.entity(0, own, near)
-            self.add(at, 2, data + bits(0xFF, 8) + raw("2d", 1.5, 2.0) + "11" + raw("d", 2.5) + text(value)
-                     + text(tag) + "10" + bits(1, 8), references, handle(5, 0x11))
+            self.add(at, 2, data + bits(0xFF, 8) + raw("2d", 1.5, 2.0) + "11" + raw("d", 2.5) + self.text(value)
+                     + self.text(tag) + "10" + bits(1, 8), references, handle(5, 0x11))
 
     def record(self, own, block, entities, references):
-        flags = ("dependent", "anonymous", "attributes", "xref", "overlay", "unloaded")
-        data = self.plain() + text(block["name"]) + "1" + "10" + "".join("1" if block.get(f) else "0" for f in flags)
+        flags = ("dependent", "anonymous", "attributes", "xref", "overlay", "unloaded")[self.year == 2007:]
+        data = self.plain() + self.text(block["name"])
+        data += ("11" if block.get("dependent") else "10") if self.year == 2007 else "110"
+        data += "".join("1" if block.get(f) else "0" for f in flags)
         attached = block.get("xref") or block.get("overlay")
-        if self.year == 2004 and not attached:
+        if self.year >= 2004 and not attached:
             data += number(len(entities), "I")
-        data += double(0.0, 7.0, 0.0) + text(block.get("path", "")) + bits(1, 8) * len(references) + bits(0, 8)
-        listed = entities if self.year == 2004 else [] if attached else [(entities or [0])[k] for k in (0, -1)]
-        self.add(own, 0x31, data + text("") + "10", self.plain_references(1), handle(5, 0), handle(3, 1),
+        data += double(0.0, 7.0, 0.0) + self.text(block.get("path", "")) + bits(1, 8) * len(references) + bits(0, 8)
+        listed = entities if self.year >= 2004 else [] if attached else [(entities or [0])[k] for k in (0, -1)]
+        self.add(own, 0x31, data + self.text("") + "10", self.plain_references(1), handle(5, 0), handle(3, 1),
                  *(handle(4, e) for e in listed), handle(3, 1), *(handle(4, e) for e in references),
                  handle(5, self.new() if block.get("layout") else 0))
 
     def properties(self):
-        self.add(0x0C, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + text("DWGPROPS"),
+        self.add(0x0C, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + self.text("DWGPROPS"),
                  self.plain_references(0), handle(2, 0x0D))
         items = [(1, "DWGPROPS COOKIE"), *zip((2, 3, 4, 7, 6, 8, 9), self.summary),
                  *((300 + k, "=".join(pair)) for k, pair in enumerate(self.custom)), (1, self.summary[7])]
@@ -150,19 +159,22 @@ class Drawing:
         return body, struct.pack(">H", len(page) + 2) + page + b"\0\0" + b"\0\2\0\0"
 
     def bytes(self):
-        return self.plain_file() if self.year == 2000 else self.paged_file()
+        return {2000: self.plain_file, 2004: self.paged_file, 2007: self.woven_file}[self.year]()
 
     def plain_file(self):
         body, table = self.layout(0x100)
         head = b"AC1015" + bytes(13) + struct.pack("<HIBII", 30, 1, 2, 0x100 + len(body), len(table))
         return head.ljust(0x100, b"\0") + body + table
 
-    def paged_file(self):
+    def sections(self):
         def string(value):
-            return struct.pack("<H", len(value) + 1) + value.encode("cp1252") + b"\0"
+            return struct.pack("<H", len(value) + 1) + (value + "\0").encode("cp1252" if self.year < 2007 else "utf-16le")
         info = b"".join(map(string, self.summary)) + bytes(24) + struct.pack("<H", len(self.custom))
         info += b"".join(string(key) + string(value) for key, value in self.custom) + bytes(8)
         body, table = self.layout(0)
+        return ("SummaryInfo", info, 1), ("AcDbObjects", body, 2), ("Handles", table, 2)
+
+    def paged_file(self):
         out, pages, described = bytearray(0x100), [], b""
 
         def page(data):
@@ -172,7 +184,7 @@ class Drawing:
 
         def system(tag, data):
             return struct.pack("<5I", tag, len(data), len(packed(data)), 2, 0) + packed(data)
-        for name, data, how in (("SummaryInfo", info, 1), ("AcDbObjects", body, 2), ("Handles", table, 2)):
+        for name, data, how in self.sections():
             parts, room = b"", 0x400
             for start in range(0, len(data), room):
                 piece = data[start:start + room].ljust(4, b"\0")
@@ -192,6 +204,34 @@ class Drawing:
         out[:6], out[0x13:0x15] = b"AC1018", struct.pack("<H", 30)
         return bytes(out)
 
+    def woven_file(self):
+        """Nothing is packed; the summary's pages are not woven."""
+        def woven(data, of_block, blocks):
+            data = data.ljust(of_block * blocks, b"\0")
+            parts = [data[k * of_block:(k + 1) * of_block].ljust(255, b"\0") for k in range(blocks)]
+            return bytes(part[k] for k in range(255) for part in parts)
+        out, pages, described, numbers = b"", b"", b"", [0] * 34
+
+        def page(number, data):
+            nonlocal out, pages
+            pages += struct.pack("<Qq", len(data), number)
+            out += data
+        for number, (name, data, how) in enumerate(self.sections(), 1):
+            blocks, name = ((len(data) + 7) // 8 * 8 + 250) // 251, "AcDb:" + name
+            page(number, woven(data, 251, blocks) if how == 2 else data)
+            described += struct.pack("<8Q", len(data), 0x7400, 0, 0, 2 * len(name), 0, 4 if how == 2 else 1, 1)
+            described += name.encode("utf-16le") + struct.pack("<7Q", 0, 0, number, len(data), len(data), 0, 0)
+        page(-1, bytes(32))
+
+        def system(data):
+            return woven(data, 239, ((len(data) + 7) // 8 * 8 * 2 + 238) // 239)
+        page(4, system(described))
+        numbers[22] = numbers[25] = len(described)
+        numbers[7], numbers[10], numbers[11] = len(out), len(pages), len(pages)
+        numbers[3], numbers[24], numbers[27] = 2, 4, 2
+        header = woven(struct.pack("<24xi4x34Q", -1, *numbers), 239, 3)
+        return (b"AC1021".ljust(0x80, b"\0") + header).ljust(0x480, b"\0") + out + system(pages)
+
 
 SAMPLE = dict(
     blocks=[
@@ -210,7 +250,7 @@ SAMPLE = dict(
     custom=[("Client", "A = B"), ("Empty", "")], deleted=2)
 
 if __name__ == "__main__":
-    for year in (2000, 2004):
+    for year in (2000, 2004, 2007):
         (pathlib.Path(sys.argv[1]) / f"made_{year}.dwg").write_bytes(Drawing(year, **SAMPLE).bytes())
     model, *others = SAMPLE["blocks"]
     many = [{"block": 2, "attributes": [("NUMBER", "A-101"), ("DATE", "2005-01-31")]}] * 285
