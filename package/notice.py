@@ -1,6 +1,7 @@
 """NOTICE.txt: the texts that what is linked into the programs asks for.
 
-They are taken from the copyright files of the packages that were linked, as they are on the machine.
+They are taken from the copyright files of the packages that were linked, as they are on the machine;
+what GCC's does not tell of its C++ library stands in libstdcxx.txt. A test holds them to what the linker used.
 """
 import pathlib
 import re
@@ -45,4 +46,5 @@ def make():
         chosen = selected(text, prefixes) if prefixes else [
             text[(start := text.index(first)):text.index(last, start)].strip() for first, last in EXCERPTS]
         parts += [f"{'=' * 78}\n{what} (Debian package {package})\n{'=' * 78}", *(part.strip("\n") for part in chosen)]
+    parts.append((pathlib.Path(__file__).parent / "libstdcxx.txt").read_text("ascii").strip())
     return "\n\n".join(parts) + "\n"

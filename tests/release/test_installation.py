@@ -20,6 +20,7 @@ sys.path[:0] = [str(REPOSITORY / "tests/e2e"), str(REPOSITORY / "package")]
 import archives  # noqa: E402
 import installer  # noqa: E402
 import module  # noqa: E402
+import notice  # noqa: E402
 from host import ARCH, BUILD, Transcript, wine  # noqa: E402
 from source import Refused, Source  # noqa: E402
 
@@ -343,6 +344,17 @@ class Packages(unittest.TestCase):
         note.unlink()
         with self.assertRaisesRegex(Refused, "neither"):
             Source(unpacked)
+
+    def test_the_notices_are_of_those_whose_code_is_linked_in(self):
+        folder = PROGRAMS if (PROGRAMS / "cadhost.map").exists() else PROGRAMS.parents[1] / "x86"
+        maps = [(folder / f"{name}.map").read_text() for name in ("mfc", "cadhost", "ZavikMDITabs", "tabscheck")]
+        kept, text = "".join(part.split("Linker script and memory map")[1] for part in maps), notice.make()
+        for name, symbols in (("Boost", "5boost"), ("doctest", "7doctest"), ("fast_float", "10fast_float"), ("Ryu", "3ryu")):
+            self.assertEqual(name in text, symbols in kept, name)
+        libraries = {os.path.realpath(path) for path in re.findall(r"^LOAD (/usr/.*)", kept, re.M)}
+        owners = subprocess.run(["dpkg", "-S", *libraries], stdout=subprocess.PIPE, check=True, text=True).stdout
+        self.assertEqual(set(re.findall("^(.*):", owners, re.M)),
+                         {"gcc-mingw-w64-i686-win32", "g++-mingw-w64-i686-win32", "mingw-w64-i686-dev"})
 
     def test_readers_find_this_version_and_a_feature_holds_what_the_installer_takes(self):
         archives.lay_out_for_autocad(PROGRAMS / "ZavikMDITabs.arx", PROGRAMS / "tabscheck.exe", REPOSITORY, VERSION,
