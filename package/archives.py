@@ -2,9 +2,11 @@
 import hashlib
 import re
 import shutil
+import struct
 import subprocess
 import time
 import zipfile
+import zlib
 
 import notice
 
@@ -13,6 +15,7 @@ STYLE = ("body{font:15px/1.45 Tahoma,Verdana,sans-serif;max-width:52em;margin:1.
          "pre,code{font-family:Consolas,'Courier New',monospace;background:#f2f2f2}pre{padding:.6em}")
 # One of these goes along with each package, as README.txt.
 FOR_AUTOCAD, TO_TRY = "README.txt", "README-try.txt"
+DOS = "cp437"
 
 
 def write_text(target, text):
@@ -84,13 +87,26 @@ def lay_out_to_try(programs, source, version, folder):
     write_texts(source, version, TO_TRY, folder)
 
 
+class Entry(zipfile.ZipInfo):
+    """A name beyond ASCII is in the code page of DOS, as Windows XP reads it, and once more in Unicode for others."""
+
+    def __init__(self, name, date_time):
+        super().__init__(name, date_time)
+        self.create_system, self.external_attr = 0, 0x20  # DOS, an ordinary file
+        self.compress_type = zipfile.ZIP_DEFLATED
+        if not name.isascii():
+            unicode = b"\1" + struct.pack("<L", zlib.crc32(name.encode(DOS))) + name.encode()
+            self.extra = struct.pack("<HH", 0x7075, len(unicode)) + unicode
+
+    def _encodeFilenameFlags(self):
+        return self.filename.encode(DOS), self.flag_bits
+
+
 def write_zip(target, folder, inside, seconds):
     """Packs the folder, under the name inside, every file with that time."""
     with zipfile.ZipFile(target, "w") as archive:
         for path in sorted(path for path in folder.rglob("*") if path.is_file()):
-            entry = zipfile.ZipInfo(f"{inside}/{path.relative_to(folder).as_posix()}", time.gmtime(seconds)[:6])
-            entry.external_attr = 0o644 << 16
-            entry.compress_type = zipfile.ZIP_DEFLATED
+            entry = Entry(f"{inside}/{path.relative_to(folder).as_posix()}", time.gmtime(seconds)[:6])
             archive.writestr(entry, path.read_bytes(), compresslevel=9)
 
 

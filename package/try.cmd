@@ -3,6 +3,11 @@ rem Opens the sample drawings in the stand-in host, with the strip of tabs.
 rem What is said behind try.cmd goes to the host: try.cmd /b my.scr
 setlocal
 pushd "%~dp0"
+if not exist host\cadhost.exe (
+    echo The folders beside try.cmd are missing: unpack the whole archive, then open it there.
+    pause
+    exit /b 1
+)
 attrib +r "Projects\Station\Drawings\S-201 issued.dwg"
 attrib +r Projects\Riverside\Xrefs\Survey.dwg
 set riverside=Projects\Riverside\Drawings

@@ -233,6 +233,7 @@ class Installation(Machine):
             path = WORK / "try.zip"
             archives.lay_out_to_try(PROGRAMS, REPOSITORY, VERSION, WORK / "try")
             archives.write_zip(path, WORK / "try", "try", 1_000_000_000)
+        self.assertIn("Drawings/Grundriß-Süd.dwg".encode("cp850"), path.read_bytes())  # as Windows XP reads it
         with zipfile.ZipFile(path) as archive:
             archive.extractall(WORK / "to try & see")
         folder, = (WORK / "to try & see").iterdir()
