@@ -5,7 +5,7 @@ import sys
 
 TOP = pathlib.Path(__file__).resolve().parent.parent
 ROWS = {
-    "sdk": "", "dwg": "", "dxf": "dwg library/text library/system sdk", "host": "dxf library/system sdk",
+    "sdk": "module/VersionInfo.rc", "dwg": "", "dxf": "dwg library/text library/system sdk", "host": "dxf library/system sdk",
     "settings": "library sdk", "reactors": "settings library sdk", "tabs": "reactors settings library sdk",
     "additions": "tabs reactors settings library sdk", "module": "additions tabs reactors settings library sdk",
     "tabscheck": "dxf settings library sdk module/VersionInfo.rc",
