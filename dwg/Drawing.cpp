@@ -113,19 +113,9 @@ Drawing::Block* Drawing::readBlock(std::uint64_t handle)
         block.count = data.bl();
     block.base = record.point3();
     block.path = record.text();
-    std::uint32_t inserts = 0;
-    while (release >= 2000 && data.rc() != 0)
-        ++inserts;
-
     record.reference();  // none
     record.reference();  // BLOCK
     block.entities = record.references;
-    for (std::uint32_t i = own ? release >= 2004 ? record.references.count(block.count, 8) : 2 : 0; i != 0; --i)
-        record.reference();
-    record.reference();  // ENDBLK
-    for (std::uint32_t i = release >= 2000 ? record.references.count(inserts, 8) : 0; i != 0; --i)
-        record.reference();
-    block.layout = release >= 2000 ? record.reference() : 0;
     if (record.failed() || record.type() != kBlockRecord)
         return nullptr;
     block.hasContents = own;
@@ -144,7 +134,6 @@ void Drawing::writeBlocks()
         m_out.name(0, "BLOCK_RECORD");
         m_out.handle(5, block.record.handle());
         m_out.text(2, block.name);
-        m_out.handle(340, block.layout);
     }
     m_out.name(0, "ENDTAB");
     m_out.name(0, "ENDSEC");
@@ -156,8 +145,7 @@ void Drawing::writeBlocks()
         if (block.unloaded)
             m_out.integer(71, 1);
         m_out.point(10, block.base);
-        if ((block.flags & kXref) != 0)
-            m_out.text(1, block.path);
+        m_out.text(1, block.path);
         if (&block != m_model && &block != m_paper)
             writeContents(&block, false);
         m_out.name(0, "ENDBLK");

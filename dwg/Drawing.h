@@ -31,7 +31,6 @@ private:
         unsigned flags = 0;
         bool unloaded = false;
         Point base;
-        std::uint64_t layout = 0;
         // What is in it: so many references in the record, or a first and a last one.
         bool hasContents = false;
         Bits entities;

@@ -48,7 +48,8 @@ def packed(data):
 
 class Drawing:
     """blocks: dicts with name and, as wanted, xref, overlay, unloaded, dependent, anonymous, attributes
-    (flags), path, layout, and inserts: dicts with block (its index), attributes [(tag, text)], invisible.
+    (flags), path, endless (what is in it comes again), and inserts: dicts with block (its index), attributes
+    [(tag, text)], invisible, colour, columns, damaged (its own fields end too early).
     deleted: empty places in the block table before its last record."""
 
     def __init__(self, year, blocks, summary=(), custom=(), deleted=0):
@@ -61,7 +62,7 @@ class Drawing:
         references = [[] for _ in blocks]
         for k, block in enumerate(blocks):
             for own, insert, *links in zip(entities[k], block.get("inserts", ()), [0, *entities[k]],
-                                           [*entities[k][1:], 0]):
+                                           [*entities[k][1:], entities[k][0] if block.get("endless") else 0]):
                 references[insert["block"]].append(own)
                 self.insert(own, {0: 2, 1: 1}.get(k, 0), records, k, insert, links)
         for k, block in enumerate(blocks):
@@ -87,7 +88,9 @@ class Drawing:
         head = number(kind, "H")
         body = handle(0, own) + "10" + data
         if self.year == 2007:
-            body += self.strings + (raw("H", len(self.strings)) + "1" if self.strings else "0")
+            size = len(self.strings)
+            body += self.strings + (raw("H", size >> 15) if size >> 15 else "")
+            body += raw("H", size & 0x7FFF | (0x8000 if size >> 15 else 0)) + "1" if size else "0"
             self.strings = ""
         all_bits = head + raw("I", len(head) + 32 + len(body)) + body + "".join(references)
         all_bits += "0" * (-len(all_bits) % 8)
@@ -100,13 +103,19 @@ class Drawing:
     def plain_references(self, owner):
         return handle(4, owner) + ("" if self.year >= 2004 else handle(3, 0))
 
-    def entity(self, mode, owner, links, invisible=False):
-        data = "0" + bits(mode, 2) + "10" + ("1" if self.year >= 2004 else "0") + "10" + double(1.0) + "0000"
-        data += "00" + bits(0, 8) if self.year == 2007 else ""
+    def entity(self, mode, owner, links, invisible=False, colour=0):
+        data = "0" + bits(mode, 2) + "10" + ("1" if self.year >= 2004 else "0")
+        if self.year >= 2004:
+            data += number(colour, "H") + ("01" + bits(7, 8) if colour & 0xC000 == 0x8000 else "")
+            data += "10" if colour & 0x2000 else ""
+        else:
+            data += "10"
+        data += double(1.0) + "1100" + ("11" + bits(0, 8) if self.year == 2007 else "")
         references = handle(4, owner) if mode == 0 else ""
         if self.year == 2000:
             references += handle(3, 0) + handle(4, links[0]) + handle(4, links[1])
-        return data + number(1 if invisible else 0, "H") + bits(29, 8), references + handle(5, 0x10)
+        return data + number(1 if invisible else 0, "H") + bits(29, 8), references + (handle(5, 1) if self.year >= 2004 and colour & 0x4000 else "") \
+            + handle(5, 0x10) + handle(5, 1) + (handle(5, 1) if self.year == 2007 else "")
 
     def layer(self):
         self.add(0x10, 0x33, self.plain() + self.text("Frame"), self.plain_references(2))
@@ -114,12 +123,16 @@ class Drawing:
     def insert(self, own, mode, records, k, insert, links):
         attributes = insert.get("attributes", [])
         chain = [self.new() for _ in attributes]
-        data, references = self.entity(mode, records[k], links, insert.get("invisible"))
-        data += double(1.5, 2.0, 0.0) + "11" + double(0.0, 0.0, 0.0, 1.0) + ("1" if attributes else "0")
+        data, references = self.entity(mode, records[k], links, insert.get("invisible"), insert.get("colour", 0))
+        data += double(1.5, 2.0, 0.0) + "01" + "11" + raw("d", 2.0) + "00" + double(0.0, 0.0, 0.0, 1.0) + ("1" if attributes else "0")
         if attributes and self.year >= 2004:
             data += number(len(chain), "I")
         listed = chain if self.year >= 2004 else [*chain[:1], *chain[-1:]]
-        self.add(own, 7, data, references, handle(5, records[insert["block"]]), *(handle(3, a) for a in listed))
+        if insert.get("columns"):
+            data += number(insert["columns"], "H") + number(2, "H") + double(5.0, 6.0)
+        if insert.get("damaged"):
+            data = data[:-100]
+        self.add(own, 8 if insert.get("columns") else 7, data, references, handle(5, records[insert["block"]]), *(handle(3, a) for a in listed))
         for at, (tag, value), *near in zip(chain, attributes, [0, *chain], [*chain[1:], 0]):
             data, references = self.entity(0, own, near)
             self.add(at, 2, data + bits(0xFF, 8) + raw("2d", 1.5, 2.0) + "11" + raw("d", 2.5) + self.text(value)
@@ -132,14 +145,17 @@ class Drawing:
         data += "".join("1" if block.get(f) else "0" for f in flags)
         attached = block.get("xref") or block.get("overlay")
         if self.year >= 2004 and not attached:
-            data += number(len(entities), "I")
+            data += number(len(entities) + (1 if entities else 0), "I")
         data += double(0.0, 7.0, 0.0) + self.text(block.get("path", "")) + bits(1, 8) * len(references) + bits(0, 8)
-        listed = entities if self.year >= 2004 else [] if attached else [(entities or [0])[k] for k in (0, -1)]
+        listed = [*entities, *entities[:1]] if self.year >= 2004 else [] if attached else \
+            [(entities or [0])[0], 0x999 if block.get("endless") else (entities or [0])[-1]]
         self.add(own, 0x31, data + self.text("") + "10", self.plain_references(1), handle(5, 0), handle(3, 1),
                  *(handle(4, e) for e in listed), handle(3, 1), *(handle(4, e) for e in references),
-                 handle(5, self.new() if block.get("layout") else 0))
+                 handle(5, 0))
 
     def properties(self):
+        self.add(0x0B, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + self.text("DWGPROPS"),
+                 self.plain_references(0x0C), handle(2, 0x10))  # not the drawing's own
         self.add(0x0C, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + self.text("DWGPROPS"),
                  self.plain_references(0), handle(2, 0x0D))
         items = [(1, "DWGPROPS COOKIE"), *zip((2, 3, 4, 7, 6, 8, 9), self.summary),
@@ -187,14 +203,14 @@ class Drawing:
         for name, data, how in self.sections():
             parts, room = b"", 0x400
             for start in range(0, len(data), room):
-                piece = data[start:start + room].ljust(4, b"\0")
+                piece = data[start:start + room].ljust(room if how == 2 else 0, b"\0")
                 stored = packed(piece) if how == 2 else piece
                 head = struct.pack("<8I", *(x ^ 0x4164536B ^ len(out) for x in (0x4163043B, 1, len(stored), room, start, 0, 0, 0)))
                 parts += struct.pack("<IIQ", page(head + stored), len(stored), start)
             described += struct.pack("<Q6I64s", len(data), len(parts) // 16, room, 1, how, 1, 0, b"AcDb:" + name.encode()) + parts
         number_of_map = page(system(0x4163003B, struct.pack("<5I", 3, 2, 0x7400, 0, 3) + described))
         address = len(out) - 0x100
-        gap = struct.pack("<iI16x", -1, 0)
+        gap = struct.pack("<iI16s", -1, 0, bytes(range(16)))
         out += system(0x41630E3B, gap + b"".join(struct.pack("<iI", *entry) for entry in pages))
         plain = bytearray(b"AcFssFcAJMB".ljust(0x54, b"\0") + struct.pack("<QI", address, number_of_map).ljust(0x18, b"\0"))
         seed = 1
@@ -235,15 +251,18 @@ class Drawing:
 
 SAMPLE = dict(
     blocks=[
-        {"name": "*Model_Space", "layout": True, "inserts": [{"block": 3}, {"block": 4, "invisible": True}]},
-        {"name": "*Paper_Space", "layout": True,
-         "inserts": [{"block": 2, "attributes": [("TITLE", "Plan^1"), ("AUTHOR", "J\u00f6rg")]}, {"block": 2}]},
+        {"name": "*Model_Space", "inserts": [
+            {"block": 3, "colour": 0xA005, "columns": 3}, {"block": 2, "damaged": True},
+            {"block": 4, "invisible": True, "colour": 0x4000}]},
+        {"name": "*Paper_Space",
+         "inserts": [{"block": 2, "attributes": [("TITLE", "Plan^A"), ("AUTHOR", "J\u00f6rg" + 2100 * "g")]}, {"block": 2}]},
         {"name": "BORDER", "attributes": True},
         {"name": "GRID", "xref": True, "path": "..\\grid.dwg"},
         {"name": "SITE", "xref": True, "overlay": True, "path": "C:\\jobs\\site.dwg"},
         {"name": "OLD", "xref": True, "unloaded": True, "path": "old.dwg"},
         {"name": "GRID|LAMP", "dependent": True, "path": "no reference"},
-        {"name": "*Paper_Space", "layout": True, "inserts": [{"block": 2}]},
+        {"name": "*Paper_Space", "endless": True, "inserts": [{"block": 2}, {"block": 5}]},
+        {"name": "*D7", "anonymous": True},
         {"name": "*U", "anonymous": True},
     ],
     summary=["Titel", "s", "\u00c4", "k", "a\r\nb", "me", "3", "http://x"],
