@@ -49,7 +49,7 @@ TEST_CASE("what the lines of a settings file mean")
         {"[General]\nWidth=1\n[GENERAL]\nWIDTH=2", {"[General]", "Width=2"}},
         {"[Empty]\n[[\n[x", {}},
         {"[a]b]\nk=v", {"[a]b]", "k=v"}},
-        {"=v\n=w\nk=", {"=w", "k="}},
+        {"=v\n=w\n\v\fk\f=\v", {"=w", "k="}},
         {"# = x\n// = y", {"#= x"s.replace(1, 2, "="), "//=y"}},
         {"b=1\nA=2\n_=3\nB=4", {"_=3", "A=2", "b=4"}},
         {"a\r=\rb\r\n", {"a=b"}},

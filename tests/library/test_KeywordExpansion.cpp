@@ -82,8 +82,8 @@ TEST_CASE("a drawing's project and the time of its file")
     const CTestFolder tree;
     tree.write("1234\\ProjectSettings.txt");
     const std::string sDrawing = tree.write("1234\\Dwg\\A.dwg");
-    // New York's time, five hours behind UTC in winter.
-    const SYSTEMTIME written{2005, 12, 0, 24, 8, 5, 9, 0};
+    // New York's time, four hours behind UTC in summer.
+    const SYSTEMTIME written{2005, 7, 0, 24, 8, 5, 9, 0};
     FILETIME local, time;
     ::SystemTimeToFileTime(&written, &local);
     ::LocalFileTimeToFileTime(&local, &time);
@@ -94,12 +94,13 @@ TEST_CASE("a drawing's project and the time of its file")
     ::CloseHandle(hFile);
     CHECK(drawing.value("DIR_PROJECT_DWG_ROOT") == tree.path("1234\\"));
     CHECK(drawing.value("DIR_PROJECT_DWG_SETTINGS") == tree.path("1234\\Settings"));
-    CHECK(drawing.expandString("%UPDATE_DATE_UTC::|Y-|m-|d |H:|M:|S%") == "2005-12-24 13:05:09");
-    CHECK(drawing.expandString("%UPDATE_DATE::|Y-|m-|d |H:|M:|S%") == "2005-12-24 08:05:09");
+    CHECK(drawing.expandString("%UPDATE_DATE_UTC::|Y-|m-|d |H:|M:|S%") == "2005-07-24 12:05:09");
+    CHECK(drawing.expandString("%UPDATE_DATE::|Y-|m-|d |H:|M:|S%") == "2005-07-24 08:05:09");
 
     // A copy is as good; another value for a keyword replaces the one before.
     drawing.addToMap("FILENAME", "B\\C");
     drawing.addToMap("NONE", nullptr);
     const CExpansion copy(drawing);
     CHECK(copy.expandString("%FILENAME%%X_FILENAME%%NONE%%UPDATE_DATE::|Y%") == "B\\CB/C2005");
+    CHECK(copy.expandString("%CURRENT_DATE_UTC::|Y%") != "2005");
 }

@@ -74,6 +74,8 @@ TEST_CASE("the search upwards takes the nearest folder and ends at the root")
     CHECK(find("Jobs\\1234\\") == tree.path("Jobs\\1234\\"));
     CHECK(find("Jobs\\5678\\missing") == tree.path("Jobs\\"));
     CHECK(find("Other\\") == "");
+    ::DeleteFileA(tree.path("Jobs\\1234\\ProjectSettings.txt").c_str());
+    CHECK(find("Jobs\\1234\\") == tree.path("Jobs\\"));
     for (const char* sNowhere : {"", "\\\\nowhere.invalid\\share\\Jobs\\1234", "\\\\?\\C:\\none", "relative\\folder"})
         CHECK(findProjectFolder(sNowhere) == "");
 

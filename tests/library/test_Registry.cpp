@@ -79,11 +79,11 @@ TEST_CASE("strings are read with and without a terminator, unexpanded, and from 
         CHECK(get("v", sValue) == (each.m_sValue != nullptr));
         CHECK(sValue == (each.m_sValue ? each.m_sValue : "before"));
     }
-    // half a character at the end
-    writeRaw(REG_SZ, L"ab", 1);
+    // a long one, and half a character at the end
+    writeRaw(REG_SZ, std::wstring(2000, L'a'), 1);
     CString sValue;
     CHECK(get("v", sValue));
-    CHECK(sValue.Left(2) == "ab");
+    CHECK(sValue.Left(2000) == std::string(2000, 'a').c_str());
 }
 
 TEST_CASE("string lists end at the first empty string but one that comes first, and append")

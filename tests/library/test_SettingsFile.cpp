@@ -47,11 +47,11 @@ std::string border(const std::string& sFields)
 TEST_CASE("single lines, lists and their defaults")
 {
     const CSettingsFile settings =
-        parse("projectlabel\tignored\n{\n  First \n# comment\n// comment\n\n Second Label \n}\n"
+        parse("projectlabel\tignored\n{\n  First \n# comment\n// comment\n\n {Second Label \n}\n"
               "JobNumber\n{\n1234\n}\nISSUEDIRECTORY\n{\n<X>\\out\n}\nJOBTITLE\n{\nOne\nTwo\n}\n"
               "OFFICEDETAILS\n{\nOffice\n}\nCLIENTTITLE\n{\nClient\n}\nDWGSTATUS\n{\nFor\nInfo\n}\n"
               "DWGDISCIPLINE\n{\nArch\n}");
-    CHECK(settings.m_sProjectLabel == "Second Label");
+    CHECK(settings.m_sProjectLabel == "{Second Label");
     CHECK(settings.m_sJobNumber == "1234");
     CHECK(settings.m_sIssueDirectory == "<X>\\out");
     CHECK(settings.m_vecJobTitle == std::vector<CString>{"One", "Two"});
@@ -114,7 +114,7 @@ TEST_CASE("border lines scan as by sscanf, but for fields of any length")
     const std::string sLong(1024 * 1024, 'x');
     const std::pair<std::string, std::string> cases[] = {
         {"\"A\" \"" + sLong + "\"", "A/" + sLong + "////"},
-        {"\"a\"\t\"b.c.d\"\"c\" \"d.\" \"e\"", "a/b/c/d./e/"},
+        {"\"a\"\t\"b.c.d\"\"c\" \"d.\" \"e\" \"f\" \"g\"", "a/b/c/d./e/f"},
         {"\"a\" \"b\" \"c\" \"d\" \"e\" \" f", "a/b/c/d/e/ f"},
         {"\"a\" \"b\" \"\"", "a/b////"},  // an empty field ends the line
         {"\"a\" \"b\" x", "a/b////"},
