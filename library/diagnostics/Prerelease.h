@@ -1,7 +1,7 @@
 #pragma once
 
-// Diagnostics switches, the trace channel and assertions. The bodies stand in
-// maintenance/: a trace asks for paths and the registry, and these trace.
+// Diagnostics switches, the trace channel and assertions. They know a format and where
+// things go, not what becomes of them: that asks for paths and the registry, and these trace.
 //
 // Everything here is off until setDiagnosticsLevel says otherwise; a disabled
 // trace or assertion costs a load and a branch and evaluates no argument.
@@ -23,6 +23,18 @@ extern CDiagnosticsSwitches g_switches;
 // sSource may carry a directory and an extension; the report names neither.
 void assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept;
 }  // namespace Detail
+
+// Where things go. Nowhere, until the library starts.
+struct CDiagnosticsSinks {
+    // Before traces are switched on.
+    void (*m_pPrepare)() = [] {};
+    // A message as the caller of trace wrote it.
+    void (*m_pTrace)(const char* sMessage) = [](const char*) {};
+    // A failed check; the source as in assertionFailed.
+    void (*m_pAssertion)(const char* sSource, int iLine, const char* sExpression) = [](const char*, int, const char*) {
+    };
+};
+void setDiagnosticsSinks(const CDiagnosticsSinks& sinks);
 
 // 0: nothing; 1: assertions alone; 2: trace, log, console and assertions.
 // Any other level changes nothing.

@@ -18,7 +18,6 @@ struct CContents {
     CString m_sProductName;
     CString m_sInternalName;
     CString m_sFileVersion;
-    CString m_sComments;
     bool m_bPrerelease = false;
 };
 
@@ -75,7 +74,6 @@ bool CVersionBlock::initialise()
     g_contents.m_sProductName = queryText(block, pTranslation, L"ProductName");
     g_contents.m_sInternalName = queryText(block, pTranslation, L"InternalName");
     g_contents.m_sFileVersion = queryText(block, pTranslation, L"FileVersion");
-    g_contents.m_sComments = queryText(block, pTranslation, L"Comments");
     g_contents.m_bPrerelease = (pFixed->dwFileFlags & pFixed->dwFileFlagsMask & VS_FF_PRERELEASE) != 0;
     return true;
 }
@@ -86,7 +84,6 @@ const CString& CVersionBlock::getCompanyName() { return g_contents.m_sCompanyNam
 const CString& CVersionBlock::getProductName() { return g_contents.m_sProductName; }
 const CString& CVersionBlock::getInternalName() { return g_contents.m_sInternalName; }
 const CString& CVersionBlock::getFileVersion() { return g_contents.m_sFileVersion; }
-const CString& CVersionBlock::getComments() { return g_contents.m_sComments; }
 bool CVersionBlock::isPrerelease() { return g_contents.m_bPrerelease; }
 
 }  // namespace Tesk

@@ -17,8 +17,6 @@ public:
     static const CString& getProductName();
     static const CString& getInternalName();
     static const CString& getFileVersion();
-    // What the file says of its source.
-    static const CString& getComments();
 
     // The fixed flags, where the flags mask lets them count, say pre-release.
     static bool isPrerelease();

@@ -77,14 +77,7 @@ void writeDiagnostic(const char* sText) noexcept
 
 void reportAssertion(const char* sSource, int iLine, const char* sExpression) noexcept
 {
-    neverRaise([&] { report(sSource, iLine, sExpression); });
-}
-
-void Detail::assertionFailed(const char* sSource, int iLine, const char* sExpression) noexcept
-{
-    neverRaise([&] { reportAssertion(CPathParts(sSource).m_sBase.c_str(), iLine, sExpression); });
-    if (::IsDebuggerPresent())
-        ::DebugBreak();
+    neverRaise([&] { report(CPathParts(sSource).m_sBase.c_str(), iLine, sExpression); });
 }
 
 CString Detail::timeStamp() { return CDiagnosticsLog::now("[%H:%M:%S] "); }

@@ -12,7 +12,8 @@ void writeDiagnostic(const char* sText) noexcept;
 
 // Shows the assertion box with the call stack, waits for the user, then writes
 // the report. A failure met while the box of the same thread is up is written
-// but not shown. Does not ask whether assertions are enabled. Never raises.
+// but not shown. The source may carry a directory and an extension; the report
+// names neither. Does not ask whether assertions are enabled. Never raises.
 void reportAssertion(const char* sSource, int iLine, const char* sExpression) noexcept;
 
 namespace Detail {

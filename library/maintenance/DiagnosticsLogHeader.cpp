@@ -1,6 +1,5 @@
 #include "library/maintenance/DiagnosticsLog.h"
 
-#include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/registry/Registry.h"
 #include "library/system/ComputerName.h"
@@ -81,8 +80,6 @@ std::vector<CString> describeMachine()
     vLines.push_back(titled("PathLocation", "LOCATION_DIR_PROGRAM", getLocation(LOCATION_DIR_PROGRAM)));
     vLines.push_back(titled("PathLocation", "LOCATION_DIR_USERZAVIKDATA", getLocation(LOCATION_DIR_USERZAVIKDATA)));
     vLines.insert(vLines.end(), {":-------------------------", ":"});
-    vLines.push_back(titled("Module", "FileVersion", CVersionBlock::getFileVersion()));
-    vLines.push_back(titled("Module", "Comments", CVersionBlock::getComments()));
     return vLines;
 }
 

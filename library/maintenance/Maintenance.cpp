@@ -4,9 +4,11 @@
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/SupportFileLocator.h"
 #include "library/maintenance/ApplicationID.h"
+#include "library/maintenance/AssertionReport.h"
 #include "library/maintenance/DiagnosticsLog.h"
 #include "library/maintenance/GUIConsole.h"
 #include "library/maintenance/MiniDumper.h"
+#include "library/maintenance/TraceLine.h"
 #include "library/registry/Registry.h"
 
 namespace Tesk {
@@ -43,6 +45,8 @@ void chooseDiagnosticsLevel()
 
 void initialiseLibrary(const char* sApplicationName, HINSTANCE hModule, bool bCreateMiniDumper)
 {
+    setDiagnosticsSinks({[] { CDiagnosticsLog::get().getFileName(); },  // whose lookup must not trace
+                         writeTrace, reportAssertion});
     TESK_ASSERT(!G_bLibraryInitialised);
     TESK_ASSERT(!CString(sApplicationName).IsEmpty());
     G_sApplicationName = sApplicationName;

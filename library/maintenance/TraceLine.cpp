@@ -1,6 +1,5 @@
-#include "library/diagnostics/Prerelease.h"
+#include "library/maintenance/TraceLine.h"
 
-#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Maintenance.h"
 #include "library/maintenance/AssertionReport.h"
 #include "library/maintenance/DiagnosticsLog.h"
@@ -9,18 +8,12 @@
 #include "mfc/afx.h"
 #include "objectarx/acutads.h"
 
-#include <windows.h>
-
-#include <cstdarg>
 #include <string>
+#include <string_view>
 
 namespace Tesk {
 
-Detail::CDiagnosticsSwitches Detail::g_switches;
-
 namespace {
-
-int g_iLevel = 0;
 
 // The longest piece that the command line takes, cut between characters.
 std::string_view nextPiece(std::string_view sText)
@@ -43,39 +36,14 @@ void echoOnCommandLine(CString sText)
     }
 }
 
-void traceLine(const char* sFormat, va_list arguments)
+}  // namespace
+
+void writeTrace(const char* sMessage)
 {
-    CString sMessage;
-    sMessage.FormatV(sFormat, arguments);
     const CString sLine = Detail::timeStamp() + G_sApplicationName + " : " + sMessage;
     Detail::sendToDebugger(sLine);
     CDiagnosticsLog::get().append(sLine);
     echoOnCommandLine(sLine);
-}
-
-}  // namespace
-
-void setDiagnosticsLevel(int iLevel)
-{
-    if (iLevel < 0 || iLevel > 2)
-        return;
-    if (iLevel == 2)
-        CDiagnosticsLog::get().getFileName();  // looked up while the lookup cannot trace
-    g_iLevel = iLevel;
-    Detail::g_switches.m_bConsole = Detail::g_switches.m_bLog = iLevel == 2;
-    Detail::g_switches.m_bAssertions = iLevel >= 1;
-}
-
-int getDiagnosticsLevel() { return g_iLevel; }
-
-void trace(const char* sFormat, ...) noexcept
-{
-    if (!isTraceEnabled())
-        return;
-    va_list arguments;
-    va_start(arguments, sFormat);
-    neverRaise([&] { traceLine(sFormat, arguments); });
-    va_end(arguments);
 }
 
 }  // namespace Tesk

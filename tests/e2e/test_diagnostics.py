@@ -1,9 +1,8 @@
 """The diagnostics: log file, echo, and the switches at the start."""
-import re
 import time
 import unittest
 
-from host import ANSI, DEBUG, MODULE, PREFIX, REPOSITORY, TOP, USE, HostTest, options
+from host import ANSI, DEBUG, MODULE, PREFIX, TOP, USE, HostTest, options
 
 A101 = r"Projects\Riverside\Drawings\A-101.dwg"
 TRACED = "] ZavikMDITabs : "
@@ -32,14 +31,12 @@ class DiagnosticsTest(HostTest):
         transcript = self.run_host(["ARX U ZavikMDITabs.arx", f"ARX L {MODULE}", f"OPEN {long}"])
         log = self.log()
         self.assertEqual(sum(line.startswith("Diagnostics started: ") for line in log), 1)
-        header = log[:log.index(":") + 3]
+        header = log[:log.index(":") + 1]
         started = time.mktime(time.strptime(header[0], "Diagnostics started: %m/%d/%y %H:%M:%S"))
         self.assertLess(abs(time.time() - started), 600, "local time")
         self.assertRegex(header[1], r"^::HostName=.+")
         self.assertIn("PathLocation::LOCATION_FILE_MODULE=" + self.path(MODULE), header)
-        version = re.search(r"VERSION (\d+\.\d+\.\d+)", (REPOSITORY / "CMakeLists.txt").read_text())[1]
-        self.assertEqual(header[-4:], [":" + "-" * 25, ":", "Module::FileVersion=" + version,
-                                       "Module::Comments=Built from a working tree"])
+        self.assertEqual(header[-2], ":" + "-" * 25)
         traces = log[len(header):]
         opened = f'ZavikMDITabs : CDocManagerReactor::documentCreated("{self.path(long)}")'
         self.assertEqual([line[11:] for line in traces].count(opened), 1)

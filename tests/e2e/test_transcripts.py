@@ -24,7 +24,7 @@ NEUTRAL = [
      r"(\[time\] ZavikMDITabs : CARXMDITabs::getTooltip\(.*\)\n(?!.*buildTooltip))?", ""),
     (r'((?:USER|COMPUTER)_NAME", )"[^"]*"', r'\1"..."'),
     (r"C:\\users\\[^\\]*", r"C:\\users\\person"),
-    (r"(?m)^((?:::|OS::|Hardware::|Module::)[^=]*)=.*$", r"\1=..."),
+    (r"(?m)^((?:::|OS::|Hardware::)[^=]*)=.*$", r"\1=..."),
     (r"Diagnostics started: .*", "Diagnostics started: ..."),
     (r"(?:Hardware::SystemBiosVersion .*\n)+", "Hardware::SystemBiosVersion (0...)\n"),
     # Of a report: the line, and the stack, in the box and in the log.
