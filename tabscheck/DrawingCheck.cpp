@@ -94,8 +94,6 @@ public:
 private:
     void show()
     {
-        if (::GetFileAttributesA(m_report.path.c_str()) == INVALID_FILE_ATTRIBUTES)
-            return showUnread("it is not there yet");
         try {
             dxf::Drawing drawing(dxf::DxfFile::read(m_report.path), m_report.path);
             if (!drawing.file().notRead().empty())
@@ -103,6 +101,8 @@ private:
             m_report.contents = kRead;
             showDrawing(drawing);
         } catch (const dxf::FileError& error) {
+            if (::GetFileAttributesA(m_report.path.c_str()) == INVALID_FILE_ATTRIBUTES)
+                return showUnread("it is not there yet");
             chooseSource();
             m_report.contents = error.reason();
             const auto line = static_cast<unsigned>(error.line());

@@ -51,21 +51,20 @@ std::string systemReason(unsigned long code)
     return isMissing(code) ? "no such file or folder" : dxf::FileError::systemReason(code);
 }
 
-std::string whyClosed(const std::string& sPath)
+Opening tryToOpen(const std::string& sPath)
 {
+    const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    DWORD error = file ? ERROR_FILE_NOT_FOUND : ::GetLastError();
     if (sPath.size() >= MAX_PATH) {
         const std::wstring sLong = sPath.compare(0, 2, "\\\\") == 0 ? L"\\\\?\\UNC" + Tesk::toWide(sPath.substr(1))
                                                                     : L"\\\\?\\" + Tesk::toWide(sPath);
         const bool there = ::GetFileAttributesW(sLong.c_str()) != INVALID_FILE_ATTRIBUTES;
-        return there ? systemReason(ERROR_FILENAME_EXCED_RANGE) : "";
+        error = there ? ERROR_FILENAME_EXCED_RANGE : ERROR_FILE_NOT_FOUND;
     }
-    const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    const DWORD error = file ? ERROR_FILE_NOT_FOUND : ::GetLastError();
     const DWORD attributes = isMissing(error) ? INVALID_FILE_ATTRIBUTES : ::GetFileAttributesA(sPath.c_str());
-    if (isMissing(error) || (attributes != INVALID_FILE_ATTRIBUTES && isFolder(attributes)))
-        return {};
-    return systemReason(error);
+    const bool none = isMissing(error) || (attributes != INVALID_FILE_ATTRIBUTES && isFolder(attributes));
+    return {static_cast<bool>(file), none ? "" : systemReason(error)};
 }
 
 std::string existingFolder(const std::string& sPath)

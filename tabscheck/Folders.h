@@ -66,8 +66,12 @@ bool isDrawingName(const std::string& sPath);
 // The folder's full path ends in a backslash. Empty when there is no such folder.
 std::string existingFolder(const std::string& sPath);
 
-// Why a file that may be there cannot be opened; empty when it can, or is not there.
-std::string whyClosed(const std::string& sPath);
+// Whether a file can be opened, and why not when it is there.
+struct Opening {
+    bool opens;
+    std::string reason;
+};
+Opening tryToOpen(const std::string& sPath);
 
 // What the system says about an error of a file or folder, in a few words.
 std::string systemReason(unsigned long code);

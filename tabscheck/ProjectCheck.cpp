@@ -227,7 +227,7 @@ const ProjectFile& ProjectCheck::get(Layer layer, const std::string& sPath)
     ProjectFile& file = found->second;
     if (!fresh)
         return file;
-    file.place = placeOf(layer, sPath, file.problems);
+    file.place = m_files.placeOf(layer, sPath, file.problems);
     if (file.place.found) {
         const SourceFile& source = m_files.get(sPath, Form::Project);
         file.problems = source.problems();

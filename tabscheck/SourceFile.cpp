@@ -1,10 +1,8 @@
 #include "tabscheck/SourceFile.h"
 
 #include "library/diagnostics/ExceptionBase.h"
-#include "library/files/FileSearch.h"
 #include "library/text/CodePage.h"
 #include "library/text/MultiByte.h"
-#include "tabscheck/Folders.h"
 
 #include <windows.h>
 
@@ -220,12 +218,15 @@ bool SourceFiles::accept(const Problem& problem) const
     });
 }
 
-Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems)
+Place SourceFiles::placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems)
 {
-    const bool found = Tesk::fileExists(sPath.c_str());
-    if (const std::string sReason = found ? "" : whyClosed(sPath); !sReason.empty())
+    const auto [known, fresh] = m_openings.try_emplace(sPath);
+    if (fresh)
+        known->second = tryToOpen(sPath);
+    const auto& [opens, sReason] = known->second;
+    if (!sReason.empty())
         problems.push_back(problemOf("file-closed", sPath, {sReason}));
-    return {nameOf(layer), sPath, found, 0, false};
+    return {nameOf(layer), sPath, opens, 0, false};
 }
 
 }  // namespace tabscheck

@@ -4,6 +4,7 @@
 
 #include "library/files/ProjectEntries.h"
 #include "library/files/SettingsEntries.h"
+#include "tabscheck/Folders.h"
 #include "tabscheck/Report.h"
 
 #include <map>
@@ -75,14 +76,14 @@ private:
 class SourceFiles {
 public:
     const SourceFile& get(const std::string& sPath, Form form);
+    // Whether the strip finds it; a problem when it is there but closed.
+    Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems);
     // A line of the file accepts the problem.
     bool accept(const Problem& problem) const;
 
 private:
     std::map<std::pair<std::string, Form>, SourceFile> m_files;
+    std::map<std::string, Opening> m_openings;
 };
-
-// Whether the strip finds a settings file; a problem when it is there but closed.
-Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems);
 
 }  // namespace tabscheck

@@ -204,7 +204,7 @@ std::vector<Problem> Strays::find() const
     std::vector<Problem> problems;
     for (const auto& [sKey, file] : m_files) {
         const std::string sPath = file.folder + file.name;
-        const std::string sReason = equalNoCase(file.name, Tesk::kProjectSettings) ? whyClosed(sPath) : "";
+        const std::string sReason = equalNoCase(file.name, Tesk::kProjectSettings) ? tryToOpen(sPath).reason : "";
         if (!sReason.empty())
             problems.push_back(problemOf("file-closed", sPath, {sReason}));
         if (!sReason.empty() || counts(file))

@@ -114,7 +114,7 @@ public:
 
     void take(Layer layer, const std::string& sPath)
     {
-        Place place = placeOf(layer, sPath, m_findings.problems);
+        Place place = m_files.placeOf(layer, sPath, m_findings.problems);
         if (place.found)
             read(m_files.get(sPath, Form::Texts), place);
         m_findings.searched.push_back(place);

@@ -3,12 +3,14 @@
 #include "library/diagnostics/ExceptionBase.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/PathParts.h"
+#include "library/files/SupportFileLocator.h"
 #include "library/text/MultiByte.h"
 #include "library/text/StringView.h"
 
 #include <windows.h>
 
 #include <exception>
+#include <map>
 #include <string>
 
 namespace Tesk {
@@ -186,8 +188,17 @@ private:
 
 CSettingsFile::CSettingsFile(const char* sPath)
 {
+    // Who only looks sees it as it was at first.
+    static std::map<std::string, CSettingsFile> s_mapSeen;
+    const auto itSeen = s_mapSeen.find(sPath);
+    if (itSeen != s_mapSeen.end()) {
+        *this = itSeen->second;
+        return;
+    }
     try {
         read(sPath);
+        if (isLookOnly())
+            s_mapSeen[sPath] = *this;
     } catch (CException* e) {
         e->Delete();
     } catch (const std::exception&) {
