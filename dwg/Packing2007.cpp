@@ -78,7 +78,7 @@ private:
         if (length > m_in.size() - m_at || length > m_most - m_out.size())
             fail();
         for (; length >= 32; length -= 32, m_at += 32)
-            for (const std::size_t start : {24, 16, 8, 0})
+            for (const std::size_t start : {24u, 16u, 8u, 0u})
                 m_out.append(m_in, m_at + start, 8);
         const std::string_view pieces = kPieces[length];
         for (std::size_t i = 0; i < pieces.size(); i += 2)

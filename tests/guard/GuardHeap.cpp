@@ -1,7 +1,8 @@
 // A heap for tests, linked into each image of a build in place of the C library's: a
-// block ends at a page that cannot be read, what is freed cannot be read ever after, and
-// the bytes around a block are looked at when it is freed. A fault ends the program
-// where it happens.
+// block ends right at a page that cannot be read, what is freed cannot be read ever after,
+// and the bytes before a block are looked at when it is freed. A fault ends the program
+// where it happens. A block is aligned as its size is: an object's size is a multiple of
+// what it asks for.
 #include <windows.h>
 
 #include <atomic>
@@ -17,7 +18,6 @@ void __real_free(void* block);
 namespace {
 
 constexpr std::uintptr_t kPage = 4096;
-constexpr std::uintptr_t kAlignment = 16;
 // All images take their arenas from here, so that each knows the others' blocks.
 constexpr std::uintptr_t kZone = 0x100000000000;
 constexpr std::uintptr_t kZoneEnd = 0x180000000000;
@@ -25,7 +25,7 @@ constexpr std::uintptr_t kArena = std::uintptr_t{16} << 30;
 // Each takes two of the mappings of which the system gives a process 65,530.
 constexpr long kMostBlocks = 25000;
 
-struct Header {
+struct [[gnu::packed]] Header {
     std::uintptr_t size;
     std::uintptr_t owner;
 };
@@ -75,13 +75,12 @@ void* allocate(std::size_t size)
             say("GUARD: so many blocks that some are not guarded\n");
         return __real_malloc(size);
     }
-    const std::uintptr_t room = (size + kAlignment - 1) & ~(kAlignment - 1);
-    const std::uintptr_t bytes = (room + sizeof(Header) + kPage - 1) & ~(kPage - 1);
+    const std::uintptr_t bytes = (size + sizeof(Header) + kPage - 1) & ~(kPage - 1);
     unsigned char* const pages = takePages(bytes + kPage);
     if (!::VirtualAlloc(pages, bytes, MEM_COMMIT, PAGE_READWRITE))
         die("GUARD: the system gives no more memory\n");
-    unsigned char* const block = pages + bytes - room;
-    std::memset(block, 0xCB, room);
+    unsigned char* const block = pages + bytes - size;
+    std::memset(block, 0xCB, size);
     reinterpret_cast<Header*>(block)[-1] = {size, owner()};
     return block;
 }
@@ -103,13 +102,9 @@ std::size_t sizeOf(const void* block)
 
 void release(void* block)
 {
-    const std::size_t size = sizeOf(block);
-    auto* const end = static_cast<unsigned char*>(block) + size;
-    for (const unsigned char* slack = end; reinterpret_cast<std::uintptr_t>(slack) % kAlignment != 0; ++slack)
-        if (*slack != 0xCB)
-            die("GUARD: written behind a block's end\n");
+    const std::uintptr_t end = reinterpret_cast<std::uintptr_t>(block) + sizeOf(block);
     const std::uintptr_t first = (reinterpret_cast<std::uintptr_t>(block) - sizeof(Header)) & ~(kPage - 1);
-    ::VirtualFree(reinterpret_cast<void*>(first), reinterpret_cast<std::uintptr_t>(end) - first, MEM_DECOMMIT);
+    ::VirtualFree(reinterpret_cast<void*>(first), end - first, MEM_DECOMMIT);
     --g_blocks;
 }
 
