@@ -3,6 +3,7 @@
 #include "library/text/Ascii.h"
 #include "tests/library/TestRandom.h"
 #include "tests/support/FolderFrom.h"
+#include "tests/support/Hex.h"
 #include "tests/support/TestFolder.h"
 
 #include "dwg/BinaryDrawing.h"
@@ -20,14 +21,6 @@ using dxf::Drawing;
 using dxf::DxfFile;
 
 namespace {
-
-std::string bytesOf(std::string_view hex)
-{
-    std::string bytes;
-    for (std::size_t i = 0; i + 1 < hex.size(); i += 2 + (hex[i + 2] == ' '))
-        bytes += static_cast<char>(std::stoi(std::string(hex.substr(i, 2)), nullptr, 16));
-    return bytes;
-}
 
 // The one of this ending in a folder, by name.
 std::map<std::string, std::string> drawingsIn(const std::string& sFolder, const std::string& sEnding)
