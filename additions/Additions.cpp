@@ -1,11 +1,17 @@
 #include "additions/Additions.h"
 
 #include "additions/Closing.h"
+#include "additions/DragTabs.h"
+#include "additions/DrawingsList.h"
 #include "additions/HelpBox.h"
+#include "additions/LongNames.h"
+#include "additions/MenuCommand.h"
 #include "additions/MenuIds.h"
 #include "additions/MiddleClick.h"
 #include "additions/OptInText.h"
 #include "additions/SameNames.h"
+#include "additions/SaveAll.h"
+#include "additions/WheelScroll.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/drawing/DocumentName.h"
@@ -19,6 +25,7 @@
 #include "reactors/OpenDocuments.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 
 namespace {
@@ -37,13 +44,6 @@ bool hasFile(const AcApDocument* pDocument)
     return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-// Each ampersand of the text shows as one, and underlines nothing.
-CString asCaption(CString sText)
-{
-    sText.Replace("&", "&&");
-    return sText;
-}
-
 class CAdditions : public CTabAdditions {
 public:
     explicit CAdditions(CARXMDITabs& tabs) : m_tabs(tabs)
@@ -52,23 +52,23 @@ public:
         m_tabs.SetWindowText("Drawing tabs");
     }
 
-    CString getSuffix(AcApDocument* pDocument, const CString& sName) override
-    {
-        return m_sameNames.getSuffix(pDocument, sName);
-    }
+    CString getText(AcApDocument* pDocument, const CString& sName) override;
+    void tabAdded(AcApDocument* pDocument) override { m_order.place(pDocument); }
     void tabChanged() override { m_sameNames.updateOthers(); }
     void tabRemoved(AcApDocument* pDocument) override;
+    void tabActivated(AcApDocument* pDocument) override { CDrawingsList::use(pDocument); }
+    void stripSized() override { m_view.useRoom(); }
     void appendItems(AcApDocument* pDocument, CMenu& menu, Place place) override;
-    void openMenu(CMenu& menu) override;
+    void openMenu(CMenu& menu) override { m_drawings.fill(menu); }
     bool processItem(AcApDocument* pDocument, UINT iItem) override;
-    bool handleMouse(UINT message, CPoint point) override
+    bool handleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
     {
-        m_middleClick.handle(message, point);
-        return false;
+        m_middleClick.handle(message, CPoint(lParam));
+        return m_drag.handle(message, wParam, CPoint(lParam));
     }
 
 private:
-    enum Offered { kAlways, kWithOthers, kWithUnchanged, kWithFile };
+    enum Offered { kAlways, kWithOthers, kWithChanged, kWithUnchanged, kWithFile };
     // One that is there only with a caption.
     struct Item {
         UINT iItem;
@@ -80,11 +80,19 @@ private:
     static const Item kItems[];
 
     std::vector<AcApDocument*> documents();
-    bool hasUnchanged();
+    template <class Condition>
+    bool anyDocument(const Condition& condition)
+    {
+        const int iCount = m_tabs.GetItemCount();
+        for (int iItem = 0; iItem < iCount; ++iItem)
+            if (AcApDocument* pDocument = m_tabs.getDocument(iItem); isOpen(pDocument) && condition(pDocument))
+                return true;
+        return false;
+    }
     bool isOffered(Offered offered, const AcApDocument* pDocument);
-    bool appendDrawings(const AcApDocument* pDocument, CMenu& menu);
     void report(const char* sMessage);
 
+    void saveAll(AcApDocument*) { m_saving.start(documents()); }
     void closeOthers(AcApDocument* pDocument);
     void closeUnchanged(AcApDocument*) { m_closing.start(documents(), true); }
     void copyPath(AcApDocument* pDocument);
@@ -93,13 +101,20 @@ private:
 
     CARXMDITabs& m_tabs;
     CSameNames m_sameNames{m_tabs};
+    CLongNames m_longNames;
+    CDrawingsList m_drawings{m_tabs, m_longNames};
+    CStripView m_view{m_tabs};
+    CTabOrder m_order{m_tabs};
     CMiddleClick m_middleClick{m_tabs};
+    CDragTabs m_drag{m_tabs};
+    CWheelScroll m_wheel{m_tabs};
+    CMenuCommand m_menuCommand{m_tabs};
     CClosing m_closing;
-    HMENU m_hDrawings = nullptr;               // the submenu
-    std::vector<AcApDocument*> m_vecDrawings;  // in it, null for one that has gone since
+    CSaveAll m_saving;
 };
 
 const CAdditions::Item CAdditions::kItems[] = {
+    {IDC_DYNAMIC_MENU_SAVE_ALL, "PopupSaveAllText", Place::BehindClose, kWithChanged, &CAdditions::saveAll},
     {IDC_DYNAMIC_MENU_CLOSE_OTHERS, "PopupCloseOthersText", Place::BehindClose, kWithOthers, &CAdditions::closeOthers},
     {IDC_DYNAMIC_MENU_CLOSE_SAVED, "PopupCloseSavedText", Place::BehindClose, kWithUnchanged,
      &CAdditions::closeUnchanged},
@@ -108,10 +123,22 @@ const CAdditions::Item CAdditions::kItems[] = {
     {IDC_DYNAMIC_MENU_HELP, "PopupHelpText", Place::BehindOptions, kAlways, &CAdditions::showHelp},
 };
 
+CString CAdditions::getText(AcApDocument* pDocument, const CString& sName)
+{
+    CString sText = m_longNames.shorten(pDocument, sName) + m_sameNames.getSuffix(pDocument, sName);
+    if (pDocument->isReadOnly())
+        sText += getOptInText(Tesk::fileNameOf(pDocument), "ReadOnlyText");
+    return sText;
+}
+
 void CAdditions::tabRemoved(AcApDocument* pDocument)
 {
     m_middleClick.forget(pDocument);
-    std::replace(m_vecDrawings.begin(), m_vecDrawings.end(), pDocument, static_cast<AcApDocument*>(nullptr));
+    m_drag.forget(pDocument);
+    m_drawings.forget(pDocument);
+    m_saving.forget(pDocument);
+    m_longNames.remove(pDocument);
+    m_view.useRoom();
     m_sameNames.remove(pDocument);
 }
 
@@ -133,7 +160,7 @@ void CAdditions::appendItems(AcApDocument* pDocument, CMenu& menu, Place place)
     }
     if (place != Place::BeforeOptions)
         return;
-    bAppended |= appendDrawings(pDocument, menu);
+    bAppended |= m_drawings.append(pDocument, menu);
     if (bAppended)
         TESK_VERIFY(menu.AppendMenu(MF_SEPARATOR));
 }
@@ -144,46 +171,14 @@ bool CAdditions::isOffered(Offered offered, const AcApDocument* pDocument)
     switch (offered) {
     case kWithOthers:
         return maySwitch() && m_tabs.GetItemCount() > 1;
+    case kWithChanged:
+        return anyDocument(&CSaveAll::isDue);
     case kWithUnchanged:
-        return maySwitch() && hasUnchanged();
+        return maySwitch() && anyDocument(std::not_fn(&CDocManagerReactor::isDatabaseModified));
     case kWithFile:
         return hasFile(pDocument);
     default:
         return true;
-    }
-}
-
-bool CAdditions::appendDrawings(const AcApDocument* pDocument, CMenu& menu)
-{
-    const CString sCaption = getOptInText(Tesk::fileNameOf(pDocument), "PopupDrawingsText");
-    if (sCaption.IsEmpty() || !maySwitch())
-        return false;
-    CMenu menuDrawings;
-    TESK_VERIFY(menuDrawings.CreatePopupMenu());
-    m_vecDrawings.clear();
-    m_hDrawings = menuDrawings.m_hMenu;
-    // The menu owns the submenu from here on.
-    TESK_VERIFY(menu.AppendMenu(MF_STRING | MF_POPUP, reinterpret_cast<UINT_PTR>(menuDrawings.Detach()), sCaption));
-    return true;
-}
-
-// The list is long, and looked at less often than the menu.
-void CAdditions::openMenu(CMenu& menu)
-{
-    if (menu.m_hMenu != m_hDrawings || menu.GetMenuItemCount() != 0)
-        return;
-    const AcApDocument* pActive = acDocManager->mdiActiveDocument();
-    const int iCount = std::min<int>(m_tabs.GetItemCount(), IDC_DYNAMIC_MENU_DRAWINGS_END - IDC_DYNAMIC_MENU_DRAWINGS);
-    for (int iItem = 0; iItem < iCount; ++iItem) {
-        char sText[1024] = "";
-        TCITEMA tabItem = {};
-        tabItem.mask = TCIF_TEXT | TCIF_PARAM;
-        tabItem.pszText = sText;
-        tabItem.cchTextMax = sizeof sText;
-        TESK_VERIFY(m_tabs.GetItem(iItem, &tabItem));
-        m_vecDrawings.push_back(reinterpret_cast<AcApDocument*>(tabItem.lParam));
-        TESK_VERIFY(menu.AppendMenu(MF_STRING | (m_vecDrawings.back() == pActive ? MF_CHECKED : MF_UNCHECKED),
-                                    IDC_DYNAMIC_MENU_DRAWINGS + static_cast<UINT>(iItem), asCaption(tabItem.pszText)));
     }
 }
 
@@ -194,14 +189,7 @@ bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
             (this->*item.pDo)(pDocument);
             return true;
         }
-    const UINT iDrawing = iItem - IDC_DYNAMIC_MENU_DRAWINGS;
-    if (iDrawing >= m_vecDrawings.size())
-        return false;
-    // It may have been closed by others while the menu was up.
-    AcApDocument* pChosen = m_vecDrawings[iDrawing];
-    if (isOpen(pChosen))
-        TESK_VERIFY(acDocManager->activateDocument(pChosen) == Acad::eOk);
-    return true;
+    return m_drawings.activate(iItem);
 }
 
 std::vector<AcApDocument*> CAdditions::documents()
@@ -212,16 +200,6 @@ std::vector<AcApDocument*> CAdditions::documents()
         if (AcApDocument* pDocument = m_tabs.getDocument(iItem); isOpen(pDocument))
             vecDocuments.push_back(pDocument);
     return vecDocuments;
-}
-
-bool CAdditions::hasUnchanged()
-{
-    const int iCount = m_tabs.GetItemCount();
-    for (int iItem = 0; iItem < iCount; ++iItem)
-        if (AcApDocument* pDocument = m_tabs.getDocument(iItem);
-            isOpen(pDocument) && !CDocManagerReactor::isDatabaseModified(pDocument))
-            return true;
-    return false;
 }
 
 void CAdditions::report(const char* sMessage)

@@ -1,22 +1,9 @@
 #include "additions/MiddleClick.h"
 
-#include "library/registry/Registry.h"
+#include "additions/OptInText.h"
 #include "reactors/OpenDocuments.h"
-#include "settings/TabOptions.h"
 
 #include <utility>
-
-namespace {
-
-// Not one of the dialog's options: off unless the registry says otherwise.
-bool isSwitchedOn()
-{
-    bool bCloses = false;
-    Tesk::Registry::GetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), "MiddleClickCloses", bCloses);
-    return bCloses;
-}
-
-}  // namespace
 
 void CMiddleClick::handle(UINT message, CPoint point)
 {
@@ -47,7 +34,7 @@ void CMiddleClick::forget(const AcApDocument* pDocument)
 // The release is heard wherever it is.
 void CMiddleClick::press(CPoint point)
 {
-    m_pPressed = isSwitchedOn() ? m_tabs.getDocument(point) : nullptr;
+    m_pPressed = isSwitchedOn("MiddleClickCloses") ? m_tabs.getDocument(point) : nullptr;
     if (m_pPressed != nullptr)
         ::SetCapture(m_tabs.m_hWnd);
 }

@@ -27,5 +27,8 @@ inline constexpr TextKey kTextKeys[] = {
     {"PopupCloseSavedText", true, false, TextKind::Caption}, {"PopupCopyPathText", true, false, TextKind::Caption},
     {"PopupOpenFolderText", true, false, TextKind::Caption}, {"PopupDrawingsText", true, false, TextKind::Caption},
     {"SameNameText", true, true, TextKind::Template},        {"PopupHelpText", true, false, TextKind::Caption},
-    {"HelpAddress", true, false, TextKind::Address},         {"SupportAddress", true, false, TextKind::MailAddress},
+    {"PopupSaveAllText", true, false, TextKind::Caption},    {"MaximumName", true, false, TextKind::Plain},
+    {"ReadOnlyText", true, true, TextKind::Plain},           {"DrawingsOrder", true, false, TextKind::Plain},
+    {"MenuCommand", true, false, TextKind::Plain},           {"HelpAddress", true, false, TextKind::Address},
+    {"SupportAddress", true, false, TextKind::MailAddress},
 };

@@ -67,6 +67,7 @@ void CARXMDITabs::addDocument(AcApDocument* pDocument)
     tabItem.iImage = 0;
     tabItem.lParam = reinterpret_cast<LPARAM>(pDocument);
     InsertItem(GetItemCount(), &tabItem);
+    askAdditions([=](CTabAdditions& additions) { additions.tabAdded(pDocument); });
     askAdditions([](CTabAdditions& additions) { additions.tabChanged(); });
 }
 
@@ -99,6 +100,7 @@ void CARXMDITabs::activateDocument(AcApDocument* pDocument)
     const int iItem = findDocument(pDocument);
     if (iItem != -1)
         SetCurSel(iItem);
+    askAdditions([=](CTabAdditions& additions) { additions.tabActivated(pDocument); });
 }
 
 void CARXMDITabs::updateDocumentModified(AcApDocument* pDocument)
@@ -155,7 +157,7 @@ CString CARXMDITabs::buildTabText(AcApDocument* pDocument)
         return CString();
     TESK_TRACE("CARXMDITabs::buildTabText(\"%s\")\n", Tesk::fileNameOf(pDocument));
     CString sText = shownName(pDocument);
-    askAdditions([&](CTabAdditions& additions) { sText += additions.getSuffix(pDocument, sText); });
+    askAdditions([&](CTabAdditions& additions) { sText = additions.getText(pDocument, sText); });
     // Without the reactor the state is not known and no marker is shown.
     CDocManagerReactor* pReactor = CDocManagerReactor::getReactor();
     if (pReactor != nullptr && pReactor->wasDatabaseModified(pDocument))
@@ -236,9 +238,12 @@ const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
 LRESULT CARXMDITabs::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     bool bHandled = false;
-    if ((message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CAPTURECHANGED)
-        askAdditions([&](CTabAdditions& additions) { bHandled = additions.handleMouse(message, CPoint(lParam)); });
-    return bHandled ? 0 : CMDITabsEx::WindowProc(message, wParam, lParam);
+    if ((message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CAPTURECHANGED || message == WM_TIMER)
+        askAdditions([&](CTabAdditions& additions) { bHandled = additions.handleMessage(message, wParam, lParam); });
+    const LRESULT result = bHandled ? 0 : CMDITabsEx::WindowProc(message, wParam, lParam);
+    if (message == WM_SIZE)
+        askAdditions([](CTabAdditions& additions) { additions.stripSized(); });
+    return result;
 }
 
 void CARXMDITabs::OnSelChanging(NMHDR*, LRESULT* pResult)

@@ -74,7 +74,7 @@ public:
     void setAdditions(std::unique_ptr<CTabAdditions> pAdditions) { m_pAdditions = std::move(pAdditions); }
 
 protected:
-    // Shows the additions the mouse's messages.
+    // Shows the additions the messages that they may want.
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:

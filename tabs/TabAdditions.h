@@ -17,19 +17,24 @@ public:
 
     virtual ~CTabAdditions() = default;
 
-    // What goes behind the tab's name, before the marker.
-    virtual CString getSuffix(AcApDocument* pDocument, const CString& sName) = 0;
+    // What a tab shows for the document's name, before the marker.
+    virtual CString getText(AcApDocument* pDocument, const CString& sName) = 0;
+    // The document's tab has come, as the last one.
+    virtual void tabAdded(AcApDocument* pDocument) = 0;
     // A tab has come, or has another text.
     virtual void tabChanged() = 0;
     // The document's tab has gone.
     virtual void tabRemoved(AcApDocument* pDocument) = 0;
+    // The document is the active one from now on.
+    virtual void tabActivated(AcApDocument* pDocument) = 0;
+    // The strip has another size.
+    virtual void stripSized() = 0;
 
     virtual void appendItems(AcApDocument* pDocument, CMenu& menu, Place place) = 0;
     // A menu of the strip is about to show; it may be one that is filled only now.
     virtual void openMenu(CMenu& menu) = 0;
     // False when the item is none of these, or not switched on.
     virtual bool processItem(AcApDocument* pDocument, UINT iItem) = 0;
-    // A message of the mouse or its capture, at a client point. True when the strip is not
-    // to handle it.
-    virtual bool handleMouse(UINT message, CPoint point) = 0;
+    // A message of the mouse, its capture or a timer. True when the strip is not to handle it.
+    virtual bool handleMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 };

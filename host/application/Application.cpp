@@ -7,6 +7,7 @@
 #include "host/ui/MainFrame.h"
 #include "mfc/MessagePump.h"
 
+#include <algorithm>
 #include <fstream>
 
 namespace host {
@@ -85,11 +86,30 @@ void Application::pumpUntilIdle()
     MSG message;
     do {
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
-            if (!toolkit::pumpMessage()) {
+            if (!pumpMessage()) {
                 m_quitting = true;
                 return;
             }
     } while (!m_quitting && runNextInput());
+}
+
+bool Application::pumpMessage()
+{
+    return toolkit::pumpMessage([](MSG& message) {
+        // One may remove itself, or another.
+        const std::vector<AcedFilterWinMsgFn*> filters = s_pInstance->m_filters;
+        return std::any_of(filters.begin(), filters.end(), [&](AcedFilterWinMsgFn* pFilter) {
+            return std::ranges::count(s_pInstance->m_filters, pFilter) != 0 && pFilter(&message);
+        });
+    });
+}
+
+bool Application::addFilter(AcedFilterWinMsgFn* pFilter)
+{
+    if (pFilter == nullptr || std::ranges::count(m_filters, pFilter) != 0)
+        return false;
+    m_filters.push_back(pFilter);
+    return true;
 }
 
 void Application::run()

@@ -12,6 +12,7 @@
 #include "host/application/ScriptRunner.h"
 #include "host/application/SystemVariables.h"
 #include "objectarx/rxdict.h"
+#include "objectarx/rxmfcapi.h"
 
 #include "host/observation/Tips.h"
 
@@ -79,6 +80,12 @@ public:
 
     // Handles all messages and queued input there are.
     void pumpUntilIdle();
+    // Handles the next message, waiting for it. False for WM_QUIT.
+    bool pumpMessage();
+    // What modules see of the messages; each false when it is so already.
+    bool addFilter(AcedFilterWinMsgFn* pFilter);
+    bool removeFilter(AcedFilterWinMsgFn* pFilter) { return std::erase(m_filters, pFilter) != 0; }
+    std::size_t filterCount() const { return m_filters.size(); }
     // Handles messages until somebody quits.
     void run();
 
@@ -119,6 +126,7 @@ private:
     observation::Tips m_tips;
     std::unique_ptr<MainFrame> m_frame;
     std::vector<std::string> m_typed;
+    std::vector<AcedFilterWinMsgFn*> m_filters;
     bool m_quitting = false;
     int m_depth = 0;
 };

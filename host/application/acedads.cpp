@@ -84,6 +84,19 @@ CMDIFrameWnd* acedGetAcadFrame()
     return Application::instance() != nullptr ? &Application::instance()->frame() : nullptr;
 }
 
+BOOL acedRegisterFilterWinMsg(AcedFilterWinMsgFn* pfn)
+{
+    return Application::instance() != nullptr && !host::Faults::hit("acedRegisterFilterWinMsg") &&
+           Application::instance()->addFilter(pfn);
+}
+
+// Its caller cannot repeat it, so it does its work whatever it answers.
+BOOL acedRemoveFilterWinMsg(AcedFilterWinMsgFn* pfn)
+{
+    const bool removed = Application::instance() != nullptr && Application::instance()->removeFilter(pfn);
+    return removed && !host::Faults::hit("acedRemoveFilterWinMsg");
+}
+
 AcApDocManager* acDocManagerPtr()
 {
     return Application::instance() != nullptr ? &Application::instance()->documents() : nullptr;

@@ -199,10 +199,19 @@ const std::vector<Row>& rows()
 
 // What is no object's asks by itself.
 constexpr const char* kFunctions[] = {
-    "acedGetVar",         "acedSetVar",         "acutPrintf",
-    "acutNewBuffer",      "acdbOpenAcDbObject", "acdbOpenAcDbEntity",
-    "acdbHandEnt",        "acdbGetObjectId",    "acdbOriginalXrefFullPathFor",
-    "acdbGetSummaryInfo", "acdbPutSummaryInfo",
+    "acedGetVar",
+    "acedSetVar",
+    "acutPrintf",
+    "acutNewBuffer",
+    "acdbOpenAcDbObject",
+    "acdbOpenAcDbEntity",
+    "acdbHandEnt",
+    "acdbGetObjectId",
+    "acdbOriginalXrefFullPathFor",
+    "acdbGetSummaryInfo",
+    "acdbPutSummaryInfo",
+    "acedRegisterFilterWinMsg",
+    "acedRemoveFilterWinMsg",
 };
 
 void replace(void** place, void* replacement)

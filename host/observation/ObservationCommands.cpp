@@ -52,6 +52,41 @@ void middleClick(Application& application, const Arguments& a)
     postMouse(tabs.window(), WM_MBUTTONUP, 0, tabs.middleOf(a.integer(a.size() > 1 ? 1 : 0)), Pointer::Away);
 }
 
+// A message as Windows sends it, to the window with the focus; parts of a notch, too.
+void wheel(Application& application, const Arguments& a)
+{
+    constexpr double most = 270;
+    const Strip tabs(application.frame().m_hWnd);
+    const double notches = a.number(0);
+    if (!tabs.exists() || notches < -most || notches > most)
+        throw CommandError(tabs.exists() ? "A message holds 270 notches at most." : "There is no strip.");
+    CRect place;
+    ::GetWindowRect(tabs.window(), place);
+    ::PostMessageA(::GetFocus() != nullptr ? ::GetFocus() : application.frame().m_hWnd, WM_MOUSEWHEEL,
+                   MAKEWPARAM(0, static_cast<short>(notches * WHEEL_DELTA)),
+                   MAKELPARAM(place.CenterPoint().x, place.CenterPoint().y));
+}
+
+// DRAG n m: pressed on one tab, moved, and released on another.
+void drag(Application& application, const Arguments& a)
+{
+    const Strip tabs(application.frame().m_hWnd);
+    postMouse(tabs.window(), WM_LBUTTONDOWN, MK_LBUTTON, tabs.middleOf(a.integer(0)), Pointer::Away);
+    pumpUntil(0, never);
+    // From here on the pointer itself would be heard, too, wherever it goes.
+    const POINT target = tabs.middleOf(a.integer(1));
+    ::PostMessageA(tabs.window(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(target.x, target.y));
+    ::PostMessageA(tabs.window(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
+}
+
+void width(Application& application, const Arguments& a)
+{
+    CRect place;
+    ::GetWindowRect(application.frame().m_hWnd, place);
+    ::SetWindowPos(application.frame().m_hWnd, nullptr, 0, 0, a.integer(0), place.Height(),
+                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void hover(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
@@ -157,7 +192,8 @@ constexpr Command kCommands[] = {
     {"MENU", menu},           {"DIALOG", dialog, true},   {"PRESS", pressControl, true},
     {"KEY", key, true},       {"SHOT", shot, true},       {"WAIT", wait, true},
     {"BENCH", bench},         {"RESOURCES", resources},   {"MIDDLECLICK", middleClick},
-    {"CLIPBOARD", clipboard}, {"WINDOWS", windows, true},
+    {"CLIPBOARD", clipboard}, {"WINDOWS", windows, true}, {"WHEEL", wheel},
+    {"DRAG", drag},           {"WIDTH", width},
 };
 
 }  // namespace

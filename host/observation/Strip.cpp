@@ -44,7 +44,23 @@ std::string Strip::describe(HWND mdiClient) const
                        " active=" + std::to_string(active) + "\n";
     for (int tab = 0; tab < count(); ++tab)
         text += describeTab(tab);
-    return text;
+    return text + "shown: " + describeShown() + "\n";
+}
+
+// The first and the last tab that show from end to end.
+std::string Strip::describeShown() const
+{
+    const CRect shown = view();
+    int first = -1;
+    int last = -1;
+    for (int tab = 0; tab < count() && ::IsWindowVisible(m_window); ++tab) {
+        const CRect place = placeOf(tab);
+        if (place.IsRectEmpty() || place.left < shown.left || place.right > shown.right)
+            continue;
+        first = first == -1 ? tab : first;
+        last = tab;
+    }
+    return first == -1 ? "none" : std::to_string(first) + ".." + std::to_string(last);
 }
 
 const AcApDocument* Strip::documentAt(int tab) const
@@ -69,30 +85,41 @@ std::string Strip::describeTab(int tab) const
            (Application::instance()->documents().owns(pDocument) ? pDocument->fileName() : "?") + "\"\n";
 }
 
+CRect Strip::placeOf(int tab) const
+{
+    CRect place;
+    ::SendMessageA(m_window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&place));
+    return place;
+}
+
+CRect Strip::view() const
+{
+    CRect shown;
+    ::GetClientRect(m_window, shown);
+    if (::IsWindowVisible(arrows())) {
+        CRect covered;
+        ::GetWindowRect(arrows(), covered);
+        ::ScreenToClient(m_window, reinterpret_cast<POINT*>(&covered));
+        shown.right = covered.left;
+    }
+    return shown;
+}
+
 POINT Strip::middleOf(int tab) const
 {
     if (!exists() || tab < 0 || tab >= count())
         throw CommandError("There is no tab " + std::to_string(tab) + ".");
-    CRect view;
-    ::GetClientRect(m_window, view);
-    const HWND arrows = ::FindWindowExA(m_window, nullptr, UPDOWN_CLASSA, nullptr);
-    if (arrows != nullptr && ::IsWindowVisible(arrows)) {
-        CRect covered;
-        ::GetWindowRect(arrows, covered);
-        ::ScreenToClient(m_window, reinterpret_cast<POINT*>(&covered));
-        view.right = covered.left;
-    }
+    const CRect shown = view();
     for (int step = 0; step <= count(); ++step) {
-        CRect rect;
-        ::SendMessageA(m_window, TCM_GETITEMRECT, static_cast<WPARAM>(tab), reinterpret_cast<LPARAM>(&rect));
+        const CRect rect = placeOf(tab);
         const CPoint middle = rect.CenterPoint();
         // A tab that is scrolled out on the left may have an empty rectangle at 0.
-        if (!rect.IsRectEmpty() && view.PtInRect(middle))
+        if (!rect.IsRectEmpty() && shown.PtInRect(middle))
             return middle;
         // One press of an arrow.
-        const int first = static_cast<short>(LOWORD(::SendMessageA(arrows, UDM_GETPOS, 0, 0)));
+        const int first = static_cast<short>(LOWORD(::SendMessageA(arrows(), UDM_GETPOS, 0, 0)));
         ::SendMessageA(m_window, WM_HSCROLL,
-                       MAKEWPARAM(SB_THUMBPOSITION, middle.x <= view.left ? first - 1 : first + 1), 0);
+                       MAKEWPARAM(SB_THUMBPOSITION, middle.x <= shown.left ? first - 1 : first + 1), 0);
     }
     throw CommandError("Tab " + std::to_string(tab) + " does not show.");
 }

@@ -20,6 +20,8 @@ public:
     int count() const;
     // The STRIP command's lines. The MDI client is the frame's.
     std::string describe(HWND mdiClient) const;
+    // What of the client area shows tabs: all but the two arrows.
+    CRect view() const;
     // The middle of a tab, in the strip's client coordinates, scrolled into view.
     // Throws CommandError when there is no such tab, or it does not show.
     POINT middleOf(int tab) const;
@@ -28,6 +30,9 @@ private:
     // What the tab's data points at: it need not be open any more.
     const AcApDocument* documentAt(int tab) const;
     std::string describeTab(int tab) const;
+    CRect placeOf(int tab) const;
+    std::string describeShown() const;
+    HWND arrows() const { return ::FindWindowExA(m_window, nullptr, UPDOWN_CLASSA, nullptr); }
 
     HWND m_frame;
     HWND m_window;

@@ -1,6 +1,6 @@
 #include "host/observation/Windows.h"
 
-#include "mfc/MessagePump.h"
+#include "host/application/Application.h"
 
 namespace host::observation {
 
@@ -85,7 +85,7 @@ bool pumpUntil(DWORD milliseconds, const std::function<bool()>& condition)
     for (;;) {
         MSG message;
         while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE))
-            if (!toolkit::pumpMessage())
+            if (!Application::instance()->pumpMessage())
                 return false;
         if (condition())
             return true;

@@ -14,12 +14,12 @@ bool toolkit::preTranslate(MSG& message, HWND stop)
     return false;
 }
 
-bool toolkit::pumpMessage()
+bool toolkit::pumpMessage(bool (*filter)(MSG& message))
 {
     MSG message{};
     if (::GetMessageA(&message, nullptr, 0, 0) <= 0)
         return false;
-    if (!preTranslate(message)) {
+    if (!(filter && filter(message)) && !preTranslate(message)) {
         ::TranslateMessage(&message);
         ::DispatchMessageA(&message);
     }

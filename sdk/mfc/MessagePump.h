@@ -12,7 +12,8 @@ namespace toolkit {
 // `stop` (included). True when one of them took it.
 CADMFC_API bool preTranslate(MSG& message, HWND stop = nullptr);
 
-// Handles the next message, waiting for it. False for WM_QUIT.
-CADMFC_API bool pumpMessage();
+// Handles the next message, waiting for it; what the filter takes goes no further. False
+// for WM_QUIT.
+CADMFC_API bool pumpMessage(bool (*filter)(MSG& message) = nullptr);
 
 }  // namespace toolkit

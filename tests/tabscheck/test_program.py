@@ -154,7 +154,7 @@ class ProgramTest(CheckerTest):
     def test_every_key_that_the_module_reads_is_known(self):
         read = set()
         for path in [*(REPOSITORY / "settings").glob("*.cpp"), *(REPOSITORY / "additions").glob("*.cpp")]:
-            read |= set(re.findall(r'"(\w+(?:Text|Title|Address))"', path.read_text("ascii")))
+            read |= set(re.findall(r'"(\w+(?:Text|Title|Address)|MaximumName|DrawingsOrder|MenuCommand)"', path.read_text("ascii")))
         listed = re.findall(r'\{"(\w+)", ', (REPOSITORY / "settings/TextKeys.h").read_text("ascii"))
         self.assertEqual(sorted(listed), sorted(read))
 

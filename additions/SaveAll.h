@@ -1,0 +1,35 @@
+#pragma once
+
+// Saves several documents one after the other, by the host's own command, each when the one
+// before is saved. It ends when one is still modified after that: the person has cancelled,
+// or the host refused.
+
+#include "additions/HostCommand.h"
+#include "objectarx/acdocman.h"
+
+#include <vector>
+
+class CSaveAll {
+public:
+    CSaveAll() = default;
+    ~CSaveAll();
+    CSaveAll(const CSaveAll&) = delete;
+    CSaveAll& operator=(const CSaveAll&) = delete;
+
+    // It has changes, and can be written.
+    static bool isDue(AcApDocument* pDocument);
+
+    // Ends what it was at.
+    void start(const std::vector<AcApDocument*>& vecDocuments);
+    // One that is closed meanwhile ends it when it was its turn.
+    void forget(const AcApDocument* pDocument);
+
+private:
+    static void run();
+    void saveNext();
+    void afterSave();
+
+    static CSaveAll* s_pCurrent;
+    std::vector<AcApDocument*> m_vecDue;  // the first is being saved
+    CHostCommand m_command;               // stands behind each document's saving in the host's queue
+};
