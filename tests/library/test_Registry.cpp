@@ -3,7 +3,6 @@
 #include "tests/support/TestHive.h"
 
 #include <doctest/doctest.h>
-#include <shellapi.h>
 
 #include <string>
 
@@ -144,30 +143,4 @@ TEST_CASE("writing makes the key with its parents; values come back with their t
     CHECK((get("n", dwValue) && dwValue == 42));
     CHECK((get("b", bValue) && bValue));
     CHECK((get("", sValue) && sValue == "default"));
-}
-
-TEST_CASE("icons are as large as asked for, and no folder's")
-{
-    for (const bool bSmall : {true, false}) {
-        HICON hIcon = nullptr;
-        REQUIRE(Registry::IconFromExtension(".none", hIcon, bSmall));
-        SHFILEINFOA folder = {};
-        ::SHGetFileInfoA("C:\\windows", 0, &folder, sizeof folder,
-                         SHGFI_ICON | (bSmall ? SHGFI_SMALLICON : SHGFI_LARGEICON));
-        std::string sPixels[2];
-        for (const HICON hEach : {hIcon, folder.hIcon}) {
-            ICONINFO info = {};
-            BITMAP bitmap = {};
-            ::GetIconInfo(hEach, &info);
-            ::GetObjectA(info.hbmColor, sizeof bitmap, &bitmap);
-            CHECK(bitmap.bmWidth == ::GetSystemMetrics(bSmall ? SM_CXSMICON : SM_CXICON));
-            std::string& sEach = sPixels[hEach == hIcon];
-            sEach.resize(10'000);
-            sEach.resize(::GetBitmapBits(info.hbmColor, 10'000, sEach.data()));
-            ::DeleteObject(info.hbmMask);
-            ::DeleteObject(info.hbmColor);
-            ::DestroyIcon(hEach);
-        }
-        CHECK((sPixels[0] != sPixels[1]));
-    }
 }
