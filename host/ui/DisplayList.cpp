@@ -46,8 +46,8 @@ void DisplayList::paint(HDC dc, const RECT& area) const
     const double left = (area.left + area.right - width * scale) / 2;
     const double bottom = (area.top + area.bottom + height * scale) / 2;
     const auto place = [&](const PlanPoint& point) {
-        return POINT{static_cast<LONG>(left + (point.x - extents.low.x) * scale),
-                     static_cast<LONG>(bottom - (point.y - extents.low.y) * scale)};
+        return POINT{std::lround(left + (point.x - extents.low.x) * scale),
+                     std::lround(bottom - (point.y - extents.low.y) * scale)};
     };
 
     std::vector<POINT> points;
