@@ -136,24 +136,16 @@ private:
 
     std::string edit()
     {
-        switch (below(8)) {
-        case 0:
-            return "LINE 0 0 " + std::to_string(below(100)) + " 5";
-        case 1:
-            return "ERASE L";
-        case 2:
-            return "UNDO";
-        case 3:
-            return "ATTEDIT NR " + std::to_string(below(1000));
-        case 4:
-            return "INSERT DOOR 1 2";
-        case 5:
-            return "PROPS title T" + std::to_string(below(1000));
-        case 6:
-            return "REDO";
-        default:
-            return below(2) == 0 ? "XATTACH \"" + folder.path("grid.dwg") + "\"" : "XDETACH grid";
-        }
+        const std::string edits[] = {"LINE 0 0 " + std::to_string(below(100)) + " 5",
+                                     "ATTEDIT NR " + std::to_string(below(1000)),
+                                     "PROPS title T" + std::to_string(below(1000)),
+                                     "XATTACH \"" + folder.path("grid.dwg") + "\"",
+                                     "INSERT DOOR 1 2",
+                                     "ERASE L",
+                                     "UNDO",
+                                     "REDO",
+                                     "XDETACH grid"};
+        return edits[below(static_cast<int>(std::size(edits)))];
     }
 
     std::string menuItem()

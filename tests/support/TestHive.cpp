@@ -1,5 +1,6 @@
 #include "tests/support/TestHive.h"
 
+#include <sddl.h>
 #include <shlwapi.h>
 
 #include <stdexcept>
@@ -14,21 +15,11 @@ void setWritable(HKEY hkRoot, bool bWritable)
     HKEY hkKey = nullptr;
     if (::RegOpenKeyExA(hkRoot, kModuleKey, 0, WRITE_DAC, &hkKey) != ERROR_SUCCESS)
         return;
-    SID_IDENTIFIER_AUTHORITY world = {SECURITY_WORLD_SID_AUTHORITY};
-    PSID pEveryone = nullptr;
-    ::AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0, &pEveryone);
-    union {
-        ACL list;
-        DWORD space[64];
-    } acl;
-    ::InitializeAcl(&acl.list, sizeof acl, ACL_REVISION);
-    ::AddAccessAllowedAce(&acl.list, ACL_REVISION,
-                          bWritable ? KEY_ALL_ACCESS : KEY_READ | READ_CONTROL | WRITE_DAC | DELETE, pEveryone);
-    SECURITY_DESCRIPTOR descriptor;
-    ::InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
-    ::SetSecurityDescriptorDacl(&descriptor, TRUE, &acl.list, FALSE);
-    ::RegSetKeySecurity(hkKey, DACL_SECURITY_INFORMATION, &descriptor);
-    ::FreeSid(pEveryone);
+    PSECURITY_DESCRIPTOR pDescriptor = nullptr;
+    ::ConvertStringSecurityDescriptorToSecurityDescriptorA(bWritable ? "D:(A;;KA;;;WD)" : "D:(A;;KRRCWDSD;;;WD)",
+                                                           SDDL_REVISION_1, &pDescriptor, nullptr);
+    ::RegSetKeySecurity(hkKey, DACL_SECURITY_INFORMATION, pDescriptor);
+    ::LocalFree(pDescriptor);
     ::RegCloseKey(hkKey);
 }
 
