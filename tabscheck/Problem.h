@@ -60,6 +60,7 @@ inline constexpr Rule kRules[] = {
     {"token-unmapped", Severity::Warning, "%{}% stays as it is written: no mapping of the title block defines it{}"},
     {"token-elsewhere", Severity::Warning, "%{}% stays as it is written: {}"},
     {"token-open", Severity::Warning, "%{} stays as it is written: its closing \"%\" is missing"},
+    {"token-unopened", Severity::Warning, "{}% stays as it is written: its opening \"%\" is missing"},
     {"token-colons", Severity::Warning, "%{} stays as it is written; \"::\" stands between name and {}"},
     {"date-format", Severity::Warning, "%{}% stays as it is written: a date needs a format, as in %{}::|Y-|m-|d%"},
     {"date-plain", Severity::Warning, "%{}% shows \"{}\" and no date: \"|\" stands before each letter, as in |d.|m.|Y"},

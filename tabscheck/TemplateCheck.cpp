@@ -52,6 +52,10 @@ private:
                 add("label-absent", {sToken, m_keywords.emptyLabel});
             return sToken.size() + 1;
         }
+        if (const std::string_view sBefore = wordBefore(); knows(sBefore)) {
+            add("token-unopened", {sBefore});
+            return 0;
+        }
         if (const std::string sMeant = closed ? withoutMarks(sToken) : ""; !sMeant.empty()) {
             add("token-unknown", {sToken, "; did you mean \"%" + sMeant + "%\"?"});
             return sToken.size() + 1;
@@ -71,7 +75,7 @@ private:
         const bool doubled = sBehind.starts_with("::");
         if (!doubled && (title ? sToken != sName : date && (sBehind.starts_with(":") || sBehind.starts_with("|")))) {
             add("token-colons", {closed ? std::string(sToken) + "%" : sToken, date ? "format" : "key"});
-            return sToken.size();
+            return sToken.size() + (closed && !nextToken(sRest.substr(sToken.size() + 1)) ? 1 : 0);
         }
         if (date && doubled)
             return checkDate(sName, sBehind.substr(2));
@@ -93,6 +97,13 @@ private:
             return sToken.size() + 1;
         }
         return date || title || knows(sName) ? unclosed(title ? std::string(sToken) : sName) : 0;
+    }
+
+    // The word that ends at the delimiter, which ends no token.
+    std::string_view wordBefore() const
+    {
+        const std::string_view sText = std::string_view(m_template).substr(0, m_at);
+        return sText.substr(sText.find_last_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ_") + 1);
     }
 
     // A token that ends nowhere, or at another's beginning.

@@ -51,9 +51,9 @@ ROWS = [
      'MDITabs.ini:1:13 date-nothing ("\\|Q"), MDITabs.ini:1:48 date-format, MDITabs.ini:1:61 date-nothing, '
      'MDITabs.ini:1:141 date-plain (shows "d\\.m\\."), MDITabs.ini:1:162 date-percent (write "\\|")'),
     ("tokens of another form", {TXT: BORDER, INI: "TooltipText=%HALVORAN:TITLE% %UPDATE_DATE:|d% %PATH and %CURRENT_DATE::|Y %FILENAME%"
-                                " %UPDATE_DATE|d% %UPDATE_DATE::%%PATH%%HALVORAN.A%\n"},
+                                " %UPDATE_DATE|d% %UPDATE_DATE::%%PATH%%HALVORAN.A% PATH%%FILENAME%\n"},
      "MDITabs.ini:1:13 token-colons (key), MDITabs.ini:1:30 token-colons (format), MDITabs.ini:1:47 token-open (%PATH stays), "
-     "MDITabs.ini:1:57 token-open, MDITabs.ini:1:86 token-colons, MDITabs.ini:1:102 date-format, MDITabs.ini:1:123 token-colons"),
+     "MDITabs.ini:1:57 token-open, MDITabs.ini:1:86 token-colons, MDITabs.ini:1:102 date-format, MDITabs.ini:1:123 token-colons, MDITabs.ini:1:140 token-unopened"),
     ("a token in a plain text", {INI: "DefaultTooltipText=See %Halvoran:a%, 100%\n"}, "MDITabs.ini:1:20 no-template (%Halvoran:a%)"),
     ("attributes that the border lacks", {TXT: BORDER.replace("NUMBER NO", "NUMBER NO\n  T  'NOPE'\n  U no\n  UNUSED X"),
                                           INI: "TooltipText=%HALVORAN::NUMBER%%HALVORAN::T%%X_HALVORAN::U%\n"},
