@@ -135,8 +135,6 @@ void CAdditions::tabRemoved(AcApDocument* pDocument)
 {
     m_middleClick.forget(pDocument);
     m_drag.forget(pDocument);
-    m_drawings.forget(pDocument);
-    m_saving.forget(pDocument);
     m_longNames.remove(pDocument);
     m_view.useRoom();
     m_sameNames.remove(pDocument);

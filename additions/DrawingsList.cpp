@@ -111,9 +111,3 @@ void CDrawingsList::use(AcApDocument* pDocument)
     if (s_vecUsed.size() > kMost)
         s_vecUsed.erase(s_vecUsed.begin());
 }
-
-void CDrawingsList::forget(const AcApDocument* pDocument)
-{
-    std::replace(m_vecDrawings.begin(), m_vecDrawings.end(), const_cast<AcApDocument*>(pDocument),
-                 static_cast<AcApDocument*>(nullptr));
-}

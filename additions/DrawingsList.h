@@ -19,7 +19,6 @@ public:
     bool activate(UINT iItem);
     // The document is the active one from now on.
     static void use(AcApDocument* pDocument);
-    void forget(const AcApDocument* pDocument);
 
 private:
     std::vector<int> order() const;
@@ -28,7 +27,7 @@ private:
     const CLongNames& m_longNames;
     HMENU m_hMenu = nullptr;
     bool m_bRecent = false;                    // the last used first
-    std::vector<AcApDocument*> m_vecDrawings;  // in it, null for one that has gone since
+    std::vector<AcApDocument*> m_vecDrawings;  // in it; one may have gone since
     // By last use, the active one last. It outlives the strip; only who has a tab counts.
     static std::vector<const AcApDocument*> s_vecUsed;
 };

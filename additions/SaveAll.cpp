@@ -62,10 +62,3 @@ void CSaveAll::afterSave()
     else
         saveNext();
 }
-
-void CSaveAll::forget(const AcApDocument* pDocument)
-{
-    if (!m_vecDue.empty() && m_vecDue.front() == pDocument)
-        m_vecDue.clear();
-    m_vecDue.erase(std::remove(m_vecDue.begin(), m_vecDue.end(), pDocument), m_vecDue.end());
-}

@@ -19,10 +19,9 @@ public:
     // It has changes, and can be written.
     static bool isDue(AcApDocument* pDocument);
 
-    // Ends what it was at.
+    // Ends what it was at. One that is closed meanwhile is passed over; when it was its turn
+    // the host forgets what waits behind it, too.
     void start(const std::vector<AcApDocument*>& vecDocuments);
-    // One that is closed meanwhile ends it when it was its turn.
-    void forget(const AcApDocument* pDocument);
 
 private:
     static void run();

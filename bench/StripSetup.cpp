@@ -30,7 +30,7 @@ LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam)
 
 StripSetup::StripSetup(bool bVisible) : m_application({.visible = bVisible, .standardOutput = false})
 {
-    for (const char* sOption : {"TabLocation", "UseToolTips", "UseIcons", "Use"})
+    for (const char* sOption : {"TabLocation", "UseToolTips", "UseIcons", "Use", "WheelScrolls", "DragTabs"})
         m_user.set(sOption, 1);
     for (const char* sOption : {"IsDiscreet", "UseExtensions"})
         m_user.set(sOption, 0);

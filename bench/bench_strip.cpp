@@ -154,8 +154,9 @@ void benchLayout(StripSetup& setup)
 
 void benchMenu(StripSetup& setup)
 {
-    setup.write("MDITabs.ini", "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
-                               "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\n");
+    setup.write("MDITabs.ini",
+                "PopupCloseOthersText = a\nPopupCloseSavedText = b\nPopupCopyPathText = c\n"
+                "PopupOpenFolderText = d\nPopupDrawingsText = e\nPopupHelpText = f\nPopupSaveAllText = g\n");
     CMDITabSettings::clearDefaultSettings();
     const BareMenu bare;
     const CPoint point = setup.showTab(3);
@@ -203,9 +204,67 @@ void benchOptions(StripSetup& setup)
         "OK pressed to strip rebuilt", 15, [&] { return rebuild(true); }, refill);
 }
 
+constexpr int MANY = 200;
+
+// So many tabs on both sides, of which a few show, and for the bare one the messages that
+// the same takes there.
+void benchMany(StripSetup& setup)
+{
+    setup.open(MANY - m_pWndTabs->GetItemCount());
+    const BareTabs bare(m_pWndTabs->m_hWnd);
+    for (int i = 0; i < MANY; ++i)
+        bare.insert("A-" + std::to_string(100 + i), i, i);
+    int iPlace = MANY / 2;
+    acDocManager->activateDocument(m_pWndTabs->getDocument(iPlace));
+    ::SendMessageA(bare.window(), TCM_SETCURSEL, static_cast<WPARAM>(iPlace), 0);
+    setup.pump();
+
+    RECT place;
+    ::GetWindowRect(m_pWndTabs->m_hWnd, &place);
+    const LPARAM middle = MAKELPARAM((place.left + place.right) / 2, (place.top + place.bottom) / 2);
+    int iWay = 1;
+    const auto notch = [&] {
+        ::PostMessageA(setup.frame().m_hWnd, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA * (iWay = -iWay)), middle);
+        setup.pump();
+    };
+    int iFirst = iPlace;
+    const auto bareNotch = [&] {
+        ::PostMessageA(setup.frame().m_hWnd, WM_MOUSEWHEEL, 0, middle);
+        ::SendMessageA(bare.window(), WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, iFirst ^= 1), 0);
+        setup.pump();
+    };
+    compare(
+        "a notch of the wheel, 200 tabs", 15, [&] { return timed(20, notch); }, [&] { return timed(20, bareNotch); });
+
+    // The active one, to and fro. The drop is what a bare control has to be told besides.
+    const auto drag = [&](HWND tabs, const auto& drop) {
+        const int iTarget = iPlace ^ 1;
+        RECT from, to;
+        ::SendMessageA(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(iPlace), reinterpret_cast<LPARAM>(&from));
+        ::SendMessageA(tabs, TCM_GETITEMRECT, static_cast<WPARAM>(iTarget), reinterpret_cast<LPARAM>(&to));
+        const LPARAM target = MAKELPARAM((to.left + to.right) / 2, (to.top + to.bottom) / 2);
+        ::SendMessageA(tabs, WM_LBUTTONDOWN, MK_LBUTTON,
+                       MAKELPARAM((from.left + from.right) / 2, (from.top + from.bottom) / 2));
+        ::SendMessageA(tabs, WM_MOUSEMOVE, MK_LBUTTON, target);
+        ::SendMessageA(tabs, WM_LBUTTONUP, 0, target);
+        drop(iTarget);
+        iPlace = iTarget;
+        setup.pump();
+    };
+    const auto dropBare = [&](int iTarget) {
+        ::SendMessageA(bare.window(), TCM_DELETEITEM, static_cast<WPARAM>(iPlace), 0);
+        bare.insert("A-200", iTarget, iPlace);
+        ::SendMessageA(bare.window(), TCM_SETCURSEL, static_cast<WPARAM>(iTarget), 0);
+    };
+    compare(
+        "a tab dragged one place, 200 tabs", 15,
+        [&] { return timed(4, [&] { drag(m_pWndTabs->m_hWnd, [](int) {}); }); },
+        [&] { return timed(4, [&] { drag(bare.window(), dropBare); }); });
+}
+
 }  // namespace
 
-// An argument names the only figures wanted: adding, same-names, notification, layout, menu, options.
+// An argument names the only figures wanted: adding, same-names, notification, layout, menu, options, many.
 int main(int iCount, char** aArguments)
 {
     const std::string sOnly = iCount > 1 ? aArguments[1] : "";
@@ -232,5 +291,7 @@ int main(int iCount, char** aArguments)
         benchMenu(setup);
     if (wanted("options"))
         benchOptions(setup);
+    if (wanted("many"))
+        benchMany(setup);
     return 0;
 }
