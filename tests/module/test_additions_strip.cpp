@@ -106,6 +106,8 @@ TEST_CASE_FIXTURE(StripFixture, "the wheel scrolls a tab a notch, where the regi
         CHECK(active() == selected);
         // Over the drawings it is theirs, and switched off at once.
         ::PostMessageA(frame, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(300, 300));
+        app.pumpUntilIdle();
+        CHECK(shown() == end);
         user.set("WheelScrolls", 0);
         REQUIRE(run("WHEEL 1"));
         CHECK(shown() == end);
@@ -139,12 +141,13 @@ TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the 
         CHECK(tabs() == Texts{"b", "c", "a", "d"});
         CHECK(active() == 2);
         CHECK(selected() == 2);
-        REQUIRE(run("SWITCH 1"));
+        REQUIRE(run("SWITCH 2"));
         REQUIRE(run("LOCKDOCS 1"));
         REQUIRE(run("DRAG 3 1"));
         REQUIRE(run("LOCKDOCS 0"));
         const Texts order = {"b", "d", "c", "a"};
         CHECK(tabs() == order);
+        CHECK(selected() == 2);
         REQUIRE(run("SWITCH 0"));
         for (const int control : {IDC_SHOW_ICONS, IDC_POSITION_TOP}) {
             const Texts lines = {"ZavikMDITabs", "PRESS " + std::to_string(control), "PRESS 1"};
@@ -208,6 +211,9 @@ TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the 
         const auto left = shown();
         REQUIRE(run("WAIT 300"));
         CHECK(shown() == left);
+        send(WM_LBUTTONDOWN, middleOf(left.second));
+        send(WM_MOUSEMOVE, CPoint(2, 10));
+        CHECK(shown().first == left.first - 1);
     }
 }
 
@@ -243,13 +249,17 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
 {
     folder.write("MDITabs.ini", "ModifiedText = *\nPopupSaveAllText = Save all\n");
     load();
+    // One that cannot be written is nobody's concern.
+    ::SetFileAttributesA(folder.writeDrawing("r.dwg").c_str(), FILE_ATTRIBUTE_READONLY);
+    app.documents().open(folder.path("r.dwg"));
+    REQUIRE(run("LINE 0 0 1 1"));
     Texts paths;
     for (const char* name : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"}) {
         open(name);
         paths.push_back(folder.path(name));
         CHECK(output("MENU 0").find("Save all") == std::string::npos);
     }
-    for (const char* tab : {"3", "2", "1"}) {
+    for (const char* tab : {"4", "3", "2"}) {
         REQUIRE(run(std::string("SWITCH ") + tab));
         REQUIRE(run("LINE 0 0 1 1"));
     }
@@ -257,7 +267,7 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
     SUBCASE("each in the tabs' order")
     {
         const std::string text = output(saveAll);
-        CHECK(tabs() == Texts{"a", "b", "c", "d"});
+        CHECK(tabs() == Texts{"r*", "a", "b", "c", "d"});
         CHECK(text.find("SaveNext") == std::string::npos);
         CHECK(output("MENU 0").find("Save all") == std::string::npos);
         unload();
@@ -273,15 +283,15 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
             run(saveAll);
             host::Faults::clear();
         }
-        CHECK(tabs() == Texts{"a", "b", "c*", "d*"});
+        CHECK(tabs() == Texts{"r*", "a", "b", "c*", "d*"});
         ::SetFileAttributesA(paths[2].c_str(), FILE_ATTRIBUTE_NORMAL);
     }
     SUBCASE("one is closed when it is its turn")
     {
         m_pWndTabs->processPopupMenuItem(app.documents().active(), IDC_DYNAMIC_MENU_SAVE_ALL, {});
-        app.documents().close(app.documents().at(1));
+        app.documents().close(app.documents().at(2));
         app.pumpUntilIdle();
-        CHECK(tabs() == Texts{"a", "c*", "d*"});
+        CHECK(tabs() == Texts{"r*", "a", "c*", "d*"});
     }
 }
 
