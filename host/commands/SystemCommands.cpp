@@ -77,12 +77,15 @@ void lockDocuments(Application& application, const Arguments& a)
         application.documents().enableDocumentActivation();
 }
 
-// FAULT name n: the n-th call of the API function from now on fails. FAULT alone ends that.
+// FAULT name n: the n-th call of the API function from now on fails. FAULT alone ends that;
+// behind FAULT * 0 it lists the calls since.
 void fault(Application& application, const Arguments& a)
 {
     if (a.size() == 0) {
         application.commandLine().printLine(Faults::fired() ? "fault: fired" : "fault: not fired");
         Faults::clear();
+        for (const auto& [sName, count] : Faults::calls())
+            application.commandLine().printLine("called: " + sName + " " + std::to_string(count));
         return;
     }
     if (!Faults::failNth(a.text(0), a.integer(1)))

@@ -14,6 +14,7 @@ struct State {
     int count = 0;
     bool fired = false;
     void (*pThrow)() = nullptr;
+    std::map<std::string, int> calls;
 };
 
 State& state()
@@ -28,7 +29,7 @@ bool Faults::throwNth(const std::string& sName, int n, void (*pThrow)())
 {
     if (!prepare(sName))
         return false;
-    state() = {sName, n, 0, false, pThrow};
+    state() = {sName, n, 0, false, pThrow, {}};
     s_armed = true;
     dxf::pCallFails = &hitArmed;
     return true;
@@ -44,11 +45,15 @@ int Faults::count() { return state().count; }
 
 bool Faults::fired() { return state().fired; }
 
+const std::map<std::string, int>& Faults::calls() { return state().calls; }
+
 bool Faults::hitArmed(const char* sName)
 {
     State& current = state();
     if (current.name != "*" && current.name != sName)
         return false;
+    if (current.failAt == 0)
+        ++current.calls[sName];
     if (++current.count != current.failAt)
         return false;
     current.fired = true;

@@ -5,6 +5,7 @@
 // is "acdbGetSummaryInfo" or "AcDbBlockTable::getAt".
 
 #include <cstring>
+#include <map>
 #include <string>
 
 class AcRxClass;
@@ -14,7 +15,8 @@ namespace host {
 class Faults {
 public:
     // The n-th call from now on (1 is the next) of the named function fails; the
-    // name "*" counts the calls of all. One fault at a time. False for an unknown name.
+    // name "*" counts the calls of all, and the 0th fails never. One fault at a time. False
+    // for an unknown name.
     static bool failNth(const std::string& sName, int n) { return throwNth(sName, n, nullptr); }
     // As before, but the call throws: the function throws what it likes. For use
     // in process only.
@@ -25,6 +27,8 @@ public:
     // Calls seen of the armed name since it was armed, and whether the fault came.
     static int count();
     static bool fired();
+    // The calls by name, where the 0th was armed.
+    static const std::map<std::string, int>& calls();
 
     // For the entry points: true when this call has to fail.
     static bool hit(const char* sName) { return s_armed && hitArmed(sName); }

@@ -2,12 +2,10 @@
 import time
 import unittest
 
-from host import ANSI, DEBUG, MODULE, PREFIX, TOP, USE, HostTest, options
+from host import ANSI, DEBUG, MODULE, PREFIX, HostTest, options
 
 A101 = r"Projects\Riverside\Drawings\A-101.dwg"
 TRACED = "] ZavikMDITabs : "
-# Destroys the strip that is not there, and makes one.
-STYLE_WHILE_OFF = options(USE, TOP, USE)
 
 
 class DiagnosticsTest(HostTest):
@@ -58,8 +56,8 @@ class DiagnosticsTest(HostTest):
 
     def test_checks_asked_for_at_the_start_end_with_it(self):
         self.remove_log()
-        self.set_registry({"Use": 0}, {"DebugStartup": 1, "AssertStartup": 1})
-        transcript = self.run_host(["LINE 0 0 1 1", *STYLE_WHILE_OFF, "STRIP"])
+        self.set_registry({}, {"DebugStartup": 1, "AssertStartup": 1})
+        transcript = self.run_host(["FAULT AcApDocManager::document 1", "LINE 0 0 1 1", "LINE 0 0 1 1", "STRIP"])
         self.assertEqual(transcript.strips[0].texts, ["Drawing1 *"])
         self.assertIsNone(self.log(), "checks alone write no log")
         self.assertNotIn(TRACED, transcript.text)

@@ -1,6 +1,7 @@
 // What an office may switch on, beside the strip. What reaches other programs is driven
 // from outside, in tests/e2e.
 #include "ModuleFixture.h"
+#include "additions/Additions.h"
 #include "additions/MenuIds.h"
 #include "host/drawing/Faults.h"
 #include "library/diagnostics/Prerelease.h"
@@ -233,12 +234,38 @@ TEST_CASE_FIXTURE(AdditionsFixture, "the list of drawings has their names as the
     CHECK(items.find("item 21000: \"a&&b\"") != std::string::npos);
     CHECK(items.find("item 21999: ") != std::string::npos);
     CHECK(items.find("item 22000: ") == std::string::npos);
-    // One that has been closed while it was shown.
-    close(pSecond);
+    // One that has been closed while it was shown, without a word.
+    host::Faults::failNth("AcApDocManagerReactor::documentToBeDestroyed", 1);
+    close(pFirst);
+    host::Faults::clear();
     const Answers answers;
     Tesk::setDiagnosticsLevel(1);
-    choose(pFirst, IDC_DYNAMIC_MENU_DRAWINGS + 1);
+    choose(pSecond, IDC_DYNAMIC_MENU_DRAWINGS);
     CHECK(answers.assertions() == "");
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "the list of drawings is that of the menu that is open, and made once for it")
+{
+    AcApDocument* pFirst = open("a.dwg");
+    AcApDocument* pSecond = open("b.dwg");
+    open("c.dwg");
+    const auto additions = createAdditions(*m_pWndTabs);
+    const auto countItems = [&] {
+        CMenu menu, submenu;
+        menu.CreatePopupMenu();
+        additions->appendItems(pSecond, menu, CTabAdditions::Place::BeforeOptions);
+        submenu.Attach(::GetSubMenu(menu.m_hMenu, 2));
+        additions->openMenu(submenu);
+        additions->openMenu(submenu);
+        const int count = static_cast<int>(submenu.GetMenuItemCount());
+        submenu.Detach();
+        return count;
+    };
+    CHECK(countItems() == 3);
+    close(pFirst);
+    CHECK(countItems() == 2);
+    CHECK(additions->processItem(pSecond, IDC_DYNAMIC_MENU_DRAWINGS));
+    CHECK(app.documents().active() == pSecond);
 }
 
 TEST_CASE_FIXTURE(AdditionsFixture, "a path that is not copied and a folder that is not opened are told of")

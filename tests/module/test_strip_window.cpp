@@ -90,6 +90,11 @@ TEST_CASE_FIXTURE(StripFixture, "icons, balloon and windows go with the strip")
     const long balance = liveHandles();
     make(2 | 8, 1);
     CHECK(balloon() == "XXXX default line 1\nXXXX default line 2");
+    IMAGEINFO icon = {};
+    BITMAP bitmap = {};
+    ::ImageList_GetImageInfo(static_cast<HIMAGELIST>(window.m_images.GetSafeHandle()), 0, &icon);
+    ::GetObjectA(icon.hbmImage, sizeof bitmap, &bitmap);
+    CHECK(bitmap.bmBitsPixel == 32);
     window.DestroyWindow();
     CHECK(window.m_images.GetSafeHandle() == nullptr);
     CHECK(liveHandles() == balance);

@@ -29,6 +29,12 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under th
     moveMouse(1);
     CHECK(balloon() == "The title");
 
+    SUBCASE("once, while it stays there")
+    {
+        Tesk::setDiagnosticsLevel(2);
+        moveMouse(1);
+        CHECK(app.commandLine().history().find("CARXMDITabs::getTooltip") == std::string::npos);
+    }
     SUBCASE("and keeps it, by file name and its case, until the state of the drawing changes")
     {
         close(pSecond);

@@ -116,7 +116,7 @@ TEST_CASE_FIXTURE(TextsFixture, "a damaged file costs its own texts, says where 
     CMDITabSettings::getPopupSaveText(name.c_str());  // while nothing is traced
     CHECK(traced([&] { CMDITabSettings::getPopupSaveText(name.c_str()); }).find(where) != std::string::npos);
 
-    texts("PopupSaveText = drawing's\n");
+    texts("PopupSaveText = drawing's\n;o equals sign\n");
     CHECK(CMDITabSettings::getPopupSaveText(name.c_str()) == "drawing's");
     CHECK(CMDITabSettings::getModifiedText(name.c_str()) == " of it");
     // What is read whole stays until the cache is cleared, as ever.
