@@ -13,8 +13,8 @@ INI, TXT, SUPPORT = "MDITabs.ini", "ProjectSettings.txt", "Settings/support/MDIT
 
 # (kind, files of a folder that has a drawing unless it says so, problems as "file:line:column name" and words of some)
 ROWS = [
-    ("all damaged lines, and nothing that follows from them", {INI: "PopupSaveText=S\n  no key\n[Tabs]\nneither\n"},
-     "MDITabs.ini:2:3 line-damaged (drops this whole copy), MDITabs.ini:4:1 line-damaged"),
+    ("all damaged lines, and nothing that follows from them", {INI: "PopupSaveText=S\n  no key\n[Tabs]\nModifiedText=x\nneither\n"},
+     "MDITabs.ini:2:3 line-damaged (drops this whole copy), MDITabs.ini:5:1 line-damaged"),
     ("a header without ], and one that swallows", {INI: "[Tabs] ; note\nPopupSaveText=S\n[Tabs]\nModifiedText=x\n"},
      "MDITabs.ini:1:1 header-open (no section, and are read), MDITabs.ini:3:1 section (swallows the keys below it: ModifiedText)"),
     ("a section before keys and later files", {TXT: PROJECT, SUPPORT: "PopupSaveText=P\n[Tabs]\nModifiedText=x\n", INI: "PopupCloseText=C\n"},
@@ -91,8 +91,9 @@ ROWS = [
      "MDITabs.ini:1:17 dos-letter, MDITabs.ini:2:17 zero-byte, MDITabs.ini:3:15 text-end, MDITabs16.0.ini:1:16 lone-return"),
     ("marks of a merge", {INI: "<<<<<<< HEAD\nPopupSaveText=S\n=======\n>>>>>>> other\n"}, "MDITabs.ini:1:1 merge-mark"),
     ("a drawing cut off", {"D.dwg": NUMBERED[:400]}, "D.dwg:87:1 drawing-damaged"),
-    ("settings without a project", {"P/Settings/support/MDITabs.ini": "", "P/Drawings/D.dwg": NUMBERED, "P/Drawings/support/MDITabs.ini": ""},
-     "P/Drawings/support/MDITabs.ini:0:0 never-read (beside the drawings, or in Settings), P/Settings/support/MDITabs.ini:0:0 never-read"),
+    ("settings without a project", {"P/Settings/support/MDITabs.ini": "", "P/Drawings/D.dwg": NUMBERED, "P/Drawings/support/MDITabs.ini": "", "Q/D.dwg": NUMBERED, "Q/Settings/ProjectSettings.txt": PROJECT},
+     "P/Drawings/support/MDITabs.ini:0:0 never-read (beside the drawings, or in Settings), P/Settings/support/MDITabs.ini:0:0 never-read, "
+     "Q/Settings/ProjectSettings.txt:0:0 never-read (mean \".*Q.ProjectSettings.txt)"),
     ("a project's file one level up, and one inside", {TXT: PROJECT, "P/Settings/support/MDITabs.ini": "", "P/D.dwg": NUMBERED, "Settings/ProjectSettings.txt": PROJECT},
      "P/Settings/support/MDITabs.ini:0:0 never-read (mean \".*rows.\\d+.Settings.support.MDITabs.ini), Settings/ProjectSettings.txt:0:0 never-read (txt\" is)"),
     ("files in the wrong folder", {TXT: PROJECT, "support/MDITabs.ini": "", "Settings/MDITabs.ini": "", "Settings/MDITabs/MDITabs.ini": "", "DomainSettings.txt": "",
