@@ -33,11 +33,27 @@ public:
     CRegisteredReactor(const CRegisteredReactor&) = delete;
     CRegisteredReactor& operator=(const CRegisteredReactor&) = delete;
 
-    void goodbye(const AcDbDatabase*) override { m_pDatabase = nullptr; }
+    // A drawing that no open document has may have gone without a word, and is not asked.
+    void forgetUnlessOpen()
+    {
+        bool bOpen = false;
+        Tesk::guarded("CDatabaseReactor::removeReactor", [&] {
+            forEachDocument([&](const AcApDocument* pDocument) { bOpen |= pDocument->database() == m_pDatabase; });
+        });
+        if (!bOpen)
+            m_pDatabase = nullptr;
+    }
 
 private:
-    const AcDbDatabase* m_pDatabase;  // the host's; null once it has gone
+    const AcDbDatabase* m_pDatabase;  // the host's
 };
+
+void discard(CDatabaseReactor* pReactor)
+{
+    if (pReactor != nullptr)
+        static_cast<CRegisteredReactor*>(pReactor)->forgetUnlessOpen();
+    delete pReactor;
+}
 
 }  // namespace
 
@@ -66,7 +82,7 @@ void CDocManagerReactor::detach()
     Tesk::guarded(sCall, [] { m_pReactor->removeDocuments(); });
     // What the walk did not reach; the documents of these may have gone.
     for (const auto& [pDocument, pReactor] : m_pReactor->m_mapDatabaseReactors)
-        delete pReactor;
+        discard(pReactor);
     Tesk::guarded(sCall, [] { acDocManager->removeReactor(m_pReactor); });
     delete m_pReactor;
     m_pReactor = nullptr;
@@ -117,7 +133,7 @@ void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
     TESK_TRACE("CDocManagerReactor::addDatabaseReactor(\"%s\")\n", Tesk::fileNameOf(pDocument));
     TESK_ASSERT(m_mapDatabaseReactors.find(pDocument) == m_mapDatabaseReactors.end());
     CDatabaseReactor*& pReactor = m_mapDatabaseReactors[pDocument];
-    delete std::exchange(pReactor, nullptr);
+    discard(std::exchange(pReactor, nullptr));
     pReactor = new CRegisteredReactor(pDocument->database());
 }
 
