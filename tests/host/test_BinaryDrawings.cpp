@@ -22,13 +22,15 @@ using dxf::DxfFile;
 
 namespace {
 
-// The one of this ending in a folder, by name.
+// The one of this ending in a folder, by name. The folder's own may have letters that the
+// library writes in another encoding than it reads.
 std::map<std::string, std::string> drawingsIn(const std::string& sFolder, const std::string& sEnding)
 {
     std::map<std::string, std::string> drawings;
     for (const auto& entry : std::filesystem::directory_iterator(sFolder))
         if (entry.path().extension() == sEnding)
-            drawings[entry.path().stem().string()] = CTestFolder::read(entry.path().string());
+            drawings[entry.path().stem().string()] =
+                CTestFolder::read(sFolder + "\\" + entry.path().filename().string());
     return drawings;
 }
 
