@@ -5,7 +5,6 @@
 #include "tabscheck/Strays.h"
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <map>
 
@@ -47,13 +46,6 @@ std::string checkHost(const Asked& asked)
     return {};
 }
 
-// Which of the options is there that exclude each other.
-struct Form {
-    const char* option;
-    Show show;
-};
-constexpr Form kForms[] = {{"--problems", Show::Problems}, {"--overrides", Show::Overrides}, {"--get", Show::Key}};
-
 }  // namespace
 
 std::string usage() { return kUsage; }
@@ -82,17 +74,19 @@ Arguments parse(int count, char** words)
                                                         {"--product", &arguments.asked.product},
                                                         {"--get", &arguments.key},
                                                         {"--accept", &sAccept}};
+    // These exclude each other.
+    const std::map<std::string, Show> shows = {
+        {"--problems", Show::Problems}, {"--overrides", Show::Overrides}, {"--get", Show::Key}};
     bool options = true;
     for (int i = 1; i < count; ++i) {
         const std::string sWord = words[i];
         const auto flag = flags.find(sWord);
         const auto value = values.find(sWord);
-        const auto form =
-            std::find_if(std::begin(kForms), std::end(kForms), [&](const Form& one) { return sWord == one.option; });
-        if (options && form != std::end(kForms)) {
+        const auto show = shows.find(sWord);
+        if (options && show != shows.end()) {
             if (arguments.show != Show::All)
                 arguments.error = "one of --problems, --overrides and --get";
-            arguments.show = form->show;
+            arguments.show = show->second;
         }
         if (sWord.find('"') != std::string::npos)
             arguments.error = sWord + ": a \\ before a quotation mark takes that in: leave it out";
@@ -104,7 +98,7 @@ Arguments parse(int count, char** words)
             options = false;
         else if (value != values.end() && i + 1 < count)
             *value->second = words[++i];
-        else if (form == std::end(kForms) || value != values.end())
+        else if (show == shows.end() || value != values.end())
             arguments.error = "\"" + sWord + "\" is unknown or lacks its value";
         if (sAccept.empty())
             continue;

@@ -13,7 +13,9 @@ namespace {
 constexpr std::size_t kBlock = 8 * 1024;
 constexpr int kUnread = 2;  // the exit code, as for all that could not be done
 
-std::string encode(const std::wstring& sWide, UINT uCodePage)
+}  // namespace
+
+std::string encode(const std::wstring& sWide, unsigned uCodePage)
 {
     const int length = static_cast<int>(sWide.size());
     const int size = ::WideCharToMultiByte(uCodePage, 0, sWide.data(), length, nullptr, 0, nullptr, nullptr);
@@ -21,16 +23,6 @@ std::string encode(const std::wstring& sWide, UINT uCodePage)
     ::WideCharToMultiByte(uCodePage, 0, sWide.data(), length, sBytes.data(), size, nullptr, nullptr);
     return sBytes;
 }
-
-bool isTerminal(HANDLE handle)
-{
-    DWORD mode = 0;
-    return ::GetConsoleMode(handle, &mode) != FALSE;
-}
-
-}  // namespace
-
-std::string toUtf8(const std::wstring& sText) { return encode(sText, CP_UTF8); }
 
 bool isControl(wchar_t c)
 {
@@ -42,9 +34,10 @@ bool isControl(wchar_t c)
 Console::Console()
     : m_output(::GetStdHandle(STD_OUTPUT_HANDLE)),
       m_errors(::GetStdHandle(STD_ERROR_HANDLE)),
-      m_terminal(isTerminal(m_errors)),
       m_codePage(::GetConsoleOutputCP())
 {
+    DWORD mode = 0;
+    m_terminal = ::GetConsoleMode(m_errors, &mode) != FALSE;
     if (m_codePage == 0)
         m_codePage = ::GetOEMCP();
 }

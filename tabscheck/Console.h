@@ -38,7 +38,7 @@ private:
     std::string m_pending;
 };
 
-std::string toUtf8(const std::wstring& sText);
+std::string encode(const std::wstring& sWide, unsigned uCodePage);
 
 // What a terminal would obey; line ends are none.
 bool isControl(wchar_t c);

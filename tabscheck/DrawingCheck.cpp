@@ -54,11 +54,6 @@ Keywords keywordsOfName(const std::string& sPath)
     return keywords;
 }
 
-bool anyError(const std::vector<Problem>& problems)
-{
-    return std::any_of(problems.begin(), problems.end(), [](const Problem& problem) { return problem.error(); });
-}
-
 void append(std::vector<Problem>& problems, const std::vector<Problem>& others)
 {
     problems.insert(problems.end(), others.begin(), others.end());
@@ -105,12 +100,11 @@ private:
                 return showUnread("it is not there yet");
             chooseSource();
             m_report.contents = error.reason();
-            const auto line = static_cast<unsigned>(error.line());
             const bool opens = Tesk::fileExists(m_report.path.c_str());
             Problem problem = problemOf(opens ? RuleName("drawing-damaged") : RuleName("file-unread"), error.file(),
                                         {error.reason()});
-            problem.line = line;
-            problem.column = line != 0 ? 1 : 0;
+            problem.line = static_cast<unsigned>(error.line());
+            problem.column = std::min(problem.line, 1U);
             m_report.problems.push_back(problem);
         }
     }
@@ -274,7 +268,7 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
     Check(*this, report).run();
     append(report.problems, m_commonProblems);
     std::erase_if(report.problems, [this](const Problem& problem) { return m_files.accept(problem); });
-    std::stable_sort(report.problems.begin(), report.problems.end());
+    std::sort(report.problems.begin(), report.problems.end());
     return report;
 }
 
@@ -303,17 +297,15 @@ std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folder
         append(problems, checkFile(sPath));
     for (const auto& [pFile, use] : m_uses) {
         const std::string sRoot = Tesk::CPathParts(pFile->place.path).parent();
-        const bool all = std::any_of(folders.begin(), folders.end(), [&sRoot](const std::string& sFolder) {
-            return equalNoCase(sRoot.substr(0, sFolder.size()), sFolder);
-        });
+        const bool all = std::any_of(folders.begin(), folders.end(),
+                                     [&sRoot](const std::string& sFolder) { return isBelow(sRoot, sFolder); });
         if (!all || use.held != 0 || pFile->borders.empty())
             continue;
         const SourceFile& source = m_files.get(pFile->place.path, Form::Project);
         for (const Tesk::CProjectEntry& entry : source.project())
             if (entry.m_uLine == pFile->borders.front().line)
                 problems.push_back(
-                    source.problem("border-absent", entry, entry.m_sText,
-                                   {std::to_string(use.drawings) + (use.drawings == 1 ? " drawing" : " drawings")}));
+                    source.problem("border-absent", entry, entry.m_sText, {counted(use.drawings, "drawing")}));
     }
     std::erase_if(problems, [this](const Problem& problem) { return m_files.accept(problem); });
     return problems;

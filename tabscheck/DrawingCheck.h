@@ -28,7 +28,6 @@ public:
     std::vector<Problem> finish(const std::vector<std::string>& folders);
 
     Strays& strays() { return m_strays; }
-    const SourceFiles& files() const { return m_files; }
 
 private:
     friend class Check;

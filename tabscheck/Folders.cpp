@@ -11,7 +11,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <vector>
 
 namespace tabscheck {
 
@@ -38,17 +37,18 @@ bool isMissing(DWORD error)
     return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_NAME;
 }
 
+// What the system says about an error of a file or folder, in a few words.
+std::string systemReason(DWORD code)
+{
+    return isMissing(code) ? "no such file or folder" : dxf::FileError::systemReason(code);
+}
+
 }  // namespace
 
 bool isDrawingName(const std::string& sPath)
 {
     const std::string sExtension = Tesk::CPathParts(sPath).m_sExtension;
     return equalNoCase(sExtension, ".dwg") || equalNoCase(sExtension, ".dxf");
-}
-
-std::string systemReason(unsigned long code)
-{
-    return isMissing(code) ? "no such file or folder" : dxf::FileError::systemReason(code);
 }
 
 Opening tryToOpen(const std::string& sPath)
@@ -125,14 +125,11 @@ void DrawingFinder::addMatching(const std::string& sPattern)
 bool DrawingFinder::fits(const std::string& sPath)
 {
     // The system puts "?" where the code page has no letter for it.
-    if (sPath.find('?') != std::string::npos) {
-        m_tell(sPath, kLostLetters, true);
-        return false;
-    }
-    if (sPath.size() < MAX_PATH)
-        return true;
-    m_tell(sPath, systemReason(ERROR_FILENAME_EXCED_RANGE), true);
-    return false;
+    const bool lost = sPath.find('?') != std::string::npos;
+    const bool fits = !lost && sPath.size() < MAX_PATH;
+    if (!fits)
+        m_tell(sPath, lost ? kLostLetters : systemReason(ERROR_FILENAME_EXCED_RANGE), true);
+    return fits;
 }
 
 // A folder that was entered before, by whichever way, is not entered again: links may lead

@@ -73,7 +73,4 @@ struct Opening {
 };
 Opening tryToOpen(const std::string& sPath);
 
-// What the system says about an error of a file or folder, in a few words.
-std::string systemReason(unsigned long code);
-
 }  // namespace tabscheck

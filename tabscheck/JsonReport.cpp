@@ -6,7 +6,6 @@
 #include <boost/mp11/algorithm.hpp>
 
 #include <string_view>
-#include <utility>
 
 namespace tabscheck {
 
@@ -29,7 +28,7 @@ std::string toJson(std::string_view sText)
         sQuoted += c == L'"' || c == L'\\' ? L"\\" : L"";
         sQuoted += c;
     }
-    return "\"" + toUtf8(sQuoted) + "\"";
+    return "\"" + encode(sQuoted, CP_UTF8) + "\"";
 }
 
 std::string toJson(const std::string& sText) { return toJson(std::string_view(sText)); }
@@ -87,17 +86,19 @@ void JsonReport::add(DrawingReport report)
 
 void JsonReport::addFile(const std::string& sPath, const std::vector<Problem>& problems)
 {
-    m_files.push_back({sPath, problems});
+    m_files += std::string(m_files.empty() ? "" : ",") + "{\"path\":" + toJson(sPath) +
+               ",\"problems\":" + toJson(problems) + "}";
 }
 
 void JsonReport::addUnchecked(const std::string& sPath, const std::string& sReason)
 {
-    m_unchecked.push_back({sPath, sReason});
+    m_unchecked += std::string(m_unchecked.empty() ? "" : ",") + "{\"path\":" + toJson(sPath) +
+                   ",\"reason\":" + toJson(sReason) + "}";
 }
 
 void JsonReport::finish()
 {
-    m_console.printBytes("],\"files\":" + toJson(m_files) + ",\"unchecked\":" + toJson(m_unchecked) + "}\n");
+    m_console.printBytes("],\"files\":[" + m_files + "],\"unchecked\":[" + m_unchecked + "]}\n");
 }
 
 }  // namespace tabscheck

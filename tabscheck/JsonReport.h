@@ -20,20 +20,9 @@ public:
     void finish() override;
 
 private:
-    struct File {
-        std::string path;
-        std::vector<Problem> problems;
-        BOOST_DESCRIBE_CLASS(File, (), (path, problems), (), ())
-    };
-    struct Unchecked {
-        std::string path, reason;
-        BOOST_DESCRIBE_CLASS(Unchecked, (), (path, reason), (), ())
-    };
-
     Console& m_console;
     bool m_first = true;
-    std::vector<File> m_files;
-    std::vector<Unchecked> m_unchecked;
+    std::string m_files, m_unchecked;  // the members of their arrays
 };
 
 }  // namespace tabscheck

@@ -3,10 +3,12 @@
 // What may be wrong, in one table: a name, which a person accepts it by, how bad it is, and
 // the words, in which each "{}" stands for what was found.
 
+#include <algorithm>
 #include <compare>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tabscheck {
 
@@ -36,7 +38,7 @@ inline constexpr Rule kRules[] = {
     {"line-damaged", Severity::Error, "no \"=\" in this line: the strip drops this whole copy of the file"},
     {"header-open", Severity::Warning,
      "this header does not end in \"]\" and is ignored: the keys below it belong to {}"},
-    {"section", Severity::Error, "section [{}] swallows {}"},
+    {"section", Severity::Error, "section [{}] swallows the keys behind it: {}"},
     {"key-unknown", Severity::Warning, "unknown key \"{}\": the strip does not read it{}"},
     {"key-twice", Severity::Warning, "{} stands in line {}, too: this one counts"},
     {"value-equals", Severity::Warning, "the value begins with \"{}\": one \"=\" is enough"},
@@ -138,6 +140,18 @@ inline std::string wordsOf(const Rule& rule, std::initializer_list<std::string_v
         sRest.remove_prefix(at + 2);
     }
     return sText.append(sRest);
+}
+
+inline std::string quoted(std::string_view sText) { return "\"" + std::string(sText) + "\""; }
+
+inline std::string counted(std::size_t count, const std::string& sThing)
+{
+    return std::to_string(count) + " " + sThing + (count == 1 ? "" : "s");
+}
+
+inline bool anyError(const std::vector<Problem>& problems)
+{
+    return std::any_of(problems.begin(), problems.end(), [](const Problem& problem) { return problem.error(); });
 }
 
 // Of a file as a whole.

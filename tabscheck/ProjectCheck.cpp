@@ -74,18 +74,9 @@ private:
         m_mapping.clear();
         // What a remark costs is told at the block that it costs.
         if (entry.m_block == ProjectBlock::Unknown && !isRemark(entry))
-            add("keyword-unknown", entry, {firstWord(entry), suggestion(entry.m_sKey, unusedKeywords())});
-    }
-
-    std::vector<std::string> unusedKeywords() const
-    {
-        std::vector<std::string> names;
-        for (const auto& [sName, block] : Tesk::kProjectKeywords)
-            if (std::none_of(m_source.project().begin(), m_source.project().end(), [&sName = sName](const auto& entry) {
-                    return entry.m_kind == CProjectEntry::Keyword && entry.m_sKey == sName;
-                }))
-                names.push_back(sName);
-        return names;
+            add("keyword-unknown", entry,
+                {firstWord(entry),
+                 suggestion(entry.m_sKey, unused(Tesk::kProjectKeywords, m_source.project(), CProjectEntry::Keyword))});
     }
 
     void close(const CProjectEntry& entry)
@@ -196,13 +187,6 @@ const ProjectFile* ProjectFindings::find(const std::string& sPath) const
     return found == files.end() ? nullptr : *found;
 }
 
-ProjectCheck::ProjectCheck(SourceFiles& files) : m_files(files)
-{
-    for (const Layer layer : Tesk::kTitleBlockLayers)
-        if (layer != Layer::Project)
-            m_shared[layer] = Tesk::getTitleBlockFile(layer, "").GetString();
-}
-
 const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
 {
     const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
@@ -210,9 +194,7 @@ const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
     if (!fresh)
         return findings;
     for (const Layer layer : Tesk::kTitleBlockLayers) {
-        const auto shared = m_shared.find(layer);
-        const std::string sFile =
-            shared != m_shared.end() ? shared->second : Tesk::getTitleBlockFile(layer, sDrawing.c_str()).GetString();
+        const std::string sFile = Tesk::getTitleBlockFile(layer, sDrawing.c_str()).GetString();
         if (layer == Layer::Project)
             findings.root = Tesk::CPathParts(sFile).parent();
         if (!sFile.empty())

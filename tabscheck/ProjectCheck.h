@@ -33,14 +33,13 @@ struct ProjectFindings {
 
 class ProjectCheck {
 public:
-    explicit ProjectCheck(SourceFiles& files);
+    explicit ProjectCheck(SourceFiles& files) : m_files(files) {}
 
     const ProjectFindings& of(const std::string& sDrawing);
     const ProjectFile& get(Layer layer, const std::string& sPath);
 
 private:
     SourceFiles& m_files;
-    std::map<Layer, std::string> m_shared;  // the paths that do not depend on the drawing
     std::map<std::string, ProjectFile> m_read;
     std::map<std::string, ProjectFindings> m_byFolder;
 };

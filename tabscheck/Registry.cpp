@@ -21,8 +21,6 @@ constexpr const char* kApplication = "Applications\\ZavikMDITabs";
 constexpr DWORD kLongestName = 256;
 constexpr DWORD kAtStart = 2, kDisabled = 16;  // of LOADCTRLS
 
-std::string quoted(const std::string& sText) { return "\"" + sText + "\""; }
-
 std::string textOf(HKEY root, const std::string& sKey, const char* sName)
 {
     CString sText;
@@ -68,14 +66,13 @@ void checkStamp(std::vector<Problem>& problems)
     const std::string sMachine = textOf(HKEY_LOCAL_MACHINE, sKey, kDomainSettings);
     const std::string sStamp = textOf(HKEY_LOCAL_MACHINE, sStamps, kDomainSettings);
     const std::string sUser = textOf(HKEY_CURRENT_USER, sKey, kDomainSettings);
-    if (sMachine.empty() || sMachine == sUser)
+    if (sMachine.empty() || sMachine == sUser ||
+        (!sStamp.empty() && sStamp != textOf(HKEY_CURRENT_USER, sStamps, kDomainSettings)))
         return;
-    if (sStamp.empty())
-        problems.push_back(
-            problemOf("domain-stamp", "HKEY_LOCAL_MACHINE\\" + sKey, {"its sub-key Stamps has no stamp for it"}));
-    else if (sStamp == textOf(HKEY_CURRENT_USER, sStamps, kDomainSettings))
-        problems.push_back(problemOf("domain-stamp", "HKEY_LOCAL_MACHINE\\" + sKey,
-                                     {"this user has its stamp " + quoted(sStamp) + " and yet " + quoted(sUser)}));
+    const std::string sReason = sStamp.empty()
+                                    ? "its sub-key Stamps has no stamp for it"
+                                    : "this user has its stamp " + quoted(sStamp) + " and yet " + quoted(sUser);
+    problems.push_back(problemOf("domain-stamp", "HKEY_LOCAL_MACHINE\\" + sKey, {sReason}));
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace tabscheck {
 
 namespace {
 
-constexpr Form kForms[] = {Form::Texts, Form::Project};
 constexpr std::string_view kDosLetters = "\x81\x82\x84\x8D\x94";  // u umlaut, which 1252 lacks, first
 constexpr std::string_view kAccept = "tabscheck: accept ";
 
@@ -30,8 +29,6 @@ constexpr struct {
 bool isHigh(char c) { return (c & 0x80) != 0; }
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-std::string quoted(std::string_view sText) { return "\"" + std::string(sText) + "\""; }
 
 // As UTF-8, where it is that and more than ASCII; else empty.
 std::wstring decodeUtf8(std::string_view sText)
@@ -207,15 +204,13 @@ void SourceFile::checkWideLines()
 
 const SourceFile& SourceFiles::get(const std::string& sPath, Form form)
 {
-    return m_files.try_emplace({sPath, form}, sPath, form).first->second;
+    return m_files.try_emplace(sPath, sPath, form).first->second;
 }
 
 bool SourceFiles::accept(const Problem& problem) const
 {
-    return std::any_of(std::begin(kForms), std::end(kForms), [&](Form form) {
-        const auto found = m_files.find({problem.file, form});
-        return found != m_files.end() && found->second.accepts(problem);
-    });
+    const auto found = m_files.find(problem.file);
+    return found != m_files.end() && found->second.accepts(problem);
 }
 
 Place SourceFiles::placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems)

@@ -72,7 +72,7 @@ private:
     bool m_sound = false;
 };
 
-// Each file is read once.
+// Each file is read once: a name is of one form alone.
 class SourceFiles {
 public:
     const SourceFile& get(const std::string& sPath, Form form);
@@ -82,7 +82,7 @@ public:
     bool accept(const Problem& problem) const;
 
 private:
-    std::map<std::pair<std::string, Form>, SourceFile> m_files;
+    std::map<std::string, SourceFile> m_files;
     std::map<std::string, Opening> m_openings;
 };
 

@@ -1,10 +1,6 @@
 #include "tabscheck/Spelling.h"
 
 #include "library/text/CodePage.h"
-#include "library/text/MultiByte.h"
-
-#include <algorithm>
-#include <cstddef>
 
 namespace tabscheck {
 

@@ -32,11 +32,6 @@ bool isSettingsFolder(const std::string& sFolder)
     return equalNoCase(sName, "Settings") || equalNoCase(sName, "support");
 }
 
-bool isBelow(const std::string& sPath, const std::string& sFolder)
-{
-    return !sFolder.empty() && equalNoCase(sPath.substr(0, sFolder.size()), sFolder);
-}
-
 // "MDITabs.ini", "MDITabs16.0.ini" or "MDITabsAutoCAD_16.0.ini".
 bool isTextsName(std::string_view sName)
 {
@@ -77,6 +72,11 @@ std::string meantBy(const std::string& sName)
 }
 
 }  // namespace
+
+bool isBelow(const std::string& sPath, const std::string& sFolder)
+{
+    return !sFolder.empty() && equalNoCase(sPath.substr(0, sFolder.size()), sFolder);
+}
 
 bool isRelease(std::string_view sRelease)
 {

@@ -18,6 +18,8 @@ namespace tabscheck {
 bool isRelease(std::string_view sRelease);
 bool isProduct(std::string_view sProduct);
 
+bool isBelow(const std::string& sPath, const std::string& sFolder);
+
 class Strays {
 public:
     Strays();

@@ -1,5 +1,3 @@
-#include "library/text/Regex.h"
-
 #include "tabscheck/TemplateCheck.h"
 
 #include "library/expansion/DatePass.h"
@@ -190,13 +188,6 @@ private:
 std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const Keywords& keywords)
 {
     return Checker(sTemplate, keywords).check();
-}
-
-std::string findToken(const std::string& sText)
-{
-    static const boost::regex sToken("%[A-Za-z][A-Za-z0-9_]{2,}(::?[^%]*)?%");
-    boost::smatch found;
-    return boost::regex_search(sText, found, sToken) ? found.str() : "";
 }
 
 }  // namespace tabscheck

@@ -28,7 +28,4 @@ struct Keywords {
 
 std::vector<TemplateFault> checkTemplate(const std::string& sTemplate, const Keywords& keywords);
 
-// The first token, with its delimiters, in a text that is no template; empty when there is none.
-std::string findToken(const std::string& sText);
-
 }  // namespace tabscheck

@@ -1,3 +1,5 @@
+#include "library/text/Regex.h"
+
 #include "tabscheck/TextCheck.h"
 
 #include "library/controls/HyperLink.h"
@@ -57,15 +59,6 @@ std::string shownQuotes(const TextKey& key, const std::string& sValue)
     return straight ? sValue.substr(0, 1) : typographicQuotesAround(sValue);
 }
 
-std::string remark(const TextKey&, const std::string& sValue)
-{
-    for (std::size_t at = 1; at + 1 < sValue.size(); ++at)
-        if (sValue[at] == ';' && std::string_view(" \t").find(sValue[at - 1]) != std::string_view::npos &&
-            std::string_view(" \t").find(sValue[at + 1]) != std::string_view::npos)
-            return sValue.substr(at);
-    return {};
-}
-
 std::string targetOf(const std::string& sValue)
 {
     return sValue.empty() ? "" : CHyperLink::getTarget(sValue.c_str()).GetString();
@@ -81,26 +74,24 @@ std::string badMailAddress(const TextKey& key, const std::string& sValue)
     return key.eKind == TextKind::MailAddress && !targetOf(sValue).starts_with("mailto:") ? sValue : "";
 }
 
-std::string tokenInPlainText(const TextKey& key, const std::string& sValue)
-{
-    return key.eKind == TextKind::Caption || key.eKind == TextKind::Plain ? findToken(sValue) : "";
-}
-
 // What no hand meant; each finds the part of a value that the words name.
 const struct {
     RuleName rule;
     std::string (*find)(const TextKey&, const std::string&);
 } kValueRules[] = {
-    {"value-equals", [](const TextKey&, const std::string& s) { return std::string(s.starts_with("=") ? "=" : ""); }},
-    {"value-coded",
-     [](const TextKey&, const std::string& s) {
-         return std::string(s.starts_with("3D") && s.size() > 2 && s[2] != ' ' && s[2] != '-' ? "3D" : "");
-     }},
-    {"value-remark", remark},
     {"quotes-shown", shownQuotes},
     {"address", badAddress},
     {"mail-address", badMailAddress},
-    {"no-template", tokenInPlainText},
+};
+const struct {
+    RuleName rule;
+    bool any;  // not alone of what is shown as it stands
+    boost::regex part;
+} kValueParts[] = {
+    {"value-equals", true, boost::regex("^=")},
+    {"value-coded", true, boost::regex("^3D(?=[^ -])")},
+    {"value-remark", true, boost::regex("(?<=[ \t]);[ \t].*")},
+    {"no-template", false, boost::regex("%[A-Za-z][A-Za-z0-9_]{2,}(::?[^%]*)?%")},
 };
 
 // Takes copy after copy, as the strip merges them.
@@ -137,9 +128,8 @@ private:
     struct Section {
         const SourceFile* file;
         CSettingsEntry header;
-        std::vector<std::string> own = {};
-        std::vector<std::string> later = {};
-        bool known = false;
+        std::vector<std::string> keys = {};
+        bool counts = false;  // it has one of ours, or one of a later file
     };
     using Lines = std::map<std::string, unsigned, Tesk::CLessNoCase>;
 
@@ -175,12 +165,8 @@ private:
 
     void closeSection()
     {
-        if (m_section && (m_section->known || !m_section->later.empty())) {
-            const std::string sOwn = m_section->own.empty() ? "" : "the keys below it: " + list(m_section->own);
-            const std::string sLater = m_section->later.empty() ? "" : "keys of later files: " + list(m_section->later);
-            add(*m_section->file, "section", m_section->header,
-                {m_section->header.m_sKey, sOwn + (sOwn.empty() || sLater.empty() ? "" : "; and ") + sLater});
-        }
+        if (m_section && m_section->counts)
+            add(*m_section->file, "section", m_section->header, {m_section->header.m_sKey, list(m_section->keys)});
         m_section.reset();
     }
 
@@ -189,17 +175,16 @@ private:
         const TextKey* pKey = findKey(entry.m_sKey);
         const std::string sKey(entry.m_sKey);
         if (m_section) {
-            m_section->known |= pKey != nullptr;
-            if (m_section->file == &file)
-                m_section->own.push_back(sKey);
-            else
-                m_section->later.push_back(sKey + " (" + place.path + ":" + std::to_string(entry.m_uLine) + ")");
-            return;
+            const bool later = m_section->file != &file;
+            m_section->counts |= later || pKey != nullptr;
+            const std::string sWhere = " (" + place.path + ":" + std::to_string(entry.m_uLine) + ")";
+            return m_section->keys.push_back(later ? sKey + sWhere : sKey);
         }
         if (const auto [first, fresh] = lines.try_emplace(sKey, entry.m_uLine); !fresh)
             add(file, "key-twice", entry, {sKey, std::to_string(first->second)});
         if (pKey == nullptr)
-            return add(file, "key-unknown", entry, {sKey, suggestion(sKey, unusedKeys(file))});
+            return add(file, "key-unknown", entry,
+                       {sKey, suggestion(sKey, unused(kTextKeys, file.texts(), CSettingsEntry::Key))});
         // Of two lines in one file the later counts, and the earlier is overridden like any other.
         std::string_view sValue = entry.m_sValue.substr(0, entry.m_sValue.find('\0'));
         if (pKey->bQuoted)
@@ -214,16 +199,10 @@ private:
         for (const auto& [name, find] : kValueRules)
             if (const std::string sFound = text.value.empty() ? "" : find(*pKey, text.value); !sFound.empty())
                 tell(name, text, {sFound});
-    }
-
-    static std::vector<std::string> unusedKeys(const SourceFile& file)
-    {
-        std::vector<std::string> names;
-        for (const TextKey& key : kTextKeys)
-            if (std::none_of(file.texts().begin(), file.texts().end(),
-                             [&key](const CSettingsEntry& entry) { return equalNoCase(entry.m_sKey, key.sName); }))
-                names.push_back(key.sName);
-        return names;
+        const bool shown = pKey->eKind == TextKind::Caption || pKey->eKind == TextKind::Plain;
+        for (const auto& [name, any, part] : kValueParts)
+            if (boost::smatch found; (any || shown) && boost::regex_search(text.value, found, part))
+                tell(name, text, {found.str()});
     }
 
     void checkMnemonics()
@@ -241,8 +220,7 @@ private:
     void checkAbsent()
     {
         std::map<std::pair<bool, std::string>, std::vector<std::string>> absent;
-        const std::vector<Problem>& problems = m_findings.problems;
-        const bool damaged = std::any_of(problems.begin(), problems.end(), [](const Problem& p) { return p.error(); });
+        const bool damaged = anyError(m_findings.problems);
         const std::string sStandard = m_findings.searched.front().path;
         for (const Text& text : m_findings.texts)
             if (!findKey(text.key)->bOptIn && text.value.empty() && (text.line != 0 || !damaged))
@@ -252,11 +230,11 @@ private:
             const auto& [caption, sFile] = place;
             const Text& first = *m_findings.find(keys.front());
             const std::string sHelp = first.line == 0 && caption ? "; is this the application root (--root)?" : "";
+            const RuleName rule = caption ? RuleName("caption-absent") : RuleName("text-absent");
             if (first.line != 0)
-                tell(caption ? RuleName("caption-absent") : RuleName("text-absent"), first, {list(keys), sHelp});
+                tell(rule, first, {list(keys), sHelp});
             else
-                m_findings.problems.push_back(problemOf(caption ? RuleName("caption-absent") : RuleName("text-absent"),
-                                                        sFile, {list(keys), sHelp}));
+                m_findings.problems.push_back(problemOf(rule, sFile, {list(keys), sHelp}));
         }
     }
 

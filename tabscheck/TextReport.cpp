@@ -20,11 +20,6 @@ std::string padded(std::string_view sText, std::size_t width)
     return std::string(sText) + std::string(width - std::min(width, sText.size()) + 1, ' ');
 }
 
-std::string counted(std::size_t count, const std::string& sThing)
-{
-    return std::to_string(count) + " " + sThing + (count == 1 ? "" : "s");
-}
-
 // One line, whatever is in the text.
 std::string visible(std::string_view sText)
 {
@@ -33,8 +28,6 @@ std::string visible(std::string_view sText)
         sVisible += c == '\n' ? std::string("\\n") : std::string(1, c == '\r' ? ' ' : c);
     return sVisible;
 }
-
-std::string quoted(std::string_view sText) { return "\"" + visible(sText) + "\""; }
 
 std::string at(const std::string& sFile, unsigned line) { return sFile + ":" + std::to_string(line); }
 
@@ -187,12 +180,12 @@ void TextReport::printSearched(const Block& block) const
 
 void TextReport::printText(const Text& text, const std::string& sWhom) const
 {
-    print("    " + padded(text.key, 18) + quoted(text.value) + sWhom);
+    print("    " + padded(text.key, 18) + quoted(visible(text.value)) + sWhom);
     print(text.line == 0 ? "        no file defines it"
                          : "        from      " + padded(text.layer, 8) + at(text.file, text.line));
     for (const Setting& setting : text.overrides)
         print("        overrides " + padded(setting.layer, 8) + at(setting.file, setting.line) + "  " +
-              quoted(setting.value));
+              quoted(visible(setting.value)));
 }
 
 // Of a second group in the block, what differs from the first.
@@ -226,7 +219,7 @@ void TextReport::printGroup(const Group& group, const Group& first) const
 void TextReport::printProject(const Project& project) const
 {
     if (!project.root.empty())
-        print("    label    " + quoted(project.label));
+        print("    label    " + quoted(visible(project.label)));
     for (const Place& place : project.searched)
         printPlace(place.layer, place.found ? "there" : "-",
                    place.path + (place.path != project.source ? ""
