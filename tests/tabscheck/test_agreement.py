@@ -15,7 +15,6 @@ TOKENS = ["%PATH%", "%X_FOLDER%", "%FILENAME%", "%NEWLINE%", "%DIR_PROJECT_DWG_R
           "%HALVORAN::A%", "%HALVORAN::B%", "%X_HALVORAN::A%", "%UNKNOWN%", "100% ", "%UPDATE_DATE::|Y-|m-|d%",
           "%CURRENT_DATE_UTC::|Y%", "%CURRENT_DATE::|Q%", "é=;", "%HALVORAN:A%", "%UPDATE_DATE:|d%", "%FILENAME",
           "%UPDATE_DATE::|Y", "%UPDATE_DATE::d.m.%", "%UPDATE_DATE::%d.%m.%", "%HALVORAN::a%", "%filename%"]
-MISNAMED = ["MDITabs2004.ini", "MDITabs.ini.txt", "ProjectSetting.txt", "ProjectSettings.txt.txt", "Setting/support/MDITabs.ini"]
 
 
 class Tree:
@@ -44,13 +43,11 @@ class Tree:
             if self.random.random() < chance:
                 self.files[folder + variant] = self.texts()
             chance /= 2
-        if self.random.random() < 0.3:
-            self.files[folder + self.random.choice(MISNAMED)] = self.texts()
         if project and self.random.random() < 0.8:
             self.files[project] = self.project()
 
     def texts(self):
-        lines = [f"{self.spelling(key)} = {self.text(key)}" for key in KEYS if self.random.random() < 0.6]
+        lines = [f"{self.random.choice([key, key.upper(), key.lower()])} = {self.text(key)}" for key in KEYS if self.random.random() < 0.6]
         odd = ["; a comment = no key", "", "[unfinished", "Colour=red", f"{self.random.choice(KEYS)}=twice"]
         lines += self.random.sample(odd, 2)
         self.random.shuffle(lines)
@@ -61,9 +58,6 @@ class Tree:
         text = self.random.choice(["\n", "\r\n"]).join(lines)
         encoding = self.random.choice([ANSI, ANSI, ANSI, "utf-16", "utf-8-sig", "utf-8"])
         return (text + "\r\n;Ж" * (encoding == "utf-16")).encode(encoding)
-
-    def spelling(self, key):
-        return self.random.choice([key, key, key.upper(), key.lower()])
 
     def text(self, key):
         self.value += 1

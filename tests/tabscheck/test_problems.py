@@ -19,11 +19,9 @@ ROWS = [
      "MDITabs.ini:1:1 header-open (no section, and are read), MDITabs.ini:3:1 section (swallows the keys behind it: ModifiedText$)"),
     ("a section before keys and later files", {TXT: PROJECT, SUPPORT: "PopupSaveText=P\n[Tabs]\nModifiedText=x\n", INI: "PopupCloseText=C\n"},
      "Settings/support/MDITabs.ini:2:1 section (it: ModifiedText, PopupCloseText \\(.*MDITabs.ini:1\\))"),
-    ("a section of somebody else", {INI: "PopupSaveText=S\n[Others]\nColour=red\n[]\nPopupCloseText=C\n"}, ""),
-    ("unknown keys, and one twice", {INI: "PopupSvaeText=S\nColour=red\nPOPUPCLOSETEXT=C\nPopupSaveTxt=x\nPopupSaveText=x\npopupsavetext=y\n"},
-     "MDITabs.ini:1:1 key-unknown, MDITabs.ini:2:1 key-unknown, MDITabs.ini:4:1 key-unknown, MDITabs.ini:6:1 key-twice (line 5, too)"),
-    ("a key that may be meant, and a project's file", {INI: "PopupSvaeText=S\n", "ProjectSetting.txt": PROJECT},
-     'MDITabs.ini:1:1 key-unknown (mean "PopupSaveText"), ProjectSetting.txt:0:0 never-read (mean ".*ProjectSettings.txt")'),
+    ("unknown keys, and one twice", {INI: "PopupSvaeText=S\nColour=red\nPOPUPCLOSETEXT=C\nPopupSaveTxt=x\nPopupSaveText=x\npopupsavetext=y\nPopupXerfsText=x\n"},
+     "MDITabs.ini:1:1 key-unknown (read it$), MDITabs.ini:2:1 key-unknown, MDITabs.ini:4:1 key-unknown, MDITabs.ini:6:1 key-twice (line 5, too), "
+     'MDITabs.ini:7:1 key-unknown (mean "PopupXrefsText")'),
     ("values that no hand meant", {INI: "PopupSaveText == S\nPopupCloseText=3DClose\nModifiedText=*  ; marker\nTooltipTitle=“T”\nPopupXrefsText='X'\n"
                                    "PopupOptionsText=3D &View; options\n"},
      "MDITabs.ini:1:16 value-equals, MDITabs.ini:2:16 value-coded, MDITabs.ini:3:14 value-remark (; marker), "
@@ -54,7 +52,8 @@ ROWS = [
                                 " %UPDATE_DATE|d% %UPDATE_DATE::%%PATH%%HALVORAN.A% PATH%%FILENAME%\n"},
      "MDITabs.ini:1:13 token-colons (key), MDITabs.ini:1:30 token-colons (format), MDITabs.ini:1:47 token-open (%PATH stays), "
      "MDITabs.ini:1:57 token-open, MDITabs.ini:1:86 token-colons, MDITabs.ini:1:102 date-format, MDITabs.ini:1:123 token-colons, MDITabs.ini:1:140 token-unopened"),
-    ("a token in a plain text", {INI: "DefaultTooltipText=See %Halvoran:a%, 100%\n"}, "MDITabs.ini:1:20 no-template (%Halvoran:a%)"),
+    ("a token in a plain text, and a drawing cut off", {INI: "DefaultTooltipText=See %Halvoran:a%, 100%\n", "D.dwg": NUMBERED[:400]},
+     "D.dwg:87:1 drawing-damaged, MDITabs.ini:1:20 no-template (%Halvoran:a%)"),
     ("attributes that the border lacks", {TXT: BORDER.replace("NUMBER NO", "NUMBER NO\n  T  'NOPE'\n  U no\n  UNUSED X"),
                                           INI: "TooltipText=%HALVORAN::NUMBER%%HALVORAN::T%%X_HALVORAN::U%\n"},
      'ProjectSettings.txt:9:7 tag-absent ("NOPE": %HALVORAN::T% is empty$), ProjectSettings.txt:10:5 tag-absent (the drawing\'s is "NO")'),
@@ -87,10 +86,10 @@ ROWS = [
     ("UTF-16 outside the code page", {INI: "PopupSaveText=Sé\r\nPopupCloseText=aЖ\r\nPopupOptionsText=😀\r\n".encode("utf-16")},
      'MDITabs.ini:2:17 letter-lost (U\\+0416.*becomes "\\?"), MDITabs.ini:3:18 letter-lost (U\\+1F600.*becomes "\\?\\?")'),
     ("characters of no text", {INI: b"PopupSaveText=Gr\x94\xe1e\r\nPopupCloseText=a\0b\r\nModifiedText=x\r\n\x1aTooltipTitle=x",
-                               "MDITabs16.0.ini": b"PopupSaveText=S\rPopupCloseText=C"},
-     "MDITabs.ini:1:17 dos-letter, MDITabs.ini:2:17 zero-byte, MDITabs.ini:3:15 text-end, MDITabs16.0.ini:1:16 lone-return"),
-    ("marks of a merge", {INI: "<<<<<<< HEAD\nPopupSaveText=S\n=======\n>>>>>>> other\n"}, "MDITabs.ini:1:1 merge-mark"),
-    ("a drawing cut off", {"D.dwg": NUMBERED[:400]}, "D.dwg:87:1 drawing-damaged"),
+                               "MDITabs16.0.ini": b"PopupSaveText=S\rPopupCloseText=C",
+                               "MDITabsAutoCAD_16.0.ini": "<<<<<<< HEAD\nPopupSaveText=S\n=======\n>>>>>>> other\n"},
+     "MDITabs.ini:1:17 dos-letter, MDITabs.ini:2:17 zero-byte, MDITabs.ini:3:15 text-end, MDITabs16.0.ini:1:16 lone-return, "
+     "MDITabsAutoCAD_16.0.ini:1:1 merge-mark"),
     ("settings without a project", {"P/Settings/support/MDITabs.ini": "", "P/Drawings/D.dwg": NUMBERED, "P/Drawings/support/MDITabs.ini": "", "Q/D.dwg": NUMBERED, "Q/Settings/ProjectSettings.txt": PROJECT},
      "P/Drawings/support/MDITabs.ini:0:0 never-read (beside the drawings, or in Settings), P/Settings/support/MDITabs.ini:0:0 never-read, "
      "Q/Settings/ProjectSettings.txt:0:0 never-read (mean \".*Q.ProjectSettings.txt)"),
@@ -106,7 +105,7 @@ ROWS = [
      ", ".join(f"{name}:0:0 never-read" for name in ("Copy of MDITabs.ini", "MDITabs (1).ini", "MDITabs.bak", "MDITabs.ini~",
                                                      'MDITabs16.0.ini.txt', "MDITabs16.ini", "MDITabs17.0.ini", "MDITabs2004.ini", "MDITabs_16.0.ini", "MDITaps.ini",
                                                      "ProjectSettings_old.txt"))),
-    ("copies for other hosts are no mistake, damage in them is", {INI: "", "MDITabs16.1.ini": "no key", "MDITabsAutoCAD Map_16.0.ini": "PopupSaveText=&M"},
+    ("sections and copies for others are no mistake, damage is", {INI: "PopupSaveText=S\n[Others]\nColour=red\n[]\nPopupCloseText=C\n", "MDITabs16.1.ini": "no key", "MDITabsAutoCAD Map_16.0.ini": "PopupSaveText=&M"},
      "MDITabs16.1.ini:1:1 line-damaged"),
     ("a new project without drawings", {"D.dwg": None, "P/" + TXT: PROJECT, "P/" + SUPPORT: "PopupSaveText=&P\n"}, ""),
     ("what is accepted where it stands", {TXT: "# tabscheck: accept keyword-unknown, block-open\n// another remark\nCOLOURS\n{\n}\nJOBS\n{\n}\n",
