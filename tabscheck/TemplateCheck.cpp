@@ -45,54 +45,41 @@ private:
     {
         const std::string_view sToken = sRest.substr(0, sRest.find('%'));
         const bool closed = sToken.size() < sRest.size();
+        const std::size_t whole = sToken.size() + 1;
         if (closed && knows(sToken)) {
-            if (sToken.ends_with("HALVORAN_PROJECT_LABEL") && !m_keywords.emptyLabel.empty())
-                add("label-absent", {sToken, m_keywords.emptyLabel});
-            return sToken.size() + 1;
+            const bool empty = sToken.ends_with("HALVORAN_PROJECT_LABEL") && !m_keywords.emptyLabel.empty();
+            return empty ? add(whole, "label-absent", {sToken, m_keywords.emptyLabel}) : whole;
         }
-        if (const std::string_view sBefore = wordBefore(); knows(sBefore)) {
-            add("token-unopened", {sBefore});
-            return 0;
-        }
-        if (const std::string sMeant = closed ? withoutMarks(sToken) : ""; !sMeant.empty()) {
-            add("token-unknown", {sToken, "; did you mean \"%" + sMeant + "%\"?"});
-            return sToken.size() + 1;
-        }
+        if (const std::string_view sBefore = wordBefore(); knows(sBefore))
+            return add(0, "token-unopened", {sBefore});
+        if (const std::string sMeant = closed ? withoutMarks(sToken) : ""; !sMeant.empty())
+            return add(whole, "token-unknown", {sToken, "; did you mean \"%" + sMeant + "%\"?"});
         const std::string sName(wordAt(sRest));
         const std::string_view sBehind = sRest.substr(sName.size());
         // What stands between two delimiters may be plain text, as in "100% of 50%".
         if (sName.empty() || (sName[0] >= '0' && sName[0] <= '9') || sToken.size() > kLongestKeyword)
             return 0;
         const auto lost = m_keywords.lost.find(std::string(sToken));
-        if (closed && lost != m_keywords.lost.end()) {
-            add("token-elsewhere", {sToken, lost->second});
-            return sToken.size() + 1;
-        }
+        if (closed && lost != m_keywords.lost.end())
+            return add(whole, "token-elsewhere", {sToken, lost->second});
         const bool date = isDate(sName);
         const bool title = sName == kTitleBlock || sName == std::string("X_") + kTitleBlock;
         const bool doubled = sBehind.starts_with("::");
-        if (!doubled && (title ? sToken != sName : date && (sBehind.starts_with(":") || sBehind.starts_with("|")))) {
-            add("token-colons", {closed ? std::string(sToken) + "%" : sToken, date ? "format" : "key"});
-            return sToken.size() + (closed && !nextToken(sRest.substr(sToken.size() + 1)) ? 1 : 0);
-        }
+        if (!doubled && (title ? sToken != sName : date && (sBehind.starts_with(":") || sBehind.starts_with("|"))))
+            return add(closed && !nextToken(sRest.substr(whole)) ? whole : sToken.size(), "token-colons",
+                       {closed ? std::string(sToken) + "%" : sToken, date ? "format" : "key"});
         if (date && doubled)
             return checkDate(sName, sBehind.substr(2));
-        if (closed && (sToken == sName || (doubled && !title && !knows(sName)))) {
-            if (date)
-                add("date-format", {sToken, sName});
-            else
-                add("token-unknown", {sToken, suggest(sToken)});
-            return sToken.size() + 1;
-        }
+        if (closed && (sToken == sName || (doubled && !title && !knows(sName))))
+            return date ? add(whole, "date-format", {sToken, sName})
+                        : add(whole, "token-unknown", {sToken, suggest(sToken)});
         if (closed && title && doubled) {
             if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
                 sKey.size() < sToken.size() && knows(sKey))
                 return unclosed(sKey);
             if (const auto none = m_keywords.lost.find(kTitleBlock); none != m_keywords.lost.end())
-                add("token-elsewhere", {sToken, none->second});
-            else if (m_keywords.mappingKnown)
-                add("token-unmapped", {sToken, suggest(sToken)});
-            return sToken.size() + 1;
+                return add(whole, "token-elsewhere", {sToken, none->second});
+            return m_keywords.mappingKnown ? add(whole, "token-unmapped", {sToken, suggest(sToken)}) : whole;
         }
         return date || title || knows(sName) ? unclosed(title ? std::string(sToken) : sName) : 0;
     }
@@ -105,35 +92,27 @@ private:
     }
 
     // A token that ends nowhere, or at another's beginning.
-    std::size_t unclosed(const std::string& sToken)
-    {
-        add("token-open", {sToken});
-        return sToken.size();
-    }
+    std::size_t unclosed(const std::string& sToken) { return add(sToken.size(), "token-open", {sToken}); }
 
     // A format has one character at least and ends at the first "%" behind it.
     std::size_t checkDate(const std::string& sName, std::string_view sRest)
     {
         const std::size_t end = sRest.find('%', 1);
         const std::string sFormat(sRest.substr(0, end));
-        const std::size_t size = sName.size() + 2 + sFormat.size();
+        const std::string sToken = sName + "::" + sFormat;
         if (end == sRest.npos || nextToken(sRest.substr(end + 1))) {
             if (!sRest.starts_with("%"))
-                return unclosed(sName + "::" + sFormat);
-            add("date-format", {sName + "::", sName});
-            return sName.size() + 3;
+                return unclosed(sToken);
+            return add(sName.size() + 3, "date-format", {sName + "::", sName});
         }
         const std::string sShown = Tesk::formatTime(::_time64(nullptr), sFormat, false);
-        const std::string sToken = sName + "::" + sFormat;
-        if (sFormat[0] == '%') {
-            add("date-percent", {sToken, sShown});
-            return m_template.size() - m_at;
-        }
+        if (sFormat[0] == '%')
+            return add(m_template.size() - m_at, "date-percent", {sToken, sShown});
         if (sShown.empty())
-            add("date-nothing", {sToken, sFormat});
-        else if (sFormat.find('|') == std::string::npos)
-            add("date-plain", {sToken, sShown});
-        return size + 1;
+            return add(sToken.size() + 1, "date-nothing", {sToken, sFormat});
+        if (sFormat.find('|') == std::string::npos)
+            return add(sToken.size() + 1, "date-plain", {sToken, sShown});
+        return sToken.size() + 1;
     }
 
     // What follows the delimiter makes that another token's beginning.
@@ -172,9 +151,11 @@ private:
         return suggestion(sToken, known, "%");
     }
 
-    void add(RuleName name, std::initializer_list<std::string_view> parts)
+    // Gives back how much need not be looked at again.
+    std::size_t add(std::size_t size, RuleName name, std::initializer_list<std::string_view> parts)
     {
         m_faults.push_back({name.rule(), m_at, wordsOf(*name.rule(), parts)});
+        return size;
     }
 
     const std::string& m_template;

@@ -59,30 +59,7 @@ std::string shownQuotes(const TextKey& key, const std::string& sValue)
     return straight ? sValue.substr(0, 1) : typographicQuotesAround(sValue);
 }
 
-std::string targetOf(const std::string& sValue)
-{
-    return sValue.empty() ? "" : CHyperLink::getTarget(sValue.c_str()).GetString();
-}
-
-std::string badAddress(const TextKey& key, const std::string& sValue)
-{
-    return key.eKind == TextKind::Address && targetOf(sValue).empty() ? sValue : "";
-}
-
-std::string badMailAddress(const TextKey& key, const std::string& sValue)
-{
-    return key.eKind == TextKind::MailAddress && !targetOf(sValue).starts_with("mailto:") ? sValue : "";
-}
-
-// What no hand meant; each finds the part of a value that the words name.
-const struct {
-    RuleName rule;
-    std::string (*find)(const TextKey&, const std::string&);
-} kValueRules[] = {
-    {"quotes-shown", shownQuotes},
-    {"address", badAddress},
-    {"mail-address", badMailAddress},
-};
+// What no hand meant, by the part of a value that the words name.
 const struct {
     RuleName rule;
     bool any;  // not alone of what is shown as it stands
@@ -196,10 +173,21 @@ private:
         if (setting.line != 0)
             text.overrides.insert(text.overrides.begin(), std::move(setting));
         m_entries[pKey->sName] = {&file, &entry};
-        for (const auto& [name, find] : kValueRules)
-            if (const std::string sFound = text.value.empty() ? "" : find(*pKey, text.value); !sFound.empty())
-                tell(name, text, {sFound});
-        const bool shown = pKey->eKind == TextKind::Caption || pKey->eKind == TextKind::Plain;
+        checkValue(*pKey, text);
+    }
+
+    void checkValue(const TextKey& key, const Text& text)
+    {
+        if (text.value.empty())
+            return;
+        if (const std::string sQuotes = shownQuotes(key, text.value); !sQuotes.empty())
+            tell("quotes-shown", text, {sQuotes});
+        const std::string sTarget = CHyperLink::getTarget(text.value.c_str()).GetString();
+        if (key.eKind == TextKind::Address && sTarget.empty())
+            tell("address", text, {text.value});
+        if (key.eKind == TextKind::MailAddress && !sTarget.starts_with("mailto:"))
+            tell("mail-address", text, {text.value});
+        const bool shown = key.eKind == TextKind::Caption || key.eKind == TextKind::Plain;
         for (const auto& [name, any, part] : kValueParts)
             if (boost::smatch found; (any || shown) && boost::regex_search(text.value, found, part))
                 tell(name, text, {found.str()});
