@@ -27,7 +27,7 @@ class CaptionsTest(unittest.TestCase):
         def captions(file):
             return dict(re.findall(r"(?m)^;?(Popup\w+Text) = (.*)", file.read_text(ANSI)))
         shipped = captions(REPOSITORY / "support/MDITabs.ini")
-        self.assertEqual(len(shipped), 10)
+        self.assertEqual(len(shipped), 11)
         for file in [REPOSITORY / "support/MDITabs.ini", *(REPOSITORY / "samples").rglob("MDITabs*.ini")]:
             letters = [letter.lower() for caption in (shipped | captions(file)).values()
                        for letter in re.findall("&(.)", caption)]

@@ -96,7 +96,7 @@ class TranscriptsTest(ExtrasBase):
         self.without_tooltips()
         self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="cad@office.example",
                        SameNameText='" (%DISTINCT_FOLDER%)"')
-        for project, line in (("Station", "PopupCopyPathText =\nPopupCloseSavedText =\n"), ("Riverside", "no key\n")):
+        for project, line in (("Station", "PopupCopyPathText =\nPopupCloseSavedText =\nPopupOptionsText = Ours\n"), ("Riverside", "no key\n")):
             with (self.folder / f"Projects/{project}/Settings/support/MDITabs.ini").open("a") as texts:
                 texts.write(line)
         self.play("additions")
