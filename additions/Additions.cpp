@@ -83,11 +83,8 @@ private:
     template <class Condition>
     bool anyDocument(const Condition& condition)
     {
-        const int iCount = m_tabs.GetItemCount();
-        for (int iItem = 0; iItem < iCount; ++iItem)
-            if (AcApDocument* pDocument = m_tabs.getDocument(iItem); isOpen(pDocument) && condition(pDocument))
-                return true;
-        return false;
+        const std::vector<AcApDocument*> vecDocuments = documents();
+        return std::any_of(vecDocuments.begin(), vecDocuments.end(), condition);
     }
     bool isOffered(Offered offered, const AcApDocument* pDocument);
     void report(const char* sMessage);

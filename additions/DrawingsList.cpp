@@ -82,12 +82,11 @@ std::vector<int> CDrawingsList::order() const
         const auto used = std::find(s_vecUsed.rbegin(), s_vecUsed.rend(), pDocument);
         return used == s_vecUsed.rbegin() ? s_vecUsed.rend() - used + 1 : used - s_vecUsed.rbegin();
     };
-    std::vector<std::ptrdiff_t> vecAges;
+    std::vector<std::pair<std::ptrdiff_t, int>> vecAges;
     for (const int iItem : vecItems)
-        vecAges.push_back(age(m_tabs.getDocument(iItem)));
-    std::stable_sort(vecItems.begin(), vecItems.end(), [&](int iOne, int iOther) {
-        return vecAges[static_cast<std::size_t>(iOne)] < vecAges[static_cast<std::size_t>(iOther)];
-    });
+        vecAges.emplace_back(age(m_tabs.getDocument(iItem)), iItem);
+    std::sort(vecAges.begin(), vecAges.end());
+    std::transform(vecAges.begin(), vecAges.end(), vecItems.begin(), [](const auto& aged) { return aged.second; });
     return vecItems;
 }
 

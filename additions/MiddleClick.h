@@ -13,9 +13,6 @@ public:
     void forget(const AcApDocument* pDocument);
 
 private:
-    void press(CPoint point);
-    void release(CPoint point);
-
     CARXMDITabs& m_tabs;
     AcApDocument* m_pPressed = nullptr;  // on whose tab
 };
