@@ -7,8 +7,8 @@
 #include "tests/support/TestFolder.h"
 
 #include "dwg/BinaryDrawing.h"
+#include "dwg/Bits.h"
 #include "dwg/DxfWriter.h"
-#include "dwg/Object.h"
 #include "dwg/Packing.h"
 
 #include <cmath>
@@ -211,94 +211,49 @@ TEST_CASE("coded values are what they stand for; behind the end they are 0, and 
     }
 }
 
+// As CAD systems wrote it, in three of the formats; of 2007 literals, whose order is shuffled, and a copy of each kind.
 TEST_CASE("what is packed is unpacked, and never beyond what it says")
 {
     const std::string sFar = "0123....x" + std::string(0x8005 - 9, '-');
     const std::string sPackedFar = std::string(129, '\0') + static_cast<char>(115) + sFar;
-    const struct {
-        std::string packed, expected;
-    } rows[] = {
-        {bytesOf("02 61 62 63 64 65 11 00 00"), "abcde"},
-        {bytesOf("00 01") + std::string(19, 'A') + bytesOf("11 00 00"), std::string(19, 'A')},
-        {bytesOf("01 61 62 63 64 4c 00 11 00 00"), "abcdabc"},
-        {bytesOf("01 61 62 63 64 5d 00 7a 11 00 00"), "abcdabcdz"},
-        {bytesOf("01 61 62 63 64 23 0c 00 11 00 00"), "abcdabcda"},
-        {bytesOf("01 61 62 63 64 20 05 0e 00 78 79 11 00 00"), "abcdabcdabcdabcdabcdabcdabcdabcdabcdabcdabxy"},
-        {bytesOf("01 61 62 63 64 a0 00 11 00 00"), "abcdddddddddd"},
-        {sPackedFar + bytesOf("1b 04 00 11 00 00"), sFar + "....x"},
-        {sPackedFar + bytesOf("18 05 04 00 11 00 00"), sFar + "....x" + std::string(9, '-')},
-    };
-    for (const auto& row : rows) {
-        CHECK(dwg::unpack(row.packed, 0x9000) == row.expected);
-        CHECK_THROWS_AS(dwg::unpack(row.packed, row.expected.size() - 1), dwg::Unreadable);
-        CHECK_THROWS_AS(dwg::unpack(row.packed.substr(0, row.packed.size() - 3), 0x9000), dwg::Unreadable);
-    }
-    CHECK_THROWS_AS(dwg::unpack(bytesOf("01 61 62 63 64 60 04 11 00 00"), 100), dwg::Unreadable);
-}
-
-// As CAD systems wrote it, in three of the formats.
-// Literals, whose order is shuffled, and a copy of each kind.
-TEST_CASE("what 2007 has packed is unpacked")
-{
     const std::string sStart = bytesOf("20 00 00 05") + "bcdea";
     const struct {
+        decltype(&dwg::unpack) unpack;
         std::string packed, expected;
     } rows[] = {
-        {sStart, "abcde"},
-        {sStart + bytesOf("34 00"), "abcdeabc"},
-        {sStart + bytesOf("12 04 00"), "abcdeabcde"},
-        {sStart + bytesOf("02 00 00"), "abcde" + std::string(21, 'e')},
-        {sStart + bytesOf("02 00 80"), "abcde" + std::string(37, 'e')},
-        {sStart + bytesOf("34 00 f2 00 00"), "abcdeabc" + std::string(21, 'c')},
-        {bytesOf("0f ff 01 00") + std::string(279, 'a'), std::string(279, 'a')},
-        {sStart + bytesOf("22 05 00 08"), "abcdeabcdeabcde"},
-        {sStart + bytesOf("2a 00 00 00 00"), "abcde" + std::string(258, 'e')},
-        {sStart + bytesOf("34 02") + "yx", "abcdeabcxy"},
-        {sStart + bytesOf("34 00 00") + "12345678", "abcdeabc12345678"},
-        {bytesOf("0f 28") + "abcdefghijklmnopqrstuvwxyz012345ABCDEFGHIJKLMNOPQRSTUVWXYZ67890",
+        {dwg::unpack, bytesOf("02 61 62 63 64 65 11 00 00"), "abcde"},
+        {dwg::unpack, bytesOf("00 01") + std::string(19, 'A') + bytesOf("11 00 00"), std::string(19, 'A')},
+        {dwg::unpack, bytesOf("01 61 62 63 64 4c 00 11 00 00"), "abcdabc"},
+        {dwg::unpack, bytesOf("01 61 62 63 64 5d 00 7a 11 00 00"), "abcdabcdz"},
+        {dwg::unpack, bytesOf("01 61 62 63 64 23 0c 00 11 00 00"), "abcdabcda"},
+        {dwg::unpack, bytesOf("01 61 62 63 64 20 05 0e 00 78 79 11 00 00"),
+         "abcdabcdabcdabcdabcdabcdabcdabcdabcdabcdabxy"},
+        {dwg::unpack, bytesOf("01 61 62 63 64 a0 00 11 00 00"), "abcdddddddddd"},
+        {dwg::unpack, sPackedFar + bytesOf("1b 04 00 11 00 00"), sFar + "....x"},
+        {dwg::unpack, sPackedFar + bytesOf("18 05 04 00 11 00 00"), sFar + "....x" + std::string(9, '-')},
+        {dwg::unpack2007, sStart, "abcde"},
+        {dwg::unpack2007, sStart + bytesOf("34 00"), "abcdeabc"},
+        {dwg::unpack2007, sStart + bytesOf("12 04 00"), "abcdeabcde"},
+        {dwg::unpack2007, sStart + bytesOf("02 00 00"), "abcde" + std::string(21, 'e')},
+        {dwg::unpack2007, sStart + bytesOf("02 00 80"), "abcde" + std::string(37, 'e')},
+        {dwg::unpack2007, sStart + bytesOf("34 00 f2 00 00"), "abcdeabc" + std::string(21, 'c')},
+        {dwg::unpack2007, bytesOf("0f ff 01 00") + std::string(279, 'a'), std::string(279, 'a')},
+        {dwg::unpack2007, sStart + bytesOf("22 05 00 08"), "abcdeabcdeabcde"},
+        {dwg::unpack2007, sStart + bytesOf("2a 00 00 00 00"), "abcde" + std::string(258, 'e')},
+        {dwg::unpack2007, sStart + bytesOf("34 02") + "yx", "abcdeabcxy"},
+        {dwg::unpack2007, sStart + bytesOf("34 00 00") + "12345678", "abcdeabc12345678"},
+        {dwg::unpack2007, bytesOf("0f 28") + "abcdefghijklmnopqrstuvwxyz012345ABCDEFGHIJKLMNOPQRSTUVWXYZ67890",
          "yz012345qrstuvwxijklmnopabcdefgh06789STUVWXYZKLMNOPQRCDEFGHIJBA"},
     };
     for (const auto& row : rows) {
         CAPTURE(row.expected);
-        CHECK(dwg::unpack2007(row.packed, 0x7400) == row.expected);
-        CHECK_THROWS_AS(dwg::unpack2007(row.packed, row.expected.size() - 1), dwg::Unreadable);
+        CHECK(row.unpack(row.packed, 0x9000) == row.expected);
+        CHECK_THROWS_AS(row.unpack(row.packed, row.expected.size() - 1), dwg::Unreadable);
+        if (row.unpack == dwg::unpack)
+            CHECK_THROWS_AS(dwg::unpack(row.packed.substr(0, row.packed.size() - 3), 0x9000), dwg::Unreadable);
     }
+    CHECK_THROWS_AS(dwg::unpack(bytesOf("01 61 62 63 64 60 04 11 00 00"), 100), dwg::Unreadable);
     CHECK_THROWS_AS(dwg::unpack2007(sStart + bytesOf("35 00"), 100), dwg::Unreadable);
-}
-
-TEST_CASE("a reference is read from its three streams")
-{
-    const struct {
-        int release;
-        const char* hex;
-    } rows[] = {
-        {2000,
-         "31 00 41 fb 40 00 00 00 80 64 25 34 21 d3 81 6f 1d 4d 19 d2 b1 00 a0 c0 65 b0 0c b2 b7 40 ba 99 86 08 5d "
-         "08 1a 8c 52 90 0b ea 10 0c 92 10 0c 91 90 0c 8f 94 56"},
-        {2004,
-         "2a 00 41 fd c0 00 00 00 80 64 25 74 21 d3 81 6f 1d 4d 19 d2 b1 00 a0 c0 65 b0 0c b2 b7 40 ba 9a 02 a3 14 "
-         "a4 02 fa 64 03 24 64 03 23 0f 20"},
-        {2010,
-         "28 00 5b 01 c0 80 64 25 74 00 01 0e 9c 0b 78 ea 68 ce 95 88 05 06 03 2d 80 65 95 ba 05 d4 d0 12 8c 52 90 "
-         "0b e9 90 0c 91 90 0c 8f f3 d5"},
-    };
-    for (const auto& row : rows) {
-        CAPTURE(row.release);
-        dwg::Sections sections;
-        const std::string sBytes = bytesOf(row.hex);
-        sections.objects = sBytes;
-        sections.release = row.release;
-        dwg::Object object(sections, 0, 0x190);
-        object.readEntityPreamble();
-        CHECK(object.type() == 7);
-        CHECK(object.layer == 0x8A);
-        CHECK(object.reference() == 0x17D);
-        CHECK(object.reference() == 0x192);
-        const dwg::Point at = object.point3();
-        CHECK(at.x == doctest::Approx(3642.137357931104));
-        CHECK_FALSE(object.failed());
-        CHECK(dwg::Object(sections, 0, 0x191).failed());
-    }
 }
 
 TEST_CASE("a damaged binary drawing is read in part, or said to be damaged")

@@ -14,7 +14,15 @@ TEST_CASE("shapes of binary drawings become the groups that are drawn")
         int release;
         std::uint64_t handle;
         const char *hex, *groups;
+        std::uint64_t layer = 0;
     } rows[] = {
+        {2000, 0x190,
+         "310041fb400000008064253421d3816f1d4d19d2b100a0c065b00cb2b740ba9986085d081a8c52900bea100c92100c91900c8f9456",
+         "0 66=1 2= 10=3642.14 20=6066.05 30=0 41=1 42=1 43=1 50=0 210=0 220=0 230=1", 0x8A},
+        {2004, 0x190, "2a0041fdc00000008064257421d3816f1d4d19d2b100a0c065b00cb2b740ba9a02a314a402fa6403246403230f20",
+         "1 66=1 2= 10=3642.14 20=6066.05 30=0 41=1 42=1 43=1 50=0 210=0 220=0 230=1", 0x8A},
+        {2010, 0x190, "28005b01c08064257400010e9c0b78ea68ce95880506032d806595ba05d4d0128c52900be9900c91900c8ff3d5",
+         "1 66=1 2= 10=3642.14 20=6066.05 30=0 41=1 42=1 43=1 50=0 210=0 220=0 230=1", 0x8A},
         {2000, 0x2C,
          "3f0044f7404000004b257421d00000000000000206000000000000108000000000000010818000000000000820000000"
          "0000000820600000000000028819828887da59",
@@ -66,6 +74,11 @@ TEST_CASE("shapes of binary drawings become the groups that are drawn")
         dwg::DxfWriter out(0);
         dwg::entityKind(entity.type())->writeFields(entity, out);
         CHECK_FALSE(entity.failed());
+        if (row.layer != 0) {
+            CHECK(entity.layer == row.layer);
+            CHECK(entity.reference() == 0x192);
+        }
+        CHECK(dwg::Object(sections, 0, row.handle + 1).failed());
         std::ostringstream groups;
         groups << entity.owned;
         const std::string sText = out.take();

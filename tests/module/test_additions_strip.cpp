@@ -7,6 +7,7 @@
 #include "module/ZavikMDITabs.h"
 #include "settings/resource.h"
 #include "tests/support/Answers.h"
+#include "tests/support/MenuWatch.h"
 #include "tests/support/ThreadCodePage.h"
 #include <doctest/doctest.h>
 
@@ -32,6 +33,13 @@ struct StripFixture : ModuleFixture {
         std::sscanf(text.c_str() + text.find("shown: "), "shown: %d..%d", &first, &last);
         return {first, last};
     }
+    // Pressed and moved; then released.
+    void drag(CPoint from, CPoint to)
+    {
+        send(WM_LBUTTONDOWN, from);
+        send(WM_MOUSEMOVE, to);
+    }
+    void drop(CPoint to) { send(WM_LBUTTONUP, to); }
     void send(UINT message, CPoint point) { ::SendMessageA(strip(), message, 0, MAKELPARAM(point.x, point.y)); }
     Texts drawingsOf(const std::string& menu)
     {
@@ -42,19 +50,6 @@ struct StripFixture : ModuleFixture {
     }
     int active() { return m_pWndTabs->findDocument(app.documents().active()); }
 };
-
-// Where the menu's left side is on the screen; it goes then.
-int menuPlace;
-void CALLBACK lookAtMenu(HWND, UINT, UINT_PTR, DWORD)
-{
-    const HWND menu = ::FindWindowA("#32768", nullptr);
-    if (menu == nullptr || !::IsWindowVisible(menu))
-        return;
-    RECT rect;
-    ::GetWindowRect(menu, &rect);
-    menuPlace = rect.left;
-    ::EndMenu();
-}
 
 }  // namespace
 
@@ -80,50 +75,38 @@ TEST_CASE_FIXTURE(StripFixture, "the strip leaves no room on the right while tab
     CHECK(tabs().empty());
 }
 
-TEST_CASE_FIXTURE(StripFixture, "the wheel scrolls a tab a notch, where the registry asks for it")
+TEST_CASE_FIXTURE(StripFixture, "the wheel scrolls a tab a notch and no further, where the registry asks for it")
 {
-    const auto start = [this](DWORD on) {
-        user.set("WheelScrolls", on);
-        load();
-        openMany(14);
-        return shown();
-    };
-    SUBCASE("to both ends and no further, in parts of notches, too; never does it switch")
-    {
-        const auto end = start(1);
-        const int selected = 13;
-        for (const auto& [notches, first] : {std::pair("1", end.first - 1),
-                                             {"0.6", end.first - 1},
-                                             {"0.6", end.first - 2},
-                                             {"-1", end.first - 1},
-                                             {"99", 0},
-                                             {"-2", 2},
-                                             {"-99", end.first}}) {
-            REQUIRE(run(std::string("WHEEL ") + notches));
-            CHECK(shown().first == first);
-        }
-        CHECK(shown() == end);
-        CHECK(active() == selected);
-        // Over the drawings it is theirs, and switched off at once.
-        ::PostMessageA(frame, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(300, 300));
-        app.pumpUntilIdle();
-        CHECK(shown() == end);
-        user.set("WheelScrolls", 0);
-        REQUIRE(run("WHEEL 1"));
-        CHECK(shown() == end);
-        // The host's answer does not matter.
-        host::Faults::failNth("acedRemoveFilterWinMsg", 1);
-        unload();
-        host::Faults::clear();
-        CHECK(app.filterCount() == 0);
+    load();
+    CHECK(app.filterCount() == 0);
+    unload();
+    user.set("WheelScrolls", 1);
+    load();
+    openMany(14);
+    const auto end = shown();
+    for (const auto& [notches, first] : {std::pair("1", end.first - 1),
+                                         {"0.6", end.first - 1},
+                                         {"0.6", end.first - 2},
+                                         {"-1", end.first - 1},
+                                         {"99", 0},
+                                         {"-2", 2},
+                                         {"-99", end.first}}) {
+        REQUIRE(run(std::string("WHEEL ") + notches));
+        CHECK(shown().first == first);
     }
-    SUBCASE("nothing is listened to without it")
-    {
-        const auto end = start(0);
-        CHECK(app.filterCount() == 0);
-        REQUIRE(run("WHEEL 1"));
-        CHECK(shown() == end);
-    }
+    CHECK(shown() == end);
+    CHECK(active() == 13);
+    // Over the drawings it is theirs, and switched off at once.
+    ::PostMessageA(frame, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(300, 300));
+    app.pumpUntilIdle();
+    user.set("WheelScrolls", 0);
+    REQUIRE(run("WHEEL 1"));
+    CHECK(shown() == end);
+    // The host's answer does not matter.
+    host::Faults::failNth("acedRemoveFilterWinMsg", 1);
+    unload();
+    host::Faults::clear();
+    CHECK(app.filterCount() == 0);
 }
 
 TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the registry asks for it")
@@ -168,13 +151,11 @@ TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the 
     SUBCASE("not by a hand that trembles, nor without the mouse or with Escape, nor outside")
     {
         const CPoint from = middleOf(0);
-        send(WM_LBUTTONDOWN, from);
+        drag(from, from + CSize(2, 2));
         CHECK(app.filterCount() == 0);
-        send(WM_MOUSEMOVE, from + CSize(2, 2));
-        send(WM_LBUTTONUP, from + CSize(2, 2));
+        drop(from + CSize(2, 2));
         for (const int way : {0, 1, 2}) {
-            send(WM_LBUTTONDOWN, from);
-            send(WM_MOUSEMOVE, middleOf(2));
+            drag(from, middleOf(2));
             CHECK(app.filterCount() == 1);
             if (way == 0)
                 ::ReleaseCapture();
@@ -182,18 +163,16 @@ TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the 
                 ::PostMessageA(frame, WM_KEYDOWN, VK_ESCAPE, 1);
             app.pumpUntilIdle();
             CHECK((::GetCapture() == strip()) == (way == 2));
-            send(WM_LBUTTONUP, way == 2 ? CPoint(30, -40) : middleOf(2));
+            drop(way == 2 ? CPoint(30, -40) : middleOf(2));
             CHECK(app.filterCount() == 0);
             CHECK(::GetCapture() == nullptr);
         }
         CHECK(tabs() == Texts{"a", "b", "c", "d"});
         // Behind the last one is its place; a drawing that goes takes the mouse's hold along.
-        send(WM_LBUTTONDOWN, from);
-        send(WM_MOUSEMOVE, middleOf(3) + CSize(200, 0));
-        send(WM_LBUTTONUP, middleOf(3) + CSize(200, 0));
+        drag(from, middleOf(3) + CSize(200, 0));
+        drop(middleOf(3) + CSize(200, 0));
         CHECK(tabs() == Texts{"b", "c", "d", "a"});
-        send(WM_LBUTTONDOWN, from);
-        send(WM_MOUSEMOVE, middleOf(2));
+        drag(from, middleOf(2));
         close(m_pWndTabs->getDocument(0));
         CHECK(::GetCapture() == nullptr);
         CHECK(app.filterCount() == 0);
@@ -202,17 +181,15 @@ TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the 
     {
         openMany(14);
         const auto end = shown();
-        send(WM_LBUTTONDOWN, middleOf(17));
-        send(WM_MOUSEMOVE, CPoint(2, 10));
+        drag(middleOf(17), CPoint(2, 10));
         CHECK(shown().first == end.first - 1);
         REQUIRE(run("WAIT 500"));
         CHECK(shown().first < end.first - 1);
-        send(WM_LBUTTONUP, CPoint(2, 10));
+        drop(CPoint(2, 10));
         const auto left = shown();
         REQUIRE(run("WAIT 300"));
         CHECK(shown() == left);
-        send(WM_LBUTTONDOWN, middleOf(left.second));
-        send(WM_MOUSEMOVE, CPoint(2, 10));
+        drag(middleOf(left.second), CPoint(2, 10));
         CHECK(shown().first == left.first - 1);
     }
 }
@@ -318,13 +295,11 @@ TEST_CASE_FIXTURE(StripFixture, "the list of drawings begins with what was used 
 
 TEST_CASE_FIXTURE(StripFixture, "a command opens the active drawing's menu at its tab, under the office's name")
 {
-    const auto menuOf = [this](const std::string& command) {
-        menuPlace = -1;
-        const UINT_PTR timer = ::SetTimer(nullptr, 0, 20, &lookAtMenu);
-        run(command);
-        ::KillTimer(nullptr, timer);
-        return menuPlace;
-    };
+    CRect menu;
+    const MenuWatch watch([&menu] {
+        ::GetWindowRect(MenuWatch::window(), menu);
+        ::EndMenu();
+    });
     app.documents().open(folder.writeDrawing("Longish-099.dwg"));
     folder.write("MDITabs.ini", "PopupCloseText = Close\nMenuCommand = ZavikTabMenu\n");
     SUBCASE("scrolled into view")
@@ -333,9 +308,10 @@ TEST_CASE_FIXTURE(StripFixture, "a command opens the active drawing's menu at it
         openMany(14);
         REQUIRE(app.execute(Texts{"SWITCH 0", "WIDTH 700"}).succeeded);
         m_pWndTabs->SendMessage(WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 1));
-        CRect place = rectOf(strip());
-        ::MapWindowPoints(frame, nullptr, reinterpret_cast<POINT*>(&place), 2);
-        CHECK(std::abs(menuOf("ZavikTabMenu") - place.left) < 8);
+        REQUIRE(run("ZavikTabMenu"));
+        POINT place = {};
+        ::ClientToScreen(strip(), &place);
+        CHECK(std::abs(menu.left - place.x) < 8);
         CHECK(shown().first == 0);
         unload();
         CHECK_FALSE(run("ZavikTabMenu"));
@@ -347,7 +323,7 @@ TEST_CASE_FIXTURE(StripFixture, "a command opens the active drawing's menu at it
         load();
         host::Faults::clear();
         CHECK(answers.boxes().empty());
-        CHECK(menuOf("ZavikTabMenu") == -1);
+        CHECK_FALSE(run("ZavikTabMenu"));
         CHECK(tabs().size() == 1);
     }
 }

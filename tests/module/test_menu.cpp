@@ -9,6 +9,7 @@
 #include "reactors/EditorReactor.h"
 #include "tabs/MenuIds.h"
 #include "tests/support/Answers.h"
+#include "tests/support/MenuWatch.h"
 #include <doctest/doctest.h>
 
 #include <functional>
@@ -33,33 +34,6 @@ struct MenuFixture : ModuleFixture {
         return output.substr(output.find('\n') + 1);
     }
 };
-
-// Does something once in the loop of the menu that comes up, if one does.
-class MenuWatch {
-public:
-    explicit MenuWatch(std::function<void()> whileUp)
-        : m_whileUp(std::move(whileUp)), m_timer(::SetTimer(nullptr, 0, 20, &onTimer))
-    {
-        s_pCurrent = this;
-    }
-    ~MenuWatch() { ::KillTimer(nullptr, m_timer); }
-    MenuWatch(const MenuWatch&) = delete;
-    MenuWatch& operator=(const MenuWatch&) = delete;
-
-    bool wasUp() const { return m_whileUp == nullptr; }
-
-private:
-    static void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD)
-    {
-        if (!s_pCurrent->wasUp() && ::FindWindowA("#32768", nullptr) != nullptr)
-            std::exchange(s_pCurrent->m_whileUp, nullptr)();
-    }
-
-    static MenuWatch* s_pCurrent;
-    std::function<void()> m_whileUp;
-    UINT_PTR m_timer;
-};
-MenuWatch* MenuWatch::s_pCurrent = nullptr;
 
 // Runs what is queued from within the kick, as no host is known not to; greys what it is told of.
 struct EagerFrame {
