@@ -84,18 +84,18 @@ CPoint ModuleFixture::middleOf(int tab) const
     return rect.CenterPoint();
 }
 
-void ModuleFixture::click(int tab) const
+void ModuleFixture::send(UINT message, CPoint point, WPARAM buttons) const
 {
-    const CPoint point = middleOf(tab);
-    ::SendMessageA(strip(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
-    ::SendMessageA(strip(), WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    ::SendMessageA(strip(), message, buttons, MAKELPARAM(point.x, point.y));
 }
 
-void ModuleFixture::moveMouse(int tab) const
+void ModuleFixture::click(int tab) const
 {
-    const CPoint point = middleOf(tab);
-    ::SendMessageA(strip(), WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
+    send(WM_LBUTTONDOWN, middleOf(tab), MK_LBUTTON);
+    send(WM_LBUTTONUP, middleOf(tab));
 }
+
+void ModuleFixture::moveMouse(int tab) const { send(WM_MOUSEMOVE, middleOf(tab)); }
 
 namespace {
 

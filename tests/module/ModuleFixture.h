@@ -45,6 +45,8 @@ struct ModuleFixture {
     std::vector<std::string> tabs() const;
     int selected() const { return static_cast<int>(::SendMessageA(strip(), TCM_GETCURSEL, 0, 0)); }
     CPoint middleOf(int tab) const;
+    // What Windows would send the strip of the mouse, there.
+    void send(UINT message, CPoint point, WPARAM buttons = 0) const;
     void click(int tab) const;
     void moveMouse(int tab) const;
     // The text that the strip's balloon would show; "-" without a balloon.

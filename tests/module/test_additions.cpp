@@ -178,49 +178,33 @@ TEST_CASE_FIXTURE(AdditionsFixture, "the middle button closes the tab on which i
 {
     AcApDocument* pPressed = open("a.dwg");
     open("b.dwg");
-    const auto send = [this](UINT message, int tab) {
-        const CPoint point = middleOf(tab);
-        ::SendMessageA(strip(), message, 0, MAKELPARAM(point.x, point.y));
+    const auto middle = [this](UINT message, int tab) {
+        send(message, middleOf(tab));
+        app.pumpUntilIdle();
+        return tabs().size();
     };
-    send(WM_MBUTTONDOWN, 0);
-    send(WM_MBUTTONUP, 0);
-    app.pumpUntilIdle();
-    CHECK(tabs().size() == 2);
+    middle(WM_MBUTTONDOWN, 0);
+    CHECK(middle(WM_MBUTTONUP, 0) == 2);
     user.set("MiddleClickCloses", 1);
-    SUBCASE("released elsewhere it closes nothing, then or later")
-    {
-        send(WM_MBUTTONDOWN, 0);
-        CHECK(::GetCapture() == strip());
-        send(WM_MBUTTONUP, 1);
-        CHECK(::GetCapture() == nullptr);
-        send(WM_MBUTTONUP, 0);
-        app.pumpUntilIdle();
-        CHECK(tabs().size() == 2);
-    }
-    SUBCASE("nor when something else takes the mouse meanwhile")
-    {
-        send(WM_MBUTTONDOWN, 0);
-        ::ReleaseCapture();
-        send(WM_MBUTTONUP, 0);
-        app.pumpUntilIdle();
-        CHECK(tabs().size() == 2);
-    }
-    SUBCASE("a drawing that goes while it is pressed lets the mouse go")
-    {
-        send(WM_MBUTTONDOWN, 0);
-        close(pPressed);
-        CHECK(::GetCapture() == nullptr);
-    }
-    SUBCASE("quick clicks count each")
-    {
-        send(WM_MBUTTONDOWN, 0);
-        send(WM_MBUTTONUP, 0);
-        app.pumpUntilIdle();
-        send(WM_MBUTTONDBLCLK, 0);
-        send(WM_MBUTTONUP, 0);
-        app.pumpUntilIdle();
-        CHECK(tabs().empty());
-    }
+    // Released elsewhere it closes nothing, then or later; nor when something else takes the mouse meanwhile.
+    middle(WM_MBUTTONDOWN, 0);
+    CHECK(::GetCapture() == strip());
+    middle(WM_MBUTTONUP, 1);
+    CHECK(::GetCapture() == nullptr);
+    CHECK(middle(WM_MBUTTONUP, 0) == 2);
+    middle(WM_MBUTTONDOWN, 0);
+    ::ReleaseCapture();
+    CHECK(middle(WM_MBUTTONUP, 0) == 2);
+    // A drawing that goes while it is pressed lets the mouse go.
+    middle(WM_MBUTTONDOWN, 0);
+    close(pPressed);
+    CHECK(::GetCapture() == nullptr);
+    // Quick clicks count each.
+    open("c.dwg");
+    middle(WM_MBUTTONDOWN, 0);
+    CHECK(middle(WM_MBUTTONUP, 0) == 1);
+    middle(WM_MBUTTONDBLCLK, 0);
+    CHECK(middle(WM_MBUTTONUP, 0) == 0);
 }
 
 TEST_CASE_FIXTURE(AdditionsFixture, "the list of drawings has their names as they are, and an end")

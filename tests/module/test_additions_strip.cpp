@@ -40,7 +40,6 @@ struct StripFixture : ModuleFixture {
         send(WM_MOUSEMOVE, to);
     }
     void drop(CPoint to) { send(WM_LBUTTONUP, to); }
-    void send(UINT message, CPoint point) { ::SendMessageA(strip(), message, 0, MAKELPARAM(point.x, point.y)); }
     Texts drawingsOf(const std::string& menu)
     {
         Texts captions;
@@ -230,10 +229,8 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
     ::SetFileAttributesA(folder.writeDrawing("r.dwg").c_str(), FILE_ATTRIBUTE_READONLY);
     app.documents().open(folder.path("r.dwg"));
     REQUIRE(run("LINE 0 0 1 1"));
-    Texts paths;
     for (const char* name : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"}) {
         open(name);
-        paths.push_back(folder.path(name));
         CHECK(output("MENU 0").find("Save all") == std::string::npos);
     }
     for (const char* tab : {"4", "3", "2"}) {
@@ -252,7 +249,7 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
     }
     SUBCASE("one is refused, or the host takes no more")
     {
-        ::SetFileAttributesA(paths[2].c_str(), FILE_ATTRIBUTE_READONLY);
+        ::SetFileAttributesA(folder.path("c.dwg").c_str(), FILE_ATTRIBUTE_READONLY);
         SUBCASE("by its file") { CHECK_FALSE(run(saveAll)); }
         SUBCASE("by the queue")
         {
@@ -261,7 +258,7 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
             host::Faults::clear();
         }
         CHECK(tabs() == Texts{"r*", "a", "b", "c*", "d*"});
-        ::SetFileAttributesA(paths[2].c_str(), FILE_ATTRIBUTE_NORMAL);
+        ::SetFileAttributesA(folder.path("c.dwg").c_str(), FILE_ATTRIBUTE_NORMAL);
     }
     SUBCASE("one is closed when it is its turn")
     {
