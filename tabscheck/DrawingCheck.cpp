@@ -9,7 +9,6 @@
 #include "library/text/MultiByte.h"
 #include "library/titleblock/ARXTitleBlock.h"
 #include "settings/TooltipRule.h"
-#include "tabscheck/Folders.h"
 #include "tabscheck/Registry.h"
 
 #include <windows.h>
@@ -267,7 +266,7 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
     m_strays.lookAround(sPath, m_projects.of(sPath).root);
     Check(*this, report).run();
     append(report.problems, m_commonProblems);
-    std::erase_if(report.problems, [this](const Problem& problem) { return m_files.accept(problem); });
+    m_files.removeAccepted(report.problems);
     std::sort(report.problems.begin(), report.problems.end());
     return report;
 }
@@ -286,7 +285,7 @@ std::vector<Problem> DrawingCheck::checkFile(const std::string& sPath)
     keywords.mappingKnown = false;
     m_texts.checkTemplateOf(findings, "TooltipText", keywords, problems);
     m_texts.checkTemplateOf(findings, "SameNameText", keywordsOfName(sPath), problems);
-    std::erase_if(problems, [this](const Problem& problem) { return m_files.accept(problem); });
+    m_files.removeAccepted(problems);
     return problems;
 }
 
@@ -307,7 +306,7 @@ std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folder
                 problems.push_back(
                     source.problem("border-absent", entry, entry.m_sText, {counted(use.drawings, "drawing")}));
     }
-    std::erase_if(problems, [this](const Problem& problem) { return m_files.accept(problem); });
+    m_files.removeAccepted(problems);
     return problems;
 }
 

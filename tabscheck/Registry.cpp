@@ -5,7 +5,6 @@
 #include "library/files/PathParts.h"
 #include "library/registry/Registry.h"
 #include "library/text/MultiByte.h"
-#include "tabscheck/Folders.h"
 
 #include <windows.h>
 

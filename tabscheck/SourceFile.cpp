@@ -113,12 +113,8 @@ void SourceFile::read(Form form)
 Problem SourceFile::problemAt(RuleName name, unsigned line, std::size_t position, std::string_view sLine,
                               std::initializer_list<std::string_view> parts) const
 {
-    return {m_path,
-            line,
-            static_cast<unsigned>(position + 1),
-            name.rule(),
-            wordsOf(*name.rule(), parts),
-            std::string(sLine)};
+    const auto column = static_cast<unsigned>(position + 1);
+    return {m_path, line, column, name.rule(), wordsOf(*name.rule(), parts), std::string(sLine)};
 }
 
 void SourceFile::checkMark(Form form)
@@ -137,7 +133,7 @@ void SourceFile::checkMark(Form form)
 
 void SourceFile::checkLines()
 {
-    std::set<std::string> accepted;
+    std::set<std::string_view> accepted;
     std::string_view sLine;
     unsigned line = 1;
     for (; m_contents->nextConverted(sLine); ++line) {
@@ -151,7 +147,7 @@ void SourceFile::checkLines()
                 sNames.remove_prefix(end);
             }
         } else if (!comment && !sText.empty()) {
-            for (const std::string& sName : accepted)
+            for (const std::string_view sName : accepted)
                 m_accepted.insert({line, sName});
             accepted.clear();
         }
@@ -207,10 +203,12 @@ const SourceFile& SourceFiles::get(const std::string& sPath, Form form)
     return m_files.try_emplace(sPath, sPath, form).first->second;
 }
 
-bool SourceFiles::accept(const Problem& problem) const
+void SourceFiles::removeAccepted(std::vector<Problem>& problems) const
 {
-    const auto found = m_files.find(problem.file);
-    return found != m_files.end() && found->second.accepts(problem);
+    std::erase_if(problems, [this](const Problem& problem) {
+        const auto found = m_files.find(problem.file);
+        return found != m_files.end() && found->second.accepts(problem);
+    });
 }
 
 Place SourceFiles::placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems)

@@ -34,11 +34,8 @@ public:
     bool sound() const { return m_sound; }
     // What is wrong with a line is known: it is not read as what it was meant as.
     bool explained(unsigned line) const { return m_garbled || m_explained.count(line) != 0; }
-    // A line above this one accepts the rule by its name.
-    bool accepts(const Problem& problem) const
-    {
-        return m_accepted.count({problem.line, std::string(problem.rule->name)}) != 0;
-    }
+    // A line above the problem's accepts its rule by the name.
+    bool accepts(const Problem& problem) const { return m_accepted.count({problem.line, problem.rule->name}) != 0; }
     // Of its encoding and its lines.
     const std::vector<Problem>& problems() const { return m_problems; }
 
@@ -67,7 +64,7 @@ private:
     std::vector<Problem> m_problems;
     std::set<const Rule*> m_told;  // of lines: each once a file
     std::set<unsigned> m_explained;
-    std::set<std::pair<unsigned, std::string>> m_accepted;
+    std::set<std::pair<unsigned, std::string_view>> m_accepted;
     bool m_garbled = false;  // none of its lines is what was written
     bool m_sound = false;
 };
@@ -78,8 +75,8 @@ public:
     const SourceFile& get(const std::string& sPath, Form form);
     // Whether the strip finds it; a problem when it is there but closed.
     Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems);
-    // A line of the file accepts the problem.
-    bool accept(const Problem& problem) const;
+    // Those that a line of their file accepts.
+    void removeAccepted(std::vector<Problem>& problems) const;
 
 private:
     std::map<std::string, SourceFile> m_files;

@@ -154,27 +154,21 @@ std::vector<std::string> Strays::below(const std::string& sFolder) const
     return paths;
 }
 
-bool Strays::anyDrawingBelow(const std::string& sFolder) const
-{
-    const auto first = m_drawings.lower_bound(upper(sFolder));
-    return first != m_drawings.end() && isBelow(*first, sFolder);
-}
-
 // A project's file is there; one inside the folders of settings, or in another project and
 // without drawings, is no project's.
 bool Strays::isProject(const std::string& sFolder) const
 {
     if (!Tesk::fileExists((sFolder + Tesk::kProjectSettings).c_str()))
         return false;
-    if (anyDrawingBelow(sFolder))
+    const auto drawings = m_drawings.lower_bound(upper(sFolder));
+    if (drawings != m_drawings.end() && isBelow(*drawings, sFolder))
         return true;
     return !isSettingsFolder(sFolder) && Tesk::findProjectFolder(parentOf(sFolder).c_str()).IsEmpty();
 }
 
 bool Strays::counts(const File& file) const
 {
-    const std::string sPlace = placeFor(file);
-    return equalNoCase(file.name, file.meant) && equalNoCase(file.folder, sPlace);
+    return equalNoCase(file.name, file.meant) && equalNoCase(file.folder, placeFor(file));
 }
 
 // The folder where it would be read: that which it is in, if that is one.
@@ -195,8 +189,7 @@ std::string Strays::placeFor(const File& file) const
         sRoot = parentOf(sRoot) == sRoot ? "" : parentOf(sRoot);
     if (texts)
         return sRoot.empty() ? "" : sRoot + "Settings\\support\\";
-    const bool inside = isSettingsFolder(file.folder);
-    return !sRoot.empty() ? sRoot : inside ? parentOf(file.folder) : file.folder;
+    return !sRoot.empty() ? sRoot : isSettingsFolder(file.folder) ? parentOf(file.folder) : file.folder;
 }
 
 std::vector<Problem> Strays::find() const

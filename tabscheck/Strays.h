@@ -45,7 +45,6 @@ private:
         std::string meant;  // the name that is read
     };
 
-    bool anyDrawingBelow(const std::string& sFolder) const;
     bool isProject(const std::string& sFolder) const;
     bool counts(const File& file) const;
     std::string placeFor(const File& file) const;
