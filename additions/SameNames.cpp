@@ -60,19 +60,19 @@ CString CSameNames::getSuffix(AcApDocument* pDocument, const CString& sName)
 
 CSameNames::Name& CSameNames::remember(AcApDocument* pDocument, const CString& sName)
 {
-    const char* sFilename = Tesk::fileNameOf(pDocument);
+    std::string sKey = Tesk::MultiByte::upper(Tesk::viewOf(sName));
     const auto known = m_mapNames.find(pDocument);
-    if (known != m_mapNames.end() && known->second.sName.Compare(sName) == 0 &&
-        known->second.sFilename.Compare(sFilename) == 0)
+    if (known != m_mapNames.end() && known->second.sKey == sKey &&
+        (known->second.sFilename.IsEmpty() || known->second.sFilename.Compare(Tesk::fileNameOf(pDocument)) == 0))
         return known->second;
     forget(pDocument);
-    Name fresh{sName, Tesk::MultiByte::upper(Tesk::viewOf(sName)), sFilename, {}, {}, {}};
-    Name& name = m_mapNames.insert({pDocument, std::move(fresh)}).first->second;
+    Name& name = m_mapNames.insert({pDocument, {std::move(sKey), {}, {}, {}, {}}}).first->second;
     Group& group = m_mapGroups[name.sKey];
     group.vecDocuments.push_back(pDocument);
     if (group.isShared()) {
         m_setChanged.insert(name.sKey);
-        lookUp(group.vecDocuments.front());
+        if (isOpen(group.vecDocuments.front()))  // it may have gone without a word
+            lookUp(group.vecDocuments.front());
     }
     return name;
 }
@@ -80,6 +80,7 @@ CSameNames::Name& CSameNames::remember(AcApDocument* pDocument, const CString& s
 void CSameNames::lookUp(AcApDocument* pDocument)
 {
     Name& name = m_mapNames.at(pDocument);
+    name.sFilename = Tesk::fileNameOf(pDocument);
     name.sTemplate = getOptInText(name.sFilename, "SameNameText");
     if (!name.vecFolders.empty())
         return;

@@ -27,9 +27,8 @@ private:
         std::string sKey;  // the name in one case
     };
     struct Name {
-        CString sName;                   // as the tab shows it
         std::string sKey;                // the name in one case
-        CString sFilename;               // the full path
+        CString sFilename;               // the full path, once the name is shared
         CString sTemplate;               // empty: does not ask, or shares its name with none
         std::vector<Folder> vecFolders;  // from the drawing's own up, once the name is shared
         std::optional<CString> shown;    // by which the tab's text tells it apart now, if it does
