@@ -275,8 +275,17 @@ std::vector<Problem> DrawingCheck::checkFile(const std::string& sPath)
 {
     const std::string sFolder = Tesk::CPathParts(sPath).parent();
     m_strays.look(sFolder, 0);
-    if (!equalNoCase(Tesk::CPathParts(sPath).m_sExtension, ".ini"))
-        return m_projects.get(Layer::Project, sPath).problems;
+    std::vector<Problem> problems;
+    if (equalNoCase(Tesk::CPathParts(sPath).m_sExtension, ".ini"))
+        problems = checkTexts(sPath);
+    else
+        problems = m_projects.get(Layer::Project, sPath).problems;
+    m_files.removeAccepted(problems);
+    return problems;
+}
+
+std::vector<Problem> DrawingCheck::checkTexts(const std::string& sPath)
+{
     const TextFindings findings = m_texts.ofFile(sPath);
     std::vector<Problem> problems = findings.problems;
     Keywords keywords = keywordsOf(KnownExpansion(sPath, m_projects.of(sPath)));
@@ -285,7 +294,6 @@ std::vector<Problem> DrawingCheck::checkFile(const std::string& sPath)
     keywords.mappingKnown = false;
     m_texts.checkTemplateOf(findings, "TooltipText", keywords, problems);
     m_texts.checkTemplateOf(findings, "SameNameText", keywordsOfName(sPath), problems);
-    m_files.removeAccepted(problems);
     return problems;
 }
 

@@ -32,6 +32,9 @@ public:
 private:
     friend class Check;
 
+    // A file of texts that was named, which may be meant for any drawing.
+    std::vector<Problem> checkTexts(const std::string& sPath);
+
     // How many of a project's drawings hold one of its borders.
     struct Use {
         unsigned drawings = 0;

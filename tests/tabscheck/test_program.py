@@ -29,11 +29,13 @@ class ProgramTest(CheckerTest):
         self.write({"clean/D.dwg": drawing(), "odd/D.dwg": drawing(), "odd/MDITabs.ini": "Colour=red\n",
                     "bad/D.dwg": drawing(), "bad/MDITabs.ini": "no key\n", "bad/MDITabs4.ini": "", "read/secret.dwg": drawing(),
                     "closed/D.dwg": drawing(), "closed/MDITabs.ini": "", "shut/D/D.dwg": drawing(), "shut/ProjectSettings.txt": "",
-                    "alone/MDITabs.ini": "no key\n", "none/x.txt": "", "Ж/D.dwg": drawing()})
+                    "alone/MDITabs.ini": "no key\n", "none/x.txt": "", "Ж/D.dwg": drawing(),
+                    "meant/ProjectSettings.txt": "# tabscheck: accept keyword-unknown\nJOBS\n{\n}\n"})
         for name in ("read/secret.dwg", "closed/MDITabs.ini", "shut/ProjectSettings.txt"):
             (self.folder / name).chmod(0)
         commands = {
             CLEAN: ("clean clean/new.dwg", "odd", "cle*", "/?", "--version", "--strict Projects Sketches",
+                    "--strict meant/ProjectSettings.txt",
                     "--strict --accept key-unknown:MDITabs.ini odd"),
             PROBLEMS: ("bad clean", "--strict odd", "bad/MDITabs.ini", "--strict bad/MDITabs4.ini", "--root clean clean", "alone",
                        "--strict --accept key-unknown:Tabs.ini odd"),
