@@ -80,7 +80,7 @@ int main(int argc, char** argv)
         std::puts(fault.sName);
         std::fflush(stdout);
         const std::string sNumber = std::to_string(&fault - faults);
-        const bool bRight = (_spawnl(_P_WAIT, argv[0], argv[0], sNumber.c_str(), nullptr) != 0) == fault.bDies;
+        const bool bRight = (_spawnl(_P_WAIT, argv[0], "guardcheck", sNumber.c_str(), nullptr) != 0) == fault.bDies;
         (bRight ? passed : failed) += 1;
         if (!bRight)
             std::puts(fault.bDies ? "WRONG: not noticed" : "WRONG: taken for a fault");

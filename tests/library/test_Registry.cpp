@@ -23,7 +23,8 @@ void writeRaw(const wchar_t* sName, DWORD dwType, const void* pBytes, std::size_
 
 void writeRaw(DWORD dwType, const std::wstring& sText, std::size_t oddBytes = 0)
 {
-    writeRaw(L"v", dwType, sText.data(), sText.size() * 2 + oddBytes);
+    // Behind a text that ends in half a character Wine takes two bytes more.
+    writeRaw(L"v", dwType, (sText + L'\0').data(), sText.size() * 2 + oddBytes);
 }
 
 template <class T>
