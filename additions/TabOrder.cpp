@@ -1,20 +1,32 @@
 #include "additions/TabOrder.h"
 
 #include "library/diagnostics/Prerelease.h"
+#include "library/drawing/DocumentName.h"
 #include "reactors/OpenDocuments.h"
 
 #include <algorithm>
 
 std::vector<AcApDocument*> CTabOrder::s_vecOrder;
 std::vector<AcApDocument*> CTabOrder::s_vecDue;
+std::map<const AcApDocument*, CString> CTabOrder::s_mapNames;
 
 void CTabOrder::move(int iFrom, int iTo)
 {
     reinsert(iFrom, iTo);
     s_vecDue.clear();
     s_vecOrder.clear();
-    for (int iItem = 0; iItem < m_tabs.GetItemCount(); ++iItem)
-        s_vecOrder.push_back(m_tabs.getDocument(iItem));
+    s_mapNames.clear();
+    for (int iItem = 0; iItem < m_tabs.GetItemCount(); ++iItem) {
+        AcApDocument* pDocument = m_tabs.getDocument(iItem);
+        if (isOpen(pDocument))
+            append(pDocument);
+    }
+}
+
+void CTabOrder::append(AcApDocument* pDocument)
+{
+    s_vecOrder.push_back(pDocument);
+    s_mapNames[pDocument] = Tesk::fileNameOf(pDocument);
 }
 
 // The selected drawing and what of the strip shows stay.
@@ -56,13 +68,13 @@ void CTabOrder::place(AcApDocument* pDocument)
         // The strip is filled anew. What was closed meanwhile does not come again.
         s_vecDue.clear();
         forEachDocument([&](AcApDocument* pOpen) {
-            if (isIn(s_vecOrder, pOpen))
+            if (isIn(s_vecOrder, pOpen) && s_mapNames[pOpen].Compare(Tesk::fileNameOf(pOpen)) == 0)
                 s_vecDue.push_back(pOpen);
         });
     }
     if (!isIn(s_vecDue, pDocument)) {
         take(s_vecOrder);
-        s_vecOrder.push_back(pDocument);
+        append(pDocument);
         return;
     }
     take(s_vecDue);

@@ -5,6 +5,7 @@
 
 #include "additions/StripView.h"
 
+#include <map>
 #include <vector>
 
 class CTabOrder {
@@ -18,8 +19,11 @@ public:
 
 private:
     void reinsert(int iFrom, int iTo);
+    static void append(AcApDocument* pDocument);
 
     CARXMDITabs& m_tabs;
     static std::vector<AcApDocument*> s_vecOrder;
     static std::vector<AcApDocument*> s_vecDue;  // of these the tabs are still to come again
+    // Of those in order: the address of one that was closed may be another's by now.
+    static std::map<const AcApDocument*, CString> s_mapNames;
 };
