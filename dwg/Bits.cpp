@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
+#include <bit>
 
 namespace dwg {
 
@@ -59,13 +59,7 @@ std::uint64_t Bits::raw(unsigned bytes)
     return value;
 }
 
-double Bits::rd()
-{
-    const std::uint64_t bytes = raw(8);
-    double value = 0.0;
-    std::memcpy(&value, &bytes, sizeof value);
-    return value;
-}
+double Bits::rd() { return std::bit_cast<double>(raw(8)); }
 
 unsigned Bits::bs()
 {
@@ -94,14 +88,12 @@ double Bits::dd(double otherwise)
     const unsigned code = bb();
     if (code == 3)
         return rd();
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, &otherwise, sizeof bytes);
+    auto bytes = std::bit_cast<std::uint64_t>(otherwise);
     if (code == 2)
         bytes = (bytes & ~(std::uint64_t{0xFFFF} << 32)) | raw(2) << 32;
     if (code != 0)
         bytes = (bytes & ~std::uint64_t{0xFFFFFFFF}) | raw(4);
-    std::memcpy(&otherwise, &bytes, sizeof bytes);
-    return otherwise;
+    return std::bit_cast<double>(bytes);
 }
 
 unsigned Bits::ot()
@@ -110,27 +102,15 @@ unsigned Bits::ot()
     return code == 0 ? rc() : code == 1 ? rc() + 0x1F0 : rs();
 }
 
-std::int64_t Bits::mc()
-{
-    std::int64_t value = 0;
-    for (unsigned shift = 0; shift < 63; shift += 7) {
-        const unsigned byte = rc();
-        value |= std::int64_t{byte & ((byte & 0x80) != 0 ? 0x7F : 0x3F)} << shift;
-        if ((byte & 0x80) == 0)
-            return (byte & 0x40) != 0 ? -value : value;
-    }
-    fail();
-    return 0;
-}
-
-std::uint64_t Bits::umc()
+std::uint64_t Bits::modular(bool hasSign)
 {
     std::uint64_t value = 0;
     for (unsigned shift = 0; shift < 63; shift += 7) {
         const unsigned byte = rc();
-        value |= std::uint64_t{byte & 0x7F} << shift;
-        if ((byte & 0x80) == 0)
-            return value;
+        const bool last = (byte & 0x80) == 0;
+        value |= std::uint64_t{byte & (last && hasSign ? 0x3FU : 0x7FU)} << shift;
+        if (last)
+            return hasSign && (byte & 0x40) != 0 ? 0 - value : value;
     }
     fail();
     return 0;

@@ -40,8 +40,8 @@ public:
     double bd();
     double dd(double otherwise);
     unsigned ot();
-    std::int64_t mc();
-    std::uint64_t umc();
+    std::int64_t mc() { return static_cast<std::int64_t>(modular(true)); }
+    std::uint64_t umc() { return modular(false); }
     std::uint32_t ms();
     // The count of things of so many bits each at the least: fails when so many cannot follow.
     std::uint32_t count(std::uint32_t number, std::size_t bitsOfEach = 1);
@@ -57,6 +57,7 @@ public:
 
 private:
     std::uint64_t raw(unsigned bytes);
+    std::uint64_t modular(bool hasSign);
 
     const unsigned char* m_bytes = nullptr;
     std::size_t m_at = 0;

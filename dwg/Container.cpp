@@ -1,6 +1,7 @@
 #include "dwg/Container.h"
 
 #include "dwg/BinaryDrawing.h"
+#include "dwg/Bits.h"
 
 #include <algorithm>
 
@@ -37,15 +38,7 @@ std::string_view part(std::string_view bytes, std::uint64_t offset, std::uint64_
     return bytes.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(size));
 }
 
-std::uint32_t number(std::string_view bytes, std::uint64_t offset)
-{
-    std::uint32_t value = 0;
-    for (unsigned shift = 0; const char c : part(bytes, offset, 4)) {
-        value |= std::uint32_t{static_cast<unsigned char>(c)} << shift;
-        shift += 8;
-    }
-    return value;
-}
+std::uint32_t number(std::string_view bytes, std::uint64_t offset) { return Bits(part(bytes, offset, 4)).rl(); }
 
 std::uint64_t longNumber(std::string_view bytes, std::uint64_t offset)
 {

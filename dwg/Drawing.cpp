@@ -35,12 +35,12 @@ std::string Drawing::text()
 {
     writeHeader(m_sections, m_out);
     writeBlocks();
-    m_out.beginSection("ENTITIES");
+    m_out.lines("0\nSECTION\n2\nENTITIES\n");
     writeContents(m_model, false);
     writeContents(m_paper, true);
-    m_out.name(0, "ENDSEC");
+    m_out.lines("0\nENDSEC\n");
     writeObjects(m_sections, m_map, m_out);
-    m_out.name(0, "EOF");
+    m_out.lines("0\nEOF\n");
     return m_out.take();
 }
 
@@ -126,18 +126,14 @@ Drawing::Block* Drawing::readBlock(std::uint64_t handle)
 
 void Drawing::writeBlocks()
 {
-    m_out.beginSection("TABLES");
-    m_out.name(0, "TABLE");
-    m_out.name(2, "BLOCK_RECORD");
+    m_out.lines("0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nBLOCK_RECORD\n");
     m_out.handle(5, m_table);
     for (const Block& block : m_blocks) {
         m_out.name(0, "BLOCK_RECORD");
         m_out.handle(5, block.record.handle());
         m_out.text(2, block.name);
     }
-    m_out.name(0, "ENDTAB");
-    m_out.name(0, "ENDSEC");
-    m_out.beginSection("BLOCKS");
+    m_out.lines("0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nBLOCKS\n");
     for (const Block& block : m_blocks) {
         m_out.name(0, "BLOCK");
         m_out.text(2, block.name);
@@ -148,9 +144,9 @@ void Drawing::writeBlocks()
         m_out.text(1, block.path);
         if (&block != m_model && &block != m_paper)
             writeContents(&block, false);
-        m_out.name(0, "ENDBLK");
+        m_out.lines("0\nENDBLK\n");
     }
-    m_out.name(0, "ENDSEC");
+    m_out.lines("0\nENDSEC\n");
 }
 
 void Drawing::writeContents(const Block* pBlock, bool paper)
@@ -212,6 +208,13 @@ std::uint64_t Drawing::writeEntity(std::uint64_t handle, bool paper, bool nested
         m_out.name(0, "SEQEND");
     }
     return entity.next;
+}
+
+std::string toText(std::string_view bytes)
+{
+    Sections sections;
+    readSections(bytes, sections);
+    return Drawing(sections).text();
 }
 
 }  // namespace dwg

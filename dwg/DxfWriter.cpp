@@ -15,12 +15,6 @@ void DxfWriter::line(Number value, Base... base)
     m_text.append(digits, std::to_chars(digits, digits + sizeof digits, value, base...).ptr) += '\n';
 }
 
-void DxfWriter::beginSection(std::string_view sectionName)
-{
-    name(0, "SECTION");
-    name(2, sectionName);
-}
-
 void DxfWriter::name(int code, std::string_view name)
 {
     line(code);

@@ -19,7 +19,8 @@ public:
     // mark. 0 for all others.
     explicit DxfWriter(unsigned doubleBytePage) : m_page(doubleBytePage) {}
 
-    void beginSection(std::string_view sectionName);
+    // Tags as they stand in a file.
+    void lines(std::string_view text) { m_text += text; }
     void name(int code, std::string_view name);
     void text(int code, std::string_view text);
     void handle(int code, std::uint64_t handle);

@@ -13,23 +13,14 @@ void writeInsert(Entity& entity, DxfWriter& out)
 {
     Bits& data = entity.data;
     const Point at = entity.point3();
-    Point scale{1.0, 1.0, 1.0};
-    switch (entity.release() >= 2000 ? data.bb() : 4) {
-    case 0:
-        scale.x = data.rd();
-        scale.y = data.dd(scale.x);
-        scale.z = data.dd(scale.x);
-        break;
-    case 1:
-        scale.y = data.dd(1.0);
-        scale.z = data.dd(1.0);
-        break;
-    case 2:
-        scale.x = scale.y = scale.z = data.rd();
-        break;
-    case 4:
+    Point scale;
+    if (entity.release() < 2000) {
         scale = entity.point3();
-        break;
+    } else {
+        const unsigned code = data.bb();  // bit 1: x is 1; bit 2: the others are as x
+        scale.x = (code & 1) == 0 ? data.rd() : 1.0;
+        scale.y = code < 2 ? data.dd(scale.x) : scale.x;
+        scale.z = code < 2 ? data.dd(scale.x) : scale.x;
     }
     const double rotation = data.bd();
     const Point normal = entity.point3();
@@ -63,43 +54,32 @@ void writeTextFields(Entity& entity, DxfWriter& out, int groupOfVertical)
     const bool old = entity.release() < 2000;
     const unsigned left = old ? 0 : data.rc();
     const auto has = [&](unsigned bit) { return (left & bit) == 0; };
-    Point at, aligned, normal;
-    double thickness = 0.0;
-    const double elevation = old ? data.bd() : has(1) ? data.rd() : 0.0;
+    const auto number = [&](unsigned bit, double otherwise) {
+        return !has(bit) ? otherwise : old ? data.bd() : data.rd();
+    };
+    Point at, aligned;
+    at.z = aligned.z = number(1, 0.0);
     at.x = data.rd();
     at.y = data.rd();
-    if (old) {
-        aligned.x = data.rd();
-        aligned.y = data.rd();
-    } else if (has(2)) {
-        aligned.x = data.dd(at.x);
-        aligned.y = data.dd(at.y);
+    if (has(2)) {
+        aligned.x = old ? data.rd() : data.dd(at.x);
+        aligned.y = old ? data.rd() : data.dd(at.y);
     }
-    normal = entity.extrusion();
-    thickness = entity.thickness();
-    const auto number = [&] { return old ? data.bd() : data.rd(); };
-    const double oblique = has(4) ? number() : 0.0;
-    const double rotation = has(8) ? number() : 0.0;
-    const double height = number();
-    const double width = has(0x10) ? number() : 1.0;
-    const std::string text = entity.text();
-    const unsigned generation = has(0x20) ? data.bs() : 0;
+    out.point(10, at);
+    out.point(210, entity.extrusion());
+    out.number(39, entity.thickness());
+    out.angle(51, number(4, 0.0));
+    out.angle(50, number(8, 0.0));
+    out.number(40, number(0, 0.0));
+    out.number(41, number(0x10, 1.0));
+    out.text(1, entity.text());
+    out.integer(71, has(0x20) ? data.bs() : 0);
     const unsigned horizontal = has(0x40) ? data.bs() : 0;
     const unsigned vertical = has(0x80) ? data.bs() : 0;
-    at.z = aligned.z = elevation;
-    out.number(39, thickness);
-    out.point(10, at);
-    out.number(40, height);
-    out.text(1, text);
-    out.angle(50, rotation);
-    out.number(41, width);
-    out.angle(51, oblique);
-    out.integer(71, generation);
     out.integer(72, horizontal);
+    out.integer(groupOfVertical, vertical);
     if (horizontal != 0 || vertical != 0)
         out.point(11, aligned);
-    out.point(210, normal);
-    out.integer(groupOfVertical, vertical);
 }
 
 void writeText(Entity& entity, DxfWriter& out) { writeTextFields(entity, out, 73); }
@@ -142,6 +122,8 @@ constexpr EntityKind kKinds[] = {
 
 const EntityKind* entityKind(unsigned type)
 {
+    if (type > kFirstDimension && type <= kLastDimension)
+        type = kFirstDimension;
     for (const std::span<const EntityKind> kinds : {std::span<const EntityKind>(kKinds), geometryKinds()})
         for (const EntityKind& kind : kinds)
             if (kind.type == type)

@@ -10,14 +10,6 @@ namespace {
 
 constexpr std::uint32_t kMostPoints = 1 << 17;
 
-Point point2(Bits& data)
-{
-    Point p;
-    p.x = data.rd();
-    p.y = data.rd();
-    return p;
-}
-
 void writeNormal(const Point& normal, DxfWriter& out)
 {
     if (normal.x != 0.0 || normal.y != 0.0 || normal.z != 1.0)
@@ -81,8 +73,8 @@ void writeSolid(Entity& entity, DxfWriter& out)
     entity.thickness();
     entity.data.bd();  // elevation
     for (const int code : {10, 11, 12, 13}) {
-        const Point corner = point2(entity.data);
-        out.point(code, corner.x, corner.y);
+        const double x = entity.data.rd();
+        out.point(code, x, entity.data.rd());
     }
     writeNormal(entity.extrusion(), out);
 }
@@ -107,14 +99,11 @@ void writeLightPolyline(Entity& entity, DxfWriter& out)
         data.fail();
     out.integer(70, (flags & 512) != 0 ? 1 : 0);
     std::vector<Point> points;
+    Point p;
     for (std::uint32_t i = 0; i < count && !data.failed(); ++i) {
-        Point p;
-        if (i == 0 || entity.release() < 2000) {
-            p = point2(data);
-        } else {
-            p.x = data.dd(points.back().x);
-            p.y = data.dd(points.back().y);
-        }
+        const bool whole = i == 0 || entity.release() < 2000;
+        p.x = whole ? data.rd() : data.dd(p.x);
+        p.y = whole ? data.rd() : data.dd(p.y);
         points.push_back(p);
     }
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -206,13 +195,7 @@ constexpr EntityKind kKinds[] = {
     {0x11, "ARC", writeArc},
     {0x12, "CIRCLE", writeCircle},
     {0x13, "LINE", writeLine},
-    {0x14, "DIMENSION", writeDimension},
-    {0x15, "DIMENSION", writeDimension},
-    {0x16, "DIMENSION", writeDimension},
-    {0x17, "DIMENSION", writeDimension},
-    {0x18, "DIMENSION", writeDimension},
-    {0x19, "DIMENSION", writeDimension},
-    {0x1A, "DIMENSION", writeDimension},
+    {kFirstDimension, "DIMENSION", writeDimension},
     {0x1B, "POINT", writePoint},
     {0x1F, "SOLID", writeSolid},
     {0x20, "TRACE", writeSolid},
@@ -236,14 +219,11 @@ unsigned polylineClass(std::string_view classes)
         const unsigned type = data.bs();
         data.bs();
         std::string name;
-        for (int i = 0; i < 3; ++i) {  // program, C++ class, DXF name
-            name.assign(data.count(data.bs(), 8), '\0');
-            for (char& c : name)
-                c = static_cast<char>(data.rc());
-        }
+        for (int i = 0; i < 3; ++i)  // program, C++ class, DXF name
+            name = data.text(data.bs(), false);
         data.b();
         data.bs();
-        if (name.substr(0, name.find('\0')) == "LWPOLYLINE" && !data.failed())
+        if (name == "LWPOLYLINE" && !data.failed())
             return type;
     }
     return 0;

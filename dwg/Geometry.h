@@ -14,5 +14,6 @@ std::span<const EntityKind> geometryKinds();
 // ones have a fixed one, which is the kind's.
 unsigned polylineClass(std::string_view classes);
 constexpr unsigned kPolyline = 0x4D;
+constexpr unsigned kFirstDimension = 0x14, kLastDimension = 0x1A;
 
 }  // namespace dwg

@@ -109,14 +109,13 @@ unsigned doubleBytePage(const Sections& sections)
 
 void writeHeader(const Sections& sections, DxfWriter& out)
 {
-    out.beginSection("HEADER");
-    out.name(9, "$ACADVER");
+    out.lines("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n");
     out.name(1, sections.version);
     out.name(9, "$DWGCODEPAGE");
     out.name(3, codePageOf(sections).name);
     if (sections.release >= 2004)
         writeSummary(sections, out);
-    out.name(0, "ENDSEC");
+    out.lines("0\nENDSEC\n");
 }
 
 void writeObjects(const Sections& sections, ObjectMap& map, DxfWriter& out)
@@ -129,15 +128,13 @@ void writeObjects(const Sections& sections, ObjectMap& map, DxfWriter& out)
     const std::uint32_t size = record.data.count(record.data.bl(), 8);
     if (record.failed())
         return;
-    out.beginSection("OBJECTS");
-    out.name(0, "DICTIONARY");
-    out.name(3, "DWGPROPS");
+    out.lines("0\nSECTION\n2\nOBJECTS\n0\nDICTIONARY\n3\nDWGPROPS\n");
     out.handle(350, handle);
-    out.name(0, "XRECORD");
+    out.lines("0\nXRECORD\n");
     out.handle(5, handle);
-    out.name(100, "AcDbXrecord");
+    out.lines("100\nAcDbXrecord\n");
     writeRecord(record.data.first(std::size_t{size} * 8), out);
-    out.name(0, "ENDSEC");
+    out.lines("0\nENDSEC\n");
 }
 
 }  // namespace dwg

@@ -77,11 +77,16 @@ void Object::readPreamble()
 {
     if (m_release < 2000)
         splitAt(data.rl());
+    readOwners(true);
+}
+
+void Object::readOwners(bool hasOwner)
+{
     const std::uint32_t reactors = data.bl();
     const bool dictionary = m_release < 2004 || !data.b();
     if (m_release >= 2013)
         data.b();
-    owner = reference();
+    owner = hasOwner ? reference() : 0;
     skipReferences(reactors);
     if (dictionary)
         references.h();
@@ -93,11 +98,7 @@ void Object::readEntityPreamble()
         data.skip(static_cast<std::size_t>(m_release >= 2010 ? data.bll() : data.rl()) * 8);
     if (m_release < 2000)
         splitAt(data.rl());
-    const unsigned mode = data.bb();
-    const std::uint32_t reactors = data.bl();
-    const bool dictionary = m_release < 2004 || !data.b();
-    if (m_release >= 2013)
-        data.b();
+    readOwners(data.bb() == 0);
     const bool lineTypeByLayer = m_release < 2000 && data.b();
     const bool links = m_release < 2004 && !data.b();
     const unsigned colour = data.bs();
@@ -109,24 +110,16 @@ void Object::readEntityPreamble()
     }
     data.bd();          // line type scale
     unsigned more = 0;  // references to line type, material, plot style, visual styles
-    if (m_release >= 2000) {
+    for (int i = m_release < 2000 ? 3 : m_release < 2007 ? 1 : 0; i < 3; ++i)
         more += data.bb() == 3;
-        more += data.bb() == 3;
-    }
-    if (m_release >= 2007) {
-        more += data.bb() == 3;
+    if (m_release >= 2007)
         data.rc();
-    }
     for (int i = 0; m_release >= 2010 && i < 3; ++i)
         more += data.b();
     invisible = (data.bs() & 1) != 0;
     if (m_release >= 2000)
         data.rc();  // line weight
 
-    owner = mode == 0 ? reference() : 0;
-    skipReferences(reactors);
-    if (dictionary)
-        references.h();
     if (m_release < 2000) {
         layer = reference();
         skipReferences(lineTypeByLayer ? 0 : 1);

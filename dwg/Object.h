@@ -52,6 +52,7 @@ public:
 private:
     // Where the references begin, and before them the texts.
     void splitAt(std::size_t end);
+    void readOwners(bool hasOwner);
     void skipReferences(std::uint32_t count);
 
     int m_release;
