@@ -2,8 +2,8 @@
 
 #include "additions/Additions.h"
 #include "library/diagnostics/Guard.h"
-#include "library/diagnostics/Maintenance.h"
 #include "library/diagnostics/Prerelease.h"
+#include "library/maintenance/Maintenance.h"
 #include "module/AcadARXUtil.h"
 #include "module/OptionsCommand.h"
 #include "objectarx/rxdlinkr.h"

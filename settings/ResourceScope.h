@@ -3,7 +3,7 @@
 // Has the toolkit look resources up in the module while it lives, and then again where
 // it did before. For as long as a dialog of ours runs: the host's own are not in it.
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "mfc/afxwin.h"
 
 class CResourceScope {

@@ -2,11 +2,11 @@
 // strip's texts come from, and what is wrong where. It never writes.
 
 #include "library/diagnostics/ExceptionBase.h"
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
-#include "library/maintenance/ApplicationID.h"
+#include "library/maintenance/Maintenance.h"
 #include "library/text/MultiByte.h"
 #include "settings/TextKeys.h"
 #include "tabscheck/Arguments.h"
@@ -194,7 +194,7 @@ ExitCode run(const Arguments& arguments)
     }
     Tesk::lookOnlyAs(sModuleFile.c_str());
     Tesk::G_sApplicationName = kModule;
-    Tesk::G_pApplicationID = std::make_unique<Tesk::CApplicationID>(sModuleFile.c_str());
+    Tesk::G_pApplicationID = Tesk::readApplicationID(sModuleFile.c_str());
     describeHost(arguments.asked.release, arguments.asked.product);
     return Program(arguments).run();
 }

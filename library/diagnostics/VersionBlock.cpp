@@ -1,6 +1,6 @@
 #include "library/diagnostics/VersionBlock.h"
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/text/CodePage.h"
 
 #include <windows.h>

@@ -1,6 +1,6 @@
 #include "library/files/DomainSettings.h"
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/files/FileSearch.h"
 #include "library/files/SupportFileLocator.h"

@@ -1,6 +1,6 @@
 #include "library/files/SupportFileLocator.h"
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/ARXVariable.h"
 #include "library/files/DomainSettings.h"

@@ -1,9 +1,11 @@
-#include "library/diagnostics/Maintenance.h"
+#include "library/maintenance/Maintenance.h"
 
+#include "library/diagnostics/LibraryState.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
+#include "library/files/PathParts.h"
 #include "library/files/SupportFileLocator.h"
-#include "library/maintenance/ApplicationID.h"
+#include "library/files/TextFileContents.h"
 #include "library/maintenance/AssertionReport.h"
 #include "library/maintenance/DiagnosticsLog.h"
 #include "library/maintenance/GUIConsole.h"
@@ -13,10 +15,6 @@
 
 namespace Tesk {
 
-bool G_bLibraryInitialised = false;
-CString G_sApplicationName;
-HINSTANCE G_hCurrentModule = nullptr;
-std::unique_ptr<CApplicationID> G_pApplicationID;
 std::unique_ptr<CMiniDumper> G_pMiniDumper;
 
 namespace {
@@ -53,7 +51,7 @@ void initialiseLibrary(const char* sApplicationName, HINSTANCE hModule, bool bCr
     G_hCurrentModule = hModule;
     G_bLibraryInitialised = true;
     TESK_ASSERT(G_pApplicationID == NULL);
-    G_pApplicationID = std::make_unique<CApplicationID>(getLocation(LOCATION_FILE_MODULE));
+    G_pApplicationID = readApplicationID(getLocation(LOCATION_FILE_MODULE));
     if (bCreateMiniDumper) {
         TESK_ASSERT(G_pMiniDumper == NULL);
         G_pMiniDumper.reset();  // before the new one looks at the filter in force
@@ -78,23 +76,17 @@ void terminateLibrary()
     G_bLibraryInitialised = false;
 }
 
-HINSTANCE getCurrentModule()
+std::unique_ptr<CApplicationID> readApplicationID(const char* sModuleFile)
 {
-    TESK_ASSERT(G_bLibraryInitialised);
-    return G_hCurrentModule;
-}
-
-CString getApplicationName()
-{
-    const CString sName = G_pApplicationID ? G_pApplicationID->getName() : CString();
-    return sName.IsEmpty() ? G_sApplicationName : sName;
-}
-
-CString getApplicationVersionLabel()
-{
-    TESK_ASSERT(G_bLibraryInitialised);
-    TESK_ASSERT(G_pApplicationID != NULL);
-    return G_pApplicationID ? G_pApplicationID->getLabel() : CString();
+    auto pID = std::make_unique<CApplicationID>();
+    try {
+        CTextFileContents contents(CPathParts(sModuleFile).withExtension(".avf").c_str(), true);
+        for (std::string_view sLine; contents.nextConverted(sLine);)
+            pID->addLine(sLine);
+    } catch (CException* pException) {
+        pException->Delete();
+    }
+    return pID;
 }
 
 }  // namespace Tesk

@@ -1,6 +1,6 @@
 #include "library/maintenance/TraceLine.h"
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/maintenance/AssertionReport.h"
 #include "library/maintenance/DiagnosticsLog.h"
 #include "library/text/MultiByte.h"

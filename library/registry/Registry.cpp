@@ -1,6 +1,6 @@
 #include "library/registry/Registry.h"
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 
 #include <shellapi.h>
 

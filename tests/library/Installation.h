@@ -3,7 +3,7 @@
 // An installation in a tree of its own, the library's while the object lives: a copy of
 // this program stands for the module.
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "tests/support/TestFolder.h"
 
 #include <windows.h>

@@ -3,9 +3,10 @@
 // A place of its own for what the diagnostics touch: registry, temporary folder
 // and level. The library itself is started and stopped by the tests.
 
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/maintenance/DiagnosticsLog.h"
+#include "library/maintenance/Maintenance.h"
 #include "library/registry/Registry.h"
 #include "tests/library/Environment.h"
 #include "tests/support/TestFolder.h"

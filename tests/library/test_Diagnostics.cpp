@@ -1,7 +1,6 @@
 #include "library/diagnostics/Guard.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/files/FileSearch.h"
-#include "library/maintenance/ApplicationID.h"
 #include "library/maintenance/AssertionReport.h"
 #include "library/maintenance/MiniDumper.h"
 #include "library/system/Handles.h"

@@ -2,7 +2,7 @@
 #include "library/text/StringView.h"
 
 #include "host/application/Application.h"
-#include "library/diagnostics/Maintenance.h"
+#include "library/diagnostics/LibraryState.h"
 #include "library/files/DefaultSettingsManager.h"
 #include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"

@@ -2,7 +2,7 @@
 // balloon.
 #include "ModuleFixture.h"
 #include "host/ui/MainFrame.h"
-#include "library/diagnostics/Maintenance.h"
+#include "library/maintenance/Maintenance.h"
 #include "library/system/Handles.h"
 #include "tabs/MDITabsEx.h"
 #include <doctest/doctest.h>

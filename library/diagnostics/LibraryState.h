@@ -1,18 +1,15 @@
 #pragma once
 
-// Start-up and shutdown of the support library, and its globals. The bodies stand in
-// maintenance/, with all that starts and stops there.
+// What the support library knows of the application and the module that it works for, from
+// its start to its end.
 
-#include "mfc/afx.h"
+#include "library/diagnostics/ApplicationID.h"
 
 #include <windows.h>
 
 #include <memory>
 
 namespace Tesk {
-
-class CApplicationID;
-class CMiniDumper;
 
 // True from initialiseLibrary to terminateLibrary.
 extern bool G_bLibraryInitialised;
@@ -25,18 +22,6 @@ extern HINSTANCE G_hCurrentModule;
 
 // The installation's product name and version; set while initialised.
 extern std::unique_ptr<CApplicationID> G_pApplicationID;
-
-// Set only when initialiseLibrary was asked for it.
-extern std::unique_ptr<CMiniDumper> G_pMiniDumper;
-
-// Sets the globals, reads the module's version block and chooses the
-// diagnostics level: 2 for a pre-release build or when the user's value
-// "DebugStartup" is true (the old log is deleted), then 1 when "AssertStartup"
-// is true. Must not be initialised already; the name must not be empty.
-void initialiseLibrary(const char* sApplicationName, HINSTANCE hModule, bool bCreateMiniDumper);
-
-// Gives back what initialiseLibrary took. The diagnostics level stays as it is.
-void terminateLibrary();
 
 // The handle given to initialiseLibrary. The library must be initialised.
 HINSTANCE getCurrentModule();
