@@ -8,10 +8,12 @@
 #include "additions/MenuCommand.h"
 #include "additions/MenuIds.h"
 #include "additions/MiddleClick.h"
+#include "additions/OpenTabs.h"
 #include "additions/OptInText.h"
 #include "additions/SameNames.h"
 #include "additions/SaveAll.h"
 #include "additions/WheelScroll.h"
+#include "library/diagnostics/Guard.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/diagnostics/VersionBlock.h"
 #include "library/drawing/DocumentName.h"
@@ -22,11 +24,9 @@
 #include "mfc/afxwin.h"
 #include "objectarx/acdocman.h"
 #include "reactors/DocManagerReactor.h"
-#include "reactors/OpenDocuments.h"
 
 #include <algorithm>
 #include <functional>
-#include <optional>
 
 namespace {
 
@@ -56,10 +56,10 @@ public:
     void tabAdded(AcApDocument* pDocument) override { m_order.place(pDocument); }
     void tabChanged() override { m_sameNames.updateOthers(); }
     void tabRemoved(AcApDocument* pDocument) override;
-    void tabActivated(AcApDocument* pDocument) override { CDrawingsList::use(pDocument); }
+    void tabActivated(AcApDocument* pDocument) override { m_drawings.use(pDocument); }
     void stripSized() override { m_view.useRoom(); }
     void appendItems(AcApDocument* pDocument, CMenu& menu, Place place) override;
-    void openMenu(CMenu& menu) override { m_drawings.fill(menu); }
+    void openMenu(CMenu& menu) override;
     bool processItem(AcApDocument* pDocument, UINT iItem) override;
     bool handleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
     {
@@ -79,19 +79,12 @@ private:
     };
     static const Item kItems[];
 
-    std::vector<AcApDocument*> documents();
-    template <class Condition>
-    bool anyDocument(const Condition& condition)
-    {
-        const std::vector<AcApDocument*> vecDocuments = documents();
-        return std::any_of(vecDocuments.begin(), vecDocuments.end(), condition);
-    }
     bool isOffered(Offered offered, const AcApDocument* pDocument);
     void report(const char* sMessage);
 
-    void saveAll(AcApDocument*) { m_saving.start(documents()); }
+    void saveAll(AcApDocument*) { m_saving.start(openTabs(m_tabs)); }
     void closeOthers(AcApDocument* pDocument);
-    void closeUnchanged(AcApDocument*) { m_closing.start(documents(), true); }
+    void closeUnchanged(AcApDocument*) { m_closing.start(openTabs(m_tabs), true); }
     void copyPath(AcApDocument* pDocument);
     void openFolder(AcApDocument* pDocument);
     void showHelp(AcApDocument* pDocument) { CHelpBox(Tesk::fileNameOf(pDocument)).DoModal(); }
@@ -99,7 +92,8 @@ private:
     CARXMDITabs& m_tabs;
     CSameNames m_sameNames{m_tabs};
     CLongNames m_longNames;
-    CDrawingsList m_drawings{m_tabs, m_longNames};
+    bool m_bWholeNames = false;
+    CDrawingsList m_drawings{m_tabs};
     CStripView m_view{m_tabs};
     CTabOrder m_order{m_tabs};
     CMiddleClick m_middleClick{m_tabs};
@@ -122,7 +116,7 @@ const CAdditions::Item CAdditions::kItems[] = {
 
 CString CAdditions::getText(AcApDocument* pDocument, const CString& sName)
 {
-    CString sText = m_longNames.shorten(pDocument, sName) + m_sameNames.getSuffix(pDocument, sName);
+    CString sText = (m_bWholeNames ? sName : m_longNames.shorten(sName)) + m_sameNames.getSuffix(pDocument, sName);
     if (pDocument->isReadOnly())
         sText += getOptInText(Tesk::fileNameOf(pDocument), "ReadOnlyText");
     return sText;
@@ -132,7 +126,6 @@ void CAdditions::tabRemoved(AcApDocument* pDocument)
 {
     m_middleClick.forget(pDocument);
     m_drag.forget(pDocument);
-    m_longNames.remove(pDocument);
     m_view.useRoom();
     m_sameNames.remove(pDocument);
 }
@@ -140,15 +133,9 @@ void CAdditions::tabRemoved(AcApDocument* pDocument)
 void CAdditions::appendItems(AcApDocument* pDocument, CMenu& menu, Place place)
 {
     bool bAppended = false;
-    std::optional<bool> known[kWithFile + 1];  // a disk may be far away: asked once, and only where it matters
     for (const Item& item : kItems) {
         const CString sCaption = item.place == place ? getOptInText(Tesk::fileNameOf(pDocument), item.sKey) : CString();
-        if (sCaption.IsEmpty())
-            continue;
-        std::optional<bool>& offered = known[item.offered];
-        if (!offered)
-            offered = isOffered(item.offered, pDocument);
-        if (!*offered)
+        if (sCaption.IsEmpty() || !isOffered(item.offered, pDocument))
             continue;
         TESK_VERIFY(menu.AppendMenu(MF_STRING, item.iItem, sCaption));
         bAppended = true;
@@ -160,16 +147,27 @@ void CAdditions::appendItems(AcApDocument* pDocument, CMenu& menu, Place place)
         TESK_VERIFY(menu.AppendMenu(MF_SEPARATOR));
 }
 
+void CAdditions::openMenu(CMenu& menu)
+{
+    m_bWholeNames = true;
+    Tesk::guarded("CDrawingsList::fill", [&] { m_drawings.fill(menu); });
+    m_bWholeNames = false;
+}
+
 // Closing may close the active drawing, and so switch.
 bool CAdditions::isOffered(Offered offered, const AcApDocument* pDocument)
 {
+    const auto any = [this](const auto& condition) {
+        const std::vector<AcApDocument*> vecDocuments = openTabs(m_tabs);
+        return std::any_of(vecDocuments.begin(), vecDocuments.end(), condition);
+    };
     switch (offered) {
     case kWithOthers:
         return maySwitch() && m_tabs.GetItemCount() > 1;
     case kWithChanged:
-        return anyDocument(&CSaveAll::isDue);
+        return any(&CSaveAll::isDue);
     case kWithUnchanged:
-        return maySwitch() && anyDocument(std::not_fn(&CDocManagerReactor::isDatabaseModified));
+        return maySwitch() && any(std::not_fn(&CDocManagerReactor::isDatabaseModified));
     case kWithFile:
         return hasFile(pDocument);
     default:
@@ -187,16 +185,6 @@ bool CAdditions::processItem(AcApDocument* pDocument, UINT iItem)
     return m_drawings.activate(iItem);
 }
 
-std::vector<AcApDocument*> CAdditions::documents()
-{
-    std::vector<AcApDocument*> vecDocuments;
-    const int iCount = m_tabs.GetItemCount();
-    for (int iItem = 0; iItem < iCount; ++iItem)
-        if (AcApDocument* pDocument = m_tabs.getDocument(iItem); isOpen(pDocument))
-            vecDocuments.push_back(pDocument);
-    return vecDocuments;
-}
-
 void CAdditions::report(const char* sMessage)
 {
     const CString sTitle = Tesk::CVersionBlock::getCompanyName() + " " + Tesk::CVersionBlock::getInternalName();
@@ -205,7 +193,7 @@ void CAdditions::report(const char* sMessage)
 
 void CAdditions::closeOthers(AcApDocument* pDocument)
 {
-    std::vector<AcApDocument*> vecOthers = documents();
+    std::vector<AcApDocument*> vecOthers = openTabs(m_tabs);
     vecOthers.erase(std::remove(vecOthers.begin(), vecOthers.end(), pDocument), vecOthers.end());
     m_closing.start(vecOthers, false);
 }

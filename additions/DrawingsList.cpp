@@ -1,6 +1,7 @@
 #include "additions/DrawingsList.h"
 
 #include "additions/MenuIds.h"
+#include "additions/OpenTabs.h"
 #include "additions/OptInText.h"
 #include "library/diagnostics/Prerelease.h"
 #include "library/drawing/DocumentName.h"
@@ -9,7 +10,6 @@
 #include "reactors/OpenDocuments.h"
 
 #include <algorithm>
-#include <numeric>
 
 std::vector<const AcApDocument*> CDrawingsList::s_vecUsed;
 
@@ -26,12 +26,16 @@ CString asCaption(CString sText)
 
 }  // namespace
 
+CDrawingsList::CDrawingsList(CARXMDITabs& tabs)
+    : m_tabs(tabs), m_bRecent(getOptInText("", "DrawingsOrder").CompareNoCase("recent") == 0)
+{
+}
+
 bool CDrawingsList::append(const AcApDocument* pDocument, CMenu& menu)
 {
     const CString sCaption = getOptInText(Tesk::fileNameOf(pDocument), "PopupDrawingsText");
     if (sCaption.IsEmpty() || !acDocManager->isDocumentActivationEnabled())
         return false;
-    m_bRecent = getOptInText(Tesk::fileNameOf(pDocument), "DrawingsOrder").CompareNoCase("recent") == 0;
     CMenu menuDrawings;
     TESK_VERIFY(menuDrawings.CreatePopupMenu());
     m_vecDrawings.clear();
@@ -46,48 +50,36 @@ void CDrawingsList::fill(CMenu& menu)
 {
     if (menu.m_hMenu != m_hMenu || menu.GetMenuItemCount() != 0)
         return;
+    m_vecDrawings = openTabs(m_tabs);
+    sort();
+    m_vecDrawings.resize(std::min(m_vecDrawings.size(), kMost));
     const AcApDocument* pActive = acDocManager->mdiActiveDocument();
-    for (const int iItem : order()) {
-        if (m_vecDrawings.size() == kMost)
-            break;
-        char sText[1024] = "";
-        TCITEMA tabItem = {};
-        tabItem.mask = TCIF_TEXT | TCIF_PARAM;
-        tabItem.pszText = sText;
-        tabItem.cchTextMax = sizeof sText;
-        TESK_VERIFY(m_tabs.GetItem(iItem, &tabItem));
-        const UINT iId = IDC_DYNAMIC_MENU_DRAWINGS + static_cast<UINT>(m_vecDrawings.size());
-        m_vecDrawings.push_back(reinterpret_cast<AcApDocument*>(tabItem.lParam));
-        TESK_VERIFY(menu.AppendMenu(MF_STRING | (m_vecDrawings.back() == pActive ? MF_CHECKED : MF_UNCHECKED), iId,
-                                    asCaption(m_longNames.unshorten(m_vecDrawings.back(), tabItem.pszText))));
-    }
+    UINT iId = IDC_DYNAMIC_MENU_DRAWINGS;
+    for (AcApDocument* pDocument : m_vecDrawings)
+        TESK_VERIFY(menu.AppendMenu(MF_STRING | (pDocument == pActive ? MF_CHECKED : MF_UNCHECKED), iId++,
+                                    asCaption(m_tabs.buildTabText(pDocument))));
 }
 
-// The tabs' numbers. A list that is longer than the screen begins shortly before the active
-// drawing, and goes on with the first behind the last.
-std::vector<int> CDrawingsList::order() const
+void CDrawingsList::sort()
 {
-    std::vector<int> vecItems(static_cast<std::size_t>(m_tabs.GetItemCount()));
-    std::iota(vecItems.begin(), vecItems.end(), 0);
-    if (!m_bRecent) {
-        constexpr int kBefore = 5;
-        const int iFit = ::GetSystemMetrics(SM_CYSCREEN) / ::GetSystemMetrics(SM_CYMENU);
-        const int iBegin = m_tabs.GetCurSel() - kBefore;
-        if (m_tabs.GetItemCount() > iFit && iBegin > 0)
-            std::rotate(vecItems.begin(), vecItems.begin() + iBegin, vecItems.end());
-        return vecItems;
+    const AcApDocument* pActive = acDocManager->mdiActiveDocument();
+    if (m_bRecent) {
+        // The active one is the last, behind those that were never used.
+        const auto age = [=](const AcApDocument* pDocument) {
+            return std::pair(pDocument == pActive,
+                             std::find(s_vecUsed.rbegin(), s_vecUsed.rend(), pDocument) - s_vecUsed.rbegin());
+        };
+        std::stable_sort(m_vecDrawings.begin(), m_vecDrawings.end(),
+                         [=](const auto* pOne, const auto* pOther) { return age(pOne) < age(pOther); });
+        return;
     }
-    // Who was used before the active one comes first, who was never used before the active one.
-    const auto age = [](const AcApDocument* pDocument) {
-        const auto used = std::find(s_vecUsed.rbegin(), s_vecUsed.rend(), pDocument);
-        return used == s_vecUsed.rbegin() ? s_vecUsed.rend() - used + 1 : used - s_vecUsed.rbegin();
-    };
-    std::vector<std::pair<std::ptrdiff_t, int>> vecAges;
-    for (const int iItem : vecItems)
-        vecAges.emplace_back(age(m_tabs.getDocument(iItem)), iItem);
-    std::sort(vecAges.begin(), vecAges.end());
-    std::transform(vecAges.begin(), vecAges.end(), vecItems.begin(), [](const auto& aged) { return aged.second; });
-    return vecItems;
+    // A list that is longer than the screen begins shortly before the active drawing, and
+    // goes on with the first behind the last.
+    constexpr std::ptrdiff_t kBefore = 5;
+    const auto active = std::find(m_vecDrawings.begin(), m_vecDrawings.end(), pActive);
+    const std::ptrdiff_t fit = ::GetSystemMetrics(SM_CYSCREEN) / ::GetSystemMetrics(SM_CYMENU);
+    if (m_vecDrawings.end() - m_vecDrawings.begin() > fit && active - m_vecDrawings.begin() > kBefore)
+        std::rotate(m_vecDrawings.begin(), active - kBefore, m_vecDrawings.end());
 }
 
 bool CDrawingsList::activate(UINT iItem)
@@ -102,11 +94,11 @@ bool CDrawingsList::activate(UINT iItem)
     return true;
 }
 
-// Who asks for it is known when the list opens; until then nothing is read.
 void CDrawingsList::use(AcApDocument* pDocument)
 {
     s_vecUsed.erase(std::remove(s_vecUsed.begin(), s_vecUsed.end(), pDocument), s_vecUsed.end());
-    s_vecUsed.push_back(pDocument);
+    if (m_bRecent)
+        s_vecUsed.push_back(pDocument);
     if (s_vecUsed.size() > kMost)
         s_vecUsed.erase(s_vecUsed.begin());
 }

@@ -2,14 +2,14 @@
 
 // The submenu of all open drawings, to switch by.
 
-#include "additions/LongNames.h"
 #include "tabs/ARXMDITabs.h"
 
 #include <vector>
 
 class CDrawingsList {
 public:
-    CDrawingsList(CARXMDITabs& tabs, const CLongNames& longNames) : m_tabs(tabs), m_longNames(longNames) {}
+    // The last used come first where the texts say so when the strip is made.
+    explicit CDrawingsList(CARXMDITabs& tabs);
 
     // Where the document's texts ask for it, and the host allows to switch. True when it was
     // appended; it is filled when it opens.
@@ -18,15 +18,14 @@ public:
     // False when the item is none of its.
     bool activate(UINT iItem);
     // The document is the active one from now on.
-    static void use(AcApDocument* pDocument);
+    void use(AcApDocument* pDocument);
 
 private:
-    std::vector<int> order() const;
+    void sort();
 
     CARXMDITabs& m_tabs;
-    const CLongNames& m_longNames;
+    bool m_bRecent;
     HMENU m_hMenu = nullptr;
-    bool m_bRecent = false;                    // the last used first
     std::vector<AcApDocument*> m_vecDrawings;  // in it; one may have gone since
     // By last use, the active one last. It outlives the strip; only who has a tab counts.
     static std::vector<const AcApDocument*> s_vecUsed;

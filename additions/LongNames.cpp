@@ -1,7 +1,6 @@
 #include "additions/LongNames.h"
 
 #include "additions/OptInText.h"
-#include "library/drawing/DocumentName.h"
 #include "library/text/CodePage.h"
 #include "library/text/StringView.h"
 
@@ -10,33 +9,25 @@
 
 namespace {
 
-// With less of them nobody knows a drawing by its name; so nothing is looked up for it.
-constexpr std::size_t kLeast = 8;
+constexpr int kLeast = 8;  // with less nobody knows a drawing by its name
 constexpr wchar_t kEllipsis = L'\x2026';
 
 }  // namespace
 
-CString CLongNames::shorten(const AcApDocument* pDocument, const CString& sName)
+CLongNames::CLongNames() : m_iMost(std::atoi(getOptInText("", "MaximumName")))
 {
-    remove(pDocument);
-    const std::wstring sWide = Tesk::toWide(Tesk::viewOf(sName));
-    if (sWide.size() <= kLeast)
-        return sName;
-    const auto most =
-        static_cast<std::size_t>(std::strtoul(getOptInText(Tesk::fileNameOf(pDocument), "MaximumName"), nullptr, 10));
-    if (most < kLeast || sWide.size() <= most)
-        return sName;
-    // Of what is left the end gets the odd character: there names differ.
-    const std::size_t head = (most - 1) / 2;
-    const std::size_t tail = most - 1 - head;
-    const CString sShort =
-        Tesk::toCString(Tesk::toNarrow(sWide.substr(0, head) + kEllipsis + sWide.substr(sWide.size() - tail)));
-    m_mapShortened[pDocument] = {sName, sShort.GetLength()};
-    return sShort;
+    if (m_iMost < kLeast)
+        m_iMost = 0;
 }
 
-CString CLongNames::unshorten(const AcApDocument* pDocument, const CString& sTabText) const
+CString CLongNames::shorten(const CString& sName) const
 {
-    const auto name = m_mapShortened.find(pDocument);
-    return name == m_mapShortened.end() ? sTabText : name->second.sWhole + sTabText.Mid(name->second.iShown);
+    if (m_iMost == 0 || sName.GetLength() <= m_iMost)
+        return sName;
+    const auto most = static_cast<std::size_t>(m_iMost);
+    std::wstring sWide = Tesk::toWide(Tesk::viewOf(sName));
+    // Of what is left the end gets the odd character: there names differ.
+    if (sWide.size() > most)
+        sWide.replace((most - 1) / 2, sWide.size() - most + 1, 1, kEllipsis);
+    return Tesk::toCString(Tesk::toNarrow(sWide));
 }

@@ -2,30 +2,16 @@
 
 #include "additions/OptInText.h"
 #include "additions/StripView.h"
-#include "library/diagnostics/Guard.h"
 #include "objectarx/acdocman.h"
-
-CMenuCommand* CMenuCommand::s_pCurrent = nullptr;
 
 CMenuCommand::CMenuCommand(CARXMDITabs& tabs) : m_tabs(tabs)
 {
-    s_pCurrent = this;
     const CString sName = getOptInText("", "MenuCommand");
     if (!sName.IsEmpty())
-        m_command.add(sName, &run);
+        m_command.add(sName);
 }
 
-CMenuCommand::~CMenuCommand() { s_pCurrent = nullptr; }
-
-void CMenuCommand::run()
-{
-    Tesk::guarded("CMenuCommand::run", [] {
-        if (s_pCurrent != nullptr)
-            s_pCurrent->open();
-    });
-}
-
-void CMenuCommand::open()
+void CMenuCommand::runCommand()
 {
     AcApDocument* pActive = acDocManager->mdiActiveDocument();
     const int iItem = pActive != nullptr && m_tabs.IsWindowVisible() ? m_tabs.findDocument(pActive) : -1;

@@ -9,15 +9,10 @@
 class CMenuCommand {
 public:
     explicit CMenuCommand(CARXMDITabs& tabs);
-    ~CMenuCommand();
-    CMenuCommand(const CMenuCommand&) = delete;
-    CMenuCommand& operator=(const CMenuCommand&) = delete;
+
+    void runCommand();
 
 private:
-    static void run();
-    void open();
-
-    static CMenuCommand* s_pCurrent;
     CARXMDITabs& m_tabs;
-    CHostCommand m_command;
+    CHostCommand<CMenuCommand> m_command{*this};
 };

@@ -33,79 +33,79 @@ std::vector<CSameNames::Folder> CSameNames::foldersOf(const CString& sFilename)
     while (!sPath.empty()) {
         const Tesk::CPathParts parts(sPath);
         const std::string sFolder = parts.fileName().empty() ? sPath : parts.fileName();
-        if (sFolder.find_first_not_of('\\') != std::string::npos)
-            vecFolders.push_back({Tesk::toCString(sFolder), Tesk::MultiByte::upper(sFolder)});
+        const std::string sKey = Tesk::MultiByte::upper(sFolder);
+        const auto isSame = [&](const Folder& folder) { return folder.sKey == sKey; };
+        if (sFolder.find_first_not_of('\\') != std::string::npos &&
+            std::none_of(vecFolders.begin(), vecFolders.end(), isSame))
+            vecFolders.push_back({Tesk::toCString(sFolder), sKey});
         sPath = parts.fileName().empty() ? "" : Tesk::withoutBackslash(parts.parent());
     }
     return vecFolders;
 }
 
-// Each once.
-std::set<std::string> CSameNames::keysOf(const std::vector<Folder>& vecFolders)
-{
-    std::set<std::string> keys;
-    for (const Folder& folder : vecFolders)
-        keys.insert(folder.sKey);
-    return keys;
-}
-
 CString CSameNames::getSuffix(AcApDocument* pDocument, const CString& sName)
 {
-    Name& name = remember(pDocument, sName);
-    if (m_mapGroups.at(name.sKey).isShared())
-        lookUp(pDocument);
-    name.shown = distinguish(name);
-    return name.shown ? expand(name.sTemplate, name.sFilename, *name.shown) : CString();
-}
-
-CSameNames::Name& CSameNames::remember(AcApDocument* pDocument, const CString& sName)
-{
-    std::string sKey = Tesk::MultiByte::upper(Tesk::viewOf(sName));
-    const auto known = m_mapNames.find(pDocument);
-    if (known != m_mapNames.end() && known->second.sKey == sKey &&
-        (known->second.sFilename.IsEmpty() || known->second.sFilename.Compare(Tesk::fileNameOf(pDocument)) == 0))
-        return known->second;
-    forget(pDocument);
-    Name& name = m_mapNames.insert({pDocument, {std::move(sKey), {}, {}, {}, {}}}).first->second;
-    Group& group = m_mapGroups[name.sKey];
-    group.vecDocuments.push_back(pDocument);
-    if (group.isShared()) {
-        m_setChanged.insert(name.sKey);
-        if (isOpen(group.vecDocuments.front()))  // it may have gone without a word
-            lookUp(group.vecDocuments.front());
+    Group& group = remember(pDocument, sName);
+    if (group.vecDocuments.size() == 1) {
+        group.mapShared.clear();
+        group.mapFolders.clear();
+        return CString();
     }
-    return name;
+    Shared& shared = lookUp(group, pDocument);
+    shared.shown = distinguish(group, shared);
+    return shared.shown ? expand(shared.sTemplate, shared.sFilename, *shared.shown) : CString();
 }
 
-void CSameNames::lookUp(AcApDocument* pDocument)
+CSameNames::Group& CSameNames::remember(AcApDocument* pDocument, const CString& sName)
 {
-    Name& name = m_mapNames.at(pDocument);
-    name.sFilename = Tesk::fileNameOf(pDocument);
-    name.sTemplate = getOptInText(name.sFilename, "SameNameText");
-    if (!name.vecFolders.empty())
-        return;
-    name.vecFolders = foldersOf(name.sFilename);
-    Group& group = m_mapGroups.at(name.sKey);
-    for (const std::string& sFolder : keysOf(name.vecFolders))
-        ++group.mapFolders[sFolder];
+    const std::string sKey = Tesk::MultiByte::upper(Tesk::viewOf(sName));
+    const auto known = m_mapGroupOf.find(pDocument);
+    if (known != m_mapGroupOf.end() && known->second->first == sKey) {
+        Group& group = known->second->second;
+        const auto shared = group.mapShared.find(pDocument);
+        if (shared == group.mapShared.end() || shared->second.sFilename.Compare(Tesk::fileNameOf(pDocument)) == 0)
+            return group;
+    }
+    forget(pDocument);
+    const auto entry = m_mapGroups.try_emplace(sKey).first;
+    m_mapGroupOf[pDocument] = entry;
+    Group& group = entry->second;
+    group.vecDocuments.push_back(pDocument);
+    m_bChanged |= group.vecDocuments.size() > 1;
+    // The first may have gone without a word.
+    if (group.vecDocuments.size() == 2 && isOpen(group.vecDocuments.front()))
+        lookUp(group, group.vecDocuments.front());
+    return group;
+}
+
+CSameNames::Shared& CSameNames::lookUp(Group& group, AcApDocument* pDocument)
+{
+    Shared& shared = group.mapShared[pDocument];
+    shared.sFilename = Tesk::fileNameOf(pDocument);
+    shared.sTemplate = getOptInText(shared.sFilename, "SameNameText");
+    if (shared.vecFolders.empty()) {
+        shared.vecFolders = foldersOf(shared.sFilename);
+        for (const Folder& folder : shared.vecFolders)
+            ++group.mapFolders[folder.sKey];
+    }
+    return shared;
 }
 
 void CSameNames::forget(AcApDocument* pDocument)
 {
-    const auto known = m_mapNames.find(pDocument);
-    if (known == m_mapNames.end())
+    const auto known = m_mapGroupOf.find(pDocument);
+    if (known == m_mapGroupOf.end())
         return;
-    const Name& name = known->second;
-    Group& group = m_mapGroups[name.sKey];
-    if (group.isShared())
-        m_setChanged.insert(name.sKey);
+    Group& group = known->second->second;
     std::vector<AcApDocument*>& vecDocuments = group.vecDocuments;
-    vecDocuments.erase(std::remove(vecDocuments.begin(), vecDocuments.end(), pDocument), vecDocuments.end());
-    for (const std::string& sFolder : keysOf(name.vecFolders))
-        --group.mapFolders[sFolder];
+    m_bChanged |= vecDocuments.size() > 1;
+    vecDocuments.erase(std::find(vecDocuments.begin(), vecDocuments.end(), pDocument));
+    for (const Folder& folder : group.mapShared[pDocument].vecFolders)
+        --group.mapFolders[folder.sKey];
+    group.mapShared.erase(pDocument);
     if (vecDocuments.empty())
-        m_mapGroups.erase(name.sKey);
-    m_mapNames.erase(known);
+        m_mapGroups.erase(known->second);
+    m_mapGroupOf.erase(known);
 }
 
 void CSameNames::remove(AcApDocument* pDocument)
@@ -116,43 +116,35 @@ void CSameNames::remove(AcApDocument* pDocument)
 
 void CSameNames::updateOthers()
 {
+    if (!std::exchange(m_bChanged, false))
+        return;
+    std::vector<AcApDocument*> vecDue;
+    for (const auto& [sKey, group] : m_mapGroups)
+        for (const auto& [pDocument, shared] : group.mapShared)
+            if (shared.shown != distinguish(group, shared))
+                vecDue.push_back(pDocument);
     // Making a text anew comes back here, with nothing left to look at.
-    std::set<std::string> setChanged;
-    setChanged.swap(m_setChanged);
-    for (const std::string& sKey : setChanged) {
-        const auto group = m_mapGroups.find(sKey);
-        if (group == m_mapGroups.end())
-            continue;
-        for (AcApDocument* pDocument : std::vector<AcApDocument*>(group->second.vecDocuments)) {
-            const Name& name = m_mapNames.at(pDocument);
-            // One may have gone without a word.
-            if (name.shown != distinguish(name) && isOpen(pDocument))
-                m_tabs.updateTabText(pDocument);
-        }
-    }
+    for (AcApDocument* pDocument : vecDue)
+        if (isOpen(pDocument))
+            m_tabs.updateTabText(pDocument);
 }
 
-std::optional<CString> CSameNames::distinguish(const Name& name) const
+// By a folder that no other drawing of the name lies below. Where there is none, by the
+// drawing's own folder, unless another's has the same name: then by the whole path.
+std::optional<CString> CSameNames::distinguish(const Group& group, const Shared& shared)
 {
-    const Group& group = m_mapGroups.at(name.sKey);
-    if (!group.isShared() || name.sTemplate.IsEmpty() || name.vecFolders.empty())
+    if (group.vecDocuments.size() == 1 || shared.sTemplate.IsEmpty() || shared.vecFolders.empty())
         return std::nullopt;
-    return name.sTemplate.Find(kNearestFolder) == -1 ? CString() : nearestFolder(group, name);
-}
-
-// One that no other drawing of the name lies below. Where there is none, the drawing's own
-// folder, unless another's has the same name.
-CString CSameNames::nearestFolder(const Group& group, const Name& name) const
-{
-    for (const Folder& folder : name.vecFolders)
+    if (shared.sTemplate.Find(kNearestFolder) == -1)
+        return CString();
+    for (const Folder& folder : shared.vecFolders)
         if (group.mapFolders.at(folder.sKey) == 1)
             return folder.sName;
-    const Folder& own = name.vecFolders.front();
-    const auto isSame = [&](AcApDocument* pOther) {
-        const Name& other = m_mapNames.at(pOther);
-        return &other != &name && !other.vecFolders.empty() && other.vecFolders.front().sKey == own.sKey;
+    const Folder& own = shared.vecFolders.front();
+    const auto hasIt = [&](const auto& other) {
+        return !other.second.vecFolders.empty() && other.second.vecFolders.front().sKey == own.sKey;
     };
-    if (std::none_of(group.vecDocuments.begin(), group.vecDocuments.end(), isSame))
+    if (std::count_if(group.mapShared.begin(), group.mapShared.end(), hasIt) == 1)
         return own.sName;
-    return Tesk::toCString(Tesk::withoutBackslash(Tesk::CPathParts(name.sFilename.GetString()).parent()));
+    return Tesk::toCString(Tesk::withoutBackslash(Tesk::CPathParts(shared.sFilename.GetString()).parent()));
 }

@@ -7,7 +7,6 @@
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -26,33 +25,30 @@ private:
         CString sName;
         std::string sKey;  // the name in one case
     };
-    struct Name {
-        std::string sKey;                // the name in one case
-        CString sFilename;               // the full path, once the name is shared
-        CString sTemplate;               // empty: does not ask, or shares its name with none
-        std::vector<Folder> vecFolders;  // from the drawing's own up, once the name is shared
+    // What is known of a document once it shares its name.
+    struct Shared {
+        CString sFilename;               // the full path
+        CString sTemplate;               // empty: does not ask
+        std::vector<Folder> vecFolders;  // from the drawing's own up, each name once
         std::optional<CString> shown;    // by which the tab's text tells it apart now, if it does
     };
     // The documents of one name, and how many of them lie below a folder of that name.
     struct Group {
         std::vector<AcApDocument*> vecDocuments;
+        std::map<AcApDocument*, Shared> mapShared;
         std::map<std::string, int> mapFolders;
-
-        bool isShared() const { return vecDocuments.size() > 1; }
     };
+    using Groups = std::map<std::string, Group>;  // by the name in one case
 
     static std::vector<Folder> foldersOf(const CString& sFilename);
-    static std::set<std::string> keysOf(const std::vector<Folder>& vecFolders);
-    Name& remember(AcApDocument* pDocument, const CString& sName);
+    Group& remember(AcApDocument* pDocument, const CString& sName);
     void forget(AcApDocument* pDocument);
-    // Looks up what a shared name needs.
-    void lookUp(AcApDocument* pDocument);
+    static Shared& lookUp(Group& group, AcApDocument* pDocument);
     // Nothing for a drawing that shares its name with none, or was never saved.
-    std::optional<CString> distinguish(const Name& name) const;
-    CString nearestFolder(const Group& group, const Name& name) const;
+    static std::optional<CString> distinguish(const Group& group, const Shared& shared);
 
     CARXMDITabs& m_tabs;
-    std::map<AcApDocument*, Name> m_mapNames;
-    std::map<std::string, Group> m_mapGroups;
-    std::set<std::string> m_setChanged;  // groups whose texts have not been looked at yet
+    Groups m_mapGroups;
+    std::map<AcApDocument*, Groups::iterator> m_mapGroupOf;
+    bool m_bChanged = false;  // who shares a name, and the texts have not been looked at yet
 };

@@ -1,6 +1,5 @@
 #include "additions/SaveAll.h"
 
-#include "library/diagnostics/Guard.h"
 #include "reactors/DocManagerReactor.h"
 #include "reactors/OpenDocuments.h"
 
@@ -13,14 +12,6 @@ constexpr const char* kCommand = "ZavikMDITabsSaveNext";
 
 }  // namespace
 
-CSaveAll* CSaveAll::s_pCurrent = nullptr;
-
-CSaveAll::~CSaveAll()
-{
-    if (s_pCurrent == this)
-        s_pCurrent = nullptr;
-}
-
 bool CSaveAll::isDue(AcApDocument* pDocument)
 {
     return isOpen(pDocument) && !pDocument->isReadOnly() && CDocManagerReactor::isDatabaseModified(pDocument);
@@ -28,9 +19,8 @@ bool CSaveAll::isDue(AcApDocument* pDocument)
 
 void CSaveAll::start(const std::vector<AcApDocument*>& vecDocuments)
 {
-    s_pCurrent = this;
     m_vecDue.clear();
-    if (!m_command.add(kCommand, &run))
+    if (!m_command.add(kCommand))
         return;
     m_vecDue = vecDocuments;
     saveNext();
@@ -49,13 +39,7 @@ void CSaveAll::saveNext()
         m_vecDue.clear();
 }
 
-void CSaveAll::run()
-{
-    if (s_pCurrent != nullptr && !Tesk::guarded("CSaveAll::run", [] { s_pCurrent->afterSave(); }))
-        s_pCurrent->m_vecDue.clear();
-}
-
-void CSaveAll::afterSave()
+void CSaveAll::runCommand()
 {
     if (!m_vecDue.empty() && isOpen(m_vecDue.front()) && CDocManagerReactor::isDatabaseModified(m_vecDue.front()))
         m_vecDue.clear();

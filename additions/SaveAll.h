@@ -11,24 +11,18 @@
 
 class CSaveAll {
 public:
-    CSaveAll() = default;
-    ~CSaveAll();
-    CSaveAll(const CSaveAll&) = delete;
-    CSaveAll& operator=(const CSaveAll&) = delete;
-
     // It has changes, and can be written.
     static bool isDue(AcApDocument* pDocument);
 
     // Ends what it was at. One that is closed meanwhile is passed over; when it was its turn
     // the host forgets what waits behind it, too.
     void start(const std::vector<AcApDocument*>& vecDocuments);
+    // Behind each document's saving in the host's queue.
+    void runCommand();
 
 private:
-    static void run();
     void saveNext();
-    void afterSave();
 
-    static CSaveAll* s_pCurrent;
     std::vector<AcApDocument*> m_vecDue;  // the first is being saved
-    CHostCommand m_command;               // stands behind each document's saving in the host's queue
+    CHostCommand<CSaveAll> m_command{*this};
 };

@@ -17,7 +17,7 @@ bool CStripView::isScrolledOut(int iItem) const
 int CStripView::first() const
 {
     int iFirst = 0;
-    for (int iEnd = m_tabs.GetItemCount(); iFirst < iEnd;) {
+    for (int iEnd = isScrolledOut(0) ? m_tabs.GetItemCount() : 0; iFirst < iEnd;) {
         const int iMiddle = (iFirst + iEnd) / 2;
         if (isScrolledOut(iMiddle))
             iFirst = iMiddle + 1;

@@ -5,7 +5,6 @@
 
 #include "additions/StripView.h"
 
-#include <map>
 #include <vector>
 
 class CTabOrder {
@@ -14,16 +13,13 @@ public:
 
     // Puts a tab into another's place.
     void move(int iFrom, int iTo);
-    // The last tab is new: one of before gets its place again.
-    void place(AcApDocument* pDocument);
+    // The last tab is new: a file of before gets its place again, another stays the last.
+    void place(const AcApDocument* pDocument);
 
 private:
     void reinsert(int iFrom, int iTo);
-    static void append(AcApDocument* pDocument);
 
     CARXMDITabs& m_tabs;
-    static std::vector<AcApDocument*> s_vecOrder;
-    static std::vector<AcApDocument*> s_vecDue;  // of these the tabs are still to come again
-    // Of those in order: the address of one that was closed may be another's by now.
-    static std::map<const AcApDocument*, CString> s_mapNames;
+    // By the files' names: the address of a document that was closed may be another's by now.
+    static std::vector<CString> s_vecOrder;
 };

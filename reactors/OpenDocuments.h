@@ -19,7 +19,8 @@ void forEachDocument(Call call)
 // By the pointer alone, for a document that may be gone.
 inline bool isOpen(const AcApDocument* pDocument)
 {
-    bool bOpen = false;
-    forEachDocument([&](const AcApDocument* pOpen) { bOpen |= pOpen == pDocument; });
-    return bOpen;
+    const std::unique_ptr<AcApDocumentIterator> pIterator(acDocManager->newAcApDocumentIterator());
+    while (pIterator != nullptr && !pIterator->done() && pIterator->document() != pDocument)
+        pIterator->step();
+    return pDocument != nullptr && pIterator != nullptr && !pIterator->done();
 }

@@ -198,27 +198,24 @@ TEST_CASE_FIXTURE(StripFixture, "a long name loses its middle on the tab alone, 
     const CThreadLocale locale(CThreadLocale::japanese);
     const std::string ini = "ModifiedText = *\nReadOnlyText = \" (RO)\"\nPopupDrawingsText = Drawings\n"
                             "SameNameText = \" (%DISTINCT_FOLDER%)\"\nMaximumName = ";
-    folder.write("A\\MDITabs.ini", ini + "10\n");
-    folder.write("B\\MDITabs.ini", ini + "8\n");
-    folder.write("C\\MDITabs.ini", ini + "7\n");
+    const std::string eight = "Grund&\x83\x5c\x83\x5c", dots = "\x81\x63";  // two bytes a character
+    for (const char* name : {"MDITabs.ini", "A\\MDITabs.ini", "B\\MDITabs.ini"})
+        folder.write(name, ini + "8\n");
+    open("x.dwg");
     load();
-    open("A\\2006 Riverside one.dwg");
-    open("A\\2006 Riverside two one.dwg");
-    open("B\\123456789.dwg");
-    open("C\\123456789 in full.dwg");
-    ::SetFileAttributesA(folder.writeDrawing("A\\Grund&\x83\x5c\x83\x5c\x83\x5c\x83\x5c.dwg").c_str(),
-                         FILE_ATTRIBUTE_READONLY);
-    open("A\\1234567890.dwg");
-    open("B\\1234567890.dwg");
+    for (const char* name : {"2006 Riverside one", "2006 Riverside two", "12345678", "A\\123456789", "B\\123456789"})
+        open(name + std::string(".dwg"));
     REQUIRE(run("LINE 0 0 1 1"));
-    const std::string dots = "\x81\x63";  // one character
-    CHECK(tabs() == Texts{"2006" + dots + "e one", "2006" + dots + "o one", "123" + dots + "6789", "123456789 in full",
-                          "1234567890 (A)", "123" + dots + "7890 (B)*"});
-    CHECK(drawingsOf(output("MENU 0")) == Texts{"2006 Riverside one", "2006 Riverside two one", "123456789",
-                                                "123456789 in full", "1234567890 (A)", "1234567890 (B)*"});
-    app.documents().open(folder.path("A\\Grund&\x83\x5c\x83\x5c\x83\x5c\x83\x5c.dwg"));
+    ::SetFileAttributesA(folder.writeDrawing(eight + ".dwg").c_str(), FILE_ATTRIBUTE_READONLY);
+    app.documents().open(folder.path(eight + ".dwg"));
     REQUIRE(run("LINE 0 0 1 1"));
-    CHECK(tabs().back() == "Grund&\x83\x5c\x83\x5c\x83\x5c\x83\x5c (RO)*");
+    CHECK(tabs() == Texts{"x", "200" + dots + " one", "200" + dots + " two", "12345678", "123" + dots + "6789 (A)",
+                          "123" + dots + "6789 (B)*", eight + " (RO)*"});
+    CHECK(drawingsOf(output("MENU 0"))[4] == "123456789 (A)");
+    unload();
+    folder.write("MDITabs.ini", ini + "7\n");
+    load();
+    CHECK(tabs()[1] == "2006 Riverside one");
 }
 
 TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the other, until one is not")
@@ -271,23 +268,25 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
 
 TEST_CASE_FIXTURE(StripFixture, "the list of drawings begins with what was used before")
 {
-    folder.write("MDITabs.ini", "PopupDrawingsText = Drawings\n");
-    folder.write("recent\\MDITabs.ini", "PopupDrawingsText = Drawings\nDrawingsOrder = Recent\n");
+    folder.write("MDITabs.ini", "PopupDrawingsText = Drawings\nDrawingsOrder = Recent\n");
+    open("a.dwg");
     load();
-    for (const char* name : {"recent\\a.dwg", "b.dwg", "c.dwg"})
-        open(name);
+    open("b.dwg");
+    open("c.dwg");
     REQUIRE(app.execute(Texts{"SWITCH 0", "SWITCH 2", "SWITCH 1"}).succeeded);
     CHECK(drawingsOf(output("MENU 0")) == Texts{"c", "a", "b"});
-    CHECK(drawingsOf(output("MENU 1")) == Texts{"a", "b", "c"});
     REQUIRE(run("MENU 0 21001"));
     CHECK(active() == 0);
-    // Longer than the screen it begins near the active one.
-    TCITEMA tab = {};
-    for (int i = 0; i < 197; ++i)
-        m_pWndTabs->InsertItem(0, &tab);
-    const Texts list = drawingsOf(output("MENU 198"));
-    CHECK(list.size() == 200);
-    CHECK(list[5] == "a");
+    // Else it is the tabs' order. Longer than the screen it begins near the active one.
+    unload();
+    folder.write("MDITabs.ini", "PopupDrawingsText = Drawings\n");
+    load();
+    CHECK(drawingsOf(output("MENU 0")) == Texts{"a", "b", "c"});
+    openMany(60);
+    REQUIRE(run("SWITCH 20"));
+    const Texts list = drawingsOf(output("MENU 0"));
+    CHECK(list.size() == 63);
+    CHECK(list[5] == tabs()[20]);
 }
 
 TEST_CASE_FIXTURE(StripFixture, "a command opens the active drawing's menu at its tab, under the office's name")

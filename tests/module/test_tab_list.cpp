@@ -1,6 +1,7 @@
 // The tabs and their balloon where drawings come and go; and what is reported of broken
 // preconditions. How they follow the host is in tests/transcripts.
 #include "ModuleFixture.h"
+#include "host/drawing/Faults.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
@@ -18,7 +19,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under th
     folder.write("MDITabs.ini", "DefaultTooltipText = untitled\n");
     folder.write("sub\\MDITabs.ini", "DefaultTooltipText = the sub-folder's\n");
     load();
-    open("a.dwg");
+    AcApDocument* pFirst = open("a.dwg");
     AcApDocument* pSecond = open("sub\\b.dwg");
     moveMouse(0);
     CHECK(balloon() == "untitled");
@@ -29,10 +30,13 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under th
     moveMouse(1);
     CHECK(balloon() == "The title");
 
-    SUBCASE("once, while it stays there")
+    SUBCASE("once, while it stays there, whoever without a tab goes")
     {
+        m_pWndTabs->removeDocument(pFirst);
+        moveMouse(0);
         Tesk::setDiagnosticsLevel(2);
-        moveMouse(1);
+        m_pWndTabs->removeDocument(pFirst);
+        moveMouse(0);
         CHECK(app.commandLine().history().find("CARXMDITabs::getTooltip") == std::string::npos);
     }
     SUBCASE("and keeps it, by file name and its case, until the state of the drawing changes")
@@ -64,6 +68,26 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes the text of the tab under th
         ::SendMessageA(strip(), WM_MOUSEMOVE, 0, MAKELPARAM(middleOf(1).x + 300, 5));
         CHECK(balloon() == "untitled");
     }
+}
+
+TEST_CASE_FIXTURE(ModuleFixture, "the mouse does nothing on the tab of a drawing that has gone without a word")
+{
+    user.set("MiddleClickCloses", 1);
+    load();
+    AcApDocument* pGone = open("a.dwg");
+    open("b.dwg");
+    host::Faults::failNth("AcApDocManagerReactor::documentToBeDestroyed", 1);
+    close(pGone);
+    host::Faults::clear();
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(2);
+    moveMouse(0);
+    click(0);
+    for (const UINT message : {WM_MBUTTONDOWN, WM_MBUTTONUP})
+        send(message, middleOf(0));
+    CHECK(answers.assertions() == "");
+    CHECK(app.commandLine().history().find("CARXMDITabs::getTooltip(") == std::string::npos);
+    CHECK(app.commandLine().history().find("CARXMDITabs::closeDocument(") == std::string::npos);
 }
 
 TEST_CASE_FIXTURE(ModuleFixture, "the frame is laid out again around the strip's coming and going")
