@@ -103,7 +103,7 @@ int main()
     const CTestFolder folder, binaries, texts;
     furnish(folder.path(), CTestFolder::read(std::string("samples/Projects/Riverside/Drawings/A-101.dwg")));
     compare(
-        "tabscheck, 1,000 drawings in 200 folders", 1, [&] { return check(folder); },
+        "tabscheck, 1,000 drawings in 200 folders", 5, [&] { return check(folder); },
         [&] { return readAll(folder.path()); });
     const std::string sBinary = CTestFolder::read(besideProgram("drawings\\large"));
     furnish(binaries.path(), sBinary);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <new>
 #include <utility>
 
@@ -31,6 +32,25 @@ bool isBinaryDrawing(std::string_view bytes)
 bool isOldDrawing(std::string_view bytes)
 {
     return bytes.size() >= 6 && bytes.starts_with("AC") && isDigit(bytes[2]) && bytes[3] == '.' && isDigit(bytes[4]);
+}
+
+// Shows the header's entries one after the other, until one is wanted.
+template <class Wants>
+void seeEntries(const DxfRecord* pHeader, Wants wants)
+{
+    TagReader reader(pHeader != nullptr ? pHeader->text() : std::string_view());
+    HeaderEntry entry;
+    for (DxfTag tag; nextTag(reader, tag);) {
+        if (tag.code != 9) {
+            entry.text = {entry.text.data(), entry.text.size() + (entry.text.empty() ? 0 : tag.text.size())};
+            continue;
+        }
+        if (!entry.text.empty() && wants(entry))
+            return;
+        entry = {trimmed(tag.value), tag.text};
+    }
+    if (!entry.text.empty())
+        wants(entry);
 }
 
 }  // namespace
@@ -66,15 +86,15 @@ std::unique_ptr<DxfFile> DxfFile::read(const std::string& sPath)
 {
     if (sPath.size() >= MAX_PATH)
         throw FileError(sPath, 0, "the path is too long");
-    const DWORD attributes = GetFileAttributesA(sPath.c_str());
-    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
-        throw FileError(sPath, 0, "a folder, not a file");
     const UniqueHandle file(CreateFileA(sPath.c_str(), GENERIC_READ,
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                                         FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     LARGE_INTEGER size{};
-    if (!file || !GetFileSizeEx(file.get(), &size))
-        throw FileError(sPath, 0, FileError::systemReason(GetLastError()));
+    if (!file || !GetFileSizeEx(file.get(), &size)) {
+        const DWORD error = GetLastError(), attributes = GetFileAttributesA(sPath.c_str());
+        const bool folder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        throw FileError(sPath, 0, folder ? "a folder, not a file" : FileError::systemReason(error));
+    }
     if (size.QuadPart > 0x3FFFFFFF)
         throw FileError(sPath, 0, "too large to be read");
     std::string sBytes(static_cast<std::size_t>(size.QuadPart), '\0');
@@ -129,8 +149,8 @@ void DxfFile::scan(const std::string& sName)
     if (isOldDrawing(bytes))
         fail(nullptr,
              "a binary drawing from before R9 (" + std::string(m_bytes.substr(0, 6).c_str()) + ") cannot be read");
-    if (const std::size_t nul = bytes.find('\0'); nul != std::string_view::npos)
-        fail(bytes.data() + nul, "NUL byte in the text");
+    if (const void* pNul = std::memchr(bytes.data(), '\0', bytes.size()))
+        fail(static_cast<const char*>(pNul), "NUL byte in the text");
     const std::size_t firstEnd = bytes.find('\n');
     m_sLineEnd = firstEnd != std::string_view::npos && firstEnd > 0 && bytes[firstEnd - 1] == '\r' ? "\r\n" : "\n";
 
@@ -191,25 +211,22 @@ void DxfFile::addRecord(std::string_view text, std::string_view type)
 std::vector<HeaderEntry> DxfFile::headerEntries() const
 {
     std::vector<HeaderEntry> entries;
-    const DxfRecord* const pHeader = section("HEADER");
-    TagReader reader(pHeader != nullptr ? pHeader->text() : std::string_view());
-    for (DxfTag tag; nextTag(reader, tag);) {
-        if (tag.code == 9) {
-            entries.push_back({trimmed(tag.value), tag.text});
-        } else if (!entries.empty()) {
-            std::string_view& text = entries.back().text;
-            text = {text.data(), text.size() + tag.text.size()};
-        }
-    }
+    seeEntries(section("HEADER"), [&entries](const HeaderEntry& entry) {
+        entries.push_back(entry);
+        return false;
+    });
     return entries;
 }
 
 HeaderEntry DxfFile::headerEntry(std::string_view name) const
 {
-    for (const HeaderEntry& entry : headerEntries())
+    HeaderEntry found;
+    seeEntries(section("HEADER"), [name, &found](const HeaderEntry& entry) {
         if (sameName(entry.name, name))
-            return entry;
-    return {};
+            found = entry;
+        return !found.text.empty();
+    });
+    return found;
 }
 
 DxfRecord* DxfFile::section(std::string_view name) const

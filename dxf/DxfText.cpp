@@ -5,6 +5,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
@@ -189,7 +190,11 @@ std::string foldedName(std::string_view name)
     return folded;
 }
 
-bool sameName(std::string_view a, std::string_view b) { return a.size() == b.size() && foldedName(a) == foldedName(b); }
+bool sameName(std::string_view a, std::string_view b)
+{
+    const auto same = [](char one, char other) { return Tesk::upperAscii(one) == Tesk::upperAscii(other); };
+    return a == b || (std::equal(a.begin(), a.end(), b.begin(), b.end(), same) && foldedName(a) == foldedName(b));
+}
 
 std::string DxfText::ansiName() { return "ANSI_" + std::to_string(ansiCodePage()); }
 

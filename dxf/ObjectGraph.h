@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace dxf {
@@ -123,7 +124,9 @@ private:
     BlockNode* m_modelSpace = nullptr;
     unsigned long long m_nextHandle = 1;
     bool m_handlesAreWritten = false;
-    std::unordered_map<unsigned long long, AcDbStub*> m_byHandle;
+    // In the order of their handles once one was asked for; of two with one handle, the first counts.
+    mutable std::vector<std::pair<unsigned long long, AcDbStub*>> m_byHandle;
+    mutable bool m_isSorted = true;
 };
 
 }  // namespace dxf

@@ -9,6 +9,26 @@ namespace {
 
 bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
+// The group code of a line such as most are: blanks, digits and the line's end. What it is
+// in any other takes longer to say; then nothing is cut off the text.
+int cutPlainCode(std::string_view& text)
+{
+    const char* p = text.data();
+    const char* const pEnd = p + text.size();
+    while (p != pEnd && *p == ' ')
+        ++p;
+    int code = 0;
+    const char* const pDigits = p;
+    for (; p != pEnd && *p >= '0' && *p <= '9' && p - pDigits < 4; ++p)
+        code = code * 10 + (*p - '0');
+    const bool any = p != pDigits;
+    p += p != pEnd && *p == '\r' ? 1 : 0;
+    if (!any || p == pEnd || *p != '\n')
+        return -1;
+    text.remove_prefix(static_cast<std::size_t>(p + 1 - text.data()));
+    return code;
+}
+
 // Cuts the first line, ending included, off the text.
 std::string_view cutLine(std::string_view& text)
 {
@@ -45,17 +65,18 @@ Number parsed(std::string_view text)
 TagReader::Result TagReader::next(DxfTag& tag)
 {
     std::string_view rest = m_rest;
-    const std::string_view codeLine = cutLine(rest);
-    const std::string_view digits = trimmed(codeLine);
-    int code = 0;
-    const auto [pEnd, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code);
-    if (digits.empty() || error != std::errc() || pEnd != digits.data() + digits.size()) {
+    int code = cutPlainCode(rest);
+    if (code < 0) {
+        const std::string_view digits = trimmed(cutLine(rest));
+        const auto [pEnd, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code);
         if (digits.empty() && trimmed(rest).empty())
             return Result::End;
-        return Result::BadCode;
+        if (digits.empty() || error != std::errc() || pEnd != digits.data() + digits.size())
+            return Result::BadCode;
     }
     if (rest.empty())
         return Result::NoValue;
+    const std::string_view codeLine = m_rest.substr(0, m_rest.size() - rest.size());
     const std::string_view valueLine = cutLine(rest);
     tag = {code, withoutEnding(valueLine), codeLine, m_rest.substr(0, codeLine.size() + valueLine.size())};
     m_rest = rest;

@@ -3,12 +3,10 @@
 #include "dxf/Drawing.h"
 #include "library/drawing/ARXDrawingProperties.h"
 #include "library/drawing/WorkingDatabase.h"
-#include "library/expansion/ARXKeywordExpansion.h"
 #include "library/files/FileSearch.h"
 #include "library/files/PathParts.h"
 #include "library/text/MultiByte.h"
 #include "library/titleblock/ARXTitleBlock.h"
-#include "settings/TooltipRule.h"
 #include "tabscheck/Registry.h"
 
 #include <windows.h>
@@ -22,33 +20,22 @@ namespace {
 using Tesk::MultiByte::equalNoCase;
 
 constexpr const char* kLabel = "HALVORAN_PROJECT_LABEL";
+constexpr const char* kForwardLabel = "X_HALVORAN_PROJECT_LABEL";
 constexpr const char* kFolder = "DISTINCT_FOLDER";
 
-// What is known of a drawing without its contents.
-class KnownExpansion : public Tesk::CKeywordExpansion {
-public:
-    KnownExpansion(const std::string& sDrawing, const ProjectFindings& projects)
-        : CKeywordExpansion(sDrawing.c_str(), 1, 1)
-    {
-        if (!projects.root.empty())
-            addToMap(kLabel, projects.label().c_str());
-    }
-};
-
-Keywords keywordsOf(const Tesk::CKeywordExpansion& expansion)
+// With those of title blocks, or as SameNameText knows them.
+Keywords keywordsOf(const Tesk::CKeywordExpansion& expansion, bool titleBlocks)
 {
     Keywords keywords;
     for (const auto& [sKeyword, sValue] : expansion.getKeywords())
-        keywords.names.insert(sKeyword);
-    return keywords;
-}
-
-// Those of any file, whose names are the same for all, and one of its own.
-Keywords keywordsOfName(const std::string& sPath)
-{
-    Keywords keywords = keywordsOf(Tesk::CKeywordExpansion(sPath.c_str(), 1, 1));
+        if (titleBlocks || sKeyword.find("HALVORAN") == sKeyword.npos)
+            keywords.names.insert(sKeyword);
+    if (titleBlocks) {
+        keywords.lost[kFolder] = "it is for SameNameText alone";
+        return keywords;
+    }
     keywords.names.insert(kFolder);
-    for (const char* sName : {"HALVORAN", kLabel, "X_HALVORAN_PROJECT_LABEL"})
+    for (const char* sName : {"HALVORAN", kLabel, kForwardLabel})
         keywords.lost[sName] = "SameNameText knows nothing of title blocks";
     return keywords;
 }
@@ -64,7 +51,11 @@ void append(std::vector<Problem>& problems, const std::vector<Problem>& others)
 class Check {
 public:
     Check(DrawingCheck& all, DrawingReport& report)
-        : m_all(all), m_texts(all.m_texts.of(report.path)), m_projects(all.m_projects.of(report.path)), m_report(report)
+        : m_all(all),
+          m_texts(all.m_texts.of(report.path)),
+          m_projects(all.m_projects.of(report.path)),
+          m_expansion(all.expansionOf(report.path, m_texts)),
+          m_report(report)
     {
     }
 
@@ -112,35 +103,35 @@ private:
     {
         m_report.contents = sReason;
         chooseSource();
-        showTemplate(KnownExpansion(m_report.path, m_projects));
+        if (!m_projects.root.empty())
+            m_expansion.addLabel(m_projects.label().c_str());
+        showTemplate();
     }
 
     void showDrawing(dxf::Drawing& database)
     {
         const Tesk::CWorkingDatabase workingDatabase(&database);
-        Tesk::CARXDrawingProperties properties(&database);
-        const Tesk::CARXKeywordExpansion expansion(&database, m_report.path.c_str(), 1, 1);
-        const auto& titleBlock = static_cast<const Tesk::CARXTitleBlock&>(*expansion.getTitleBlock());
+        Tesk::CARXTitleBlock titleBlock(&database, m_report.path.c_str());
         m_report.project.sourceIsCertain = true;
         chooseBorder(titleBlock);
-
-        const TooltipRule rule = chooseTooltipRule(expansion, properties);
-        if (rule == TooltipRule::Template) {
-            showTemplate(expansion);
-            checkMapping(titleBlock);
-            return;
+        m_expansion.addTitleBlock(titleBlock);
+        if (titleBlock.hasInstance()) {
+            showTemplate();
+            return checkMapping(titleBlock);
         }
-        m_report.tooltip.rule = rule == TooltipRule::Title ? "title" : "default";
-        m_report.tooltip.text =
-            rule == TooltipRule::Title ? properties.getTitle().GetString() : m_texts.valueOf("DefaultTooltipText");
-        checkTemplates(expansion);
+        // The properties count for those without a title block alone.
+        m_report.tooltip.text = Tesk::CARXDrawingProperties(&database).getTitle().GetString();
+        m_report.tooltip.rule = m_report.tooltip.text.empty() ? "default" : "title";
+        if (m_report.tooltip.text.empty())
+            m_report.tooltip.text = m_texts.valueOf("DefaultTooltipText");
+        checkTemplates();
     }
 
-    void showTemplate(const Tesk::CKeywordExpansion& expansion)
+    void showTemplate()
     {
         m_report.tooltip.rule = "template";
-        m_report.tooltip.text = expansion.expandString(m_texts.valueOf("TooltipText").c_str()).GetString();
-        checkTemplates(expansion);
+        m_report.tooltip.text = m_expansion.expandString(m_texts.valueOf("TooltipText").c_str()).GetString();
+        checkTemplates();
     }
 
     // The file that the search for the title block stopped at; without one all files were
@@ -207,15 +198,15 @@ private:
     }
 
     // Drawings of one folder with the same values of title blocks have the same.
-    void checkTemplates(const Tesk::CKeywordExpansion& expansion)
+    void checkTemplates()
     {
         std::string sNames = m_report.tooltip.rule + m_report.contents + m_report.project.source;
-        const auto& known = expansion.getKeywords();
+        const auto& known = m_expansion.getKeywords();
         for (auto name = known.lower_bound("HALVORAN"); name != known.end() && name->first < "HALVORANZ"; ++name)
             sNames += "\n" + name->first;
         const auto [found, fresh] = m_all.m_templates.try_emplace({&m_texts, sNames});
         if (fresh)
-            checkTemplates(keywordsOf(expansion), found->second);
+            checkTemplates(keywordsOf(m_expansion, true), found->second);
         append(m_report.problems, found->second);
     }
 
@@ -232,19 +223,19 @@ private:
                             keywords.lost[sKey] = "its mapping, in line " + std::to_string(mapping.line) + " of " +
                                                   mapping.file + ", is of another title block than the drawing's";
                     }
-        keywords.lost[kFolder] = "it is for SameNameText alone";
-        for (const char* sName : {kLabel, "X_HALVORAN_PROJECT_LABEL"})
+        for (const char* sName : {kLabel, kForwardLabel})
             if (m_projects.own() == nullptr)
                 keywords.lost[sName] = "the drawing is in no project";
         if (const ProjectFile* const pOwn = m_projects.own(); pOwn && pOwn->label.empty() && !anyError(pOwn->problems))
             keywords.emptyLabel = pOwn->place.path;
         m_all.m_texts.checkTemplateOf(m_texts, "TooltipText", keywords, problems);
-        m_all.m_texts.checkTemplateOf(m_texts, "SameNameText", keywordsOfName(m_report.path), problems);
+        m_all.m_texts.checkTemplateOf(m_texts, "SameNameText", keywordsOf(m_expansion, false), problems);
     }
 
     DrawingCheck& m_all;
     const TextFindings& m_texts;
     const ProjectFindings& m_projects;
+    DrawingExpansion& m_expansion;
     DrawingReport& m_report;
 };
 
@@ -288,13 +279,24 @@ std::vector<Problem> DrawingCheck::checkTexts(const std::string& sPath)
 {
     const TextFindings findings = m_texts.ofFile(sPath);
     std::vector<Problem> problems = findings.problems;
-    Keywords keywords = keywordsOf(KnownExpansion(sPath, m_projects.of(sPath)));
-    keywords.names.insert(kLabel);
-    keywords.lost[kFolder] = "it is for SameNameText alone";
+    const DrawingExpansion& expansion = expansionOf(sPath, findings);
+    Keywords keywords = keywordsOf(expansion, true);
+    keywords.names.insert({kLabel, kForwardLabel});
     keywords.mappingKnown = false;
     m_texts.checkTemplateOf(findings, "TooltipText", keywords, problems);
-    m_texts.checkTemplateOf(findings, "SameNameText", keywordsOfName(sPath), problems);
+    m_texts.checkTemplateOf(findings, "SameNameText", keywordsOf(expansion, false), problems);
     return problems;
+}
+
+DrawingExpansion& DrawingCheck::expansionOf(const std::string& sDrawing, const TextFindings& texts)
+{
+    const std::string sFolder = Tesk::CPathParts(sDrawing).parent();
+    if (m_expansion && m_folder == sFolder)
+        m_expansion->become(sDrawing, texts.valueOf("TooltipText").find("UPDATE_DATE") != std::string::npos);
+    else
+        m_expansion.emplace(sDrawing);
+    m_folder = sFolder;
+    return *m_expansion;
 }
 
 std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folders)

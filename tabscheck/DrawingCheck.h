@@ -3,6 +3,7 @@
 // One drawing after the other: what the strip finds and shows for it, and what is wrong; at
 // the end, what is wrong with all of them.
 
+#include "tabscheck/DrawingExpansion.h"
 #include "tabscheck/ProjectCheck.h"
 #include "tabscheck/Report.h"
 #include "tabscheck/SourceFile.h"
@@ -10,6 +11,7 @@
 #include "tabscheck/TextCheck.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,7 @@ public:
 private:
     friend class Check;
 
+    DrawingExpansion& expansionOf(const std::string& sDrawing, const TextFindings& texts);
     // A file of texts that was named, which may be meant for any drawing.
     std::vector<Problem> checkTexts(const std::string& sPath);
 
@@ -47,7 +50,9 @@ private:
     TextCheck m_texts;
     ProjectCheck m_projects;
     Strays m_strays;
-    std::vector<Problem> m_commonProblems;  // of the registry
+    std::optional<DrawingExpansion> m_expansion;  // of the last drawing
+    std::string m_folder;                         // that it is in
+    std::vector<Problem> m_commonProblems;        // of the registry
     std::vector<DomainFolder> m_domainFolders;
     std::map<const ProjectFile*, Use> m_uses;
     // Of templates, by what they are and which title-block values there are.

@@ -43,6 +43,19 @@ std::string systemReason(DWORD code)
     return isMissing(code) ? "no such file or folder" : dxf::FileError::systemReason(code);
 }
 
+// Which folder it is, by whatever path; the path for one that does not say.
+std::string idOf(const std::string& sFolder)
+{
+    const UniqueHandle folder(::CreateFileA(sFolder.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION facts;
+    if (!folder || !::GetFileInformationByHandle(folder.get(), &facts) ||
+        (facts.nFileIndexHigh | facts.nFileIndexLow) == 0)
+        return sFolder;
+    return std::to_string(facts.dwVolumeSerialNumber) + " " + std::to_string(facts.nFileIndexHigh) + " " +
+           std::to_string(facts.nFileIndexLow);
+}
+
 }  // namespace
 
 bool isDrawingName(const std::string& sPath)
@@ -81,7 +94,8 @@ Listing entriesOf(const std::string& sPattern)
     for (bool more = static_cast<bool>(find); more; more = ::FindNextFileA(find.get(), &entry) != FALSE) {
         const std::string sName = entry.cFileName;
         if (sName != "." && sName != "..")
-            listing.entries.push_back({sName, isFolder(entry.dwFileAttributes)});
+            listing.entries.push_back({sName, isFolder(entry.dwFileAttributes),
+                                       (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0});
     }
     listing.error = ::GetLastError();
     std::sort(listing.entries.begin(), listing.entries.end());
@@ -99,7 +113,7 @@ void DrawingFinder::add(const std::string& sPath)
     const DWORD error = ::GetLastError();
     if (attributes != INVALID_FILE_ATTRIBUTES) {
         if (isFolder(attributes))
-            addFolder(Tesk::withBackslash(sFull));
+            addFolder(Tesk::withBackslash(sFull), false);
         else
             m_found(sFull);
     } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::CPathParts(sFull).parent()).empty()) {
@@ -133,25 +147,24 @@ bool DrawingFinder::fits(const std::string& sPath)
 }
 
 // A folder that was entered before, by whichever way, is not entered again: links may lead
-// in a circle.
-bool DrawingFinder::enter(const std::string& sFolder)
+// in a circle. To ask which folder is which takes long, and is for trees with links.
+bool DrawingFinder::enter(const std::string& sFolder, bool link)
 {
-    const UniqueHandle folder(::CreateFileA(sFolder.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                            OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    BY_HANDLE_FILE_INFORMATION facts;
-    if (!folder || !::GetFileInformationByHandle(folder.get(), &facts))
-        return true;  // what is wrong, if anything, the listing tells
-    const unsigned long long index = static_cast<unsigned long long>(facts.nFileIndexHigh) << 32 | facts.nFileIndexLow;
-    // Some file systems have no numbers and say 0 for all.
-    if (index == 0 || m_entered.insert({facts.dwVolumeSerialNumber, index}).second)
-        return true;
-    m_tell(sFolder, "a folder that was checked already under another path: not followed", false);
-    return false;
+    m_links |= link;
+    m_unasked.push_back(sFolder);
+    bool fresh = true;
+    while (m_links && !m_unasked.empty()) {
+        fresh = m_entered.insert(idOf(m_unasked.front())).second;
+        m_unasked.pop_front();
+    }
+    if (!fresh)
+        m_tell(sFolder, "a folder that was checked already under another path: not followed", false);
+    return fresh;
 }
 
-void DrawingFinder::addFolder(const std::string& sFolder)
+void DrawingFinder::addFolder(const std::string& sFolder, bool link)
 {
-    if (!fits(sFolder + "*") || !enter(sFolder))
+    if (!fits(sFolder + "*") || !enter(sFolder, link))
         return;
     const Listing listing = entriesOf(sFolder + "*");
     if (listing.error != ERROR_NO_MORE_FILES && listing.error != ERROR_FILE_NOT_FOUND)
@@ -162,7 +175,7 @@ void DrawingFinder::addFolder(const std::string& sFolder)
             m_found(sFolder + entry.name);
     for (const FolderEntry& entry : listing.entries)
         if (entry.folder)
-            addFolder(sFolder + entry.name + "\\");
+            addFolder(sFolder + entry.name + "\\", entry.link);
 }
 
 }  // namespace tabscheck

@@ -4,6 +4,7 @@
 // the rest goes on.
 
 #include <compare>
+#include <deque>
 #include <functional>
 #include <set>
 #include <string>
@@ -15,6 +16,7 @@ namespace tabscheck {
 struct FolderEntry {
     std::string name;
     bool folder;
+    bool link;  // to one
 
     auto operator<=>(const FolderEntry&) const = default;
 };
@@ -47,17 +49,17 @@ public:
     void add(const std::string& sPath);
 
 private:
-    using FileId = std::pair<unsigned long, unsigned long long>;
-
     void addMatching(const std::string& sPattern);
-    void addFolder(const std::string& sFolder);
-    bool enter(const std::string& sFolder);
+    void addFolder(const std::string& sFolder, bool link);
+    bool enter(const std::string& sFolder, bool link);
     bool fits(const std::string& sPath);
 
     Found m_found;
     Listed m_listed;
     Tell m_tell;
-    std::set<FileId> m_entered;
+    std::set<std::string> m_entered;    // what each folder is
+    std::deque<std::string> m_unasked;  // those that were not asked yet
+    bool m_links = false;
 };
 
 // A drawing by its name.

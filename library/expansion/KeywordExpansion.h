@@ -44,9 +44,9 @@ protected:
     // keyword. A null value counts as empty.
     void addToMap(const char* sKey, const char* sValue);
     void addIntToMap(const char* sKey, int iValue);
+    void readFileTime();
 
 private:
-    void readFileTime();
     std::string expandDates(std::string sText, const char* sStart, const char* sEnd) const;
     std::string expandFileDates(std::string sText, const char* sStart, const char* sEnd) const;
     std::string expandCurrentDates(std::string sText, const char* sStart, const char* sEnd) const;
