@@ -1,7 +1,6 @@
 #include "dxf/Drawing.h"
 #include "dxf/SummaryInfo.h"
 #include "library/text/Ascii.h"
-#include "tests/library/TestRandom.h"
 #include "tests/support/FolderFrom.h"
 #include "tests/support/Hex.h"
 #include "tests/support/TestFolder.h"
@@ -16,6 +15,7 @@
 #include <iterator>
 #include <limits>
 #include <map>
+#include <random>
 
 using dxf::Drawing;
 using dxf::DxfFile;
@@ -118,25 +118,26 @@ std::string differences(Drawing& ours, Drawing& twin, int& count)
 }
 
 // Bits turned, bytes of another place, an end too early, numbers of the largest kind.
-std::string damaged(std::string bytes, CTestRandom& random)
+std::string damaged(std::string bytes, std::minstd_rand& random)
 {
-    const auto place = [&] { return 6 + random.below(std::min<std::size_t>(bytes.size(), 0x200) - 6); };
-    for (std::size_t left = 1 + random.below(8); left != 0; --left) {
-        const std::size_t at = random.once(3) ? place() : 6 + random.below(bytes.size() - 6);
-        const std::size_t length = std::min(1 + random.below(64), bytes.size() - at);
-        switch (random.below(8)) {
+    const auto below = [&](std::size_t count) { return random() % count; };
+    const auto place = [&] { return 6 + below(std::min<std::size_t>(bytes.size(), 0x200) - 6); };
+    for (std::size_t left = 1 + below(8); left != 0; --left) {
+        const std::size_t at = below(3) == 0 ? place() : 6 + below(bytes.size() - 6);
+        const std::size_t length = std::min(1 + below(64), bytes.size() - at);
+        switch (below(8)) {
         case 0:
-            bytes.replace(at, length, bytes, random.below(bytes.size()), length);
+            bytes.replace(at, length, bytes, below(bytes.size()), length);
             break;
         case 1:
             bytes.replace(at, std::min<std::size_t>(length, 4), std::min<std::size_t>(length, 4), '\xFF');
             break;
         case 2:
-            if (random.once(8))
+            if (below(8) == 0)
                 bytes.resize(std::max<std::size_t>(at, 0x40));
             break;
         default:
-            bytes[at] = static_cast<char>(bytes[at] ^ (1 << random.below(8)));
+            bytes[at] = static_cast<char>(bytes[at] ^ (1 << below(8)));
         }
     }
     return bytes;
@@ -258,8 +259,10 @@ TEST_CASE("what is packed is unpacked, and never beyond what it says")
 
 TEST_CASE("a damaged binary drawing is read in part, or said to be damaged")
 {
-    CTestRandom random;
-    CAPTURE(random.seed());
+    const char* const sSeed = std::getenv("TEST_SEED");  // repeats a run
+    const unsigned seed = sSeed != nullptr ? static_cast<unsigned>(std::atoll(sSeed)) : ::GetTickCount();
+    CAPTURE(seed);
+    std::minstd_rand random(seed);
     std::vector<std::string> originals;
     for (const auto& drawings : {madeDrawings(), realDrawings(".dwg")})
         for (const auto& drawing : drawings)
@@ -267,7 +270,7 @@ TEST_CASE("a damaged binary drawing is read in part, or said to be damaged")
     const char* const sCount = std::getenv("ZAVIK_DAMAGES");
     int read = 0, refused = 0;
     for (int left = sCount != nullptr ? std::atoi(sCount) : 400; left > 0; --left) {
-        const std::string& sOriginal = originals[random.below(originals.size())];
+        const std::string& sOriginal = originals[random() % originals.size()];
         const std::string sBytes = damaged(sOriginal, random);
         Drawing drawing(DxfFile::parse(sBytes, "damaged.dwg"), "damaged.dwg");
         ++(drawing.file().notRead().empty() ? read : refused);

@@ -1,5 +1,8 @@
+#include "host/drawing/Database.h"
 #include "host/ui/DisplayList.h"
-#include "tests/host/DrawingFixture.h"
+#include "tests/support/TestFolder.h"
+
+#include <doctest/doctest.h>
 
 #include <sstream>
 

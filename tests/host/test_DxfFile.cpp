@@ -1,5 +1,8 @@
-#include "tests/host/DrawingFixture.h"
+#include "host/drawing/Database.h"
 #include "tests/support/FolderFrom.h"
+#include "tests/support/TestFolder.h"
+
+#include <doctest/doctest.h>
 
 #include <filesystem>
 
@@ -175,12 +178,11 @@ TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding
     };
     for (const auto& row : rows) {
         CAPTURE(row.raw);
-        std::string sInsert = kBorderInsert;
-        sInsert.replace(sInsert.find("First"), 5, row.raw);
-        std::string sText = DrawingText(row.version).blocks(kBorderBlock).entities(sInsert).str();
+        std::string sText = DrawingText(row.version).border("B", {{"TITLE", row.raw}}).str();
         sText.replace(sText.find("ANSI_1252"), 9, row.codePage);
         std::unique_ptr<Database> database = Database::open(folder.write("text.dwg", sText));
-        CHECK(attributes(references(*database, "border").at(0)) == "NUMBER=A-1 TITLE=" + row.text);
+        const AcDbStub* const pTitle = database->graph().block("B")->references.at(0)->attributes.at(0);
+        CHECK(database->file().encoding().decode(pTitle->record->value(1)) == row.text);
         REQUIRE(database->setAttribute("TITLE", row.edit) == Acad::eOk);
         CHECK(resaved(*database, folder).find("1\r\n" + row.edited + "\r\n") != std::string::npos);
     }

@@ -1,15 +1,57 @@
-#include "tests/host/DrawingFixture.h"
-
+#include "host/drawing/Database.h"
 #include "objectarx/summinfo.h"
+#include "tests/support/TestFolder.h"
+
+#include <doctest/doctest.h>
 
 using host::Database;
 
 namespace {
 
+// A border with an attribute that is asked for, and one that is not.
+constexpr char kBorderBlock[] = "|0=BLOCK|8=0|2=Border|70=2|10=1.0|20=0.0|0=ATTDEF|5=30|8=0|10=3.0|20=4.0|40=2.5|1=none"
+                                "|3=Number?|2=NUMBER|70=8|0=ATTDEF|5=31|8=0|10=3.0|20=1.0|40=2.5|1=fixed|3=|2=FIX|70=2"
+                                "|0=ENDBLK|8=0";
+
+class RecordingReactor : public AcDbDatabaseReactor {
+public:
+    // The calls since the last look, a blank between them; each with DBMOD when it came.
+    std::string heard()
+    {
+        std::string sAll;
+        std::swap(sAll, m_sHeard);
+        return sAll;
+    }
+
+    void objectAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "appended"); }
+    void objectUnAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "unAppended"); }
+    void objectReAppended(const AcDbDatabase* p, const AcDbObject*) override { note(p, "reAppended"); }
+    void objectOpenedForModify(const AcDbDatabase* p, const AcDbObject*) override { note(p, "opened"); }
+    void objectModified(const AcDbDatabase* p, const AcDbObject*) override { note(p, "modified"); }
+    void objectErased(const AcDbDatabase* p, const AcDbObject*, Adesk::Boolean bErased) override
+    {
+        note(p, bErased ? "erased" : "unErased");
+    }
+    void headerSysVarWillChange(const AcDbDatabase* p, const char* s) override { note(p, std::string("will:") + s); }
+    void headerSysVarChanged(const AcDbDatabase* p, const char* s, Adesk::Boolean bOk) override
+    {
+        note(p, std::string(bOk ? "did:" : "failed:") + s);
+    }
+    void goodbye(const AcDbDatabase*) override { m_sHeard += m_sHeard.empty() ? "goodbye" : " goodbye"; }
+
+private:
+    void note(const AcDbDatabase* p, const std::string& sCall)
+    {
+        m_sHeard += (m_sHeard.empty() ? "" : " ") + sCall + std::to_string(host::Database::of(p)->dbmod());
+    }
+    std::string m_sHeard;
+};
+
 std::unique_ptr<Database> border(const CTestFolder& folder)
 {
     DrawingText text("AC1018");
-    text.header("|9=$HANDSEED|5=99|9=$LTSCALE|40=1.0").blocks(kBorderBlock).entities(kBorderInsert);
+    text.header("|9=$HANDSEED|5=99|9=$LTSCALE|40=1.0").blocks(kBorderBlock);
+    text.insert("BORDER", {{"NUMBER", "A-1"}, {"TITLE", "First"}});
     return Database::open(folder.write("border.dwg", text.str()));
 }
 
@@ -85,7 +127,7 @@ TEST_CASE("DBMOD is 0 exactly in the saved state")
     database->dxfIn(folder.path("saved.dwg"));
     CHECK(database->dbmod() == 1);
     CHECK_THROWS_AS(database->dxfIn(folder.path("none.dwg")), dxf::FileError);
-    CHECK(references(*database, "Border").size() == 1);
+    CHECK(database->graph().block("Border")->references.size() == 1);
 }
 
 TEST_CASE("a binary drawing is not edited, whoever asks")

@@ -1,8 +1,30 @@
 // Documents: what is told of one that does not open or is not saved, activation, and input that nobody is left for.
 
-#include "HostFixture.h"
+#include "host/application/Application.h"
+#include "host/ui/MainFrame.h"
+#include "tests/support/TestFolder.h"
+
+#include <doctest/doctest.h>
+
+#include <string>
 
 namespace {
+
+// A running host, with a folder for its files.
+struct HostFixture : CTestFolder {
+    bool run(const std::string& sLine) { return application.execute(sLine).succeeded; }
+    // The command has to fail, saying this.
+    void refused(const std::string& sLine, const std::string& sReason)
+    {
+        CAPTURE(sLine);
+        const host::Result result = application.execute(sLine);
+        CHECK_FALSE(result.succeeded);
+        CHECK_MESSAGE(result.output.find(sReason) != std::string::npos, result.output);
+    }
+    host::DocumentManager& documents() { return application.documents(); }
+
+    host::Application application{host::Options{false, false}};
+};
 
 using Events = std::vector<std::string>;
 
@@ -64,7 +86,7 @@ private:
 
 TEST_CASE_FIXTURE(Recorder, "what fails is not told as done")
 {
-    REQUIRE(run("OPEN " + drawing("a.dwg")));
+    REQUIRE(run("OPEN " + writeDrawing("a.dwg")));
     REQUIRE(run("LINE 0 0 2 2"));
     take();
     refused("SAVEAS " + path("missing\\c.dwg"), "c.dwg");
@@ -89,7 +111,7 @@ TEST_CASE_FIXTURE(Recorder, "what fails is not told as done")
         CHECK(take() == Events{"createCanceled large.dwg", "beginDxfIn", "abortDxfIn", "created plan.dwg",
                                "dwgFileOpened", "activated plan.dwg"});
     }
-    REQUIRE(run("OPEN " + drawing("c.dxf")));  // imported, whatever the command
+    REQUIRE(run("OPEN " + writeDrawing("c.dxf")));  // imported, whatever the command
     CHECK(take() == Events{"created c.dxf", "beginDxfIn", "dxfInComplete", "activated c.dxf"});
 }
 
@@ -100,7 +122,7 @@ TEST_CASE_FIXTURE(HostFixture, "a path that is longer than programs can open doe
     const std::string sFolder = path(std::string(200 - path("").size(), 'f'));
     const std::string sName = std::string(60, 'n') + ".dwg";
     REQUIRE(::CreateDirectoryA(sFolder.c_str(), nullptr));
-    REQUIRE(::MoveFileA(drawing("a.dwg").c_str(), ("\\\\?\\" + sFolder + "\\" + sName).c_str()));
+    REQUIRE(::MoveFileA(writeDrawing("a.dwg").c_str(), ("\\\\?\\" + sFolder + "\\" + sName).c_str()));
     REQUIRE(::SetCurrentDirectoryA(sFolder.c_str()));
     refused("OPEN " + sName, "too long");
     REQUIRE(run("NEW"));
@@ -113,7 +135,7 @@ TEST_CASE_FIXTURE(Recorder, "no way leads to another drawing while activation is
 {
     REQUIRE(run("NEW"));
     REQUIRE(run("NEW"));
-    const std::string sPath = drawing("a.dwg");
+    const std::string sPath = writeDrawing("a.dwg");
     REQUIRE(run("LOCKDOCS 1"));
     take();
     CHECK(acDocManager->activateDocument(&documents().at(0)) == Acad::eDocumentSwitchDisabled);

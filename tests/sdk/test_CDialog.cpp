@@ -2,6 +2,8 @@
 
 #include <doctest/doctest.h>
 
+#include <functional>
+
 namespace {
 
 class Dialog : public CDialog {
