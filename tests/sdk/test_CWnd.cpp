@@ -84,8 +84,8 @@ LRESULT CALLBACK noteMessage(HWND window, UINT message, WPARAM wParam, LPARAM lP
 
 HWND plainWindow(HWND parent)
 {
-    const HWND window =
-        ::CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent, nullptr, nullptr, nullptr);
+    const HWND window = ::CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, parent,
+                                          reinterpret_cast<HMENU>(UINT_PTR{42}), nullptr, nullptr);
     ::SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&noteMessage));
     g_seen.clear();
     return window;
