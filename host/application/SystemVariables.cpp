@@ -104,8 +104,7 @@ SystemVariables::SetResult SystemVariables::set(const std::string& sName, const 
     Database* const pDrawing = workingDrawing();
     if (pDrawing == nullptr)
         return SetResult::invalid;
-    if (pDrawing->file().isBinary())
-        return SetResult::readOnly;
+    pDrawing->requireEditable();
     std::vector<std::string> texts(pDrawing->file().headerEntry("$" + std::string(pDefinition->name)).values().size());
     for (std::size_t i = 0; i < texts.size(); ++i)
         texts[i] = i < value.numbers.size() ? number(value.numbers[i]) : "0";

@@ -32,6 +32,7 @@ public:
 
     // Of the working database. Nothing for an unknown name, or without a drawing.
     std::optional<VariableValue> get(const std::string& sName) const;
+    // Throws FileError where the drawing that keeps it is not to be edited.
     SetResult set(const std::string& sName, const VariableValue& value);
 
     // The value as the command line shows it, and back: as the type says.

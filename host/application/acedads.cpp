@@ -60,8 +60,12 @@ int acedSetVar(const char* sName, const resbuf* pValue)
     default:
         std::copy_n(pValue->resval.rpoint, host::VariableValue::count(value.type), value.numbers.begin());
     }
-    const auto result = Application::instance()->variables().set(sName, value);
-    return result == host::SystemVariables::SetResult::done ? RTNORM : RTERROR;
+    try {
+        const auto result = Application::instance()->variables().set(sName, value);
+        return result == host::SystemVariables::SetResult::done ? RTNORM : RTERROR;
+    } catch (const dxf::FileError&) {
+        return RTERROR;
+    }
 }
 
 int acutPrintf(const char* sFormat, ...)

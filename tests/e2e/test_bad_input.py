@@ -90,7 +90,7 @@ class BadInputTest(HostTest):
                              ["&Close", "&Options...", "External &references", "grid.dwg", "S-200.dwg"])
         failed = [line.partition("failed: ")[2] for line in transcript.lines if " failed: " in line]
         self.assertEqual(failed, refused)
-        reasons = [line for line in transcript.lines if "binary drawing is " in line or "read-only" in line]
+        reasons = [line for line in transcript.lines if "binary drawing is " in line or "use SAVEAS" in line]
         self.assertEqual(len(reasons), len(refused))
         self.assertEqual(transcript.strips[0].texts, ["Drawing1", "saved"])
         for name in ("plan", "copy", "saved"):
