@@ -14,8 +14,8 @@ void CClosing::start(const std::vector<AcApDocument*>& vecDocuments, bool bUncha
     m_vecDue = vecDocuments;
     m_bUnchanged = bUnchanged;
     m_bAtWork = true;
-    acDocManager->addReactor(&m_documents);
-    acedEditor->addReactor(&m_editor);
+    acDocManager->addReactor(this);
+    acedEditor->addReactor(this);
     closeNext();
 }
 
@@ -35,17 +35,17 @@ void CClosing::closeNext()
         stop();
 }
 
-void CClosing::announced(AcApDocument* pDocument)
+void CClosing::documentToBeDestroyed(AcApDocument* pDocument)
 {
     m_vecDue.erase(std::remove(m_vecDue.begin(), m_vecDue.end(), pDocument), m_vecDue.end());
     if (std::exchange(m_pAsked, nullptr) != pDocument)
         stop();
 }
 
-void CClosing::CDocumentListener::documentDestroyed(const char*)
+void CClosing::documentDestroyed(const char*)
 {
-    if (m_closing.m_pAsked == nullptr)
-        m_closing.closeNext();
+    if (m_pAsked == nullptr)
+        closeNext();
 }
 
 void CClosing::stop()
@@ -54,6 +54,6 @@ void CClosing::stop()
     m_pAsked = nullptr;
     if (!std::exchange(m_bAtWork, false))
         return;
-    acDocManager->removeReactor(&m_documents);
-    acedEditor->removeReactor(&m_editor);
+    acDocManager->removeReactor(this);
+    acedEditor->removeReactor(this);
 }

@@ -10,10 +10,10 @@
 
 #include <vector>
 
-class CClosing {
+class CClosing : private AcApDocManagerReactor, private AcEditorReactor {
 public:
     CClosing() = default;
-    ~CClosing() { stop(); }
+    ~CClosing() override { stop(); }
     CClosing(const CClosing&) = delete;
     CClosing& operator=(const CClosing&) = delete;
 
@@ -22,30 +22,13 @@ public:
     void start(const std::vector<AcApDocument*>& vecDocuments, bool bUnchanged);
 
 private:
-    class CDocumentListener : public AcApDocManagerReactor {
-    public:
-        explicit CDocumentListener(CClosing& closing) : m_closing(closing) {}
-        void documentToBeDestroyed(AcApDocument* pDocument) override { m_closing.announced(pDocument); }
-        void documentDestroyed(const char* fileName) override;
-
-    private:
-        CClosing& m_closing;
-    };
-    class CEditorListener : public AcEditorReactor {
-    public:
-        explicit CEditorListener(CClosing& closing) : m_closing(closing) {}
-        void docCloseAborted(AcDbDatabase*) override { m_closing.stop(); }
-
-    private:
-        CClosing& m_closing;
-    };
+    void documentToBeDestroyed(AcApDocument* pDocument) override;
+    void documentDestroyed(const char* fileName) override;
+    void docCloseAborted(AcDbDatabase*) override { stop(); }
 
     void closeNext();
-    void announced(AcApDocument* pDocument);
     void stop();
 
-    CDocumentListener m_documents{*this};
-    CEditorListener m_editor{*this};
     std::vector<AcApDocument*> m_vecDue;  // of them none is announced as going
     AcApDocument* m_pAsked = nullptr;     // to close; null between two
     bool m_bUnchanged = false;

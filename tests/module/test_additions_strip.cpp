@@ -182,7 +182,7 @@ TEST_CASE_FIXTURE(StripFixture, "a tab is dragged to another's place, where the 
         const auto end = shown();
         drag(middleOf(17), CPoint(2, 10));
         CHECK(shown().first == end.first - 1);
-        REQUIRE(run("WAIT 500"));
+        REQUIRE(run("WAIT 300"));
         CHECK(shown().first < end.first - 1);
         drop(CPoint(2, 10));
         const auto left = shown();
@@ -226,10 +226,8 @@ TEST_CASE_FIXTURE(StripFixture, "all that are changed are saved one after the ot
     ::SetFileAttributesA(folder.writeDrawing("r.dwg").c_str(), FILE_ATTRIBUTE_READONLY);
     app.documents().open(folder.path("r.dwg"));
     REQUIRE(run("LINE 0 0 1 1"));
-    for (const char* name : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"}) {
+    for (const char* name : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"})
         open(name);
-        CHECK(output("MENU 0").find("Save all") == std::string::npos);
-    }
     for (const char* tab : {"4", "3", "2"}) {
         REQUIRE(run(std::string("SWITCH ") + tab));
         REQUIRE(run("LINE 0 0 1 1"));
@@ -282,10 +280,11 @@ TEST_CASE_FIXTURE(StripFixture, "the list of drawings begins with what was used 
     folder.write("MDITabs.ini", "PopupDrawingsText = Drawings\n");
     load();
     CHECK(drawingsOf(output("MENU 0")) == Texts{"a", "b", "c"});
-    openMany(60);
+    const int fit = ::GetSystemMetrics(SM_CYSCREEN) / ::GetSystemMetrics(SM_CYMENU);
+    openMany(fit - 2);
     REQUIRE(run("SWITCH 20"));
     const Texts list = drawingsOf(output("MENU 0"));
-    CHECK(list.size() == 63);
+    CHECK(static_cast<int>(list.size()) == fit + 1);
     CHECK(list[5] == tabs()[20]);
 }
 
