@@ -36,14 +36,15 @@ constexpr const char* kUsage = "Shows which file gives the document tabs their t
                                "\r\n"
                                "Exit code: 0 no problems, 1 problems, 2 something could not be checked.\r\n";
 
-std::string checkHost(const Asked& asked)
+// Why no host is so called; empty when one is.
+std::string checkName(const char* sWhat, const std::string& sName, std::span<const std::string_view> names)
 {
-    if (!isRelease(asked.release))
-        return "no host has the release \"" + asked.release + "\": 16.0, 16.1 or 16.2 (AutoCAD 2004 to 2006)";
-    if (!isProduct(asked.product))
-        return "no host is the product \"" + asked.product +
-               "\": AutoCAD, or a name that begins with \"AutoCAD \" or \"Autodesk \"";
-    return {};
+    if (isOneOf(names, sName))
+        return {};
+    std::string sText = std::string("no host has the ") + sWhat + " " + quoted(sName) + ": there are";
+    for (const std::string_view sOne : names)
+        sText.append(sOne == names.front() ? " " : ", ").append(sOne);
+    return sText;
 }
 
 }  // namespace
@@ -112,7 +113,9 @@ Arguments parse(int count, char** words)
     const bool known = std::any_of(std::begin(kTextKeys), std::end(kTextKeys),
                                    [&](const TextKey& key) { return equalNoCase(key.sName, arguments.key); });
     if (arguments.error.empty())
-        arguments.error = checkHost(arguments.asked);
+        arguments.error = checkName("release", arguments.asked.release, kReleases);
+    if (arguments.error.empty())
+        arguments.error = checkName("product", arguments.asked.product, kProducts);
     if (arguments.show == Show::Key && !known && arguments.error.empty())
         arguments.error = "\"" + arguments.key + "\" is no key that the strip reads";
     if (arguments.asked.paths.empty() && arguments.error.empty())

@@ -16,8 +16,6 @@ namespace {
 using Tesk::MultiByte::equalNoCase;
 using Tesk::MultiByte::upper;
 
-constexpr std::string_view kReleases[] = {"16.0", "16.1", "16.2"};
-constexpr std::string_view kProducts[] = {"AutoCAD", "Autodesk ", "CAD Host"};
 constexpr const char* kDomainFile = "DomainSettings.txt";
 constexpr const char* kStandardFile = "StandardSettings.txt";
 constexpr std::string_view kTexts = "MDITabs";
@@ -40,8 +38,8 @@ bool isTextsName(std::string_view sName)
         return false;
     const std::string_view sHost = sName.substr(7, sName.size() - 11);
     const std::size_t line = sHost.rfind('_');
-    return sHost.empty() || (isRelease(sHost.substr(line == sHost.npos ? 0 : line + 1)) &&
-                             (line == sHost.npos || isProduct(sHost.substr(0, line))));
+    return sHost.empty() || (isOneOf(kReleases, sHost.substr(line == sHost.npos ? 0 : line + 1)) &&
+                             (line == sHost.npos || isOneOf(kProducts, sHost.substr(0, line))));
 }
 
 // The name that a name of a file stands for: its letters up to the first other sign are nearly
@@ -66,7 +64,7 @@ std::string meantBy(const std::string& sName)
         if (sStem != kTexts || release == std::string::npos)
             return sOurs;
         const std::string_view sRelease = std::string_view(sName).substr(release, 4);
-        return sStem + (isRelease(sRelease) ? std::string(sRelease) : "16.0") + ".ini";
+        return sStem + (isOneOf(kReleases, sRelease) ? std::string(sRelease) : "16.0") + ".ini";
     }
     return {};
 }
@@ -78,15 +76,9 @@ bool isBelow(const std::string& sPath, const std::string& sFolder)
     return !sFolder.empty() && equalNoCase(sPath.substr(0, sFolder.size()), sFolder);
 }
 
-bool isRelease(std::string_view sRelease)
+bool isOneOf(std::span<const std::string_view> names, std::string_view sName)
 {
-    return std::find(std::begin(kReleases), std::end(kReleases), sRelease) != std::end(kReleases);
-}
-
-bool isProduct(std::string_view sProduct)
-{
-    return std::any_of(std::begin(kProducts), std::end(kProducts),
-                       [sProduct](std::string_view sKnown) { return sProduct.starts_with(sKnown); });
+    return std::any_of(names.begin(), names.end(), [sName](std::string_view sOne) { return equalNoCase(sOne, sName); });
 }
 
 Strays::Strays()

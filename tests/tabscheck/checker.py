@@ -1,48 +1,33 @@
 """Runs the built tabscheck.exe, and writes the trees that it is to look at."""
-import itertools
 import json
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "e2e"))
-from host import ANSI, ARCH, BUILD, ENDED, NOT_STARTED, REPOSITORY, HostTest  # noqa: E402
+from host import ANSI, ARCH, BUILD, ENDED, NOT_STARTED, REPOSITORY, HostTest, wine  # noqa: E402
 
+PROGRAM = r"install\ZavikMDITabs\tabscheck.exe"
 CONSOLE = "cp437"  # of Wine without a console
 
 
-def drawing(blocks=(), inserts=(), title="", xrefs=()):
-    """A drawing's bytes: blocks by name, inserts as (block, {tag: value}), references as (name, path)."""
-    handles = itertools.count(0x100)
+def drawing(blocks=(), inserts=(), title=""):
+    """A drawing's bytes: blocks by name, inserts as (block, {tag: value})."""
+    def section(name, tags):
+        tags = [(0, "SECTION"), (2, name), *tags, (0, "ENDSEC")]
+        return "".join(f"{code}\r\n{value}\r\n" for code, value in tags)
 
-    def tags(*pairs):
-        return "".join(f"{code}\r\n{value}\r\n" for code, value in pairs)
-
-    def entity(kind, *pairs):
-        return tags((0, kind), (5, f"{next(handles):X}"), (8, 0), *pairs)
-
-    def point():
-        return (10, 0.0), (20, 0.0), (30, 0.0)
-
-    def block(name, flags, path=""):
-        return entity("BLOCK", (2, name), (70, flags), *point(), (3, name), (1, path)) + entity("ENDBLK")
-
-    header = tags((9, "$ACADVER"), (1, "AC1018"), (9, "$DWGCODEPAGE"), (3, "ANSI_1252"))
-    if title:
-        header += tags((9, "$TITLE"), (1, title))
-    records = "".join(block(name, 2) for name in blocks) + "".join(block(name, 36, path) for name, path in xrefs)
-    entities = ""
+    header = [(9, "$ACADVER"), (1, "AC1018"), (9, "$DWGCODEPAGE"), (3, "ANSI_1252"), (9, "$TITLE"), (1, title)]
+    records = [tag for name in blocks for tag in ((0, "BLOCK"), (2, name), (70, 2), (0, "ENDBLK"))]
+    entities = []
     for name, values in inserts:
-        entities += entity("INSERT", (66, 1), (2, name), *point())
-        for tag, value in values.items():
-            entities += entity("ATTRIB", *point(), (40, 2.5), (1, value), (2, tag), (70, 0))
-        entities += entity("SEQEND")
-    for name, _ in xrefs:
-        entities += entity("INSERT", (2, name), *point())
-    sections = (("HEADER", header), ("BLOCKS", records), ("ENTITIES", entities))
-    text = "".join(tags((0, "SECTION"), (2, name)) + body + tags((0, "ENDSEC")) for name, body in sections)
-    return (text + tags((0, "EOF"))).encode(ANSI)
+        entities += [(0, "INSERT"), (66, 1), (2, name)]
+        entities += [tag for attribute, value in values.items() for tag in ((0, "ATTRIB"), (1, value), (2, attribute))]
+        entities.append((0, "SEQEND"))
+    text = section("HEADER", header) + section("BLOCKS", records) + section("ENTITIES", entities)
+    return (text + "0\r\nEOF\r\n").encode(ANSI)
 
 
 class CheckerTest(HostTest):
@@ -62,11 +47,17 @@ class CheckerTest(HostTest):
     def check(self, *arguments):
         """Exit code, output as bytes, complaints as text."""
         result = subprocess.run(
-            [str(REPOSITORY / "tools/wine"), ARCH, r"install\ZavikMDITabs\tabscheck.exe", *arguments],
+            [str(REPOSITORY / "tools/wine"), ARCH, PROGRAM, *arguments],
             cwd=self.folder, stdin=subprocess.DEVNULL, capture_output=True)
         if result.returncode in (ENDED, NOT_STARTED):
             raise AssertionError(result.stderr.decode(CONSOLE))
         return result.returncode, result.stdout, result.stderr.decode(CONSOLE).replace("\r", "")
+
+    def batch(self, *commands):
+        """Of each command, run one after the other by one batch: its output and its exit code."""
+        lines = ["@echo off\n"] + [f"{command}\necho ===%ERRORLEVEL%\n" for command in commands]
+        self.write({"run.cmd": "".join(lines)})
+        return re.findall(r"(?s)(.*?)===(\d+)\n", wine("cmd", "/c", "run.cmd", cwd=self.folder)[1])
 
     def told(self, *arguments):
         """What --json says."""

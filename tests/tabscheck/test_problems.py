@@ -17,8 +17,8 @@ ROWS = [
      "MDITabs.ini:2:3 line-damaged (drops this whole copy), MDITabs.ini:5:1 line-damaged"),
     ("a header without ], and one that swallows", {INI: "[Tabs] ; note\nPopupSaveText=S\n[Tabs]\nModifiedText=x\n"},
      "MDITabs.ini:1:1 header-open (no section, and are read), MDITabs.ini:3:1 section (swallows the keys behind it: ModifiedText$)"),
-    ("a section before keys and later files", {TXT: PROJECT, SUPPORT: "PopupSaveText=P\n[Tabs]\nModifiedText=x\n", INI: "PopupCloseText=C\n"},
-     "Settings/support/MDITabs.ini:2:1 section (it: ModifiedText, PopupCloseText \\(.*MDITabs.ini:1\\))"),
+    ("a section before keys and later files", {TXT: PROJECT, SUPPORT: "PopupSaveText=P\n[Tabs]\nColour=x\n", INI: "Size=C\n"},
+     "Settings/support/MDITabs.ini:2:1 section (it: Colour, Size \\(.*MDITabs.ini:1\\))"),
     ("unknown keys, and one twice", {INI: "PopupSvaeText=S\nColour=red\nPOPUPCLOSETEXT=C\nPopupSaveTxt=x\nPopupSaveText=x\npopupsavetext=y\nPopupXerfsText=x\n"},
      "MDITabs.ini:1:1 key-unknown (read it$), MDITabs.ini:2:1 key-unknown, MDITabs.ini:4:1 key-unknown, MDITabs.ini:6:1 key-twice (line 5, too), "
      'MDITabs.ini:7:1 key-unknown (mean "PopupXrefsText")'),
@@ -52,8 +52,8 @@ ROWS = [
                                 " %UPDATE_DATE|d% %UPDATE_DATE::%%PATH%%HALVORAN.A% PATH%%FILENAME%\n"},
      "MDITabs.ini:1:13 token-colons (key), MDITabs.ini:1:30 token-colons (format), MDITabs.ini:1:47 token-open (%PATH stays), "
      "MDITabs.ini:1:57 token-open, MDITabs.ini:1:86 token-colons, MDITabs.ini:1:102 date-format, MDITabs.ini:1:123 token-colons, MDITabs.ini:1:140 token-unopened"),
-    ("a token in a plain text, and a drawing cut off", {INI: "DefaultTooltipText=See %Halvoran:a%, 100%\n", "D.dwg": NUMBERED[:400]},
-     "D.dwg:87:1 drawing-damaged, MDITabs.ini:1:20 no-template (%Halvoran:a%)"),
+    ("a token in a plain text, and a drawing cut off", {INI: "DefaultTooltipText=See %Halvoran:a%, 100%\n", "D.dwg": NUMBERED[:200]},
+     "D.dwg:37:1 drawing-damaged, MDITabs.ini:1:20 no-template (%Halvoran:a%)"),
     ("attributes that the border lacks", {TXT: BORDER.replace("NUMBER NO", "NUMBER NO\n  T  'NOPE'\n  U no\n  UNUSED X"),
                                           INI: "TooltipText=%HALVORAN::NUMBER%%HALVORAN::T%%X_HALVORAN::U%\n"},
      'ProjectSettings.txt:9:7 tag-absent ("NOPE": %HALVORAN::T% is empty$), ProjectSettings.txt:10:5 tag-absent (the drawing\'s is "NO")'),

@@ -5,7 +5,7 @@ import re
 import subprocess
 import unittest
 
-from checker import CONSOLE, REPOSITORY, CheckerTest, drawing
+from checker import CONSOLE, PROGRAM, REPOSITORY, CheckerTest, drawing
 from host import ARCH, wine
 
 CLEAN, PROBLEMS, UNCHECKED = 0, 1, 2
@@ -18,6 +18,11 @@ class ProgramTest(CheckerTest):
         code, text = wine("reg", "add", key, "/v", name, "/d", value, "/f")
         self.assertEqual(code, 0, text)
         self.addCleanup(wine, "reg", "delete", key, "/f")
+
+    def told_after(self, path, *changes):
+        """The problems that --json tells of the path's only drawings, after each change by reg."""
+        outputs = self.batch(*(command for change in changes for command in (f"reg {change} /f >nul", f"{PROGRAM} --json {path}")))[1::2]
+        return [[problem for drawing in json.loads(output)["drawings"][:1] for problem in drawing["problems"]] for output, _ in outputs]
 
     def state(self):
         """All files of the test's folder, and the user's keys."""
@@ -40,14 +45,15 @@ class ProgramTest(CheckerTest):
             PROBLEMS: ("bad clean", "--strict odd", "bad/MDITabs.ini", "--strict bad/MDITabs4.ini", "--root clean clean", "alone",
                        "--strict --accept key-unknown:Tabs.ini odd"),
             UNCHECKED: ("", "bad nowhere", "nowhere/new.dwg", "read", "cle*x", "shut", "closed", "clean none", "--json --problems clean",
-                        "--root nowhere clean", "--frobnicate clean", "--product ACAD clean", "--get Colour clean",
+                        "--root nowhere clean", "--frobnicate clean", "--get Colour clean",
                         "--accept key-unknwon odd")}
-        for code, command in ((code, command) for code in commands for command in commands[code]):
-            with self.subTest(command):
-                self.assertEqual(self.check(*command.split())[0], code)
+        expected = [(command, code) for code in commands for command in commands[code]]
+        found = self.batch(*(f"{PROGRAM} {command} >nul 2>&1" for command, _ in expected))
+        self.assertEqual([(command, int(code)) for (command, _), (_, code) in zip(expected, found)], expected)
         # Some with the words that lead to the repair.
         for command, words in ((".", "letters that the Windows code page lacks"), ("Ж/D.dwg", "letters that the Windows code page lacks"),
-                               ('odd" --strict', "before a quotation mark takes that in"), ("--release 2004 odd", "16.0, 16.1 or 16.2"),
+                               ('odd" --strict', "before a quotation mark takes that in"), ("--release 2004 odd", "16.0, 16.1, 16.2"),
+                                   ("--product AutoCADX odd", "AutoCAD, AutoCAD Electrical, "),
                                ("--root install/ZavikMDITabs/support odd", "one level up: .*ZavikMDITabs")):
             with self.subTest(command):
                 code, _, complaints = self.check(*command.split())
@@ -101,30 +107,26 @@ class ProgramTest(CheckerTest):
                                                     (machine if stamp else user).replace("HKLM", "HKEY_LOCAL_MACHINE").replace(
                                                         "HKCU", "HKEY_CURRENT_USER")})
         self.assertEqual(self.state(), before)
-        for value, name in ((self.path("gone"), "domain-absent"), (self.path("Office/support"), "domain-deep"), ("", "")):
-            self.add_value(machine, "Domain Settings", value)
-            self.assertEqual([p["name"] for p in self.problems("Sketches")][:1], [name] if name else [])
-        self.add_value(machine, "Domain Settings", self.path("Office"))
-        self.add_value(user + r"\Stamps", "Domain Settings", "1")
-        self.assertRegex(self.problems("Sketches")[0]["text"], 'has its stamp "1" and yet ".*User"')
+        told = self.told_after("Sketches", *(f'add "{machine}" /v "Domain Settings" /d "{value}"' for value in (
+            self.path("gone"), self.path("Office/support"), "", self.path("Office"))), f'add "{user}\\Stamps" /v "Domain Settings" /d 1')
+        self.assertEqual([[p["name"] for p in problems] for problems in told], [["domain-absent"], ["domain-deep"], [], [], ["domain-stamp"]])
+        self.assertRegex(told[-1][0]["text"], 'has its stamp "1" and yet ".*User"')
 
     def test_entries_that_load_nothing_or_hide_the_machine_s(self):
         module, other = self.path("install/ZavikMDITabs/support/MDITabs.ini"), self.path("Sketches/Sketch.dwg")  # any file
         machine, user = "HKLM\\" + HOST, "HKCU\\" + HOST
-        self.add_value(machine, "LOADER", module)
-        self.assertEqual(self.problems("Projects/Station"), [])
-        self.add_value(user, "LOADER", module.upper())
-        for key, name, kind, value, words in (
-                (user, "LOADCTRLS", "REG_DWORD", "12", "hides the machine's: .*lacks 2"), (user, "LOADCTRLS", "REG_DWORD", "18", "has 16"),
-                (user, "LOADCTRLS", "REG_DWORD", "2", ""), (user, "LOADER", "REG_SZ", other, 'loads ".*Sketch.dwg" and not ".*MDITabs.ini"'),
-                (user, "LOADER", "REG_SZ", f"'{module}'".replace("'", '"'), "has quotes"), (user, "LOADER", "REG_SZ", r"D:\old.arx", "not there"),
-                (user, "LOADER", None, None, "has no LOADER"), (user, None, None, None, ""), (machine, "LOADCTRLS", "REG_DWORD", "16", "^its LOADCTRLS has 16")):
-            if value is None:
-                wine("reg", "delete", key, *(("/v", name) if name else ()), "/f")
-            else:
-                wine("reg", "add", key, "/v", name, "/t", kind, "/d", value, "/f")
-            with self.subTest(name=name, value=value):
-                self.assertRegex("".join(problem["text"] for problem in self.problems("Projects/Station")), words or "^$")
+        for key in (machine, user):
+            self.addCleanup(wine, "reg", "delete", key, "/f")
+        steps = [(f'add "{key}" /v {name} /t {kind} /d {value}', words) for key, name, kind, value, words in (
+            (machine, "LOADER", "REG_SZ", f'"{module}"', ""), (user, "LOADER", "REG_SZ", f'"{module.upper()}"', ""),
+            (user, "LOADCTRLS", "REG_DWORD", "12", "hides the machine's: .*lacks 2"), (user, "LOADCTRLS", "REG_DWORD", "18", "has 16"),
+            (user, "LOADCTRLS", "REG_DWORD", "2", ""), (user, "LOADER", "REG_SZ", f'"{other}"', 'loads ".*Sketch.dwg" and not ".*MDITabs.ini"'),
+            (user, "LOADER", "REG_SZ", f'"\\"{module}\\""', "has quotes"), (user, "LOADER", "REG_SZ", r"D:\old.arx", "not there"))]
+        steps += [(f'delete "{user}" /v LOADER', "has no LOADER"), (f'delete "{user}"', ""),
+                  (f'add "{machine}" /v LOADCTRLS /t REG_DWORD /d 16', "^its LOADCTRLS has 16")]
+        for (step, words), problems in zip(steps, self.told_after(r"Projects\Station", *(step for step, _ in steps))):
+            with self.subTest(step):
+                self.assertRegex("".join(problem["text"] for problem in problems), words or "^$")
 
     def test_which_installation_and_which_host(self):
         support = "install/Other/support/"
@@ -156,18 +158,13 @@ class ProgramTest(CheckerTest):
         self.assertEqual(sorted(listed), sorted(read))
 
     def test_a_drawing_whose_contents_are_not_read(self):
-        for name, contents in (("binary.dwg", b"AC1015\0\0\0\0\0\x01" + bytes(500)), ("new.dwg", None)):
-            with self.subTest(name):
-                if contents:
-                    self.write({f"Projects/Station/Drawings/{name}": contents})
-                report, = self.reports(f"Projects/Station/Drawings/{name}").values()
-                self.assertEqual(report["tooltip"]["rule"], "template")
-                self.assertEqual(report["tooltip"]["text"],
-                                 "Station, Platform 2: %HALVORAN::NUMBER%\n%HALVORAN::TITLE%")
-                self.assertEqual(report["project"]["source"], self.path("Projects/Station/ProjectSettings.txt"))
-                self.assertEqual([(one["key"], one["tag"]) for one in report["project"]["mapping"]],
-                                 [("TITLE", "TITLE1"), ("NUMBER", "NUMBER")])
-                self.assertEqual(report["problems"], [])
+        folder = "Projects/Station/Drawings/"
+        self.write({folder + "binary.dwg": b"AC1015\0\0\0\0\0\x01" + bytes(500)})
+        for report in self.reports(folder + "binary.dwg", folder + "new.dwg").values():
+            self.assertEqual((report["tooltip"]["rule"], report["tooltip"]["text"], report["problems"]),
+                             ("template", "Station, Platform 2: %HALVORAN::NUMBER%\n%HALVORAN::TITLE%", []))
+            self.assertEqual(report["project"]["source"], self.path("Projects/Station/ProjectSettings.txt"))
+            self.assertEqual([one["tag"] for one in report["project"]["mapping"]], ["TITLE1", "NUMBER"])
 
     def test_what_is_the_same_is_shown_once(self):
         self.write({f"Projects/Station/Drawings/T{number}.dwg": drawing() for number in range(20)})
