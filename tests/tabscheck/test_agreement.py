@@ -1,4 +1,5 @@
 """tabscheck and the strip say the same: on the samples, and on trees made at random."""
+import os
 import random
 import unittest
 
@@ -62,7 +63,7 @@ class Tree:
     def text(self, key):
         self.value += 1
         if key == "TooltipText":
-            return f"{self.value}:" + "".join(self.random.choices(TOKENS, k=6))
+            return f"{self.value}:%UPDATE_DATE::|j%" + "".join(self.random.choices(TOKENS, k=6))
         return self.random.choice(["{}é {}", '"{} {}"', "' {}={}'", "&{};{}"]).format(key, self.value)
 
     def project(self):
@@ -102,6 +103,8 @@ class AgreementTest(CheckerTest):
                 for path in self.folder.rglob("*.ini"):
                     path.unlink()
                 self.write(tree.files)
+                for number, name in enumerate(tree.drawings):
+                    os.utime(self.folder / name, (10 ** 9 + number * 10 ** 6,) * 2)
                 reports = self.assert_same(tree.drawings)
                 rules |= {report["tooltip"]["rule"] for report in reports}
                 dropped += sum("line-damaged" == problem["name"] for report in reports for problem in report["problems"])
