@@ -77,3 +77,14 @@ TEST_CASE("blocks, references and properties, as each release writes them")
         CHECK(shown(sText) == row.expected);
     }
 }
+
+TEST_CASE("an object is found by its handle, the first of two with one handle")
+{
+    const std::string sText = DrawingText("AC1015").entities("|0=LINE|5=50|0=ARC|5=30|0=TEXT|5=50|0=POINT|5=40").str();
+    const dxf::Drawing drawing(dxf::DxfFile::parse(sText, ""), "");
+    for (const auto& [handle, sType] : {std::pair(0x30, "ARC"), {0x40, "POINT"}, {0x50, "LINE"}}) {
+        const AcDbStub* const pNode = drawing.graph().find(static_cast<unsigned>(handle));
+        CHECK((pNode != nullptr && pNode->record->type() == sType));
+    }
+    CHECK(drawing.graph().find(0x60) == nullptr);
+}

@@ -101,7 +101,7 @@ TEST_CASE("a malformed file is refused with line and reason")
         {sGood + "what follows is nobody's\n", "opened"},
         {"", "0: the file is empty"},
         {"0\nEOF\n", "0: no SECTION in the file"},
-        {with("LINE\n8\n", "LINE\neight\n"), "27: group code is not a number"},
+        {with("LINE\n8\n", "LINE\n8x\n"), "27: group code is not a number"},
         {with("LINE\n8\n", "LINE\n99999999999\n"), "27: group code is not a number"},
         {with("8\n0\n0\nENDSEC\n0\nEOF\n", "8\n"), "27: the file ends in the middle of a tag"},
         {with("8\n0\n0\nENDSEC\n0\nEOF\n", "8\n0\n"), "29: the file ends inside section ENTITIES"},
