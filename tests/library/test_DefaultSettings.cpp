@@ -30,17 +30,17 @@ Lines contentsOf(const CTestFolder& folder, const std::string& sBytes)
     return toLines(CDefaultSettings({folder.write("s.ini", sBytes).c_str()}, false).getContents());
 }
 
-struct Case {
-    std::string m_sBytes;
-    Lines m_contents;
-};
-
 }  // namespace
 
 TEST_CASE("what the lines of a settings file mean")
 {
     const CTestFolder folder;
-    const Case cases[] = {
+    const LCID japanese = CThreadLocale::japanese, hindi = MAKELCID(MAKELANGID(LANG_HINDI, SUBLANG_DEFAULT), 0);
+    const struct {
+        std::string m_sBytes;
+        Lines m_contents;
+        LCID m_locale = CThreadLocale::english;
+    } cases[] = {
         {"; note\n\n  \t \r\n ;x=1\n", {}},
         {"KEY = a=b ; c", {"KEY=a=b ; c"}},
         {"a=1\n[S]\na=2\n[]\nb=3", {"a=1", "b=3", "[S]", "a=2"}},
@@ -57,48 +57,24 @@ TEST_CASE("what the lines of a settings file mean")
         {"k\0=v\0w"s, {"k\0=v\0w"s}},
         {utf16(L"[\xC9t\xE9]\r\nk=\x20AC\x3042"), {"[\xC9t\xE9]", "k=\x80?"}},
         {utf16(L"k=v") + "x", {"k=v"}},
+        // Letters are folded in the thread's code page, others are not.
+        {"\xC4=1\n\xE4=2\n\xD7=3\n\xF7=4\n\x8A=5\n\x9A=6", {"\x8A=6", "\xD7=3", "\xC4=2", "\xF7=4"}},
+        {"\xC4=1\n\xE4=2", {"\xC4=2"}, hindi},  // a language without an ANSI code page
+        // The second byte of a character may look like syntax.
+        // 0x835B, 0x835C and 0x835D end in "[", "\" and "]"
+        {"[\x83\x5D]\nk=\x83\x5C", {"[\x83\x5D]", "k=\x83\x5C"}, japanese},
+        {"[a]\nx=1\n[\x83\x5D\ny=2", {"[a]", "x=1", "y=2"}, japanese},
+        {"[\x83\x5D]]\nk=v", {"[\x83\x5D]", "k=v"}, japanese},
+        {"\x81\x40k\x81\x40=\x81\x40", {"\x81\x40k\x81\x40=\x81\x40"}, japanese},
+        // full-width A and a are one letter; the bytes 0x61 and 0x41 in second place are not
+        {"\x82\x60=1\n\x82\x81=2", {"\x82\x60=2"}, japanese},
+        {"\x83\x41=1\n\x83\x61=2", {"\x83\x41=1", "\x83\x61=2"}, japanese},
+        {"\x84\x40=1\n\x84\x70=2", {"\x84\x40=2"}, japanese},
     };
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
+        const CThreadLocale locale(each.m_locale);
         CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
-    }
-}
-
-TEST_CASE("letters are folded in the thread's code page, others are not")
-{
-    const CTestFolder folder;
-    {
-        const CThreadLocale english(CThreadLocale::english);
-        CHECK(contentsOf(folder, "\xC4=1\n\xE4=2\n\xD7=3\n\xF7=4\n\x8A=5\n\x9A=6") ==
-              Lines{"\x8A=6", "\xD7=3", "\xC4=2", "\xF7=4"});
-    }
-    {
-        const CThreadLocale hindi(MAKELCID(MAKELANGID(LANG_HINDI, SUBLANG_DEFAULT), SORT_DEFAULT));
-        CHECK(Tesk::getThreadCodePage() == ::GetACP());  // a language without an ANSI code page
-        CHECK(contentsOf(folder, "\xC4=1\n\xE4=2") == Lines{"\xC4=2"});
-    }
-}
-
-TEST_CASE("double-byte characters whose second byte looks like syntax")
-{
-    const CTestFolder folder;
-    {
-        const CThreadLocale japanese(CThreadLocale::japanese);
-        const Case cases[] = {
-            // 0x835B, 0x835C and 0x835D end in "[", "\" and "]"
-            {"[\x83\x5D]\nk=\x83\x5C", {"[\x83\x5D]", "k=\x83\x5C"}},
-            {"[a]\nx=1\n[\x83\x5D\ny=2", {"[a]", "x=1", "y=2"}},
-            {"[\x83\x5D]]\nk=v", {"[\x83\x5D]", "k=v"}},
-            {"\x81\x40k\x81\x40=\x81\x40", {"\x81\x40k\x81\x40=\x81\x40"}},
-            // full-width A and a are one letter; the bytes 0x61 and 0x41 in second place are not
-            {"\x82\x60=1\n\x82\x81=2", {"\x82\x60=2"}},
-            {"\x83\x41=1\n\x83\x61=2", {"\x83\x41=1", "\x83\x61=2"}},
-            {"\x84\x40=1\n\x84\x70=2", {"\x84\x40=2"}},
-        };
-        for (const auto& each : cases) {
-            CAPTURE(each.m_sBytes);
-            CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
-        }
     }
 }
 

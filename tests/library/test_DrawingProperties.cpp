@@ -1,8 +1,7 @@
 #include "dxf/Memory.h"
+#include "dxf/SummaryInfo.h"
 #include "host/drawing/Faults.h"
 #include "library/drawing/ARXDrawingProperties.h"
-#include "library/drawing/ObjectPointer.h"
-#include "objectarx/summinfo.h"
 #include "tests/library/DrawingFixture.h"
 
 #include <vector>
@@ -27,26 +26,26 @@ DrawingText described()
         .custom("a", "3");
 }
 
+std::vector<CString*> fieldsOf(CARXDrawingProperties& p)
+{
+    return {&p.getTitle(),    &p.getSubject(),     &p.getAuthor(),         &p.getComments(),
+            &p.getKeywords(), &p.getLastSavedBy(), &p.getRevisionNumber(), &p.getHyperLink()};
+}
+
 std::string fields(CARXDrawingProperties& properties)
 {
-    return (properties.getTitle() + "/" + properties.getSubject() + "/" + properties.getAuthor() + "/" +
-            properties.getComments() + "/" + properties.getKeywords() + "/" + properties.getLastSavedBy() + "/" +
-            properties.getRevisionNumber() + "/" + properties.getHyperLink())
-        .GetString();
+    std::string sAll;
+    for (const CString* pField : fieldsOf(properties))
+        sAll += "/" + std::string(*pField);
+    return sAll;
 }
 
 // Keys and values in the drawing's own order.
 std::string customOf(host::Database& database)
 {
-    AcDbDatabaseSummaryInfo* pInfo = nullptr;
-    REQUIRE(acdbGetSummaryInfo(&database, pInfo) == Acad::eOk);
-    const std::unique_ptr<AcDbDatabaseSummaryInfo> owner(pInfo);
     std::string sAll;
-    for (int i = 0; i < pInfo->numCustomInfo(); ++i) {
-        Tesk::CDatabaseString sKey, sValue;
-        REQUIRE(pInfo->getCustomSummaryInfo(i, sKey.out(), sValue.out()) == Acad::eOk);
-        sAll += std::string(sKey.text()) + "=" + sValue.text() + ";";
-    }
+    for (const auto& [sKey, sValue] : dxf::readSummary(database.file()).custom)
+        sAll += sKey + "=" + sValue + ";";
     return sAll;
 }
 
@@ -74,12 +73,11 @@ TEST_CASE_FIXTURE(DrawingFixture, "summary properties are written, custom ones i
     auto database = open(described());
     CHECK(customOf(*database) == "b=1;A=2;a=3;");
     CARXDrawingProperties properties(database.get());
-    CString* const aFields[] = {&properties.getTitle(),          &properties.getSubject(),
-                                &properties.getAuthor(),         &properties.getComments(),
-                                &properties.getKeywords(),       &properties.getLastSavedBy(),
-                                &properties.getRevisionNumber(), &properties.getHyperLink()};
-    for (std::size_t i = 0; i < std::size(aFields); ++i)
-        *aFields[i] = std::to_string(i).c_str();
+    char sNext[] = "0";
+    for (CString* const pField : fieldsOf(properties)) {
+        *pField = sNext;
+        ++sNext[0];
+    }
     properties.getCustomEntries().erase("A");
     properties.getCustomEntries()["Z"] = "new";
     properties.write();
@@ -89,7 +87,7 @@ TEST_CASE_FIXTURE(DrawingFixture, "summary properties are written, custom ones i
     database = host::Database::open(path("written.dwg"));
     CHECK(customOf(*database) == "Z=new;a=3;b=1;");
     CARXDrawingProperties again(database.get());
-    CHECK(fields(again) == "0/1/2/3/4/5/6/7");
+    CHECK(fields(again) == "/0/1/2/3/4/5/6/7");
     CHECK(again.getCustomEntries() == properties.getCustomEntries());
 }
 
@@ -115,5 +113,5 @@ TEST_CASE_FIXTURE(DrawingFixture, "a host that does not give the summary informa
 
     host::Faults::failNth("AcDbDatabaseSummaryInfo::getTitle", 1);
     properties.read();
-    CHECK(fields(properties) == "/Ground floor/K. M\xFCller/two/a, b/km/4/http://base/");
+    CHECK(fields(properties) == "//Ground floor/K. M\xFCller/two/a, b/km/4/http://base/");
 }
