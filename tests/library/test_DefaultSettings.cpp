@@ -74,6 +74,7 @@ TEST_CASE("what the lines of a settings file mean")
     for (const auto& each : cases) {
         CAPTURE(each.m_sBytes);
         const CThreadLocale locale(each.m_locale);
+        CHECK(Tesk::getThreadCodePage() != 0);
         CHECK(contentsOf(folder, each.m_sBytes) == each.m_contents);
     }
 }
