@@ -51,11 +51,10 @@ BlockNode* ObjectGraph::block(std::string_view name) const
 
 AcDbStub* ObjectGraph::find(unsigned long long handle) const
 {
-    const auto before = [](const auto& a, const auto& b) { return a.first < b.first; };
     if (!std::exchange(m_isSorted, true))
-        std::stable_sort(m_byHandle.begin(), m_byHandle.end(), before);
-    const auto found = std::lower_bound(m_byHandle.begin(), m_byHandle.end(), std::pair(handle, nullptr), before);
-    return found == m_byHandle.end() || found->first != handle ? nullptr : found->second;
+        std::sort(m_byHandle.begin(), m_byHandle.end());
+    const auto found = std::lower_bound(m_byHandle.begin(), m_byHandle.end(), ByHandle{handle, 0, nullptr});
+    return found == m_byHandle.end() || found->handle != handle ? nullptr : found->node;
 }
 
 BlockNode& ObjectGraph::addBlock(const std::string& sName, DxfRecord* pRecord, unsigned long long handle)
@@ -107,8 +106,8 @@ AcDbStub& ObjectGraph::prepare(AcDbStub& node, NodeKind kind, AcDbStub* pOwner, 
     node.owner = pOwner;
     node.record = pRecord;
     node.handle = handle;
-    m_isSorted = m_isSorted && (m_byHandle.empty() || m_byHandle.back().first < handle);
-    m_byHandle.emplace_back(handle, &node);
+    m_isSorted = m_isSorted && (m_byHandle.empty() || m_byHandle.back().handle < handle);
+    m_byHandle.push_back({handle, m_byHandle.size(), &node});
     return node;
 }
 

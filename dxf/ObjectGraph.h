@@ -8,6 +8,8 @@
 
 #include "dxf/DxfFile.h"
 
+#include <compare>
+#include <cstddef>
 #include <deque>
 #include <memory>
 #include <string>
@@ -108,6 +110,15 @@ public:
     AcDbStub& addAttribute(InsertNode& owner, DxfRecord& record, unsigned long long handle);
 
 private:
+    // Of one handle the first that came counts.
+    struct ByHandle {
+        unsigned long long handle;
+        std::size_t place;
+        AcDbStub* node;
+
+        auto operator<=>(const ByHandle&) const = default;
+    };
+
     friend class GraphBuilder;
 
     AcDbStub& prepare(AcDbStub& node, NodeKind kind, AcDbStub* pOwner, DxfRecord* pRecord, unsigned long long handle);
@@ -125,7 +136,7 @@ private:
     unsigned long long m_nextHandle = 1;
     bool m_handlesAreWritten = false;
     // In the order of their handles once one was asked for; of two with one handle, the first counts.
-    mutable std::vector<std::pair<unsigned long long, AcDbStub*>> m_byHandle;
+    mutable std::vector<ByHandle> m_byHandle;
     mutable bool m_isSorted = true;
 };
 
