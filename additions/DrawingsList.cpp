@@ -62,24 +62,19 @@ void CDrawingsList::fill(CMenu& menu)
 
 void CDrawingsList::sort()
 {
-    const AcApDocument* pActive = acDocManager->mdiActiveDocument();
-    if (m_bRecent) {
-        // The active one is the last, behind those that were never used.
-        const auto age = [=](const AcApDocument* pDocument) {
-            return std::pair(pDocument == pActive,
-                             std::find(s_vecUsed.rbegin(), s_vecUsed.rend(), pDocument) - s_vecUsed.rbegin());
-        };
-        std::stable_sort(m_vecDrawings.begin(), m_vecDrawings.end(),
-                         [=](const auto* pOne, const auto* pOther) { return age(pOne) < age(pOther); });
-        return;
-    }
-    // A list that is longer than the screen begins shortly before the active drawing, and
-    // goes on with the first behind the last.
+    const auto begin = m_vecDrawings.begin(), end = m_vecDrawings.end();
+    if (m_bRecent)
+        for (const AcApDocument* pUsed : s_vecUsed)
+            if (const auto used = std::find(begin, end, pUsed); used != end)
+                std::rotate(begin, used, used + 1);
+    const auto active = std::find(begin, end, acDocManager->mdiActiveDocument());
     constexpr std::ptrdiff_t kBefore = 5;
-    const auto active = std::find(m_vecDrawings.begin(), m_vecDrawings.end(), pActive);
-    const std::ptrdiff_t fit = ::GetSystemMetrics(SM_CYSCREEN) / ::GetSystemMetrics(SM_CYMENU);
-    if (m_vecDrawings.end() - m_vecDrawings.begin() > fit && active - m_vecDrawings.begin() > kBefore)
-        std::rotate(m_vecDrawings.begin(), active - kBefore, m_vecDrawings.end());
+    if (active == end)
+        return;
+    if (m_bRecent)
+        std::rotate(active, active + 1, end);  // behind those that were never used
+    else if (end - begin > ::GetSystemMetrics(SM_CYSCREEN) / ::GetSystemMetrics(SM_CYMENU) && active - begin > kBefore)
+        std::rotate(begin, active - kBefore, end);
 }
 
 bool CDrawingsList::activate(UINT iItem)

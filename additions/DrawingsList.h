@@ -21,6 +21,8 @@ public:
     void use(AcApDocument* pDocument);
 
 private:
+    // By last use, the active one last, where that is asked for. Else a list that is longer than
+    // the screen begins shortly before the active one, and goes on with the first behind the last.
     void sort();
 
     CARXMDITabs& m_tabs;
