@@ -9,10 +9,8 @@ namespace host::observation {
 
 namespace {
 
-constexpr UINT kInterval = 20;
+constexpr UINT kInterval = 10;
 constexpr int kMostSteps = 400;
-constexpr DWORD kLongestOpening = 600;
-constexpr DWORD kLongestMenu = 15000;
 constexpr UINT kGetMenu = 0x01E1;  // MN_GETHMENU
 constexpr char kMenuClass[] = "#32768";
 
@@ -94,14 +92,14 @@ void PopupMenu::rightClick(HWND window, POINT client)
     m_timer = ::SetTimer(nullptr, 0, kInterval, &PopupMenu::onTimer);
     postMouse(window, WM_RBUTTONDOWN, MK_RBUTTON, client, Pointer::Away);
     postMouse(window, WM_RBUTTONUP, 0, client, Pointer::Away);
-    const auto gone = [this] { return m_opened && visibleWindow(kMenuClass) == nullptr; };
-    if (!pumpUntil(kLongestOpening, gone) && !m_opened) {
+    // While a menu is open, it is its own loop that handles messages.
+    const auto handled = [] { return true; };
+    pumpUntil(0, handled);
+    if (!m_opened) {
         // Not every control turns a right click into the request for a menu.
         ::PostMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(m_click.x, m_click.y));
-        pumpUntil(kLongestOpening, gone);
+        pumpUntil(0, handled);
     }
-    if (m_opened)
-        pumpUntil(kLongestMenu, gone);
     ::KillTimer(nullptr, std::exchange(m_timer, 0));
     s_pActive = nullptr;
     if (!m_error.empty())
