@@ -27,14 +27,14 @@ std::string readText(HKEY root, const std::string& sPath, const char* sName)
 {
     char text[kMaxText + 1] = "";
     DWORD size = kMaxText, type = 0;
-    const LSTATUS status = ::SHGetValueA(root, sPath.c_str(), sName, &type, text, &size);
+    const DWORD status = ::SHGetValueA(root, sPath.c_str(), sName, &type, text, &size);
     return status == ERROR_SUCCESS && type == REG_SZ ? text : std::string();
 }
 
 DWORD readNumber(HKEY root, const std::string& sPath, const char* sName)
 {
     DWORD number = 0, size = sizeof number, type = 0;
-    const LSTATUS status = ::SHGetValueA(root, sPath.c_str(), sName, &type, &number, &size);
+    const DWORD status = ::SHGetValueA(root, sPath.c_str(), sName, &type, &number, &size);
     return status == ERROR_SUCCESS && type == REG_DWORD ? number : 0;
 }
 

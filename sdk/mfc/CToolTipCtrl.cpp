@@ -1,12 +1,14 @@
 #include "mfc/CToolTipCtrl.h"
 
+#include <cstddef>
+
 namespace {
 
 // The whole window as one tool; the older size is what every version of the control accepts.
 TOOLINFOA toolOf(CWnd* window)
 {
     TOOLINFOA tool{};
-    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.cbSize = offsetof(TOOLINFOA, lParam);
     tool.uFlags = TTF_IDISHWND;
     tool.hwnd = ::GetParent(window->m_hWnd);
     tool.uId = reinterpret_cast<UINT_PTR>(window->m_hWnd);

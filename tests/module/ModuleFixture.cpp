@@ -6,6 +6,7 @@
 #include "module/ZavikMDITabs.h"
 #include "settings/MDITabSettings.h"
 
+#include <cstddef>
 #include <cstring>
 
 BEGIN_MESSAGE_MAP(LayoutCounter, CWnd)
@@ -112,7 +113,7 @@ BOOL CALLBACK readBalloon(HWND window, LPARAM parameter)
     ::GetClassNameA(window, name, sizeof name);
     char text[1024] = "";
     TTTOOLINFOA tool = {};
-    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.cbSize = offsetof(TOOLINFOA, lParam);
     tool.uFlags = TTF_IDISHWND;
     tool.hwnd = ::GetParent(balloon.strip);
     tool.uId = reinterpret_cast<UINT_PTR>(balloon.strip);

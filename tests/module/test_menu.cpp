@@ -106,7 +106,7 @@ TEST_CASE_FIXTURE(MenuFixture, "what goes on around the menu does not disturb it
         const MenuWatch watch([&] {
             app.documents().close(*static_cast<host::Document*>(pFirst));
             app.commandLine().history().clear();
-            for (const WPARAM key : {VK_DOWN, VK_RETURN})
+            for (const auto key : std::initializer_list<WPARAM>{VK_DOWN, VK_RETURN})
                 ::PostMessageA(strip(), WM_KEYDOWN, key, 1);
         });
         m_pWndTabs->popupMenu(pFirst, 10, 10);
@@ -119,7 +119,7 @@ TEST_CASE_FIXTURE(MenuFixture, "what goes on around the menu does not disturb it
     SUBCASE("nor is the strip, when it goes meanwhile")
     {
         const MenuWatch watch([&] {
-            for (const WPARAM key : {VK_DOWN, VK_RETURN})
+            for (const auto key : std::initializer_list<WPARAM>{VK_DOWN, VK_RETURN})
                 ::PostMessageA(frame, WM_KEYDOWN, key, 1);
             unload();
         });
@@ -131,7 +131,7 @@ TEST_CASE_FIXTURE(MenuFixture, "what goes on around the menu does not disturb it
     SUBCASE("the button that brought it up chooses too")
     {
         const MenuWatch watch([&] {
-            for (const UINT message : {WM_RBUTTONDOWN, WM_RBUTTONUP})
+            for (const auto message : std::initializer_list<UINT>{WM_RBUTTONDOWN, WM_RBUTTONUP})
                 ::PostMessageA(strip(), message, 0, MAKELPARAM(120, 85));
             ::PostMessageA(strip(), WM_KEYDOWN, VK_ESCAPE, 1);
         });
@@ -174,7 +174,7 @@ TEST_CASE_FIXTURE(MenuFixture, "external references are listed and opened as the
         const MenuWatch watch([&] {
             CEditorReactor::getReactor()->getDatabaseData(pDocument).xrefPaths().erase(
                 m_pWndTabs->getXrefs(pDocument).begin());
-            for (const WPARAM key : {VK_UP, VK_RIGHT, VK_RETURN})
+            for (const auto key : std::initializer_list<WPARAM>{VK_UP, VK_RIGHT, VK_RETURN})
                 ::PostMessageA(strip(), WM_KEYDOWN, key, 1);
         });
         m_pWndTabs->popupMenu(pDocument, 10, 10);

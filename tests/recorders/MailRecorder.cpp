@@ -26,8 +26,7 @@ std::string contents(const char* sPath)
 
 }  // namespace
 
-extern "C" __declspec(dllexport) ULONG WINAPI
-    MAPISendMail(LHANDLE, ULONG_PTR window, lpMapiMessage mail, FLAGS flags, ULONG)
+extern "C" ULONG WINAPI MAPISendMail(LHANDLE, ULONG_PTR window, lpMapiMessage mail, FLAGS flags, ULONG)
 {
     std::ofstream record(environment("MAIL_RECORD"), std::ios::binary);
     record << "dialog: " << ((flags & MAPI_DIALOG) != 0)
