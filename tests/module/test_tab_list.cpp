@@ -83,7 +83,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "the mouse does nothing on the tab of a drawing
     Tesk::setDiagnosticsLevel(2);
     moveMouse(0);
     click(0);
-    for (const UINT message : {WM_MBUTTONDOWN, WM_MBUTTONUP})
+    for (const auto message : std::initializer_list<UINT>{WM_MBUTTONDOWN, WM_MBUTTONUP})
         send(message, middleOf(0));
     CHECK(answers.assertions() == "");
     CHECK(app.commandLine().history().find("CARXMDITabs::getTooltip(") == std::string::npos);
