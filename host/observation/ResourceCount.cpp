@@ -44,25 +44,13 @@ long gdiObjects()
     return count;
 }
 
-// A menu's handle, or an icon's, may be asked about by its low word alone, so all there can be
-// are asked.
-template <class Handle, class Test>
-long userHandles(Test isOne)
+// A handle may be asked about by its low word alone, so all there can be are asked.
+long liveMenus()
 {
     long count = 0;
     for (std::uintptr_t handle = 0x20; handle < 0x10000; handle += 2)
-        count += isOne(reinterpret_cast<Handle>(handle)) != FALSE;
+        count += ::IsMenu(reinterpret_cast<HMENU>(handle)) != FALSE;
     return count;
-}
-
-BOOL isIcon(HICON handle)
-{
-    ICONINFO icon = {};
-    if (!::GetIconInfo(handle, &icon))
-        return FALSE;
-    ::DeleteObject(icon.hbmColor);
-    ::DeleteObject(icon.hbmMask);
-    return icon.fIcon;
 }
 
 long loadedModules()
@@ -117,8 +105,7 @@ ResourceCount ResourceCount::now()
     ResourceCount count;
     count.gdi = gdiObjects();
     ::EnumThreadWindows(::GetCurrentThreadId(), &countWindow, reinterpret_cast<LPARAM>(&count.windows));
-    count.menus = userHandles<HMENU>(&::IsMenu);
-    count.icons = userHandles<HICON>(&isIcon);
+    count.menus = liveMenus();
     count.modules = loadedModules();
     count.heap = heapBlocks();
     countHandles(count.handles, count.keys);
@@ -143,8 +130,8 @@ long ResourceCount::heapBlocks()
 
 bool ResourceCount::sameObjects(const ResourceCount& other) const
 {
-    return gdi == other.gdi && windows == other.windows && menus == other.menus && icons == other.icons &&
-           modules == other.modules && keys == other.keys && api == other.api;
+    return gdi == other.gdi && windows == other.windows && menus == other.menus && modules == other.modules &&
+           keys == other.keys && api == other.api;
 }
 
 std::string ResourceCount::text() const
@@ -152,9 +139,8 @@ std::string ResourceCount::text() const
     const auto part = [](const char* name, long value) {
         return std::string(" ") + name + "=" + std::to_string(value);
     };
-    return "resources:" + part("gdi", gdi) + part("windows", windows) + part("menus", menus) + part("icons", icons) +
-           part("heap", heap) + part("modules", modules) + part("handles", handles) + part("keys", keys) +
-           part("api", api);
+    return "resources:" + part("gdi", gdi) + part("windows", windows) + part("menus", menus) + part("heap", heap) +
+           part("modules", modules) + part("handles", handles) + part("keys", keys) + part("api", api);
 }
 
 }  // namespace host::observation

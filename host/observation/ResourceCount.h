@@ -12,7 +12,6 @@ struct ResourceCount {
     long gdi = 0;      // live entries of the process's table of GDI handles
     long windows = 0;  // of this thread, children included
     long menus = 0;
-    long icons = 0;
     long heap = 0;     // busy blocks of all heaps
     long modules = 0;  // loaded into the process
     long handles = 0;  // of the system's kernel, those of keys included
