@@ -56,7 +56,7 @@ class CheckerTest(HostTest):
     def batch(self, *commands):
         """Of each command, run one after the other by one batch: its output and its exit code."""
         lines = ["@echo off\n"] + [f"{command}\necho ===%ERRORLEVEL%\n" for command in commands]
-        self.write({"run.cmd": "".join(lines)})
+        self.write({"run.cmd": "".join(lines).encode(CONSOLE)})
         return re.findall(r"(?s)(.*?)===(\d+)\n", wine("cmd", "/c", "run.cmd", cwd=self.folder)[1])
 
     def told(self, *arguments):
