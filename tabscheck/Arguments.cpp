@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <map>
+#include <stdexcept>
 
 namespace tabscheck {
 
@@ -36,16 +36,61 @@ constexpr const char* kUsage = "Shows which file gives the document tabs their t
                                "\r\n"
                                "Exit code: 0 no problems, 1 problems, 2 something could not be checked.\r\n";
 
-// Why no host is so called; empty when one is.
-std::string checkName(const char* sWhat, const std::string& sName, std::span<const std::string_view> names)
+[[noreturn]] void refuse(const std::string& sWhy) { throw std::invalid_argument(sWhy); }
+
+void checkName(const char* sWhat, const std::string& sName, std::span<const std::string_view> names)
 {
     if (isOneOf(names, sName))
-        return {};
+        return;
     std::string sText = std::string("no host has the ") + sWhat + " " + quoted(sName) + ": there are";
     for (const std::string_view sOne : names)
         sText.append(sOne == names.front() ? " " : ", ").append(sOne);
-    return sText;
+    refuse(sText);
 }
+
+void show(Arguments& arguments, Show part)
+{
+    if (arguments.show != Show::All)
+        refuse("one of --problems, --overrides and --get");
+    arguments.show = part;
+}
+
+void takeAccepted(Arguments& arguments, const std::string& sValue)
+{
+    const std::size_t colon = std::min(sValue.find(':'), sValue.size());
+    const std::string sName = sValue.substr(0, colon);
+    if (std::none_of(std::begin(kRules), std::end(kRules), [&](const Rule& rule) { return rule.name == sName; }))
+        refuse(quoted(sName) + " is the name of no problem");
+    arguments.accepted.insert({sName, sValue.substr(std::min(colon + 1, sValue.size()))});
+}
+
+void takeKey(Arguments& arguments, const std::string& sValue)
+{
+    if (std::none_of(std::begin(kTextKeys), std::end(kTextKeys),
+                     [&](const TextKey& key) { return equalNoCase(key.sName, sValue); }))
+        refuse(quoted(sValue) + " is no key that the strip reads");
+    show(arguments, Show::Key);
+    arguments.key = sValue;
+}
+
+constexpr struct Option {
+    std::string_view name;
+    bool hasValue;
+    void (*take)(Arguments&, const std::string& sValue);
+} kOptions[] = {
+    {"/?", false, [](Arguments& arguments, const std::string&) { arguments.help = true; }},
+    {"--help", false, [](Arguments& arguments, const std::string&) { arguments.help = true; }},
+    {"--version", false, [](Arguments& arguments, const std::string&) { arguments.version = true; }},
+    {"--json", false, [](Arguments& arguments, const std::string&) { arguments.json = true; }},
+    {"--strict", false, [](Arguments& arguments, const std::string&) { arguments.strict = true; }},
+    {"--problems", false, [](Arguments& arguments, const std::string&) { show(arguments, Show::Problems); }},
+    {"--overrides", false, [](Arguments& arguments, const std::string&) { show(arguments, Show::Overrides); }},
+    {"--get", true, takeKey},
+    {"--accept", true, takeAccepted},
+    {"--root", true, [](Arguments& arguments, const std::string& sValue) { arguments.asked.root = sValue; }},
+    {"--release", true, [](Arguments& arguments, const std::string& sValue) { arguments.asked.release = sValue; }},
+    {"--product", true, [](Arguments& arguments, const std::string& sValue) { arguments.asked.product = sValue; }},
+};
 
 }  // namespace
 
@@ -54,74 +99,38 @@ std::string usage() { return kUsage; }
 bool Arguments::accepts(const Problem& problem) const
 {
     return std::any_of(accepted.begin(), accepted.end(), [&problem](const auto& one) {
-        const auto& [sName, sFile] = one;
-        const std::size_t longer = problem.file.size() - std::min(problem.file.size(), sFile.size());
-        return sName == problem.rule->name && equalNoCase(problem.file.substr(longer), sFile) &&
-               (sFile.empty() || longer == 0 || problem.file[longer - 1] == '\\');
+        const std::string sEnd = one.second.empty() ? "" : "\\" + one.second, sPath = "\\" + problem.file;
+        const std::size_t longer = sPath.size() - std::min(sPath.size(), sEnd.size());
+        return one.first == problem.rule->name && equalNoCase(sPath.substr(longer), sEnd);
     });
 }
 
 Arguments parse(int count, char** words)
 {
     Arguments arguments;
-    const std::map<std::string, bool*> flags = {{"/?", &arguments.help},
-                                                {"--help", &arguments.help},
-                                                {"--version", &arguments.version},
-                                                {"--json", &arguments.json},
-                                                {"--strict", &arguments.strict}};
-    std::string sAccept;
-    const std::map<std::string, std::string*> values = {{"--root", &arguments.asked.root},
-                                                        {"--release", &arguments.asked.release},
-                                                        {"--product", &arguments.asked.product},
-                                                        {"--get", &arguments.key},
-                                                        {"--accept", &sAccept}};
-    // These exclude each other.
-    const std::map<std::string, Show> shows = {
-        {"--problems", Show::Problems}, {"--overrides", Show::Overrides}, {"--get", Show::Key}};
     bool options = true;
     for (int i = 1; i < count; ++i) {
         const std::string sWord = words[i];
-        const auto flag = flags.find(sWord);
-        const auto value = values.find(sWord);
-        const auto show = shows.find(sWord);
-        if (options && show != shows.end()) {
-            if (arguments.show != Show::All)
-                arguments.error = "one of --problems, --overrides and --get";
-            arguments.show = show->second;
-        }
+        const auto option = std::find_if(std::begin(kOptions), std::end(kOptions),
+                                         [&sWord](const Option& one) { return one.name == sWord; });
+        const bool known = option != std::end(kOptions);
         if (sWord.find('"') != std::string::npos)
-            arguments.error = sWord + ": a \\ before a quotation mark takes that in: leave it out";
-        if (options && flag != flags.end())
-            *flag->second = true;
-        else if (!options || sWord.substr(0, 2) != "--")
+            refuse(sWord + ": a \\ before a quotation mark takes that in: leave it out");
+        if (!options || (!known && !sWord.starts_with("--")))
             arguments.asked.paths.push_back(sWord);
         else if (sWord == "--")
             options = false;
-        else if (value != values.end() && i + 1 < count)
-            *value->second = words[++i];
-        else if (show == shows.end() || value != values.end())
-            arguments.error = "\"" + sWord + "\" is unknown or lacks its value";
-        if (sAccept.empty())
-            continue;
-        const std::size_t colon = std::min(sAccept.find(':'), sAccept.size());
-        const std::string sName = sAccept.substr(0, colon);
-        if (std::none_of(std::begin(kRules), std::end(kRules), [&](const Rule& rule) { return rule.name == sName; }))
-            arguments.error = "\"" + sName + "\" is the name of no problem";
-        arguments.accepted.insert({sName, sAccept.substr(std::min(colon + 1, sAccept.size()))});
-        sAccept.clear();
+        else if (!known || (option->hasValue && i + 1 == count))
+            refuse(quoted(sWord) + " is unknown or lacks its value");
+        else
+            option->take(arguments, option->hasValue ? words[++i] : "");
     }
-    const bool known = std::any_of(std::begin(kTextKeys), std::end(kTextKeys),
-                                   [&](const TextKey& key) { return equalNoCase(key.sName, arguments.key); });
-    if (arguments.error.empty())
-        arguments.error = checkName("release", arguments.asked.release, kReleases);
-    if (arguments.error.empty())
-        arguments.error = checkName("product", arguments.asked.product, kProducts);
-    if (arguments.show == Show::Key && !known && arguments.error.empty())
-        arguments.error = "\"" + arguments.key + "\" is no key that the strip reads";
-    if (arguments.asked.paths.empty() && arguments.error.empty())
-        arguments.error = std::string("which drawing or folder?\r\n\r\n") + kUsage;
+    checkName("release", arguments.asked.release, kReleases);
+    checkName("product", arguments.asked.product, kProducts);
     if (arguments.json && arguments.show != Show::All)
-        arguments.error = "--json has all in it: without --problems, --overrides and --get";
+        refuse("--json has all in it: without --problems, --overrides and --get");
+    if (arguments.asked.paths.empty() && !arguments.help && !arguments.version)
+        refuse(std::string("which drawing or folder?\r\n\r\n") + kUsage);
     return arguments;
 }
 

@@ -20,11 +20,11 @@ struct Arguments {
     bool help = false;
     bool version = false;
     std::set<std::pair<std::string, std::string>> accepted;  // names and the files they are for, or none
-    std::string error;                                       // what is wrong with them; else empty
 
     bool accepts(const Problem& problem) const;
 };
 
+// Throws std::invalid_argument with what is wrong.
 Arguments parse(int count, char** words);
 
 std::string usage();

@@ -36,8 +36,6 @@ Console::Console()
       m_errors(::GetStdHandle(STD_ERROR_HANDLE)),
       m_codePage(::GetConsoleOutputCP())
 {
-    DWORD mode = 0;
-    m_terminal = ::GetConsoleMode(m_errors, &mode) != FALSE;
     if (m_codePage == 0)
         m_codePage = ::GetOEMCP();
 }
@@ -69,17 +67,6 @@ void Console::complain(std::string_view sText)
 {
     flush();
     write(m_errors, toConsole(sText) + "\r\n");
-}
-
-void Console::progress(std::string_view sText)
-{
-    if (!m_terminal)
-        return;
-    std::string sLine = toConsole(sText);
-    const std::size_t length = sLine.size();
-    sLine.resize(std::max(length, m_progress), ' ');
-    m_progress = length;
-    write(m_errors, "\r" + sLine + "\r");
 }
 
 void Console::flush()

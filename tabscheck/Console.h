@@ -20,8 +20,6 @@ public:
     void printBytes(std::string_view sBytes);
     // To the error output, in the console's code page, with a line end.
     void complain(std::string_view sText);
-    // Overwrites the last progress on the error output, where that is a terminal.
-    void progress(std::string_view sText);
     // Ends the program when the output cannot be written: nobody reads it any more.
     void flush();
 
@@ -32,8 +30,6 @@ private:
 
     void* m_output;
     void* m_errors;
-    bool m_terminal;
-    std::size_t m_progress = 0;
     unsigned m_codePage;
     std::string m_pending;
 };

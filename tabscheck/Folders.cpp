@@ -56,6 +56,16 @@ std::string idOf(const std::string& sFolder)
            std::to_string(facts.nFileIndexLow);
 }
 
+// A link to a folder that it is in, so that what is there is checked as it is.
+bool isCircle(const std::string& sLink)
+{
+    const std::string sTarget = idOf(sLink);
+    std::string sUp = parentOf(sLink);
+    while (!sUp.empty() && idOf(sUp) != sTarget)
+        sUp = parentOf(sUp) == sUp ? "" : parentOf(sUp);
+    return !sUp.empty();
+}
+
 }  // namespace
 
 bool isDrawingName(const std::string& sPath)
@@ -68,17 +78,13 @@ Opening tryToOpen(const std::string& sPath)
 {
     const UniqueHandle file(::CreateFileA(sPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    DWORD error = file ? ERROR_FILE_NOT_FOUND : ::GetLastError();
-    if (sPath.size() >= MAX_PATH) {
-        const std::wstring sLong = sPath.compare(0, 2, "\\\\") == 0 ? L"\\\\?\\UNC" + Tesk::toWide(sPath.substr(1))
-                                                                    : L"\\\\?\\" + Tesk::toWide(sPath);
-        const bool there = ::GetFileAttributesW(sLong.c_str()) != INVALID_FILE_ATTRIBUTES;
-        error = there ? ERROR_FILENAME_EXCED_RANGE : ERROR_FILE_NOT_FOUND;
-    }
+    const DWORD error = file ? ERROR_FILE_NOT_FOUND : ::GetLastError();
     const DWORD attributes = isMissing(error) ? INVALID_FILE_ATTRIBUTES : ::GetFileAttributesA(sPath.c_str());
     const bool none = isMissing(error) || (attributes != INVALID_FILE_ATTRIBUTES && isFolder(attributes));
     return {static_cast<bool>(file), none ? "" : systemReason(error)};
 }
+
+std::string parentOf(const std::string& sFolder) { return Tesk::CPathParts(Tesk::withoutBackslash(sFolder)).parent(); }
 
 std::string existingFolder(const std::string& sPath)
 {
@@ -113,13 +119,13 @@ void DrawingFinder::add(const std::string& sPath)
     const DWORD error = ::GetLastError();
     if (attributes != INVALID_FILE_ATTRIBUTES) {
         if (isFolder(attributes))
-            addFolder(Tesk::withBackslash(sFull), false);
+            addFolder(Tesk::withBackslash(sFull));
         else
             m_found(sFull);
     } else if (isMissing(error) && isDrawingName(sFull) && !existingFolder(Tesk::CPathParts(sFull).parent()).empty()) {
         m_found(sFull);
     } else {
-        m_tell(sPath, systemReason(error), true);
+        m_tell(sPath, systemReason(error));
     }
 }
 
@@ -133,7 +139,7 @@ void DrawingFinder::addMatching(const std::string& sPattern)
         add(Tesk::CPathParts(sPattern).parent() + entry.name);
     }
     if (!any)
-        m_tell(sPattern, hasLostLetters() ? kLostLetters : "no drawing and no folder is so named", true);
+        m_tell(sPattern, hasLostLetters() ? kLostLetters : "no drawing and no folder is so named");
 }
 
 bool DrawingFinder::fits(const std::string& sPath)
@@ -142,40 +148,24 @@ bool DrawingFinder::fits(const std::string& sPath)
     const bool lost = sPath.find('?') != std::string::npos;
     const bool fits = !lost && sPath.size() < MAX_PATH;
     if (!fits)
-        m_tell(sPath, lost ? kLostLetters : systemReason(ERROR_FILENAME_EXCED_RANGE), true);
+        m_tell(sPath, lost ? kLostLetters : systemReason(ERROR_FILENAME_EXCED_RANGE));
     return fits;
 }
 
-// A folder that was entered before, by whichever way, is not entered again: links may lead
-// in a circle. To ask which folder is which takes long, and is for trees with links.
-bool DrawingFinder::enter(const std::string& sFolder, bool link)
+void DrawingFinder::addFolder(const std::string& sFolder)
 {
-    m_links |= link;
-    m_unasked.push_back(sFolder);
-    bool fresh = true;
-    while (m_links && !m_unasked.empty()) {
-        fresh = m_entered.insert(idOf(m_unasked.front())).second;
-        m_unasked.pop_front();
-    }
-    if (!fresh)
-        m_tell(sFolder, "a folder that was checked already under another path: not followed", false);
-    return fresh;
-}
-
-void DrawingFinder::addFolder(const std::string& sFolder, bool link)
-{
-    if (!fits(sFolder + "*") || !enter(sFolder, link))
+    if (!fits(sFolder + "*"))
         return;
     const Listing listing = entriesOf(sFolder + "*");
     if (listing.error != ERROR_NO_MORE_FILES && listing.error != ERROR_FILE_NOT_FOUND)
-        m_tell(sFolder, systemReason(listing.error), true);
+        m_tell(sFolder, systemReason(listing.error));
     m_listed(sFolder, listing.entries);
     for (const FolderEntry& entry : listing.entries)
         if (!entry.folder && isDrawingName(entry.name) && fits(sFolder + entry.name))
             m_found(sFolder + entry.name);
     for (const FolderEntry& entry : listing.entries)
-        if (entry.folder)
-            addFolder(sFolder + entry.name + "\\", entry.link);
+        if (entry.folder && !(entry.link && isCircle(sFolder + entry.name + "\\")))
+            addFolder(sFolder + entry.name + "\\");
 }
 
 }  // namespace tabscheck

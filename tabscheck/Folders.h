@@ -4,9 +4,7 @@
 // the rest goes on.
 
 #include <compare>
-#include <deque>
 #include <functional>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -31,9 +29,8 @@ Listing entriesOf(const std::string& sPattern);
 
 class DrawingFinder {
 public:
-    // `tell` hears a path and what is wrong with it; `unreadable` when that is reason to
-    // say that not everything was checked.
-    using Tell = std::function<void(const std::string& sPath, const std::string& sReason, bool unreadable)>;
+    // Hears what cannot be checked.
+    using Tell = std::function<void(const std::string& sPath, const std::string& sReason)>;
     using Found = std::function<void(const std::string& sPath)>;
     // Hears each folder that is looked into, with a trailing backslash, and what is in it.
     using Listed = std::function<void(const std::string& sFolder, const std::vector<FolderEntry>& entries)>;
@@ -50,20 +47,19 @@ public:
 
 private:
     void addMatching(const std::string& sPattern);
-    void addFolder(const std::string& sFolder, bool link);
-    bool enter(const std::string& sFolder, bool link);
+    void addFolder(const std::string& sFolder);
     bool fits(const std::string& sPath);
 
     Found m_found;
     Listed m_listed;
     Tell m_tell;
-    std::set<std::string> m_entered;    // what each folder is
-    std::deque<std::string> m_unasked;  // those that were not asked yet
-    bool m_links = false;
 };
 
 // A drawing by its name.
 bool isDrawingName(const std::string& sPath);
+
+// The folder that a folder is in; either ends in a backslash.
+std::string parentOf(const std::string& sFolder);
 
 // The folder's full path ends in a backslash. Empty when there is no such folder.
 std::string existingFolder(const std::string& sPath);

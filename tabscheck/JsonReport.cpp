@@ -84,21 +84,9 @@ void JsonReport::add(DrawingReport report)
     m_first = false;
 }
 
-void JsonReport::addFile(const std::string& sPath, const std::vector<Problem>& problems)
+void JsonReport::finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked)
 {
-    m_files += std::string(m_files.empty() ? "" : ",") + "{\"path\":" + toJson(sPath) +
-               ",\"problems\":" + toJson(problems) + "}";
-}
-
-void JsonReport::addUnchecked(const std::string& sPath, const std::string& sReason)
-{
-    m_unchecked += std::string(m_unchecked.empty() ? "" : ",") + "{\"path\":" + toJson(sPath) +
-                   ",\"reason\":" + toJson(sReason) + "}";
-}
-
-void JsonReport::finish()
-{
-    m_console.printBytes("],\"files\":[" + m_files + "],\"unchecked\":[" + m_unchecked + "]}\n");
+    m_console.printBytes("],\"files\":" + toJson(files) + ",\"unchecked\":" + toJson(unchecked) + "}\n");
 }
 
 }  // namespace tabscheck

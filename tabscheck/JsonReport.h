@@ -5,7 +5,6 @@
 #include "tabscheck/Console.h"
 #include "tabscheck/Report.h"
 
-#include <string>
 #include <vector>
 
 namespace tabscheck {
@@ -15,14 +14,11 @@ public:
     JsonReport(Console& console, const Asked& asked);
 
     void add(DrawingReport report) override;
-    void addFile(const std::string& sPath, const std::vector<Problem>& problems) override;
-    void addUnchecked(const std::string& sPath, const std::string& sReason) override;
-    void finish() override;
+    void finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked) override;
 
 private:
     Console& m_console;
     bool m_first = true;
-    std::string m_files, m_unchecked;  // the members of their arrays
 };
 
 }  // namespace tabscheck

@@ -125,17 +125,28 @@ struct Asked {
 };
 BOOST_DESCRIBE_STRUCT(Asked, (), (root, release, product, paths))
 
+// A settings file that is no drawing's alone; without problems one that was checked.
+struct FileReport {
+    std::string path;
+    std::vector<Problem> problems;
+};
+BOOST_DESCRIBE_STRUCT(FileReport, (), (path, problems))
+
+// What could not be checked.
+struct Unchecked {
+    std::string path, reason;
+
+    bool operator==(const Unchecked&) const = default;
+};
+BOOST_DESCRIBE_STRUCT(Unchecked, (), (path, reason))
+
 // Where the reports go.
 class Reports {
 public:
     virtual ~Reports() = default;
     virtual void add(DrawingReport report) = 0;
-    // What is wrong with a file that is no drawing's alone; none says that it was checked.
-    virtual void addFile(const std::string& sPath, const std::vector<Problem>& problems) = 0;
-    // A path that could not be checked.
-    virtual void addUnchecked(const std::string& sPath, const std::string& sReason) = 0;
     // After the last drawing.
-    virtual void finish() = 0;
+    virtual void finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked) = 0;
 };
 
 }  // namespace tabscheck

@@ -22,8 +22,6 @@ constexpr std::string_view kTexts = "MDITabs";
 constexpr std::size_t kMostEdits = 2;
 constexpr int kProjectDepth = 4, kInstalledDepth = 2;
 
-std::string parentOf(const std::string& sFolder) { return Tesk::CPathParts(Tesk::withoutBackslash(sFolder)).parent(); }
-
 bool isSettingsFolder(const std::string& sFolder)
 {
     const std::string sName = Tesk::CPathParts(Tesk::withoutBackslash(sFolder)).fileName();

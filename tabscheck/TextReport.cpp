@@ -73,6 +73,14 @@ std::string ruleText(const DrawingReport& report)
                             : "by DefaultTooltipText, as it holds neither title block nor Title property";
 }
 
+// The element that fits, or else a fresh one.
+template <class List, class Fits>
+typename List::reference findOrAdd(List& all, Fits fits, typename List::value_type fresh)
+{
+    const auto found = std::find_if(all.begin(), all.end(), fits);
+    return found != all.end() ? *found : all.emplace_back(std::move(fresh));
+}
+
 }  // namespace
 
 void TextReport::add(DrawingReport report)
@@ -84,69 +92,54 @@ void TextReport::add(DrawingReport report)
         return;
     Group& group = groupOf(report);
     group.drawings.push_back(report.path);
-    for (Row& row : group.rows)
-        if (row.first.tooltip.rule == report.tooltip.rule && row.first.contents == report.contents &&
-            row.first.project == report.project)
-            return row.drawings.push_back(report.path);
-    group.rows.push_back({report, {report.path}});
+    const auto same = [&report](const Row& row) {
+        return row.first.tooltip.rule == report.tooltip.rule && row.first.contents == report.contents &&
+               row.first.project == report.project;
+    };
+    findOrAdd(group.rows, same, {report, {}}).drawings.push_back(report.path);
 }
 
-void TextReport::addFile(const std::string&, const std::vector<Problem>& problems)
-{
-    ++m_files;
-    for (const Problem& problem : problems)
-        m_problems[problem];
-}
-
-void TextReport::addUnchecked(const std::string&, const std::string&) { ++m_unchecked; }
-
+// All drawings of a folder have the same texts.
 TextReport::Group& TextReport::groupOf(const DrawingReport& report)
 {
-    const auto [known, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(report.path).parent());
-    auto& [blockAt, groupAt] = known->second;
-    if (!fresh)
-        return m_blocks[blockAt].groups[groupAt];
-    const auto block = std::find_if(m_blocks.begin(), m_blocks.end(),
-                                    [&](const Block& one) { return one.root == report.project.root; });
-    blockAt = static_cast<std::size_t>(block - m_blocks.begin());
-    if (block == m_blocks.end())
-        m_blocks.push_back({report.project.root, report.domain, {}});
-    std::vector<Group>& groups = m_blocks[blockAt].groups;
-    const auto group =
-        std::find_if(groups.begin(), groups.end(), [&](const Group& one) { return one.texts == report.texts; });
-    groupAt = static_cast<std::size_t>(group - groups.begin());
-    if (group == groups.end())
-        groups.push_back({report.searched, report.texts, {}, {}});
-    return groups[groupAt];
+    Group*& known = m_byFolder[Tesk::CPathParts(report.path).parent()];
+    if (known == nullptr) {
+        Block& block = findOrAdd(m_blocks, [&](const Block& one) { return one.root == report.project.root; },
+                                 {report.project.root, report.domain, {}});
+        known = &findOrAdd(block.groups, [&](const Group& one) { return one.texts == report.texts; },
+                           {report.searched, report.texts, {}, {}});
+    }
+    return *known;
 }
 
-void TextReport::finish()
+void TextReport::finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked)
 {
+    for (const FileReport& file : files)
+        for (const Problem& problem : file.problems)
+            m_problems[problem];
+    const bool whole = m_show == Show::All;
     for (const Block& block : m_blocks) {
-        if (m_show == Show::All) {
-            print(block.root.empty() ? "no project: no ProjectSettings.txt from the drawing's folder upwards"
-                                     : "project " + block.root);
+        if (whole)
             printSearched(block);
-        }
         for (const Group& group : block.groups)
             printGroup(group, block.groups.front());
-        if (m_show == Show::All)
+        if (whole)
             print("");
     }
-    std::size_t errors = 0;
-    const bool all = m_show == Show::All || m_show == Show::Problems;
-    if (m_show == Show::All)
+    if (!whole && m_show != Show::Problems)
+        return;
+    if (whole)
         print(m_problems.empty() ? "no problems" : "problems");
+    std::size_t errors = 0;
     for (const auto& [problem, drawings] : m_problems) {
         errors += problem.error() ? 1 : 0;
-        if (all)
-            printProblem(problem, drawings);
+        printProblem(problem, drawings);
     }
-    if (all)
-        print((m_show == Show::All ? "\r\n" : "") +
-              (m_count == 0 && m_files != 0 ? counted(m_files, "file") : counted(m_count, "drawing")) +
-              " checked: " + counted(errors, "error") + ", " + counted(m_problems.size() - errors, "warning") +
-              (m_unchecked == 0 ? "" : ", " + std::to_string(m_unchecked) + " not checked"));
+    const std::string sChecked =
+        m_count == 0 && !files.empty() ? counted(files.size(), "file") : counted(m_count, "drawing");
+    print((whole ? "\r\n" : "") + sChecked + " checked: " + counted(errors, "error") + ", " +
+          counted(m_problems.size() - errors, "warning") +
+          (unchecked.empty() ? "" : ", " + std::to_string(unchecked.size()) + " not checked"));
 }
 
 void TextReport::printPlace(std::string_view sLayer, const std::string& sState, const std::string& sPath) const
@@ -157,6 +150,8 @@ void TextReport::printPlace(std::string_view sLayer, const std::string& sState, 
 // The layers that all drawings of the block have, and where the office's is looked for.
 void TextReport::printSearched(const Block& block) const
 {
+    print(block.root.empty() ? "no project: no ProjectSettings.txt from the drawing's folder upwards"
+                             : "project " + block.root);
     print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one");
     for (const Place& place : block.groups.front().searched)
         if (place.layer != "folder")

@@ -6,6 +6,7 @@
 #include "tabscheck/Console.h"
 #include "tabscheck/Report.h"
 
+#include <deque>
 #include <map>
 #include <string>
 #include <string_view>
@@ -24,9 +25,7 @@ public:
     }
 
     void add(DrawingReport report) override;
-    void addFile(const std::string& sPath, const std::vector<Problem>& problems) override;
-    void addUnchecked(const std::string& sPath, const std::string& sReason) override;
-    void finish() override;
+    void finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked) override;
 
 private:
     // Drawings by whose first the others are shown.
@@ -44,7 +43,7 @@ private:
     struct Block {
         std::string root;
         std::vector<DomainFolder> domain;
-        std::vector<Group> groups;
+        std::deque<Group> groups;
     };
 
     Group& groupOf(const DrawingReport& report);
@@ -60,12 +59,10 @@ private:
     Console& m_console;
     const Show m_show;
     const std::string m_key;
-    std::vector<Block> m_blocks;
-    std::map<std::string, std::pair<std::size_t, std::size_t>> m_byFolder;  // block and group
-    std::map<Problem, std::vector<std::string>> m_problems;                 // with the drawings that have it
+    std::deque<Block> m_blocks;
+    std::map<std::string, Group*> m_byFolder;
+    std::map<Problem, std::vector<std::string>> m_problems;  // with the drawings that have it
     std::size_t m_count = 0;
-    std::size_t m_files = 0;
-    std::size_t m_unchecked = 0;
 };
 
 }  // namespace tabscheck

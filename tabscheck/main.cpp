@@ -20,10 +20,12 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <exception>
 #include <map>
 #include <memory>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -80,42 +82,36 @@ public:
     {
         for (const std::string& sPath : m_arguments.asked.paths)
             checkPath(sPath);
-        m_console.progress("");
         std::map<std::string, std::vector<Problem>> byFile;
         for (const Problem& problem : m_check.finish(m_folders))
             byFile[problem.file].push_back(problem);
         for (const auto& [sFile, problems] : byFile)
-            tellFile(sFile, problems);
-        m_reports->finish();
+            m_files.push_back({sFile, accept(problems)});
+        m_reports->finish(m_files, m_unchecked);
         m_console.flush();
-        return m_unchecked ? kUnchecked : m_problems ? kProblems : kClean;
+        return !m_unchecked.empty() ? kUnchecked : m_problems ? kProblems : kClean;
     }
 
 private:
     void checkPath(const std::string& sPath)
     {
-        const std::size_t before = m_checked.size();
-        bool told = false;
+        const std::size_t before = m_checked.size() + m_unchecked.size();
         DrawingFinder finder(
             [this](const std::string& sFile) { check(sFile); },
             [this](const auto& sFolder, const auto& entries) { m_check.strays().see(sFolder, entries); },
-            [this, &told](const std::string& sWhat, const std::string& sReason, bool unreadable) {
-                told = true;
-                m_console.progress("");
-                tell(sWhat, sReason, unreadable);
-            });
+            [this](const auto& sWhat, const auto& sReason) { tell(sWhat, sReason); });
         const std::string sFolder = existingFolder(sPath);
         if (!sFolder.empty())
             m_folders.push_back(sFolder);
         finder.add(sPath);
-        if (sFolder.empty() || told || m_checked.size() != before)
+        if (sFolder.empty() || m_checked.size() + m_unchecked.size() != before)
             return;
         // Without drawings, what they would be shown by.
         const std::vector<std::string> files = m_check.strays().below(sFolder);
         for (const std::string& sFile : files)
             check(sFile);
         if (files.empty())
-            tell(sFolder, "there is neither a drawing nor a settings file below it", true);
+            tell(sFolder, "there is neither a drawing nor a settings file below it");
     }
 
     // One that two paths of the command line lead to counts once.
@@ -123,43 +119,36 @@ private:
     {
         if (!m_checked.insert(Tesk::MultiByte::upper(sPath)).second)
             return;
-        m_console.progress(std::to_string(m_checked.size()) + "  " + sPath.substr(0, 70));
         try {
             if (isSettingsFile(sPath))
-                return tellFile(sPath, m_check.checkFile(sPath));
+                return m_files.push_back({sPath, accept(m_check.checkFile(sPath))});
             DrawingReport report = m_check.check(sPath);
-            accept(report.problems);
+            report.problems = accept(std::move(report.problems));
             m_reports->add(std::move(report));
         } catch (CException* pException) {
-            tell(sPath, Tesk::takeExceptionText(pException).GetString(), true);
+            tell(sPath, Tesk::takeExceptionText(pException).GetString());
         } catch (const std::exception& exception) {
-            tell(sPath, exception.what(), true);
+            tell(sPath, exception.what());
         }
     }
 
-    void tellFile(const std::string& sPath, std::vector<Problem> problems)
-    {
-        accept(problems);
-        m_reports->addFile(sPath, problems);
-    }
-
-    // Takes out what the command line accepts, and counts the rest.
-    void accept(std::vector<Problem>& problems)
+    // Those that the command line does not accept; they count.
+    std::vector<Problem> accept(std::vector<Problem> problems)
     {
         std::erase_if(problems, [this](const Problem& problem) { return m_arguments.accepts(problem); });
         for (const Problem& problem : problems) {
             m_problems |= problem.error() || m_arguments.strict;
-            m_unchecked |= problem.unchecked();
-            if (problem.unchecked() && m_told.insert(problem).second)
-                m_reports->addUnchecked(problem.file, problem.text);
+            const Unchecked unchecked = {problem.file, problem.text};
+            if (problem.unchecked() &&
+                std::find(m_unchecked.begin(), m_unchecked.end(), unchecked) == m_unchecked.end())
+                m_unchecked.push_back(unchecked);
         }
+        return problems;
     }
 
-    void tell(const std::string& sPath, const std::string& sReason, bool unchecked)
+    void tell(const std::string& sPath, const std::string& sReason)
     {
-        m_unchecked |= unchecked;
-        if (unchecked)
-            m_reports->addUnchecked(sPath, sReason);
+        m_unchecked.push_back({sPath, sReason});
         m_console.complain("tabscheck: " + sPath + ": " + sReason);
     }
 
@@ -169,9 +158,9 @@ private:
     std::unique_ptr<Reports> m_reports;
     std::vector<std::string> m_folders;  // that were named
     std::set<std::string> m_checked;
-    std::set<Problem> m_told;
+    std::vector<FileReport> m_files;
+    std::vector<Unchecked> m_unchecked;
     bool m_problems = false;
-    bool m_unchecked = false;
 };
 
 ExitCode run(const Arguments& arguments)
@@ -180,18 +169,14 @@ ExitCode run(const Arguments& arguments)
         Console().print(arguments.help ? usage() : std::string("tabscheck ") + VERSION_TEXT + "\r\n");
         return kClean;
     }
-    const std::string sModuleFile = moduleFile(arguments.asked.root);
-    const std::string sUp = Tesk::CPathParts(Tesk::withoutBackslash(existingFolder(arguments.asked.root))).parent();
-    std::string sError = arguments.error;
-    if (sError.empty() && sModuleFile.empty())
-        sError = arguments.asked.root + ": no such folder";
-    if (sError.empty() && !sUp.empty() && Tesk::fileExists((arguments.asked.root + "\\" + kSettingsFile).c_str()) &&
+    const std::string& sRoot = arguments.asked.root;
+    const std::string sModuleFile = moduleFile(sRoot);
+    if (sModuleFile.empty())
+        throw std::invalid_argument(sRoot + ": no such folder");
+    const std::string sUp = Tesk::CPathParts(Tesk::withoutBackslash(existingFolder(sRoot))).parent();
+    if (!sUp.empty() && Tesk::fileExists((sRoot + "\\" + kSettingsFile).c_str()) &&
         Tesk::fileExists((sUp + "support\\" + kSettingsFile).c_str()))
-        sError = arguments.asked.root + ": the application root is one level up: " + sUp;
-    if (!sError.empty()) {
-        Console().complain("tabscheck: " + sError);
-        return kUnchecked;
-    }
+        throw std::invalid_argument(sRoot + ": the application root is one level up: " + sUp);
     Tesk::lookOnlyAs(sModuleFile.c_str());
     Tesk::G_sApplicationName = kModule;
     Tesk::G_pApplicationID = Tesk::readApplicationID(sModuleFile.c_str());
@@ -207,5 +192,10 @@ int main(int count, char** words)
 {
     // A share or a drive that is gone is told, not asked for in a box.
     ::SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-    return tabscheck::run(tabscheck::parse(count, words));
+    try {
+        return tabscheck::run(tabscheck::parse(count, words));
+    } catch (const std::invalid_argument& exception) {
+        tabscheck::Console().complain(std::string("tabscheck: ") + exception.what());
+        return tabscheck::kUnchecked;
+    }
 }

@@ -71,11 +71,11 @@ class ProgramTest(CheckerTest):
         (self.folder / "H/closed").chmod(0)
         code, output, complaints = self.check("--json", "H", r"\\nowhere\share", r"Q:\drawings")
         self.assertEqual(code, UNCHECKED)
-        for told in (r"H\\a\\loop.*: .*already under another path", r"d{60}.*: the path is longer than",
+        for told in (r"d{60}.*: the path is longer than",
                      r"H\\closed.*: access denied", r"\\nowhere\\share: the network share cannot be reached",
                      r"Q:\\drawings: no such file or folder"):
             self.assertRegex(complaints, f"(?m)^tabscheck: .*{told}")
-        self.assertEqual(len(complaints.splitlines()), 5, complaints)
+        self.assertEqual(len(complaints.splitlines()), 4, complaints)  # none of the circle
         reports = json.loads(output)["drawings"]
         self.assertEqual([report["path"] for report in reports],
                          [self.path(f"H/{name}") for name in ("a/1.dwg", "b/2.dwg", "long/3.dwg")])
