@@ -41,7 +41,7 @@ ODD = {
     "edit": {"objectAppended", "fileName", "database", "document", "workingDatabase", "acedGetVar"},
     "save": {"saveComplete", "fileName", "document", "setWorkingDatabase", "acedGetVar"},
     "close": {"documentToBeDestroyed", "fileName", *WALK},
-    "load": {"registerAppMDIAware", "fileName", *WALK},
+    "load": {"registerAppMDIAware", *WALK},
 }
 LEFT_BEHIND = re.compile("fileName|Iterator|documentToBeDestroyed|addReactor|registerApp")
 
