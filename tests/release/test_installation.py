@@ -207,7 +207,10 @@ class Installation(Machine):
         self.msiexec("/i", second.name)
         self.assertEqual([texts.read_bytes(), untouched.read_bytes()], [edited, b"later"])
         self.assertEqual(kept.with_name(kept.name + "1").read_bytes(), b"earlier")
+        # What fails with one text costs the other nothing.
+        texts.with_name(texts.name + ".edited").symlink_to("nowhere/at all")
         self.msiexec("/x", second.name)
+        self.assertEqual(kept.read_bytes(), b"later")
         self.assertTrue(domain.exists())
         shutil.rmtree(folder.parent)
         # The hosts are gone, all that was under their keys with them.
