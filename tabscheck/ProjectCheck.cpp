@@ -20,9 +20,12 @@ std::string firstWord(const CProjectEntry& entry)
 
 bool isRemark(const CProjectEntry& entry) { return entry.m_sText[0] == ';'; }
 
-std::string nameOf(const CProjectEntry& block)
+std::vector<std::string> keywords()
 {
-    return firstWord(block) + " of line " + std::to_string(block.m_uLine);
+    std::vector<std::string> names;
+    for (const auto& keyword : Tesk::kProjectKeywords)
+        names.emplace_back(keyword.sName);
+    return names;
 }
 
 // Goes through the entries of one file and takes down what each gives.
@@ -35,35 +38,53 @@ public:
         const std::vector<CProjectEntry>& entries = m_source.project();
         for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
             const CProjectEntry* const pNext = entry + 1 == entries.end() ? nullptr : &entry[1];
-            if (entry->m_kind != CProjectEntry::Open && entry->m_kind != CProjectEntry::Close)
-                take(*entry, pNext);
             if (entry->m_kind == CProjectEntry::Close)
                 close(*entry);
-            else if (entry->m_sText.size() > 1 && m_brace == nullptr &&
-                     (entry->m_sText.front() == '}' || entry->m_sText.back() == '}'))
+            else if (entry->m_kind != CProjectEntry::Open)
+                take(*entry, pNext);
+            if (entry->m_sText.size() > 1 && m_brace == nullptr &&
+                (entry->m_sText.front() == '}' || entry->m_sText.back() == '}'))
                 m_brace = &*entry;
         }
-        const ProjectBlock block = m_block == nullptr ? ProjectBlock::Unknown : Tesk::blockOf(m_block->m_sKey);
-        if (block != ProjectBlock::Unknown)
-            add("block-open", *m_block,
-                {block == ProjectBlock::TitleBlocks ? ": its borders and mappings are ignored" : ""});
+        if (m_block != nullptr && Tesk::blockOf(m_block->m_sKey) != ProjectBlock::Unknown)
+            unclosed("the end");
     }
 
 private:
     void take(const CProjectEntry& entry, const CProjectEntry* pNext)
     {
-        const bool titles = entry.m_block == ProjectBlock::TitleBlocks;
         if (entry.m_kind == CProjectEntry::Keyword)
             return open(entry);
         if (entry.m_kind == CProjectEntry::Border)
             takeBorder(entry);
-        else if (entry.m_kind == CProjectEntry::Mapping && titles)
+        else if (entry.m_kind == CProjectEntry::Mapping && entry.m_block == ProjectBlock::TitleBlocks)
             takeMapping(entry);
         else if (entry.m_kind == CProjectEntry::Line && entry.m_block == ProjectBlock::ProjectLabel)
             takeLabel(entry);
         if (isRemark(entry) && entry.m_block != ProjectBlock::Unknown)
             add("remark-line", entry);
-        checkNested(entry, pNext);
+        // A keyword that an earlier block takes for one of its lines; what follows is meant as
+        // its block.
+        const ProjectBlock block = Tesk::blockOf(entry.m_sKey);
+        const bool opens = entry.m_sValue.empty() ? block == ProjectBlock::TitleBlocks ||
+                                                        (pNext != nullptr && pNext->m_kind == CProjectEntry::Open)
+                                                  : entry.m_sValue[0] == '{';
+        if (block != ProjectBlock::Unknown && m_block != nullptr && opens) {
+            unclosed("line " + std::to_string(entry.m_uLine));
+            m_block = &entry;
+            m_brace = nullptr;
+        }
+    }
+
+    // The block that is read ends too late, or not at all.
+    void unclosed(const std::string& sEnd)
+    {
+        if (isRemark(*m_block))
+            return add("remark-block", *m_block);
+        const bool brace = m_brace != nullptr;
+        add("block-open", brace ? *m_brace : *m_block,
+            {firstWord(*m_block) + " of line " + std::to_string(m_block->m_uLine), sEnd,
+             brace ? "this \"}\" does not stand on its own" : "a line \"}\" is missing"});
     }
 
     void open(const CProjectEntry& entry)
@@ -74,9 +95,7 @@ private:
         m_mapping.clear();
         // What a remark costs is told at the block that it costs.
         if (entry.m_block == ProjectBlock::Unknown && !isRemark(entry))
-            add("keyword-unknown", entry,
-                {firstWord(entry),
-                 suggestion(entry.m_sKey, unused(Tesk::kProjectKeywords, m_source.project(), CProjectEntry::Keyword))});
+            add("keyword-unknown", entry, {firstWord(entry), suggestion(entry.m_sKey, keywords())});
     }
 
     void close(const CProjectEntry& entry)
@@ -85,36 +104,12 @@ private:
             m_file.borders.insert(m_file.borders.end(), m_borders.begin(), m_borders.end());
             m_file.mappings.push_back(m_mapping);
         }
-        if (m_block != nullptr && isRemark(*m_block))
-            add("remark-block", *m_block, {"what follows up to line " + std::to_string(entry.m_uLine)});
-        else if (m_block != nullptr && m_brace != nullptr && m_brace->m_sText.front() == '}')
-            add("block-brace", *m_brace, {nameOf(*m_block), std::to_string(entry.m_uLine)});
+        if (m_block != nullptr && (isRemark(*m_block) || (m_brace != nullptr && m_brace->m_sText.front() == '}')))
+            unclosed("line " + std::to_string(entry.m_uLine));
         else if (entry.m_block == ProjectBlock::ProjectLabel && m_labels.size() > 1 && m_block != nullptr &&
                  Tesk::blockOf(m_block->m_sKey) == ProjectBlock::ProjectLabel)
             add("label-twice", *m_labels.back());
         m_block = nullptr;
-    }
-
-    // A keyword that an earlier block takes for one of its lines. What follows is meant as its
-    // block.
-    void checkNested(const CProjectEntry& entry, const CProjectEntry* pNext)
-    {
-        const bool opens = entry.m_sValue.empty() ? pNext != nullptr && pNext->m_kind == CProjectEntry::Open
-                                                  : entry.m_sValue[0] == '{';
-        const ProjectBlock block = Tesk::blockOf(entry.m_sKey);
-        if (block == ProjectBlock::Unknown || m_block == nullptr ||
-            !(opens || (block == ProjectBlock::TitleBlocks && entry.m_sValue.empty())))
-            return;
-        if (isRemark(*m_block))
-            add("remark-block", *m_block, {"the block " + nameOf(entry)});
-        else
-            add("block-inside", entry,
-                {firstWord(entry), nameOf(*m_block),
-                 m_brace != nullptr
-                     ? "the \"}\" of line " + std::to_string(m_brace->m_uLine) + " does not stand on its own"
-                     : "a line \"}\" is missing before line " + std::to_string(entry.m_uLine)});
-        m_block = &entry;
-        m_brace = nullptr;
     }
 
     void takeLabel(const CProjectEntry& entry)
@@ -126,11 +121,8 @@ private:
     void takeBorder(const CProjectEntry& entry)
     {
         const std::vector<std::string> fields = Tesk::borderFields(entry.m_sValue);
-        if (!Tesk::isBorder(fields.size())) {
-            if (!typographicQuotesAround(entry.m_sValue).empty())
-                return add("border-quotes", entry);
-            return add("border-fields", entry, {std::to_string(fields.size()), fields.size() == 1 ? "" : "s"});
-        }
+        if (!Tesk::isBorder(fields.size()))
+            return add("border-fields", entry);
         if (Tesk::MultiByte::trim(fields[1]) != fields[1] || fields[1].find_first_of("\\/:*?<>|") != std::string::npos)
             add("border-name", entry, {fields[1]});
         const std::string sBlock = fields[1].substr(0, fields[1].find('.'));
@@ -150,9 +142,7 @@ private:
         const auto first = std::find_if(m_mapping.begin(), m_mapping.end(),
                                         [&entry](const Mapping& mapping) { return mapping.key == entry.m_sKey; });
         if (entry.m_sKey.starts_with("BORDER\"") || Tesk::isBorder(Tesk::borderFields(entry.m_sValue).size()))
-            add("border-joined", entry);
-        else if (!typographicQuotesAround(entry.m_sValue).empty())
-            add("tag-quotes", entry);
+            add("border-fields", entry);
         else if (sTag.find_first_of(" \t") != sTag.npos && !isRemark(entry))
             add("tag-blank", entry, {sTag});
         if (first != m_mapping.end()) {

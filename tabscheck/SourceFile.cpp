@@ -1,3 +1,5 @@
+#include "library/text/Regex.h"
+
 #include "tabscheck/SourceFile.h"
 
 #include "library/diagnostics/ExceptionBase.h"
@@ -8,12 +10,13 @@
 
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 namespace tabscheck {
 
 namespace {
 
-constexpr std::string_view kDosLetters = "\x81\x82\x84\x8D\x94";  // u umlaut, which 1252 lacks, first
+constexpr unsigned kWestern = 1252;
 constexpr std::string_view kAccept = "tabscheck: accept ";
 
 constexpr struct {
@@ -28,8 +31,6 @@ constexpr struct {
 
 bool isHigh(char c) { return (c & 0x80) != 0; }
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
 // As UTF-8, where it is that and more than ASCII; else empty.
 std::wstring decodeUtf8(std::string_view sText)
 {
@@ -42,38 +43,19 @@ std::wstring decodeUtf8(std::string_view sText)
     return sWide;
 }
 
-// A letter of code pages 437 and 850 that Windows' 1252 has as a sign of punctuation, or not
-// at all, within a word.
-std::size_t findDosLetter(std::string_view sLine)
-{
-    if (Tesk::getThreadCodePage() != 1252 || !decodeUtf8(sLine).empty())
-        return sLine.npos;
-    for (std::size_t at = sLine.find_first_of(kDosLetters); at != sLine.npos;
-         at = sLine.find_first_of(kDosLetters, at + 1)) {
-        const bool within = at > 0 && at + 1 < sLine.size() && isLetter(sLine[at - 1]) &&
-                            (isLetter(sLine[at + 1]) || isHigh(sLine[at + 1]));
-        if (within || sLine[at] == kDosLetters[0])
-            return at;
-    }
-    return sLine.npos;
-}
-
-std::size_t findMergeMark(std::string_view sLine)
-{
-    const std::string_view sMark = sLine.substr(0, 7);
-    const bool marked = sMark == "<<<<<<<" || sMark == "=======" || sMark == ">>>>>>>";
-    return marked && (sLine.size() == 7 || sLine[7] == ' ') ? 0 : sLine.npos;
-}
-
-// What stands in no line that was written for Windows.
+// What stands in no line that was written for Windows. A letter of code pages 437 and 850 is
+// one that 1252 has as a sign of punctuation, within a word, or not at all.
 const struct {
     RuleName rule;
-    std::size_t (*find)(std::string_view);
+    bool western;  // in code page 1252 alone
+    bool each;     // told of each line, and not where it is seen first alone
+    boost::regex part;
 } kLineRules[] = {
-    {"zero-byte", [](std::string_view sLine) { return sLine.find('\0'); }},
-    {"lone-return", [](std::string_view sLine) { return sLine.find('\r'); }},
-    {"merge-mark", findMergeMark},
-    {"dos-letter", findDosLetter},
+    {"zero-byte", false, false, boost::regex("\\x00")},
+    {"lone-return", false, false, boost::regex("\r")},
+    {"merge-mark", false, true, boost::regex("^(<{7}|={7}|>{7})(?= |$)")},
+    {"dos-letter", true, false, boost::regex("\x81|(?<=[A-Za-z])[\x82\x84\x8D\x94](?=[A-Za-z\x80-\xFF])")},
+    {"typographic", true, true, boost::regex("^\\s*[^;#/\\s].*?[= \\t]([\x84\x93\x94][^\x93\x94]*[\x93\x94])\\s*$")},
 };
 
 }  // namespace
@@ -110,6 +92,13 @@ void SourceFile::read(Form form)
         checkWideLines();
 }
 
+bool SourceFile::accepts(const Problem& problem) const
+{
+    const auto names = m_accepted.find(problem.line);
+    const boost::regex name("[ ,\t]" + std::string(problem.rule->name) + "(?![\\w-])");
+    return names != m_accepted.end() && boost::regex_search(names->second, name);
+}
+
 Problem SourceFile::problemAt(RuleName name, unsigned line, std::size_t position, std::string_view sLine,
                               std::initializer_list<std::string_view> parts) const
 {
@@ -133,49 +122,42 @@ void SourceFile::checkMark(Form form)
 
 void SourceFile::checkLines()
 {
-    std::set<std::string_view> accepted;
+    std::string sAccepted;
     std::string_view sLine;
     unsigned line = 1;
     for (; m_contents->nextConverted(sLine); ++line) {
         const std::string_view sText = Tesk::MultiByte::trim(sLine);
         const bool comment = sText.starts_with(";") || Tesk::isCommentString(sText);
-        if (const std::size_t at = sText.find(kAccept); comment && at != sText.npos) {
-            std::string_view sNames = sText.substr(at + kAccept.size());
-            while (!(sNames = Tesk::MultiByte::trim(sNames, " ,\t")).empty()) {
-                const std::size_t end = std::min(sNames.find_first_of(" ,\t"), sNames.size());
-                accepted.emplace(sNames.substr(0, end));
-                sNames.remove_prefix(end);
-            }
-        } else if (!comment && !sText.empty()) {
-            for (const std::string_view sName : accepted)
-                m_accepted.insert({line, sName});
-            accepted.clear();
-        }
+        if (const std::size_t at = sText.find(kAccept); comment && at != sText.npos)
+            sAccepted.append(sText.substr(at + kAccept.size() - 1));
+        else if (!comment && !sText.empty())
+            m_accepted[line] = std::exchange(sAccepted, {});
         checkLine(line, sLine);
     }
     if (m_contents->isCut())
         m_problems.push_back(problemAt("text-end", std::max(line, 2U) - 1, sLine.size(), sLine, {}));
 }
 
-// Each kind where it is seen first.
+// A line with an error is not what it was meant as.
 void SourceFile::checkLine(unsigned line, std::string_view sLine)
 {
-    for (const auto& [name, find] : kLineRules) {
-        const std::size_t at = find(sLine);
-        if (at == sLine.npos)
-            continue;
-        if (name.rule() == RuleName("merge-mark").rule())
-            m_explained.insert(line);
-        if (m_told.insert(name.rule()).second)
-            m_problems.push_back(problemAt(name, line, at, sLine, {quoted(sLine.substr(at, 1))}));
-    }
     const std::wstring sMeant = m_contents->isUnicode() || explained(line) ? std::wstring() : decodeUtf8(sLine);
+    const bool western = sMeant.empty() && Tesk::getThreadCodePage() == kWestern;
+    for (const auto& [name, inWestern, each, part] : kLineRules) {
+        boost::cmatch found;
+        if ((inWestern && !western) || !boost::regex_search(sLine.data(), sLine.data() + sLine.size(), found, part))
+            continue;
+        if (name.rule()->severity == Severity::Error)
+            m_explained.insert(line);
+        if (const std::size_t last = found.size() - 1; each || m_told.insert(name.rule()).second)
+            m_problems.push_back(problemAt(name, line, static_cast<std::size_t>(found.position(last)), sLine,
+                                           {quoted(found.str(last))}));
+    }
     if (sMeant.empty() || !m_told.insert(RuleName("utf-8").rule()).second)
         return;
     const auto at = static_cast<std::size_t>(std::find_if(sLine.begin(), sLine.end(), isHigh) - sLine.begin());
-    m_problems.push_back(
-        problemAt("utf-8", line, at, sLine,
-                  {quoted(Tesk::toNarrow(std::wstring_view(sMeant).substr(at, 20))), quoted(sLine.substr(at, 20))}));
+    const std::string sText = Tesk::toNarrow(std::wstring_view(sMeant).substr(at, 20));
+    m_problems.push_back(problemAt("utf-8", line, at, sLine, {quoted(sText), quoted(sLine.substr(at, 20))}));
 }
 
 // The characters that the code page lacks.
@@ -185,16 +167,10 @@ void SourceFile::checkWideLines()
     for (unsigned line = 1; m_contents->nextWide(sLine); ++line) {
         const std::string sNarrow = Tesk::toNarrow(sLine);
         const std::wstring sBack = Tesk::toWide(sNarrow);
-        const auto [lost, became] = std::mismatch(sLine.begin(), sLine.end(), sBack.begin(), sBack.end());
-        if (lost == sLine.end())
-            continue;
-        const bool pair = (*lost & 0xFC00) == 0xD800 && lost + 1 != sLine.end();
-        char sCode[16];
-        std::snprintf(sCode, sizeof sCode, "U+%04X",
-                      pair ? 0x10000U + ((*lost & 0x3FFU) << 10) + (lost[1] & 0x3FFU) : unsigned{*lost});
+        const auto lost = std::mismatch(sLine.begin(), sLine.end(), sBack.begin(), sBack.end()).first;
         const std::size_t at = Tesk::toNarrow(std::wstring_view(sLine.begin(), lost)).size();
-        m_problems.push_back(problemAt("letter-lost", line, at, sNarrow,
-                                       {sCode, quoted(std::string_view(sNarrow).substr(at, pair ? 2 : 1))}));
+        if (lost != sLine.end())
+            m_problems.push_back(problemAt("letter-lost", line, at, sNarrow, {quoted(sNarrow.substr(at, 1))}));
     }
 }
 

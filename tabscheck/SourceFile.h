@@ -35,7 +35,7 @@ public:
     // What is wrong with a line is known: it is not read as what it was meant as.
     bool explained(unsigned line) const { return m_garbled || m_explained.count(line) != 0; }
     // A line above the problem's accepts its rule by the name.
-    bool accepts(const Problem& problem) const { return m_accepted.count({problem.line, problem.rule->name}) != 0; }
+    bool accepts(const Problem& problem) const;
     // Of its encoding and its lines.
     const std::vector<Problem>& problems() const { return m_problems; }
 
@@ -64,8 +64,8 @@ private:
     std::vector<Problem> m_problems;
     std::set<const Rule*> m_told;  // of lines: each once a file
     std::set<unsigned> m_explained;
-    std::set<std::pair<unsigned, std::string_view>> m_accepted;
-    bool m_garbled = false;  // none of its lines is what was written
+    std::map<unsigned, std::string> m_accepted;  // names
+    bool m_garbled = false;                      // none of its lines is what was written
     bool m_sound = false;
 };
 

@@ -1,6 +1,8 @@
 #include "tabscheck/Spelling.h"
 
-#include "library/text/CodePage.h"
+#include "library/text/MultiByte.h"
+
+#include <algorithm>
 
 namespace tabscheck {
 
@@ -51,15 +53,6 @@ std::string suggestion(std::string_view sWord, const std::vector<std::string>& w
 {
     const std::string sNearest = nearest(sWord, words, std::max<std::size_t>(sWord.size() / 4, 1));
     return sNearest.empty() ? "" : "; did you mean \"" + std::string(sMark).append(sNearest).append(sMark) + "\"?";
-}
-
-std::string typographicQuotesAround(std::string_view sText)
-{
-    constexpr std::wstring_view kQuotes = L"\x201C\x201D\x201E\x201F";
-    const std::wstring sWide = Tesk::toWide(sText);
-    const std::size_t first = sWide.find_first_of(kQuotes), last = sWide.find_last_of(kQuotes);
-    const bool around = !sWide.empty() && (first == 0 || last + 1 == sWide.size());
-    return around ? Tesk::toNarrow(std::wstring{sWide[first], sWide[last]}) : "";
 }
 
 }  // namespace tabscheck

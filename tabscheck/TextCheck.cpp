@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 
 namespace tabscheck {
 
@@ -39,26 +38,6 @@ std::string list(const std::vector<std::string>& names)
     return names.size() <= kMostListed ? sList : sList + " and " + std::to_string(names.size() - kMostListed) + " more";
 }
 
-// What follows the first single "&" of a caption, as a capital; none without one.
-std::string mnemonic(const std::string& sCaption)
-{
-    for (std::size_t at = 0; at + 1 < sCaption.size(); ++at) {
-        if (sCaption[at] != '&')
-            continue;
-        if (sCaption[++at] != '&')
-            return Tesk::MultiByte::upper(std::string_view(sCaption).substr(at, 1));
-    }
-    return {};
-}
-
-// The quotes at its ends that the strip does not drop.
-std::string shownQuotes(const TextKey& key, const std::string& sValue)
-{
-    const bool straight = sValue.size() > 1 && sValue.front() == sValue.back() && !key.bQuoted &&
-                          withoutQuotes(sValue).size() + 2 <= sValue.size();
-    return straight ? sValue.substr(0, 1) : typographicQuotesAround(sValue);
-}
-
 // What no hand meant, by the part of a value that the words name.
 const struct {
     RuleName rule;
@@ -68,6 +47,7 @@ const struct {
     {"value-equals", true, boost::regex("^=")},
     {"value-coded", true, boost::regex("^3D(?=[^ -])")},
     {"value-remark", true, boost::regex("(?<=[ \t]);[ \t].*")},
+    {"quotes-shown", true, boost::regex("^([\"']).+\\1$")},
     {"no-template", false, boost::regex("%[A-Za-z][A-Za-z0-9_]{2,}(::?[^%]*)?%")},
 };
 
@@ -76,8 +56,10 @@ class Merge {
 public:
     Merge(SourceFiles& files, TextFindings& findings) : m_files(files), m_findings(findings)
     {
-        for (const TextKey& key : kTextKeys)
+        for (const TextKey& key : kTextKeys) {
             m_findings.texts.push_back({{}, key.sName, {}});
+            m_keys.push_back(key.sName);
+        }
     }
 
     void take(Layer layer, const std::string& sPath)
@@ -91,8 +73,6 @@ public:
     // After the last copy; of all copies for a drawing, or of one alone.
     void finish(bool all)
     {
-        closeSection();
-        checkMnemonics();
         if (all)
             checkAbsent();
         for (const char* sKey : {"HelpAddress", "SupportAddress"})
@@ -103,10 +83,9 @@ public:
 
 private:
     struct Section {
-        const SourceFile* file;
-        CSettingsEntry header;
-        std::vector<std::string> keys = {};
-        bool counts = false;  // it has one of ours, or one of a later file
+        const SourceFile* file = nullptr;  // none before the first section
+        CSettingsEntry header = {};
+        bool told = false;
     };
     using Lines = std::map<std::string, unsigned, Tesk::CLessNoCase>;
 
@@ -116,8 +95,6 @@ private:
         place.dropped = !file.sound();
         Lines keys;
         for (const CSettingsEntry& entry : file.texts()) {
-            if (file.explained(entry.m_uLine))
-                continue;
             if (entry.m_kind == CSettingsEntry::Damage)
                 add(file, "line-damaged", entry);
             else if (place.dropped)
@@ -125,43 +102,32 @@ private:
             else if (entry.m_kind == CSettingsEntry::Key)
                 takeKey(file, entry, place, keys);
             else if (entry.m_kind == CSettingsEntry::Section)
-                openSection(file, entry);
+                m_section = entry.m_sKey.empty() ? Section() : Section{&file, entry};
             else
                 add(file, "header-open", entry,
-                    {m_section ? "[" + std::string(m_section->header.m_sKey) + "]" : "no section, and are read"});
+                    {m_section.file != nullptr ? "[" + std::string(m_section.header.m_sKey) + "]"
+                                               : "no section, and are read"});
         }
         place.keys = static_cast<unsigned>(keys.size());
-    }
-
-    void openSection(const SourceFile& file, const CSettingsEntry& header)
-    {
-        closeSection();
-        if (!header.m_sKey.empty())
-            m_section = Section{&file, header};
-    }
-
-    void closeSection()
-    {
-        if (m_section && m_section->counts)
-            add(*m_section->file, "section", m_section->header, {m_section->header.m_sKey, list(m_section->keys)});
-        m_section.reset();
     }
 
     void takeKey(const SourceFile& file, const CSettingsEntry& entry, const Place& place, Lines& lines)
     {
         const TextKey* pKey = findKey(entry.m_sKey);
         const std::string sKey(entry.m_sKey);
-        if (m_section) {
-            const bool later = m_section->file != &file;
-            m_section->counts |= later || pKey != nullptr;
-            const std::string sWhere = " (" + place.path + ":" + std::to_string(entry.m_uLine) + ")";
-            return m_section->keys.push_back(later ? sKey + sWhere : sKey);
+        if (m_section.file != nullptr) {
+            // It matters with one of ours in it, or with a later file behind it.
+            if (!m_section.told && (m_section.file != &file || pKey != nullptr)) {
+                m_section.told = true;
+                add(*m_section.file, "section", m_section.header,
+                    {m_section.header.m_sKey, sKey + " (" + place.path + ":" + std::to_string(entry.m_uLine) + ")"});
+            }
+            return;
         }
+        if (pKey == nullptr)
+            return add(file, "key-unknown", entry, {sKey, suggestion(sKey, m_keys)});
         if (const auto [first, fresh] = lines.try_emplace(sKey, entry.m_uLine); !fresh)
             add(file, "key-twice", entry, {sKey, std::to_string(first->second)});
-        if (pKey == nullptr)
-            return add(file, "key-unknown", entry,
-                       {sKey, suggestion(sKey, unused(kTextKeys, file.texts(), CSettingsEntry::Key))});
         // Of two lines in one file the later counts, and the earlier is overridden like any other.
         std::string_view sValue = entry.m_sValue.substr(0, entry.m_sValue.find('\0'));
         if (pKey->bQuoted)
@@ -180,50 +146,36 @@ private:
     {
         if (text.value.empty())
             return;
-        if (const std::string sQuotes = shownQuotes(key, text.value); !sQuotes.empty())
-            tell("quotes-shown", text, {sQuotes});
         const std::string sTarget = CHyperLink::getTarget(text.value.c_str()).GetString();
-        if (key.eKind == TextKind::Address && sTarget.empty())
-            tell("address", text, {text.value});
-        if (key.eKind == TextKind::MailAddress && !sTarget.starts_with("mailto:"))
-            tell("mail-address", text, {text.value});
+        const bool mail = key.eKind == TextKind::MailAddress;
+        if ((mail && !sTarget.starts_with("mailto:")) || (key.eKind == TextKind::Address && sTarget.empty()))
+            tell("address", text,
+                 {text.value, mail ? "one mail address" : "http://, https://, www. or one mail address"});
         const bool shown = key.eKind == TextKind::Caption || key.eKind == TextKind::Plain;
         for (const auto& [name, any, part] : kValueParts)
             if (boost::smatch found; (any || shown) && boost::regex_search(text.value, found, part))
                 tell(name, text, {found.str()});
     }
 
-    void checkMnemonics()
-    {
-        std::map<std::string, const Text*> known;
-        for (const Text& text : m_findings.texts) {
-            const std::string sLetter = findKey(text.key)->eKind == TextKind::Caption ? mnemonic(text.value) : "";
-            if (const auto [other, fresh] = known.emplace(sLetter, &text); !sLetter.empty() && !fresh)
-                tell("mnemonic-shared", text, {text.value, sLetter, other->second->value, other->second->key});
-        }
-    }
-
-    // Whether no file defines a text or one as nothing; one problem for all that one file
-    // misses. What a damaged copy does to texts is told with the damage.
+    // One problem for each text that is defined as nothing, and one for all that no file
+    // defines. What a damaged copy does to texts is told with the damage.
     void checkAbsent()
     {
-        std::map<std::pair<bool, std::string>, std::vector<std::string>> absent;
+        std::vector<std::string> nowhere;
         const bool damaged = anyError(m_findings.problems);
-        const std::string sStandard = m_findings.searched.front().path;
-        for (const Text& text : m_findings.texts)
-            if (!findKey(text.key)->bOptIn && text.value.empty() && (text.line != 0 || !damaged))
-                absent[{findKey(text.key)->eKind == TextKind::Caption, text.line == 0 ? sStandard : text.file}]
-                    .push_back(text.key);
-        for (const auto& [place, keys] : absent) {
-            const auto& [caption, sFile] = place;
-            const Text& first = *m_findings.find(keys.front());
-            const std::string sHelp = first.line == 0 && caption ? "; is this the application root (--root)?" : "";
-            const RuleName rule = caption ? RuleName("caption-absent") : RuleName("text-absent");
-            if (first.line != 0)
-                tell(rule, first, {list(keys), sHelp});
+        for (const Text& text : m_findings.texts) {
+            if (findKey(text.key)->bOptIn || !text.value.empty())
+                continue;
+            if (text.line == 0)
+                nowhere.push_back(text.key);
+            else if (findKey(text.key)->eKind == TextKind::Caption)
+                tell("caption-absent", text, {text.key, ""});
             else
-                m_findings.problems.push_back(problemOf(rule, sFile, {list(keys), sHelp}));
+                tell("text-absent", text, {text.key});
         }
+        if (!nowhere.empty() && !damaged)
+            m_findings.problems.push_back(problemOf("caption-absent", m_findings.searched.front().path,
+                                                    {list(nowhere), "; is this the application root (--root)?"}));
     }
 
     // At the value that counts.
@@ -236,12 +188,14 @@ private:
     void add(const SourceFile& file, RuleName name, const CSettingsEntry& entry,
              std::initializer_list<std::string_view> parts = {})
     {
-        m_findings.problems.push_back(file.problem(name, entry, Tesk::MultiByte::trim(entry.m_sLine), parts));
+        if (!file.explained(entry.m_uLine))
+            m_findings.problems.push_back(file.problem(name, entry, Tesk::MultiByte::trim(entry.m_sLine), parts));
     }
 
     SourceFiles& m_files;
     TextFindings& m_findings;
-    std::optional<Section> m_section;
+    std::vector<std::string> m_keys;  // that the strip reads
+    Section m_section;
     std::map<std::string, std::pair<const SourceFile*, const CSettingsEntry*>> m_entries;  // that count, by key
 };
 
