@@ -239,12 +239,8 @@ private:
     DrawingReport& m_report;
 };
 
-DrawingCheck::DrawingCheck(const std::string& sRelease, const std::string& sProduct)
-    : m_release(sRelease),
-      m_product(sProduct),
-      m_texts(m_files),
-      m_projects(m_files),
-      m_domainFolders(findDomainFolders(m_commonProblems))
+DrawingCheck::DrawingCheck()
+    : m_texts(m_files), m_projects(m_files), m_domainFolders(findDomainFolders(m_commonProblems))
 {
     checkLoadEntries(m_commonProblems);
 }
@@ -302,8 +298,10 @@ DrawingExpansion& DrawingCheck::expansionOf(const std::string& sDrawing, const T
 std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folders)
 {
     std::vector<Problem> problems = m_strays.find();
-    for (const std::string& sPath : m_strays.ofOtherHosts(m_release, m_product))
-        append(problems, checkFile(sPath));
+    // What other hosts read, or drawings that were not asked about.
+    for (const std::string& sPath : m_strays.counting())
+        if (!m_files.knows(sPath))
+            append(problems, checkFile(sPath));
     for (const auto& [pFile, use] : m_uses) {
         const std::string sRoot = Tesk::CPathParts(pFile->place.path).parent();
         const bool all = std::any_of(folders.begin(), folders.end(),

@@ -3,7 +3,8 @@
 // One drawing after the other: what the strip finds and shows for it, and what is wrong; at
 // the end, what is wrong with all of them.
 
-#include "tabscheck/DrawingExpansion.h"
+#include "library/expansion/KeywordExpansion.h"
+#include "library/titleblock/TitleBlock.h"
 #include "tabscheck/ProjectCheck.h"
 #include "tabscheck/Report.h"
 #include "tabscheck/SourceFile.h"
@@ -17,9 +18,37 @@
 
 namespace tabscheck {
 
+// The keywords of one drawing after the other, as the strip's tooltips know them. What the
+// drawings of a folder share is looked up for the first of them alone.
+class DrawingExpansion : public Tesk::CKeywordExpansion {
+public:
+    explicit DrawingExpansion(const std::string& sDrawing) : CKeywordExpansion(sDrawing.c_str(), 1, 1) {}
+
+    // The keywords of another drawing of the folder; its file is opened for its time alone.
+    void become(const std::string& sDrawing, bool timeIsShown)
+    {
+        m_sFileName = sDrawing.c_str();
+        std::erase_if(m_mapKeywords, [](const auto& one) { return one.first.find("HALVORAN") != std::string::npos; });
+        buildFileMappings();
+        m_bFileTimeValid = false;
+        if (timeIsShown)
+            readFileTime();
+    }
+
+    void addTitleBlock(Tesk::CTitleBlock& titleBlock)
+    {
+        if (titleBlock.hasInstance())
+            for (const CString& sKey : titleBlock.getMapKeys())
+                addToMap("HALVORAN::" + sKey, titleBlock.get(sKey));
+        if (titleBlock.isProject())
+            addLabel(titleBlock.getProjectLabel());
+    }
+    void addLabel(const char* sLabel) { addToMap("HALVORAN_PROJECT_LABEL", sLabel); }
+};
+
 class DrawingCheck {
 public:
-    DrawingCheck(const std::string& sRelease, const std::string& sProduct);
+    DrawingCheck();
 
     // The full path of a drawing, which need not exist.
     DrawingReport check(const std::string& sPath);
@@ -44,8 +73,6 @@ private:
         unsigned held = 0;
     };
 
-    const std::string m_release;
-    const std::string m_product;
     SourceFiles m_files;
     TextCheck m_texts;
     ProjectCheck m_projects;

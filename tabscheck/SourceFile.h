@@ -4,6 +4,7 @@
 
 #include "library/files/ProjectEntries.h"
 #include "library/files/SettingsEntries.h"
+#include "library/text/CaseFold.h"
 #include "tabscheck/Folders.h"
 #include "tabscheck/Report.h"
 
@@ -73,13 +74,14 @@ private:
 class SourceFiles {
 public:
     const SourceFile& get(const std::string& sPath, Form form);
+    bool knows(const std::string& sPath) const { return m_files.count(sPath) != 0; }
     // Whether the strip finds it; a problem when it is there but closed.
     Place placeOf(Layer layer, const std::string& sPath, std::vector<Problem>& problems);
     // Those that a line of their file accepts.
     void removeAccepted(std::vector<Problem>& problems) const;
 
 private:
-    std::map<std::string, SourceFile> m_files;
+    std::map<std::string, SourceFile, Tesk::CLessNoCase> m_files;
     std::map<std::string, Opening> m_openings;
 };
 

@@ -19,6 +19,7 @@ using Tesk::MultiByte::upper;
 constexpr const char* kDomainFile = "DomainSettings.txt";
 constexpr const char* kStandardFile = "StandardSettings.txt";
 constexpr std::string_view kTexts = "MDITabs";
+constexpr std::string_view kLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz _-";
 constexpr std::size_t kMostEdits = 2;
 constexpr int kProjectDepth = 4, kInstalledDepth = 2;
 
@@ -46,13 +47,9 @@ std::string meantBy(const std::string& sName)
 {
     if (isTextsName(sName))
         return sName;
-    std::string sLetters;
-    for (const char c : sName.starts_with("Copy of ") ? sName.substr(8) : sName) {
-        if (!std::isalpha(static_cast<unsigned char>(c)) && c != ' ' && c != '_' && c != '-')
-            break;
-        if (std::isalpha(static_cast<unsigned char>(c)))
-            sLetters += c;
-    }
+    const std::string sOriginal = sName.starts_with("Copy of ") ? sName.substr(8) : sName;
+    std::string sLetters = sOriginal.substr(0, sOriginal.find_first_not_of(kLetters));
+    std::erase_if(sLetters, [](char c) { return c == ' ' || c == '_' || c == '-'; });
     for (const char* sOurs : {"ProjectSettings.txt", kDomainFile, kStandardFile, kSettingsFile}) {
         const std::string sStem(sOurs, std::string_view(sOurs).size() - 4);
         const bool begins = equalNoCase(sLetters.substr(0, sStem.size()), sStem);
@@ -121,8 +118,8 @@ void Strays::lookAround(const std::string& sDrawing, const std::string& sRoot)
     m_drawings.insert(upper(sOwn));
     const bool walked = m_seen.count(upper(sRoot)) != 0;
     for (std::string sUp = sOwn; !sUp.empty() && sUp.back() == '\\'; sUp = parentOf(sUp)) {
-        const bool fresh = m_seen.count(upper(sUp)) == 0;
         const std::string sSettings = sUp + "Settings\\";
+        const bool fresh = m_seen.count(upper(sUp)) == 0;
         if (fresh)
             look(sUp, 0);
         if (fresh && (Tesk::folderExists((sSettings + "support").c_str()) ||
@@ -202,13 +199,11 @@ std::vector<Problem> Strays::find() const
     return problems;
 }
 
-std::vector<std::string> Strays::ofOtherHosts(const std::string& sRelease, const std::string& sProduct) const
+std::vector<std::string> Strays::counting() const
 {
     std::vector<std::string> paths;
     for (const auto& [sKey, file] : m_files)
-        if (isTextsName(file.name) && counts(file) && !equalNoCase(file.name, kSettingsFile) &&
-            !equalNoCase(file.name, "MDITabs" + sRelease + ".ini") &&
-            !equalNoCase(file.name, "MDITabs" + sProduct + "_" + sRelease + ".ini"))
+        if (isTextsName(file.name) && counts(file))
             paths.push_back(file.folder + file.name);
     return paths;
 }

@@ -50,8 +50,8 @@ public:
     std::vector<std::string> below(const std::string& sFolder) const;
     // Of all that was seen, what nothing reads, and where it would count.
     std::vector<Problem> find() const;
-    // Those that another host reads.
-    std::vector<std::string> ofOtherHosts(const std::string& sRelease, const std::string& sProduct) const;
+    // The files of texts that a drawing or a host may read.
+    std::vector<std::string> counting() const;
 
 private:
     struct File {

@@ -65,8 +65,7 @@ bool isSettingsFile(const std::string& sPath)
 
 class Program {
 public:
-    explicit Program(const Arguments& arguments)
-        : m_arguments(arguments), m_check(arguments.asked.release, arguments.asked.product)
+    explicit Program(const Arguments& arguments) : m_arguments(arguments)
     {
         Asked asked = arguments.asked;
         asked.root = Tesk::getLocation(Tesk::LOCATION_DIR_APPLICATION_ROOT).GetString();
