@@ -182,18 +182,18 @@ private:
         for (const Mapping& mapping : m_report.project.mapping) {
             const auto same = [&mapping](const CString& sTag) { return equalNoCase(sTag.GetString(), mapping.tag); };
             if (std::find(tags.begin(), tags.end(), mapping.tag.c_str()) != tags.end() ||
-                sTemplate.find("HALVORAN::" + mapping.key + "%") == std::string::npos)
+                sTemplate.find("HALVORAN::" + mapping.key + "%") == std::string::npos ||
+                mapping.tag.find_first_of(" \t") != std::string::npos)
                 continue;
             const auto other = std::find_if(tags.begin(), tags.end(), same);
             const std::string sHelp = other == tags.end() ? ""
                                                           : "; the drawing's is \"" + std::string(other->GetString()) +
                                                                 "\", and the case of letters counts";
             const SourceFile& file = m_all.m_files.get(mapping.file, Form::Project);
-            for (const Tesk::CProjectEntry& entry : file.project())
-                if (entry.m_uLine == mapping.line && mapping.tag.find_first_of(" \t") == std::string::npos)
-                    m_report.problems.push_back(
-                        file.problem("tag-absent", entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
-                                     {titleBlock.getBorderBlock().GetString(), mapping.tag, mapping.key, sHelp}));
+            const Tesk::CProjectEntry& entry = file.entryOf(mapping.line);
+            m_report.problems.push_back(
+                file.problem("tag-absent", entry, Tesk::MultiByte::withoutQuotes(entry.m_sValue),
+                             {titleBlock.getBorderBlock().GetString(), mapping.tag, mapping.key, sHelp}));
         }
     }
 
@@ -309,10 +309,8 @@ std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folder
         if (!all || use.held != 0 || pFile->borders.empty())
             continue;
         const SourceFile& source = m_files.get(pFile->place.path, Form::Project);
-        for (const Tesk::CProjectEntry& entry : source.project())
-            if (entry.m_uLine == pFile->borders.front().line)
-                problems.push_back(
-                    source.problem("border-absent", entry, entry.m_sText, {counted(use.drawings, "drawing")}));
+        const Tesk::CProjectEntry& entry = source.entryOf(pFile->borders.front().line);
+        problems.push_back(source.problem("border-absent", entry, entry.m_sText, {counted(use.drawings, "drawing")}));
     }
     m_files.removeAccepted(problems);
     return problems;

@@ -56,10 +56,7 @@ inline constexpr Rule kRules[] = {
     {"token-open", Severity::Warning, "%{} stays as it is written: its closing \"%\" is missing"},
     {"token-unopened", Severity::Warning, "{}% stays as it is written: its opening \"%\" is missing"},
     {"token-colons", Severity::Warning, "%{} stays as it is written; \"::\" stands between name and {}"},
-    {"date-format", Severity::Warning, "%{}% stays as it is written: a date needs a format, as in %{}::|Y-|m-|d%"},
-    {"date-plain", Severity::Warning, "%{}% shows \"{}\" and no date: \"|\" stands before each letter, as in |d.|m.|Y"},
-    {"date-nothing", Severity::Error, "%{}% shows nothing: Windows makes no date of the format \"{}\""},
-    {"date-percent", Severity::Error, "%{}% shows \"{}\": \"%\" ends a format; write \"|\" for it, as in |d.|m.|Y"},
+    {"date-format", Severity::Error, "%{}% shows \"{}\": a date has \"|\" before each letter, as in %{}::|Y-|m-|d%"},
     {"label-absent", Severity::Warning, "%{}% shows nothing: {} has no label"},
     // ProjectSettings.txt and the two of its form
     {"keyword-unknown", Severity::Warning, "unknown keyword \"{}\": skipped with its block{}"},

@@ -92,6 +92,11 @@ void SourceFile::read(Form form)
         checkWideLines();
 }
 
+const Tesk::CProjectEntry& SourceFile::entryOf(unsigned line) const
+{
+    return *std::find_if(m_project.begin(), m_project.end(), [line](const auto& one) { return one.m_uLine == line; });
+}
+
 bool SourceFile::accepts(const Problem& problem) const
 {
     const auto names = m_accepted.find(problem.line);

@@ -31,6 +31,7 @@ public:
     // The lines of either form.
     const std::vector<Tesk::CSettingsEntry>& texts() const { return m_texts; }
     const std::vector<Tesk::CProjectEntry>& project() const { return m_project; }
+    const Tesk::CProjectEntry& entryOf(unsigned line) const;
     // The strip can use this copy of the texts.
     bool sound() const { return m_sound; }
     // What is wrong with a line is known: it is not read as what it was meant as.

@@ -71,7 +71,7 @@ private:
         if (date && doubled)
             return checkDate(sName, sBehind.substr(2));
         if (closed && (sToken == sName || (doubled && !title && !knows(sName))))
-            return date ? add(whole, "date-format", {sToken, sName})
+            return date ? addDate(whole, sName, sToken, "%" + sName + "%")
                         : add(whole, "token-unknown", {sToken, suggest(sToken)});
         if (closed && title && doubled) {
             if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
@@ -100,19 +100,18 @@ private:
         const std::size_t end = sRest.find('%', 1);
         const std::string sFormat(sRest.substr(0, end));
         const std::string sToken = sName + "::" + sFormat;
-        if (end == sRest.npos || nextToken(sRest.substr(end + 1))) {
-            if (!sRest.starts_with("%"))
-                return unclosed(sToken);
-            return add(sName.size() + 3, "date-format", {sName + "::", sName});
-        }
+        const bool none = sFormat[0] == '%';
+        if (end == sRest.npos || nextToken(sRest.substr(end + 1)))
+            return none ? addDate(sName.size() + 3, sName, sName + "::", "%" + sName + "::%") : unclosed(sToken);
         const std::string sShown = Tesk::formatTime(::_time64(nullptr), sFormat, false);
-        if (sFormat[0] == '%')
-            return add(m_template.size() - m_at, "date-percent", {sToken, sShown});
-        if (sShown.empty())
-            return add(sToken.size() + 1, "date-nothing", {sToken, sFormat});
-        if (sFormat.find('|') == std::string::npos)
-            return add(sToken.size() + 1, "date-plain", {sToken, sShown});
-        return sToken.size() + 1;
+        const std::size_t size = none ? m_template.size() - m_at : sToken.size() + 1;
+        const bool date = !none && !sShown.empty() && sFormat.find('|') != std::string::npos;
+        return date ? size : addDate(size, sName, sToken, sShown);
+    }
+
+    std::size_t addDate(std::size_t size, const std::string& sName, std::string_view sToken, std::string_view sShown)
+    {
+        return add(size, "date-format", {sToken, sShown, sName});
     }
 
     // What follows the delimiter makes that another token's beginning.

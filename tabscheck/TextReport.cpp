@@ -11,8 +11,7 @@ namespace tabscheck {
 namespace {
 
 constexpr std::size_t kMostNames = 3;
-constexpr std::size_t kShownBefore = 60;  // of a long line, around the caret
-constexpr std::size_t kShownBehind = 60;
+constexpr std::size_t kShownAround = 60;   // of a long line, before and behind the caret
 constexpr std::size_t kShownOfText = 180;  // at either end
 
 std::string padded(std::string_view sText, std::size_t width)
@@ -50,14 +49,11 @@ std::string excerpt(const Problem& problem)
     if (problem.column == 0 || problem.source.empty())
         return {};
     const std::size_t position = std::min<std::size_t>(problem.column - 1, problem.source.size());
-    const std::size_t from = position > kShownBefore ? position - kShownBefore : 0;
-    const std::size_t to = std::min(position + kShownBehind, problem.source.size());
-    const std::string sBefore = from > 0 ? "..." : "";
-    std::string sLine = problem.source.substr(from, to - from);
+    const std::size_t from = position > kShownAround ? position - kShownAround : 0;
+    std::string sLine = problem.source.substr(from, 2 * kShownAround);
     std::replace_if(
         sLine.begin(), sLine.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    return "\r\n    " + sBefore + sLine + (to < problem.source.size() ? "..." : "") + "\r\n    " +
-           std::string(sBefore.size() + position - from, ' ') + "^";
+    return "\r\n    " + sLine + "\r\n    " + std::string(position - from, ' ') + "^";
 }
 
 std::string ruleText(const DrawingReport& report)

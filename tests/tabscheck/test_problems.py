@@ -44,8 +44,8 @@ ROWS = [
                                      INI: "TooltipText=%X_HALVORAN_PROJECT_LABEL%\n"},
      "MDITabs.ini:1:13 token-elsewhere (in no project), P/MDITabs.ini:1:13 label-absent"),
     ("date formats", {INI: f"TooltipText=%CURRENT_DATE::|Q%%UPDATE_DATE::|Y%%UPDATE_DATE%%CURRENT_DATE::{'|Y' * 32}%%CURRENT_DATE::d.m.% %CURRENT_DATE::%d.%m.%\n"},
-     'MDITabs.ini:1:13 date-nothing ("\\|Q"), MDITabs.ini:1:48 date-format, MDITabs.ini:1:61 date-nothing, '
-     'MDITabs.ini:1:141 date-plain (shows "d\\.m\\."), MDITabs.ini:1:162 date-percent (write "\\|")'),
+     'MDITabs.ini:1:13 date-format (shows "":), MDITabs.ini:1:48 date-format (shows "%UPDATE_DATE%"), MDITabs.ini:1:61 date-format, '
+     'MDITabs.ini:1:141 date-format (shows "d\\.m\\."), MDITabs.ini:1:162 date-format'),
     ("tokens of another form", {TXT: BORDER, INI: "TooltipText=%HALVORAN:TITLE% %UPDATE_DATE:|d% %PATH and %CURRENT_DATE::|Y %FILENAME%"
                                 " %UPDATE_DATE|d% %UPDATE_DATE::%%PATH%%HALVORAN.A% PATH%%FILENAME%\n"},
      "MDITabs.ini:1:13 token-colons (key), MDITabs.ini:1:30 token-colons (format), MDITabs.ini:1:47 token-open (%PATH stays), "
