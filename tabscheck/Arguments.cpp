@@ -48,13 +48,6 @@ void checkName(const char* sWhat, const std::string& sName, std::span<const std:
     refuse(sText);
 }
 
-void show(Arguments& arguments, Show part)
-{
-    if (arguments.show != Show::All)
-        refuse("one of --problems, --overrides and --get");
-    arguments.show = part;
-}
-
 void takeAccepted(Arguments& arguments, const std::string& sValue)
 {
     const std::size_t colon = std::min(sValue.find(':'), sValue.size());
@@ -69,7 +62,7 @@ void takeKey(Arguments& arguments, const std::string& sValue)
     if (std::none_of(std::begin(kTextKeys), std::end(kTextKeys),
                      [&](const TextKey& key) { return equalNoCase(key.sName, sValue); }))
         refuse(quoted(sValue) + " is no key that the strip reads");
-    show(arguments, Show::Key);
+    arguments.show = Show::Key;
     arguments.key = sValue;
 }
 
@@ -83,8 +76,8 @@ constexpr struct Option {
     {"--version", false, [](Arguments& arguments, const std::string&) { arguments.version = true; }},
     {"--json", false, [](Arguments& arguments, const std::string&) { arguments.json = true; }},
     {"--strict", false, [](Arguments& arguments, const std::string&) { arguments.strict = true; }},
-    {"--problems", false, [](Arguments& arguments, const std::string&) { show(arguments, Show::Problems); }},
-    {"--overrides", false, [](Arguments& arguments, const std::string&) { show(arguments, Show::Overrides); }},
+    {"--problems", false, [](Arguments& arguments, const std::string&) { arguments.show = Show::Problems; }},
+    {"--overrides", false, [](Arguments& arguments, const std::string&) { arguments.show = Show::Overrides; }},
     {"--get", true, takeKey},
     {"--accept", true, takeAccepted},
     {"--root", true, [](Arguments& arguments, const std::string& sValue) { arguments.asked.root = sValue; }},

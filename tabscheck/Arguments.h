@@ -3,7 +3,6 @@
 // The command line.
 
 #include "tabscheck/Report.h"
-#include "tabscheck/TextReport.h"
 
 #include <set>
 #include <string>

@@ -1,6 +1,6 @@
-#include "tabscheck/JsonReport.h"
-
 #include "library/text/CodePage.h"
+#include "tabscheck/Console.h"
+#include "tabscheck/Report.h"
 
 #include <boost/describe/members.hpp>
 #include <boost/mp11/algorithm.hpp>
@@ -71,22 +71,34 @@ std::string toJson(const Structure& value)
     return "{" + sObject.substr(1) + "}";
 }
 
+class JsonReport : public Reports {
+public:
+    JsonReport(Console& console, const Asked& asked) : m_console(console)
+    {
+        m_console.printBytes("{\"version\":2,\"asked\":" + toJson(asked) + ",\"drawings\":[");
+    }
+
+    void add(DrawingReport report) override
+    {
+        m_console.printBytes((m_first ? "\n" : ",\n") + toJson(report));
+        m_first = false;
+    }
+
+    void finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked) override
+    {
+        m_console.printBytes("],\"files\":" + toJson(files) + ",\"unchecked\":" + toJson(unchecked) + "}\n");
+    }
+
+private:
+    Console& m_console;
+    bool m_first = true;
+};
+
 }  // namespace
 
-JsonReport::JsonReport(Console& console, const Asked& asked) : m_console(console)
+std::unique_ptr<Reports> makeJsonReport(Console& console, const Asked& asked)
 {
-    m_console.printBytes("{\"version\":2,\"asked\":" + toJson(asked) + ",\"drawings\":[");
-}
-
-void JsonReport::add(DrawingReport report)
-{
-    m_console.printBytes((m_first ? "\n" : ",\n") + toJson(report));
-    m_first = false;
-}
-
-void JsonReport::finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked)
-{
-    m_console.printBytes("],\"files\":" + toJson(files) + ",\"unchecked\":" + toJson(unchecked) + "}\n");
+    return std::make_unique<JsonReport>(console, asked);
 }
 
 }  // namespace tabscheck

@@ -9,6 +9,7 @@
 #include <boost/describe/class.hpp>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -148,5 +149,15 @@ public:
     // After the last drawing.
     virtual void finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked) = 0;
 };
+
+enum class Show { All, Problems, Overrides, Key };
+
+class Console;
+
+// For a person to read: each project's block once, with those drawings together that see the
+// same, and each problem once; or a part of that. The key is that of Show::Key.
+std::unique_ptr<Reports> makeTextReport(Console& console, Show show, const std::string& sKey);
+// For a program: one object in UTF-8, written a drawing after the other.
+std::unique_ptr<Reports> makeJsonReport(Console& console, const Asked& asked);
 
 }  // namespace tabscheck

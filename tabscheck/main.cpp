@@ -13,9 +13,7 @@
 #include "tabscheck/Console.h"
 #include "tabscheck/DrawingCheck.h"
 #include "tabscheck/Folders.h"
-#include "tabscheck/JsonReport.h"
 #include "tabscheck/NoHost.h"
-#include "tabscheck/TextReport.h"
 #include "version.h"
 
 #include <windows.h>
@@ -71,10 +69,8 @@ public:
         asked.root = Tesk::getLocation(Tesk::LOCATION_DIR_APPLICATION_ROOT).GetString();
         for (std::string& sPath : asked.paths)
             sPath = Tesk::fullPath(sPath);
-        if (arguments.json)
-            m_reports = std::make_unique<JsonReport>(m_console, asked);
-        else
-            m_reports = std::make_unique<TextReport>(m_console, arguments.show, arguments.key);
+        m_reports = arguments.json ? makeJsonReport(m_console, asked)
+                                   : makeTextReport(m_console, arguments.show, arguments.key);
     }
 
     ExitCode run()

@@ -174,7 +174,7 @@ class ProgramTest(CheckerTest):
             return self.check(*arguments)[1].decode(CONSOLE).replace("\r", "")
 
         text = shown("Projects", "Sketches", "Projects/Station/Drawings/T0.dwg")
-        self.assertEqual([text.count(block) for block in ("searched for MDITabs.ini", "\nproject ", "STN_SHEET", "tooltip")], [3, 1, 3, 7])
+        self.assertEqual([text.count(block) for block in ("searched for MDITabs.ini", "\nproject ", "STN_SHEET", "tooltip", " PopupXrefsText ")], [3, 1, 3, 7, 3])
         self.assertIn("22 drawings in " + self.path("Projects/Station/Drawings/"), text)
         self.assertRegex(text, r"20 drawings in .*: by DefaultTooltipText")
         self.assertTrue(text.endswith("\n31 drawings checked: 0 errors, 1 warning\n"), text[-200:])
