@@ -47,7 +47,7 @@ inline constexpr Rule kRules[] = {
     {"address", Severity::Warning, "\"{}\" is no address that can be opened: {}"},
     {"no-template", Severity::Warning, "{} stays as it is: this key is no template; TooltipText and SameNameText are"},
     {"caption-absent", Severity::Error, "no text for {}: the menu has blank items{}"},
-    {"text-absent", Severity::Warning, "no text for {}: nothing is shown there"},
+    {"text-absent", Severity::Warning, "no text for {}: nothing is shown there{}"},
     {"key-alone", Severity::Warning, "{} is for the box that PopupHelpText opens, and that has no text"},
     // Templates
     {"token-unknown", Severity::Warning, "%{}% stays as it is written: there is no such keyword{}"},

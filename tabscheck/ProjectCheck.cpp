@@ -20,14 +20,6 @@ std::string firstWord(const CProjectEntry& entry)
 
 bool isRemark(const CProjectEntry& entry) { return entry.m_sText[0] == ';'; }
 
-std::vector<std::string> keywords()
-{
-    std::vector<std::string> names;
-    for (const auto& keyword : Tesk::kProjectKeywords)
-        names.emplace_back(keyword.sName);
-    return names;
-}
-
 // Goes through the entries of one file and takes down what each gives.
 class Reader {
 public:
@@ -95,7 +87,8 @@ private:
         m_mapping.clear();
         // What a remark costs is told at the block that it costs.
         if (entry.m_block == ProjectBlock::Unknown && !isRemark(entry))
-            add("keyword-unknown", entry, {firstWord(entry), suggestion(entry.m_sKey, keywords())});
+            add("keyword-unknown", entry,
+                {firstWord(entry), suggestion(entry.m_sKey, namesOf(Tesk::kProjectKeywords))});
     }
 
     void close(const CProjectEntry& entry)

@@ -21,21 +21,11 @@ using Tesk::CSettingsEntry;
 using Tesk::MultiByte::equalNoCase;
 using Tesk::MultiByte::withoutQuotes;
 
-constexpr std::size_t kMostListed = 5;
-
 const TextKey* findKey(std::string_view sKey)
 {
     const auto found = std::find_if(std::begin(kTextKeys), std::end(kTextKeys),
                                     [sKey](const TextKey& key) { return equalNoCase(key.sName, sKey); });
     return found == std::end(kTextKeys) ? nullptr : &*found;
-}
-
-std::string list(const std::vector<std::string>& names)
-{
-    std::string sList;
-    for (std::size_t i = 0; i < std::min(names.size(), kMostListed); ++i)
-        sList += (i == 0 ? "" : ", ") + names[i];
-    return names.size() <= kMostListed ? sList : sList + " and " + std::to_string(names.size() - kMostListed) + " more";
 }
 
 // What no hand meant, by the part of a value that the words name.
@@ -56,10 +46,8 @@ class Merge {
 public:
     Merge(SourceFiles& files, TextFindings& findings) : m_files(files), m_findings(findings)
     {
-        for (const TextKey& key : kTextKeys) {
+        for (const TextKey& key : kTextKeys)
             m_findings.texts.push_back({{}, key.sName, {}});
-            m_keys.push_back(key.sName);
-        }
     }
 
     void take(Layer layer, const std::string& sPath)
@@ -125,7 +113,7 @@ private:
             return;
         }
         if (pKey == nullptr)
-            return add(file, "key-unknown", entry, {sKey, suggestion(sKey, m_keys)});
+            return add(file, "key-unknown", entry, {sKey, suggestion(sKey, namesOf(kTextKeys))});
         if (const auto [first, fresh] = lines.try_emplace(sKey, entry.m_uLine); !fresh)
             add(file, "key-twice", entry, {sKey, std::to_string(first->second)});
         // Of two lines in one file the later counts, and the earlier is overridden like any other.
@@ -157,26 +145,28 @@ private:
                 tell(name, text, {found.str()});
     }
 
-    // One problem for each text that is defined as nothing, and one for all that no file
-    // defines. What a damaged copy does to texts is told with the damage.
+    // Of texts that are defined as nothing each one, of those that no file defines all at once.
+    // What a damaged copy does to texts is told with the damage.
     void checkAbsent()
     {
-        std::vector<std::string> nowhere;
         const bool damaged = anyError(m_findings.problems);
+        std::map<bool, std::string> nowhere;
         for (const Text& text : m_findings.texts) {
+            const bool caption = findKey(text.key)->eKind == TextKind::Caption;
             if (findKey(text.key)->bOptIn || !text.value.empty())
                 continue;
-            if (text.line == 0)
-                nowhere.push_back(text.key);
-            else if (findKey(text.key)->eKind == TextKind::Caption)
-                tell("caption-absent", text, {text.key, ""});
+            if (text.line != 0)
+                tell(absent(caption), text, {text.key, ""});
             else
-                tell("text-absent", text, {text.key});
+                nowhere[caption] += (nowhere[caption].empty() ? "" : ", ") + text.key;
         }
-        if (!nowhere.empty() && !damaged)
-            m_findings.problems.push_back(problemOf("caption-absent", m_findings.searched.front().path,
-                                                    {list(nowhere), "; is this the application root (--root)?"}));
+        for (const auto& [caption, sKeys] : nowhere)
+            if (!damaged)
+                m_findings.problems.push_back(problemOf(absent(caption), m_findings.searched.front().path,
+                                                        {sKeys, "; is this the application root (--root)?"}));
     }
+
+    static RuleName absent(bool caption) { return caption ? RuleName("caption-absent") : RuleName("text-absent"); }
 
     // At the value that counts.
     void tell(RuleName name, const Text& text, std::initializer_list<std::string_view> parts)
@@ -194,7 +184,6 @@ private:
 
     SourceFiles& m_files;
     TextFindings& m_findings;
-    std::vector<std::string> m_keys;  // that the strip reads
     Section m_section;
     std::map<std::string, std::pair<const SourceFile*, const CSettingsEntry*>> m_entries;  // that count, by key
 };
