@@ -88,11 +88,6 @@ class Tree:
 
 
 class AgreementTest(CheckerTest):
-    def test_the_samples(self):
-        names = [f"Projects/Riverside/Drawings/{name}.dwg" for name in ("A-100.rev2", "A-101", "Drawing1", "Grundriß-Süd")]
-        names += [f"Projects/Station/Drawings/{name}.dwg" for name in ("S-200", "S-201 issued", "Details/D-300")]
-        self.assert_same([*names, "Sketches/Sketch.dwg"])
-
     def test_trees_made_at_random(self):
         rules, dropped = set(), 0
         for seed in (1, 2):
@@ -123,14 +118,7 @@ class AgreementTest(CheckerTest):
             with self.subTest(name):
                 self.assertEqual(self.balloon(shown, number)[1], report["tooltip"]["text"].replace("\n", "\\n"))
                 captions = [item[2] for item in shown.menus[number] if item]
-                issued = "issued" in name  # read-only: no Save
-                self.assertEqual(captions[:3 - issued],
-                                 [texts[key] for key in KEYS[issued:3]])
-                if len(captions) > 3:
-                    self.assertEqual(captions[3], texts["PopupXrefsText"])
-                for caption in captions[4:]:
-                    if caption.startswith("Survey"):
-                        self.assertEqual(caption, "Survey.dwg" + texts["XrefsReadOnlyText"])
+                self.assertEqual(captions[:3], [texts[key] for key in KEYS[:3]])
                 base = name.rpartition("/")[2].removesuffix(".dwg")
                 self.assertEqual(shown.strips[-1].texts[number], base + texts["ModifiedText"])
         # The strip's title is that of the drawing that was current when the strip was made.
