@@ -2,7 +2,7 @@
 import time
 import unittest
 
-from host import ANSI, DEBUG, MODULE, PREFIX, HostTest, options
+from host import ANSI, MODULE, PREFIX, HostTest
 
 A101 = r"Projects\Riverside\Drawings\A-101.dwg"
 TRACED = "] ZavikMDITabs : "
@@ -39,20 +39,6 @@ class DiagnosticsTest(HostTest):
         opened = f'ZavikMDITabs : CDocManagerReactor::documentCreated("{self.path(long)}")'
         self.assertEqual([line[11:] for line in traces].count(opened), 1)
         self.assertEqual([line[11:] for line in transcript.lines].count(opened), 1, "the same on the command line")
-
-    def test_debug_mode_is_of_the_session(self):
-        self.remove_log()
-        transcript = self.run_host([
-            "LINE 0 0 1 1",
-            *options(DEBUG), "SETVAR SDI", "LINE 0 0 2 2", "UNDO", "UNDO", "SETVAR SDI",
-            *options(DEBUG), "SETVAR SDI", "LINE 0 0 3 3",
-        ])
-        before, on, _, off = transcript.text.split("SDI = 0")
-        self.assertNotIn(TRACED, before.split("Command: ZavikMDITabs")[0], "off by default")
-        self.assertEqual(on.count("CDocManagerReactor::updateDatabaseModifiedFlag(...)"), 1,
-                         "the tab hears of a change of state, not of each edit")
-        self.assertNotIn(TRACED, off)
-        self.assertTrue(self.log()[0].startswith("Diagnostics started: "))
 
     def test_checks_asked_for_at_the_start_end_with_it(self):
         self.remove_log()

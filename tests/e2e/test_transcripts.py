@@ -59,7 +59,8 @@ class TranscriptsTest(ExtrasBase):
         # Of the log what is not shown, too: its beginning, and the reports.
         header, body = neutral(log).split("[time]", 1)
         reports = re.findall(r"(?m)^\[time\] (?!ZavikMDITabs : ).*\n", body)
-        text = f"{neutral(shown)}\nIn the log alone:\n{header}{''.join(reports)}"
+        stored = "".join(f"{option} = {value:x}\n" for option, value in self.registry().items())
+        text = f"{neutral(shown)}\nIn the log alone:\n{header}{''.join(reports)}\nStored:\n{stored}"
         golden = FOLDER / f"{name}.txt"
         if os.environ.get("WRITE"):
             golden.write_text(text, "utf-8")
@@ -90,13 +91,15 @@ class TranscriptsTest(ExtrasBase):
         self.play("tips")
 
     def test_options(self):
+        # None of a position, and no flags: none is shown, and none is stored.
+        self.set_registry({"TabLocation": 7, "UseExtensions": 2}, {"DebugStartup": 1})
         self.play("options")
 
     def test_additions(self):
         self.without_tooltips()
         self.switch_on(**EVERYTHING, HelpAddress="www.office.example/cad", SupportAddress="cad@office.example",
                        SameNameText='" (%DISTINCT_FOLDER%)"')
-        for project, line in (("Station", "PopupCopyPathText =\nPopupCloseSavedText =\nPopupOptionsText = Ours\n"), ("Riverside", "no key\n")):
+        for project, line in (("Station", "PopupCopyPathText =\nPopupCloseSavedText =\nPopupOptionsText = \"Ours\"\n"), ("Riverside", "no key\n")):
             with (self.folder / f"Projects/{project}/Settings/support/MDITabs.ini").open("a") as texts:
                 texts.write(line)
         self.play("additions")

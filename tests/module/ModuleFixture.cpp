@@ -103,7 +103,6 @@ namespace {
 struct Balloon {
     HWND strip;
     std::string text = "-";
-    HWND window = nullptr;
 };
 
 BOOL CALLBACK readBalloon(HWND window, LPARAM parameter)
@@ -120,24 +119,17 @@ BOOL CALLBACK readBalloon(HWND window, LPARAM parameter)
     tool.lpszText = text;
     if (std::strcmp(name, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(window, TTM_GETTOOLCOUNT, 0, 0) == 1) {
         ::SendMessageA(window, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
-        if (*text != '\0') {
+        if (*text != '\0')
             balloon.text = text;
-            balloon.window = window;
-        }
     }
     return TRUE;
 }
 
-// Of the strip's balloon.
-Balloon findBalloon(HWND strip)
-{
-    Balloon balloon{strip};
-    ::EnumThreadWindows(::GetCurrentThreadId(), &readBalloon, reinterpret_cast<LPARAM>(&balloon));
-    return balloon;
-}
-
 }  // namespace
 
-std::string ModuleFixture::balloon() const { return findBalloon(strip()).text; }
-
-HWND ModuleFixture::balloonWindow() const { return findBalloon(strip()).window; }
+std::string ModuleFixture::balloon() const
+{
+    Balloon balloon{strip()};
+    ::EnumThreadWindows(::GetCurrentThreadId(), &readBalloon, reinterpret_cast<LPARAM>(&balloon));
+    return balloon.text;
+}

@@ -51,7 +51,6 @@ struct ModuleFixture {
     void moveMouse(int tab) const;
     // The text that the strip's balloon would show; "-" without a balloon.
     std::string balloon() const;
-    HWND balloonWindow() const;
 
     CTestHive user;
     CTestFolder folder;

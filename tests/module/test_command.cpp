@@ -1,5 +1,5 @@
 // The command and its dialog where something fails or others meddle. What it shows and does
-// else is in tests/transcripts, what it stores in tests/e2e.
+// else is in tests/transcripts.
 #include "ModuleFixture.h"
 #include "host/drawing/Faults.h"
 #include "host/ui/MainFrame.h"
@@ -32,20 +32,6 @@ TEST_CASE_FIXTURE(ModuleFixture, "a strip that is there, or is not, where it sho
     createTabWindow();
     const std::string missing = "ZavikMDITabs: m_pWndTabs != NULL\n";
     CHECK(answers.assertions() == missing + missing + missing + missing + "ZavikMDITabs: m_pWndTabs == NULL\n");
-}
-
-TEST_CASE_FIXTURE(ModuleFixture, "odd values of the options count as the defaults or as off")
-{
-    user.set("TabLocation", 7);
-    user.set("Use", 0, REG_BINARY);
-    user.set("UseIcons", 2);
-    user.set("UseExtensions", 2);
-    open("a.dwg");
-    load();
-    CHECK(tabs() == std::vector<std::string>{"a"});
-    CHECK(rectOf(strip()).top == 0);
-    unload();
-    CHECK(strip() == nullptr);
 }
 
 TEST_CASE_FIXTURE(ModuleFixture, "the options can be reached although the strip cannot be made")
