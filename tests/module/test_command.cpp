@@ -61,7 +61,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "options that cannot be stored leave the strip 
     load();
     open("a.dwg");
     const HWND before = strip();
-    Answers answers([](HWND dialog, int) {
+    Answers answers([](HWND dialog) {
         Answers::press(dialog, IDC_POSITION_TOP);
         Answers::press(dialog, IDC_DEBUG);
         Answers::press(dialog, IDOK);
@@ -123,7 +123,7 @@ TEST_CASE_FIXTURE(ModuleFixture, "icons that are switched on later are there")
     user.set("UseIcons", 0);
     load();
     open("a.dwg");
-    Answers answers([](HWND dialog, int) {
+    Answers answers([](HWND dialog) {
         CHECK_FALSE(Answers::isChecked(dialog, IDC_DEBUG));
         Answers::press(dialog, IDC_SHOW_ICONS);
         Answers::press(dialog, IDOK);

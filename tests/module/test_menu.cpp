@@ -76,7 +76,7 @@ TEST_CASE_FIXTURE(MenuFixture,
     AcApDocument* pSecond = open("b.dwg");
     std::vector<std::pair<bool, AcApDocument*>> shown;
     bool handling = true;
-    const Answers answers([&](HWND dialog, int) {
+    const Answers answers([&](HWND dialog) {
         shown.emplace_back(handling, app.documents().current());
         Answers::press(dialog, IDCANCEL);
     });

@@ -47,7 +47,6 @@ std::string Answers::assertions() const
 }
 
 bool Answers::isChecked(HWND dialog, int id) { return ::IsDlgButtonChecked(dialog, id) == BST_CHECKED; }
-bool Answers::isEnabled(HWND dialog, int id) { return ::IsWindowEnabled(::GetDlgItem(dialog, id)); }
 void Answers::press(HWND dialog, int id)
 {
     ::SendMessageA(::GetDlgItem(dialog, id), BM_CLICK, 0, 0);
@@ -75,9 +74,8 @@ void Answers::answer(HWND dialog)
     const std::string title = textOf(dialog);
     const bool known = std::exchange(m_answered, dialog) == dialog;
     if (title == "Zavik MDI Tabs - Options") {
-        m_turn = known ? m_turn + 1 : 0;
         m_optionsShown += !known;
-        m_onOptions ? m_onOptions(dialog, m_turn) : press(dialog, IDCANCEL);
+        m_onOptions ? m_onOptions(dialog) : press(dialog, IDCANCEL);
     } else if (!known) {
         const LRESULT icon = ::SendDlgItemMessageA(dialog, 1088, STM_GETICON, 0, 0);
         m_boxes.push_back({title, textOf(::GetDlgItem(dialog, 0xFFFF)), reinterpret_cast<HICON>(icon)});

@@ -17,11 +17,11 @@ struct Box {
 
 class Answers {
 public:
-    using Handler = std::function<void(HWND dialog, int turn)>;
+    using Handler = std::function<void(HWND dialog)>;
 
-    // The handler gets the options dialog again and again, counting from 0, until
-    // it closes it; without a handler the dialog is cancelled. Message boxes are
-    // read and closed; what is to happen in the first one's message loop comes before.
+    // The handler gets the options dialog again and again, until it closes it; without a
+    // handler the dialog is cancelled. Message boxes are read and closed; what is to
+    // happen in the first one's message loop comes before.
     explicit Answers(Handler onOptions = {}, std::function<void()> inFirstBox = {});
     ~Answers();
     Answers(const Answers&) = delete;
@@ -33,8 +33,7 @@ public:
     int optionsShown() const { return m_optionsShown; }
 
     static bool isChecked(HWND dialog, int id);
-    static bool isEnabled(HWND dialog, int id);
-    // By the next turn the dialog has updated its controls.
+    // By the next call the dialog has updated its controls.
     static void press(HWND dialog, int id);
 
 private:
@@ -48,6 +47,5 @@ private:
     UINT_PTR m_timer;
     std::vector<Box> m_boxes;
     int m_optionsShown = 0;
-    int m_turn = 0;
     HWND m_answered = nullptr;
 };
