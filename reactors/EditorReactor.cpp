@@ -76,9 +76,11 @@ CDatabaseData& CEditorReactor::getDatabaseData(AcApDocument* pDocument)
     return iterData != m_mapDatabaseData.end() ? iterData->second : refresh(pDwg);
 }
 
-// The entry changes only once the new data is complete.
+// The entry changes only once the new data is complete; a new one is made in its place.
 CDatabaseData& CEditorReactor::refresh(AcDbDatabase* pDwg)
 {
+    if (m_mapDatabaseData.count(pDwg) == 0)
+        return m_mapDatabaseData.emplace(pDwg, pDwg).first->second;
     return m_mapDatabaseData.insert_or_assign(pDwg, CDatabaseData(pDwg)).first->second;
 }
 
