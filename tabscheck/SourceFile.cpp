@@ -154,9 +154,9 @@ void SourceFile::checkLine(unsigned line, std::string_view sLine)
             continue;
         if (name.rule()->severity == Severity::Error)
             m_explained.insert(line);
-        if (const int last = static_cast<int>(found.size()) - 1; each || m_told.insert(name.rule()).second)
+        if (const std::size_t last = found.size() - 1; each || m_told.insert(name.rule()).second)
             m_problems.push_back(problemAt(name, line, static_cast<std::size_t>(found.position(last)), sLine,
-                                           {quoted(found.str(last))}));
+                                           {quoted(found.str(static_cast<int>(last)))}));
     }
     if (sMeant.empty() || !m_told.insert(RuleName("utf-8").rule()).second)
         return;
