@@ -6,8 +6,8 @@ DialogClock::DialogClock(const std::vector<int>& buttons)
     : m_hook(::SetWindowsHookExA(WH_CALLWNDPROC, &onMessage, nullptr, ::GetCurrentThreadId()))
 {
     s_pCurrent = this;
-    m_answers.emplace([this, buttons](HWND dialog, int turn) {
-        if (turn != 0)
+    m_answers.emplace([this, buttons](HWND dialog) {
+        if (m_dialog != nullptr)
             return;
         m_dialog = dialog;
         for (const int id : buttons) {
