@@ -49,7 +49,8 @@ std::string besideProgram(const char* sName)
 {
     char sProgram[MAX_PATH];
     ::GetModuleFileNameA(nullptr, sProgram, sizeof sProgram);
-    return (fs::path(sProgram).parent_path() / sName).string();
+    const std::string sPath = sProgram;
+    return sPath.substr(0, sPath.rfind('\\') + 1) + sName;
 }
 
 double run(const std::string& sArguments)
