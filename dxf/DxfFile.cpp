@@ -149,8 +149,8 @@ void DxfFile::scan(const std::string& sName)
     if (isOldDrawing(bytes))
         fail(nullptr,
              "a binary drawing from before R9 (" + std::string(m_bytes.substr(0, 6).c_str()) + ") cannot be read");
-    if (const void* pNul = std::memchr(bytes.data(), '\0', bytes.size()))
-        fail(static_cast<const char*>(pNul), "NUL byte in the text");
+    if (const std::size_t nul = std::strlen(m_bytes.c_str()); nul != bytes.size())
+        fail(bytes.data() + nul, "NUL byte in the text");
     const std::size_t firstEnd = bytes.find('\n');
     m_sLineEnd = firstEnd != std::string_view::npos && firstEnd > 0 && bytes[firstEnd - 1] == '\r' ? "\r\n" : "\n";
 
@@ -227,6 +227,15 @@ HeaderEntry DxfFile::headerEntry(std::string_view name) const
         return !found.text.empty();
     });
     return found;
+}
+
+unsigned long long DxfFile::highestHandle() const
+{
+    unsigned long long highest = 0;
+    for (const DxfRecord& record : m_records)
+        if (record.type() != "SECTION" && record.type() != "DIMSTYLE")
+            highest = std::max(highest, toHandle(record.value(5)));
+    return highest;
 }
 
 DxfRecord* DxfFile::section(std::string_view name) const

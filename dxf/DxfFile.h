@@ -73,6 +73,9 @@ public:
     // The SECTION record of the name; null when there is none.
     DxfRecord* section(std::string_view name) const;
 
+    // Of all records, also those that are not linked any more.
+    unsigned long long highestHandle() const;
+
     std::vector<HeaderEntry> headerEntries() const;
     // The first entry of the name; one without a name when there is none.
     HeaderEntry headerEntry(std::string_view name) const;

@@ -26,7 +26,6 @@ bool isPaperSpace(std::string_view name) { return name.size() >= 12 && sameName(
 
 void GraphBuilder::build()
 {
-    findHandles();
     if (const DxfRecord* pTables = m_file.section("TABLES"))
         readTables(*pTables);
     if (m_graph.m_blockTable.handle == 0)
@@ -40,21 +39,6 @@ void GraphBuilder::build()
             readEntities(*p);
     rankOwners();
     linkInserts();
-}
-
-void GraphBuilder::findHandles()
-{
-    unsigned long long highest = 0;
-    if (const auto seed = m_file.headerEntry("$HANDSEED").values(); !seed.empty())
-        highest = toHandle(seed.front().value);
-    if (highest != 0) {
-        --highest;
-        m_graph.m_handlesAreWritten = true;
-    }
-    for (const DxfRecord* p = m_file.first(); p != nullptr; p = p->next())
-        if (p->type() != "SECTION" && p->type() != "DIMSTYLE")
-            highest = std::max(highest, toHandle(p->value(5)));
-    m_graph.m_nextHandle = highest + 1;
 }
 
 void GraphBuilder::readTables(const DxfRecord& section)

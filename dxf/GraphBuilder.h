@@ -19,7 +19,6 @@ public:
     void build();
 
 private:
-    void findHandles();
     void readTables(const DxfRecord& section);
     void readBlocks(DxfRecord& section);
     BlockNode& addBlock(const std::string& sName, DxfRecord* pRecord);

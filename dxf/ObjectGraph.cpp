@@ -37,10 +37,23 @@ bool BlockNode::isReferenced() const
     return std::any_of(references.begin(), references.end(), [](const InsertNode* p) { return !p->erased; });
 }
 
-ObjectGraph::ObjectGraph(Drawing& database, DxfFile& file) : m_database(database)
+ObjectGraph::ObjectGraph(Drawing& database, DxfFile& file) : m_database(database), m_file(file)
 {
     prepare(m_blockTable, NodeKind::BlockTable, nullptr, nullptr, 0);
     GraphBuilder(*this, file).build();
+}
+
+unsigned long long ObjectGraph::handleSeed() const
+{
+    const std::vector<DxfTag> values = m_file.headerEntry("$HANDSEED").values();
+    return values.empty() ? 0 : toHandle(values.front().value);
+}
+
+unsigned long long ObjectGraph::nextHandle() const
+{
+    if (m_nextHandle == 0)
+        m_nextHandle = std::max(handleSeed(), m_file.highestHandle() + 1);
+    return m_nextHandle;
 }
 
 BlockNode* ObjectGraph::block(std::string_view name) const

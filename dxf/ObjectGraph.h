@@ -99,9 +99,10 @@ public:
     BlockNode* block(std::string_view name) const;
     BlockNode& modelSpace() const { return *m_modelSpace; }
     AcDbStub* find(unsigned long long handle) const;
-    unsigned long long newHandle() { return m_nextHandle++; }
-    unsigned long long nextHandle() const { return m_nextHandle; }
-    bool handlesAreWritten() const { return m_handlesAreWritten; }
+    unsigned long long newHandle() { return std::exchange(m_nextHandle, nextHandle() + 1); }
+    // Above all that the file ever had; it is gone through when one is asked for first.
+    unsigned long long nextHandle() const;
+    bool handlesAreWritten() const { return handleSeed() != 0; }
 
     // Nodes for records that are linked already; `owner` takes an entity in.
     BlockNode& addBlock(const std::string& sName, DxfRecord* pRecord, unsigned long long handle);
@@ -122,10 +123,13 @@ private:
     friend class GraphBuilder;
 
     AcDbStub& prepare(AcDbStub& node, NodeKind kind, AcDbStub* pOwner, DxfRecord* pRecord, unsigned long long handle);
+    // The next handle by the file's header; 0 without one.
+    unsigned long long handleSeed() const;
     // Keeps references in drawing order.
     void addReference(InsertNode& insert);
 
     Drawing& m_database;
+    const DxfFile& m_file;
     AcDbStub m_blockTable;
     std::deque<BlockNode> m_blockNodes;
     std::deque<InsertNode> m_insertNodes;
@@ -133,8 +137,7 @@ private:
     std::vector<BlockNode*> m_blocks;
     std::unordered_map<std::string, BlockNode*> m_blocksByName;
     BlockNode* m_modelSpace = nullptr;
-    unsigned long long m_nextHandle = 1;
-    bool m_handlesAreWritten = false;
+    mutable unsigned long long m_nextHandle = 0;
     // In the order of their handles once one was asked for; of two with one handle, the first counts.
     mutable std::vector<ByHandle> m_byHandle;
     mutable bool m_isSorted = true;

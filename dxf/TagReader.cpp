@@ -9,44 +9,12 @@ namespace {
 
 bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-// The group code of a line such as most are: blanks, digits and the line's end. What it is
-// in any other takes longer to say; then nothing is cut off the text.
-int cutPlainCode(std::string_view& text)
-{
-    const char* p = text.data();
-    const char* const pEnd = p + text.size();
-    while (p != pEnd && *p == ' ')
-        ++p;
-    int code = 0;
-    const char* const pDigits = p;
-    for (; p != pEnd && *p >= '0' && *p <= '9' && p - pDigits < 4; ++p)
-        code = code * 10 + (*p - '0');
-    const bool any = p != pDigits;
-    p += p != pEnd && *p == '\r' ? 1 : 0;
-    if (!any || p == pEnd || *p != '\n')
-        return -1;
-    text.remove_prefix(static_cast<std::size_t>(p + 1 - text.data()));
-    return code;
-}
-
-// Cuts the first line, ending included, off the text.
+// Cuts the first line off the text, and gives it without blanks.
 std::string_view cutLine(std::string_view& text)
 {
-    // A line is short: a call to search it takes longer than the search.
-    const auto end = std::find(text.begin(), text.end(), '\n');
-    const std::string_view line =
-        text.substr(0, static_cast<std::size_t>(end - text.begin()) + (end == text.end() ? 0 : 1));
-    text.remove_prefix(line.size());
-    return line;
-}
-
-std::string_view withoutEnding(std::string_view line)
-{
-    if (line.ends_with('\n'))
-        line.remove_suffix(1);
-    if (line.ends_with('\r'))
-        line.remove_suffix(1);
-    return line;
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return trimmed(line);
 }
 
 template <class Number>
@@ -64,22 +32,42 @@ Number parsed(std::string_view text)
 
 TagReader::Result TagReader::next(DxfTag& tag)
 {
-    std::string_view rest = m_rest;
-    int code = cutPlainCode(rest);
-    if (code < 0) {
-        const std::string_view digits = trimmed(cutLine(rest));
-        const auto [pEnd, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code);
+    // Reading a drawing is mostly this, so it is done by pointers. Nearly every first line is
+    // blanks, digits and the line's end.
+    const char* p = m_rest.data();
+    const char* const pEnd = p + m_rest.size();
+    while (p != pEnd && *p == ' ')
+        ++p;
+    const char* const pDigits = p;
+    int code = 0;
+    for (; p != pEnd && *p >= '0' && *p <= '9' && p - pDigits < 4; ++p)
+        code = code * 10 + (*p - '0');
+    const bool any = p != pDigits;
+    p += p != pEnd && *p == '\r' ? 1 : 0;
+    if (any && p != pEnd && *p == '\n') {
+        ++p;
+    } else {
+        std::string_view rest = m_rest;
+        const std::string_view digits = cutLine(rest);
+        const auto [pLast, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code);
         if (digits.empty() && trimmed(rest).empty())
             return Result::End;
-        if (digits.empty() || error != std::errc() || pEnd != digits.data() + digits.size())
+        if (digits.empty() || error != std::errc() || pLast != digits.data() + digits.size())
             return Result::BadCode;
+        p = rest.data();
     }
-    if (rest.empty())
+    if (p == pEnd)
         return Result::NoValue;
-    const std::string_view codeLine = m_rest.substr(0, m_rest.size() - rest.size());
-    const std::string_view valueLine = cutLine(rest);
-    tag = {code, withoutEnding(valueLine), codeLine, m_rest.substr(0, codeLine.size() + valueLine.size())};
-    m_rest = rest;
+    const char* const pValue = p;
+    while (p != pEnd && *p != '\n')
+        ++p;
+    const char* const pBreak = p;
+    p += p != pEnd ? 1 : 0;
+    const bool ends = pBreak != pValue && pBreak[-1] == '\r';
+    tag.code = code;
+    tag.value = {pValue, static_cast<std::size_t>(pBreak - pValue) - (ends ? 1 : 0)};
+    tag.text = {m_rest.data(), static_cast<std::size_t>(p - m_rest.data())};
+    m_rest = {p, static_cast<std::size_t>(pEnd - p)};
     return Result::Tag;
 }
 

@@ -10,9 +10,8 @@ namespace dxf {
 
 struct DxfTag {
     int code = 0;
-    std::string_view value;     // without its line ending
-    std::string_view codeLine;  // the bytes of the first line, line ending included
-    std::string_view text;      // the bytes of both lines, line endings included
+    std::string_view value;  // without its line ending
+    std::string_view text;   // the bytes of both lines, line endings included
 };
 
 class TagReader {
