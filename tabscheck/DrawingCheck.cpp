@@ -52,17 +52,20 @@ class Check {
 public:
     Check(DrawingCheck& all, DrawingReport& report)
         : m_all(all),
-          m_texts(all.m_texts.of(report.path)),
-          m_projects(all.m_projects.of(report.path)),
-          m_expansion(all.expansionOf(report.path, m_texts)),
+          m_folder(all.folderOf(report.path)),
+          m_texts(*m_folder.texts),
+          m_projects(m_folder.projects),
+          m_expansion(all.m_expansion),
           m_report(report)
     {
+        const bool timeIsShown = m_texts.valueOf("TooltipText").find("UPDATE_DATE") != std::string::npos;
+        m_expansion.become(report.path, m_projects.root, timeIsShown);
     }
 
     void run()
     {
-        m_report.searched = m_texts.searched;
-        m_report.texts = m_texts.texts;
+        m_report.searched = &m_folder.searched;
+        m_report.texts = &m_texts.texts;
         m_report.problems = m_texts.problems;
         m_report.project.root = m_projects.root;
         m_report.project.label = m_projects.label();
@@ -197,10 +200,11 @@ private:
         }
     }
 
-    // Drawings of one folder with the same values of title blocks have the same.
+    // Drawings of one project with the same texts and values of title blocks have the same.
     void checkTemplates()
     {
-        std::string sNames = m_report.tooltip.rule + m_report.contents + m_report.project.source;
+        std::string sNames =
+            m_projects.root + "\n" + m_report.tooltip.rule + m_report.contents + m_report.project.source;
         const auto& known = m_expansion.getKeywords();
         for (auto name = known.lower_bound("HALVORAN"); name != known.end() && name->first < "HALVORANZ"; ++name)
             sNames += "\n" + name->first;
@@ -233,6 +237,7 @@ private:
     }
 
     DrawingCheck& m_all;
+    const DrawingCheck::Folder& m_folder;
     const TextFindings& m_texts;
     const ProjectFindings& m_projects;
     DrawingExpansion& m_expansion;
@@ -249,8 +254,7 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
 {
     DrawingReport report;
     report.path = sPath;
-    report.domain = m_domainFolders;
-    m_strays.lookAround(sPath, m_projects.of(sPath).root);
+    report.domain = &m_domainFolders;
     Check(*this, report).run();
     append(report.problems, m_commonProblems);
     m_files.removeAccepted(report.problems);
@@ -275,24 +279,24 @@ std::vector<Problem> DrawingCheck::checkTexts(const std::string& sPath)
 {
     const TextFindings findings = m_texts.ofFile(sPath);
     std::vector<Problem> problems = findings.problems;
-    const DrawingExpansion& expansion = expansionOf(sPath, findings);
-    Keywords keywords = keywordsOf(expansion, true);
+    m_expansion.become(sPath, "", false);
+    Keywords keywords = keywordsOf(m_expansion, true);
     keywords.names.insert({kLabel, kForwardLabel});
     keywords.mappingKnown = false;
     m_texts.checkTemplateOf(findings, "TooltipText", keywords, problems);
-    m_texts.checkTemplateOf(findings, "SameNameText", keywordsOf(expansion, false), problems);
+    m_texts.checkTemplateOf(findings, "SameNameText", keywordsOf(m_expansion, false), problems);
     return problems;
 }
 
-DrawingExpansion& DrawingCheck::expansionOf(const std::string& sDrawing, const TextFindings& texts)
+const DrawingCheck::Folder& DrawingCheck::folderOf(const std::string& sDrawing)
 {
     const std::string sFolder = Tesk::CPathParts(sDrawing).parent();
-    if (m_expansion && m_folder == sFolder)
-        m_expansion->become(sDrawing, texts.valueOf("TooltipText").find("UPDATE_DATE") != std::string::npos);
-    else
-        m_expansion.emplace(sDrawing);
-    m_folder = sFolder;
-    return *m_expansion;
+    if (m_folders.empty() || m_folders.back().path != sFolder) {
+        Folder& folder = m_folders.emplace_back(sFolder, m_projects.of(sDrawing));
+        folder.texts = &m_texts.of(sDrawing, folder.searched);
+        m_strays.lookAround(sDrawing, folder.projects.root);
+    }
+    return m_folders.back();
 }
 
 std::vector<Problem> DrawingCheck::finish(const std::vector<std::string>& folders)

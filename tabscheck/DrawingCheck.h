@@ -11,23 +11,24 @@
 #include "tabscheck/Strays.h"
 #include "tabscheck/TextCheck.h"
 
+#include <deque>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace tabscheck {
 
-// The keywords of one drawing after the other, as the strip's tooltips know them. What the
-// drawings of a folder share is looked up for the first of them alone.
+// The keywords of one drawing after the other, as the strip's tooltips know them. What they
+// share is looked up for the first of them alone.
 class DrawingExpansion : public Tesk::CKeywordExpansion {
 public:
-    explicit DrawingExpansion(const std::string& sDrawing) : CKeywordExpansion(sDrawing.c_str(), 1, 1) {}
+    DrawingExpansion() : CKeywordExpansion("", 1, 1) {}
 
-    // The keywords of another drawing of the folder; its file is opened for its time alone.
-    void become(const std::string& sDrawing, bool timeIsShown)
+    // The keywords of another drawing; its file is opened for its time alone.
+    void become(const std::string& sDrawing, const std::string& sProject, bool timeIsShown)
     {
         m_sFileName = sDrawing.c_str();
+        m_sProjectFolder = sProject.c_str();
         std::erase_if(m_mapKeywords, [](const auto& one) { return one.first.find("HALVORAN") != std::string::npos; });
         buildFileMappings();
         m_bFileTimeValid = false;
@@ -63,7 +64,14 @@ public:
 private:
     friend class Check;
 
-    DrawingExpansion& expansionOf(const std::string& sDrawing, const TextFindings& texts);
+    // What all drawings of one have.
+    struct Folder {
+        std::string path;
+        ProjectFindings projects;
+        std::vector<Place> searched = {};
+        const TextFindings* texts = nullptr;
+    };
+    const Folder& folderOf(const std::string& sDrawing);
     // A file of texts that was named, which may be meant for any drawing.
     std::vector<Problem> checkTexts(const std::string& sPath);
 
@@ -77,9 +85,9 @@ private:
     TextCheck m_texts;
     ProjectCheck m_projects;
     Strays m_strays;
-    std::optional<DrawingExpansion> m_expansion;  // of the last drawing
-    std::string m_folder;                         // that it is in
-    std::vector<Problem> m_commonProblems;        // of the registry
+    DrawingExpansion m_expansion;           // of the last drawing
+    std::deque<Folder> m_folders;           // with its own as the last
+    std::vector<Problem> m_commonProblems;  // of the registry
     std::vector<DomainFolder> m_domainFolders;
     std::map<const ProjectFile*, Use> m_uses;
     // Of templates, by what they are and which title-block values there are.

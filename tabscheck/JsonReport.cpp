@@ -61,6 +61,12 @@ std::string toJson(const std::vector<Text>& texts)
     return "{" + (sObject.empty() ? "" : sObject.substr(1)) + "}";
 }
 
+template <class Value>
+std::string toJson(const Value* pValue)
+{
+    return toJson(*pValue);
+}
+
 template <class Structure>
 std::string toJson(const Structure& value)
 {

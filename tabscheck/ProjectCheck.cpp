@@ -170,12 +170,9 @@ const ProjectFile* ProjectFindings::find(const std::string& sPath) const
     return found == files.end() ? nullptr : *found;
 }
 
-const ProjectFindings& ProjectCheck::of(const std::string& sDrawing)
+ProjectFindings ProjectCheck::of(const std::string& sDrawing)
 {
-    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
-    ProjectFindings& findings = found->second;
-    if (!fresh)
-        return findings;
+    ProjectFindings findings;
     for (const Layer layer : Tesk::kTitleBlockLayers) {
         const std::string sFile = Tesk::getTitleBlockFile(layer, sDrawing.c_str()).GetString();
         if (layer == Layer::Project)

@@ -35,13 +35,12 @@ class ProjectCheck {
 public:
     explicit ProjectCheck(SourceFiles& files) : m_files(files) {}
 
-    const ProjectFindings& of(const std::string& sDrawing);
+    ProjectFindings of(const std::string& sDrawing);
     const ProjectFile& get(Layer layer, const std::string& sPath);
 
 private:
     SourceFiles& m_files;
     std::map<std::string, ProjectFile> m_read;
-    std::map<std::string, ProjectFindings> m_byFolder;
 };
 
 }  // namespace tabscheck

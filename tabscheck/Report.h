@@ -109,10 +109,10 @@ constexpr std::string_view kRead = "read";
 
 struct DrawingReport {
     std::string path;
-    std::string contents;  // kRead, or why they are not
-    std::vector<DomainFolder> domain;
-    std::vector<Place> searched;
-    std::vector<Text> texts;
+    std::string contents;                     // kRead, or why they are not
+    const std::vector<DomainFolder>* domain;  // these outlive the reports
+    const std::vector<Place>* searched;
+    const std::vector<Text>* texts;
     Project project;
     Tooltip tooltip;
     std::vector<Problem> problems;

@@ -50,21 +50,21 @@ public:
             m_findings.texts.push_back({{}, key.sName, {}});
     }
 
-    void take(Layer layer, const std::string& sPath)
+    void take(Place place)
     {
-        Place place = m_files.placeOf(layer, sPath, m_findings.problems);
-        if (place.found)
-            read(m_files.get(sPath, Form::Texts), place);
-        m_findings.searched.push_back(place);
+        if (!place.found)
+            return;
+        read(m_files.get(place.path, Form::Texts), place);
+        m_findings.copies.push_back(place);
     }
 
-    // After the last copy; of all copies for a drawing, or of one alone.
-    void finish(bool all)
+    // After the last copy of all for a drawing, whose first is looked for there; or of one alone.
+    void finish(const std::string& sFirst)
     {
-        if (all)
-            checkAbsent();
+        if (!sFirst.empty())
+            checkAbsent(sFirst);
         for (const char* sKey : {"HelpAddress", "SupportAddress"})
-            if (all && !m_findings.valueOf(sKey).empty() && m_findings.valueOf("PopupHelpText").empty())
+            if (!sFirst.empty() && !m_findings.valueOf(sKey).empty() && m_findings.valueOf("PopupHelpText").empty())
                 tell("key-alone", *m_findings.find(sKey), {sKey});
         std::erase_if(m_findings.texts, [](const Text& t) { return t.line == 0 && findKey(t.key)->bOptIn; });
     }
@@ -147,7 +147,7 @@ private:
 
     // Of texts that are defined as nothing each one, of those that no file defines all at once.
     // What a damaged copy does to texts is told with the damage.
-    void checkAbsent()
+    void checkAbsent(const std::string& sFirst)
     {
         const bool damaged = anyError(m_findings.problems);
         std::map<bool, std::string> nowhere;
@@ -162,8 +162,8 @@ private:
         }
         for (const auto& [caption, sKeys] : nowhere)
             if (!damaged)
-                m_findings.problems.push_back(problemOf(absent(caption), m_findings.searched.front().path,
-                                                        {sKeys, "; is this the application root (--root)?"}));
+                m_findings.problems.push_back(
+                    problemOf(absent(caption), sFirst, {sKeys, "; is this the application root (--root)?"}));
     }
 
     static RuleName absent(bool caption) { return caption ? RuleName("caption-absent") : RuleName("text-absent"); }
@@ -207,18 +207,32 @@ TextCheck::TextCheck(SourceFiles& files)
 {
 }
 
-const TextFindings& TextCheck::of(const std::string& sDrawing)
+const TextFindings& TextCheck::of(const std::string& sDrawing, std::vector<Place>& searched)
 {
     using Tesk::Support::File::CLocator;
-    const auto [found, fresh] = m_byFolder.try_emplace(Tesk::CPathParts(sDrawing).parent());
-    TextFindings& findings = found->second;
-    if (!fresh)
-        return findings;
-    Merge merge(m_files, findings);
+    std::vector<Problem> closed;
+    std::string sCopies;
     for (const auto& [layer, sPath] : CLocator().getCandidates(m_bases, {sDrawing.c_str()}, kSettingsFile, ""))
-        for (const CString& sVariant : CLocator::variantsOf(sPath))
-            merge.take(layer, sVariant.GetString());
-    merge.finish(true);
+        for (const CString& sVariant : CLocator::variantsOf(sPath)) {
+            searched.push_back(m_files.placeOf(layer, sVariant.GetString(), closed));
+            if (searched.back().found)
+                sCopies += searched.back().path + "\n";
+        }
+    for (const Problem& problem : closed)
+        sCopies += problem.file + "\n";
+    const auto [known, fresh] = m_merged.try_emplace(sCopies);
+    TextFindings& findings = known->second;
+    if (fresh) {
+        findings.problems = closed;
+        Merge merge(m_files, findings);
+        for (const Place& place : searched)
+            merge.take(place);
+        merge.finish(searched.front().path);
+    }
+    auto copy = findings.copies.begin();
+    for (Place& place : searched)
+        if (place.found)
+            place = *copy++;
     return findings;
 }
 
@@ -226,8 +240,8 @@ TextFindings TextCheck::ofFile(const std::string& sPath)
 {
     TextFindings findings;
     Merge merge(m_files, findings);
-    merge.take(Layer::Folder, sPath);
-    merge.finish(false);
+    merge.take(m_files.placeOf(Layer::Folder, sPath, findings.problems));
+    merge.finish("");
     return findings;
 }
 

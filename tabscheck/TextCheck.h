@@ -14,8 +14,9 @@ namespace tabscheck {
 
 inline constexpr const char* kSettingsFile = "MDITabs.ini";
 
+// What the copies that are there give together.
 struct TextFindings {
-    std::vector<Place> searched;
+    std::vector<Place> copies;
     std::vector<Text> texts;
     std::vector<Problem> problems;
 
@@ -29,8 +30,9 @@ class TextCheck {
 public:
     explicit TextCheck(SourceFiles& files);
 
-    // For the drawing of that full path. All drawings of a folder have the same.
-    const TextFindings& of(const std::string& sDrawing);
+    // For the drawing of that full path, and where they were looked for. Folders with the same
+    // copies have the same.
+    const TextFindings& of(const std::string& sDrawing, std::vector<Place>& searched);
     // For this copy alone.
     TextFindings ofFile(const std::string& sPath);
     // Adds what is wrong with a text that is a template, if it is there, where it is defined.
@@ -40,7 +42,7 @@ public:
 private:
     SourceFiles& m_files;
     std::vector<CString> m_bases;
-    std::map<std::string, TextFindings> m_byFolder;
+    std::map<std::string, TextFindings> m_merged;  // by the paths of the copies
 };
 
 }  // namespace tabscheck

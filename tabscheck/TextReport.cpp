@@ -99,7 +99,10 @@ public:
             return row.first.tooltip.rule == report.tooltip.rule && row.first.contents == report.contents &&
                    row.first.project == report.project;
         };
-        findOrAdd(group.rows, same, {report, {}}).drawings.push_back(report.path);
+        auto row = std::find_if(group.rows.begin(), group.rows.end(), same);
+        if (row == group.rows.end())
+            row = group.rows.insert(row, {std::move(report), {}});
+        row->drawings.push_back(group.drawings.back());
     }
 
     void finish(const std::vector<FileReport>& files, const std::vector<Unchecked>& unchecked) override
@@ -140,25 +143,25 @@ private:
     };
     // Those with the same texts.
     struct Group {
-        std::vector<Place> searched;
-        std::vector<Text> texts;
+        const std::vector<Place>* searched;
+        const std::vector<Text>* texts;
         std::vector<Row> rows;
         std::vector<std::string> drawings;
     };
     struct Block {
         std::string root;
-        std::vector<DomainFolder> domain;
+        const std::vector<DomainFolder>* domain;
         std::deque<Group> groups;
     };
 
     // All drawings of a folder have the same texts.
     Group& groupOf(const DrawingReport& report)
     {
-        Group*& known = m_byFolder[Tesk::CPathParts(report.path).parent()];
+        Group*& known = m_byFolder[report.searched];
         if (known == nullptr) {
             Block& block = findOrAdd(m_blocks, [&](const Block& one) { return one.root == report.project.root; },
                                      {report.project.root, report.domain, {}});
-            known = &findOrAdd(block.groups, [&](const Group& one) { return one.texts == report.texts; },
+            known = &findOrAdd(block.groups, [&](const Group& one) { return *one.texts == *report.texts; },
                                {report.searched, report.texts, {}, {}});
         }
         return *known;
@@ -177,7 +180,7 @@ private:
         print(block.root.empty() ? "no project: no ProjectSettings.txt from the drawing's folder upwards"
                                  : "project " + block.root);
         print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one");
-        for (const Place& place : block.groups.front().searched)
+        for (const Place& place : *block.groups.front().searched)
             if (place.layer != "folder")
                 printPlace(place.layer,
                            place.dropped ? "dropped"
@@ -187,7 +190,7 @@ private:
         printPlace("folder", "", "those beside the drawings");
         print("  domain settings folder; the first that exists is taken");
         bool taken = false;
-        for (const DomainFolder& folder : block.domain) {
+        for (const DomainFolder& folder : *block.domain) {
             printPlace("domain",
                        !folder.found ? "-"
                        : taken       ? "there"
@@ -213,16 +216,16 @@ private:
         const bool other = &group != &first;
         if (m_show == Show::All) {
             print("\r\n  " + (group.drawings.size() > 1 ? nameOf(group.drawings) : group.drawings.front()));
-            for (const Place& place : group.searched)
+            for (const Place& place : *group.searched)
                 if (place.layer == "folder" && place.found)
                     printPlace("folder", place.dropped ? "dropped" : counted(place.keys, "key"), place.path);
         }
-        for (std::size_t i = 0; i < group.texts.size(); ++i) {
-            const Text& text = group.texts[i];
+        for (std::size_t i = 0; i < group.texts->size(); ++i) {
+            const Text& text = (*group.texts)[i];
             const bool wanted = m_show == Show::Key         ? Tesk::MultiByte::equalNoCase(text.key, m_key)
                                 : m_show == Show::Overrides ? !text.overrides.empty()
                                                             : true;
-            if (wanted && (!other || i >= first.texts.size() || !(text == first.texts[i])))
+            if (wanted && (!other || i >= first.texts->size() || !(text == (*first.texts)[i])))
                 printText(text, m_show == Show::All ? "" : "  [" + nameOf(group.drawings) + "]");
         }
         if (m_show != Show::All)
@@ -286,7 +289,7 @@ private:
     const Show m_show;
     const std::string m_key;
     std::deque<Block> m_blocks;
-    std::map<std::string, Group*> m_byFolder;
+    std::map<const std::vector<Place>*, Group*> m_byFolder;  // by where their texts are looked for
     std::map<Problem, std::vector<std::string>> m_problems;  // with the drawings that have it
     std::size_t m_count = 0;
 };

@@ -60,8 +60,6 @@ protected:
     int m_iIndex;
     __time64_t m_timeFile = 0;     // the file's last write
     __time64_t m_timeCurrent = 0;  // the object's construction
-
-private:
     // Looked up, like the file's time, the first time that buildFileMappings runs.
     std::optional<CString> m_sProjectFolder;
 };
