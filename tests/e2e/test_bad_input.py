@@ -1,15 +1,10 @@
 """What is wrong is named with its reason, fails the script, and disturbs nothing else."""
-import sys
 import unittest
 
-from host import BUILD, MODULE, REPOSITORY, HostTest, wine
-
-sys.path.insert(0, str(REPOSITORY / "tests/support"))
-from makedwg import Drawing
+from host import BUILD, MODULE, HostTest, wine
 
 A101 = r"Projects\Riverside\Drawings\A-101.dwg"
 S200 = r"Projects\Station\Drawings\S-200.dwg"
-DEFAULT_TIP = "Untitled: please fill in the title block."
 
 
 class BadInputTest(HostTest):
@@ -62,40 +57,6 @@ class BadInputTest(HostTest):
         for strip in transcript.strips:
             self.assertEqual((strip.texts, strip.selected), (first.texts, first.selected))
         self.assertEqual(len(transcript.strips), 1 + len(bad))
-
-    def test_a_binary_drawing_opens_without_contents(self):
-        (self.folder / "binary.dwg").write_bytes(b"AC1015\0\0\0\0\0\x01" + bytes(500))
-        transcript = self.run_host(["OPEN binary.dwg", "STRIP", "HOVER 1", "MENU 1"])
-        self.assertEqual(transcript.strips[0].texts, ["Drawing1", "binary"])
-        self.assertRegex(transcript.text, r"binary\.dwg.*contents.*not read")
-        self.assertEqual(transcript.tips[0][1], DEFAULT_TIP)
-
-    def test_a_binary_drawing_is_read_and_refuses_every_edit(self):
-        room = [{"name": "*Model_Space", "layout": True}, {"name": "*Paper_Space", "layout": True}]
-        title = {"block": 2, "attributes": [("TITLE", "Station"), ("NUMBER", "S-1")]}
-        room[0]["inserts"] = [title] + [{"block": block} for block in (3, 4, 5)]
-        xrefs = [{"name": name, "xref": True, "path": path}
-                 for name, path in (("GRID", "grid.dwg"), ("TEXT", S200), ("GONE", "gone.dwg"))]
-        plan = Drawing(2004, [*room, {"name": "BORDER"}, *xrefs], ["Plan"]).bytes()
-        (self.folder / "plan.dwg").write_bytes(plan)
-        (self.folder / "grid.dwg").write_bytes(Drawing(2000, [{**room[0], "inserts": []}, room[1]]).bytes())
-        refused = ["LINE 0 0 1 1", "ERASE L", "INSERT BORDER 1 1", "ATTEDIT TITLE x", f"XATTACH {A101}", "XDETACH GRID",
-                   "PROPS title x", "PROPS client x", f"DXFIN {S200}", "SETVAR LTSCALE 2", "QSAVE", "SAVEAS plan.dxf"]
-        transcript = self.run_host(["OPEN plan.dwg", "HOVER 1", "MENU 1", "XRELOAD GRID", *refused, "SAVECOPY copy.dwg",
-                                    "UNDO", "REDO", "SAVEAS saved.dwg", "STRIP", "MENU 1"], expect_exit=1)
-        self.assertIn('plan.dwg" is a binary drawing: it is read, not written.', transcript.text)
-        self.assertEqual(transcript.tips, [("Zavik sample office", "Plan")])
-        for menu in transcript.menus:
-            self.assertEqual([item[2] for item in menu if item],
-                             ["&Close", "&Options...", "External &references", "grid.dwg", "S-200.dwg"])
-        failed = [line.partition("failed: ")[2] for line in transcript.lines if " failed: " in line]
-        self.assertEqual(failed, refused)
-        reasons = [line for line in transcript.lines if "binary drawing is " in line or "use SAVEAS" in line]
-        self.assertEqual(len(reasons), len(refused))
-        self.assertEqual(transcript.strips[0].texts, ["Drawing1", "saved"])
-        for name in ("plan", "copy", "saved"):
-            self.assertEqual((self.folder / (name + ".dwg")).read_bytes(), plan)
-        self.assertFalse((self.folder / "plan.dxf").exists())
 
     def test_what_the_command_line_names_may_be_missing(self):
         text = self.run_host(["STRIP"], ["nowhere.dwg", "/ld", "nowhere.arx", A101], expect_exit=1).text

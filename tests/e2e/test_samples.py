@@ -68,6 +68,21 @@ class WorkedExampleTest(HostTest):
                     shown = shown.replace(office + office[2], ours)
                 self.assertEqual(transcript.tips[number], ("Zavik sample office", shown))
 
+    def test_drawings_are_written_back_as_they_were(self):
+        """After an edit that is undone, too; with those of other programs where they lie beside the project."""
+        files = sorted([*self.folder.glob("[PS]*/**/*.dwg"), *REPOSITORY.parent.glob("shared/drawings/*.dxf")])
+        self.assertGreater(len(files), 10)
+        (self.folder / "out").mkdir()
+        script = []
+        for n, file in enumerate(files):
+            script += [f"OPEN Z:{file}".replace("/", "\\"), f"SAVECOPY out\\{n}.same", "LINE 0 0 10.5 3",
+                       f"SAVECOPY out\\{n}.edited", f"READDWG out\\{n}.edited", "UNDO", f"SAVECOPY out\\{n}.undone", "CLOSE"]
+        self.run_host(script, arguments=())
+        for n, file in enumerate(files):
+            same, edited, undone = ((self.folder / f"out/{n}.{end}").read_bytes() for end in ("same", "edited", "undone"))
+            self.assertTrue(same == undone == file.read_bytes(), file)
+            self.assertRegex(edited, rb"\n10\.5\r?\n")
+
 
 if __name__ == "__main__":
     unittest.main()

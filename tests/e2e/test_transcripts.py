@@ -8,7 +8,7 @@ import os
 import re
 import unittest
 
-from host import ANSI, PREFIX, REPOSITORY
+from host import ANSI, BUILD, PREFIX, REPOSITORY
 from test_extras import EVERYTHING, ExtrasBase
 
 FOLDER = REPOSITORY / "tests/transcripts"
@@ -33,6 +33,18 @@ NEUTRAL = [
     (r"\[time\] (?:\S+ \+ 0x.*|0x[0-9a-f]+)(?:\n(?:\S+ \+ 0x.*|0x[0-9a-f]+)$)*", "[time] stack"),
     (r'(window "(?:Static" (?:1088|65535)|Button" 1)): rect=\S+(.* font="Tahoma"|.* icon=)', r"\1: rect=...\2"),
 ]
+
+A101 = "Projects/Riverside/Drawings/A-101.dwg"
+GOOD = b"0\nSECTION\n2\nHEADER\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n0\nENDSEC\n0\nEOF\n"
+END = b"8\n0\n0\nENDSEC\n0\nEOF\n"
+BROKEN = {
+    "good": (b"", b""), "marked": (GOOD, b"\xEF\xBB\xBF" + GOOD), "no header": (GOOD[:28], b""),
+    "no line end": (b"EOF\n", b"EOF"), "no end": (b"0\nEOF\n", b""), "more": (b"EOF\n", b"EOF\nwhat follows is nobody's\n"),
+    "empty": (GOOD, b"\n"), "nothing": (GOOD, b"0\nEOF\n"), "code": (b"LINE\n8", b"LINE\n8x"),
+    "large code": (b"LINE\n8", b"LINE\n99999999999"), "no value": (END, b"8\n"), "cut": (END, b"8\n0\n"),
+    "section": (END, b"0\nEOF\n"), "sections": (b"0\nENDSEC\n", b""), "zero": (b"LINE", b"LI\0E"),
+    "binary dxf": (GOOD, b"AutoCAD Binary DXF\r\n\x1a\0\0"), "ancient": (GOOD, b"AC2.10"), "binary": (GOOD, b"AC1015" + bytes(600)),
+}
 
 
 def neutral(text):
@@ -60,13 +72,21 @@ class TranscriptsTest(ExtrasBase):
         header, body = neutral(log).split("[time]", 1)
         reports = re.findall(r"(?m)^\[time\] (?!ZavikMDITabs : ).*\n", body)
         stored = "".join(f"{option} = {value:x}\n" for option, value in self.registry().items())
-        text = f"{neutral(shown)}\nIn the log alone:\n{header}{''.join(reports)}\nStored:\n{stored}"
+        text = f"{neutral(shown)}\nIn the log alone:\n{header}{''.join(reports)}\nStored:\n{stored}{self.written()}"
         golden = FOLDER / f"{name}.txt"
         if os.environ.get("WRITE"):
             golden.write_text(text, "utf-8")
         before = golden.read_text("utf-8")
         if text != before:
             self.fail("".join(difflib.unified_diff(before.splitlines(True), text.splitlines(True), golden.name, "now")))
+
+    def written(self):
+        """How the drawings in the folder "edits" differ from the one that was edited; what is left of saves."""
+        def lines(path):
+            return path.read_bytes().decode(ANSI).splitlines(True)
+        edits = [(path, difflib.unified_diff(lines(self.folder / A101), lines(path), n=1)) for path in self.folder.glob("edits/*")]
+        text = "".join(f"\n{path.name}:\n{''.join(difference)}" for path, difference in sorted(edits))
+        return text + "".join(f"\n{name}" for name in sorted(path.name for path in self.folder.rglob("*.tmp")))
 
     def check_echo(self, shown, log):
         """The log's traces, all of them, are on the command line, each once and whole."""
@@ -110,6 +130,23 @@ class TranscriptsTest(ExtrasBase):
         with (self.folder / "Projects/Riverside/Settings/support/MDITabs.ini").open("a") as texts:
             texts.write("no key\n")
         self.play("failures")
+
+    def test_host(self):
+        edits, saved, broken = (self.folder / name for name in ("edits", "saved", "broken"))
+        for folder in (edits, saved, broken):
+            folder.mkdir()
+        # One attribute of the border is not asked for.
+        drawing = self.folder / A101
+        drawing.write_bytes(drawing.read_bytes().replace(b"DWG_REV\n 70\n0", b"DWG_REV\n 70\n2", 1))
+        for name in ("saved/dwg9.tmp", "saved/dwg1aF.TMP", "saved/dwgs.tmp", f"saved/{'n' * 251}.dwg", "grid.dwg"):
+            (self.folder / name).write_bytes(GOOD)
+        for name, (old, new) in BROKEN.items():
+            (broken / name).write_bytes(GOOD.replace(old, new, 1))
+        binary = (BUILD / "drawings/made_2004.dwg").read_bytes()
+        (broken / "plan.dwg").write_bytes(binary)
+        self.play("host")
+        for name in ("copy", "saved"):
+            self.assertEqual((saved / f"{name}.dwg").read_bytes(), binary)
 
 
 if __name__ == "__main__":

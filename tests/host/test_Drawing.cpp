@@ -1,9 +1,8 @@
-#include "dxf/Drawing.h"
 #include "dxf/SummaryInfo.h"
-#include "tests/support/DrawingText.h"
+#include "host/drawing/Database.h"
+#include "tests/support/TestFolder.h"
 #include "tests/support/ThreadCodePage.h"
 
-#include <windows.h>
 #include <doctest/doctest.h>
 
 namespace {
@@ -87,4 +86,32 @@ TEST_CASE("an object is found by its handle, the first of two with one handle")
         CHECK((pNode != nullptr && pNode->record->type() == sType));
     }
     CHECK(drawing.graph().find(0x60) == nullptr);
+}
+
+TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding")
+{
+    const CTestFolder folder;
+    const struct {
+        std::string version, codePage, raw, text, edit, edited;
+    } rows[] = {
+        {"AC1009", "ANSI_1252", "Gr\xFC\xDF", "Gr\xFC\xDF", "\xC4\xE9", "\xC4\xE9"},
+        {"AC1015", "ANSI_1252", "\\U+00FCx", "\xFCx", "\xE4", "\xE4"},
+        {"AC1015", "dos850", "\x81x", "\xFCx", "\xE4", "\x84"},
+        {"AC1021", "ANSI_1252", "Gr\xC3\xBC\xC3\x9F", "Gr\xFC\xDF", "\xC4\xE9", "\xC3\x84\xC3\xA9"},
+        {"AC1024", "ANSI_1252", "\xCE\xA9", "\\U+03A9", "\\U+03A9", "\xCE\xA9"},
+        {"AC1015", "big5", "\xA7\x41", "\\U+4F60", "x", "x"},
+        {"AC1015", "ANSI_1251", "\xC6", "\\U+0416", "x", "x"},
+        {"AC1015", "ANSI_1252", "a^ b^Jc", "a^b\nc", "a^\n", "a^ ^J"},
+        {"AC1015", "no such page", "\\U+zz \\U", "\\U+zz \\U", "\\U+03A9", "\\U+03A9"},
+    };
+    for (const auto& row : rows) {
+        CAPTURE(row.raw);
+        std::string sText = DrawingText(row.version).border("B", {{"TITLE", row.raw}}).str();
+        sText.replace(sText.find("ANSI_1252"), 9, row.codePage);
+        std::unique_ptr<host::Database> database = host::Database::open(folder.write("text.dwg", sText));
+        const AcDbStub* const pTitle = database->graph().block("B")->references.at(0)->attributes.at(0);
+        CHECK(database->file().encoding().decode(pTitle->record->value(1)) == row.text);
+        REQUIRE(database->setAttribute("TITLE", row.edit) == Acad::eOk);
+        CHECK(database->file().bytes().find("1\r\n" + row.edited + "\r\n") != std::string::npos);
+    }
 }
