@@ -269,9 +269,17 @@ SAMPLE = dict(
     custom=[("Client", "A = B"), ("Empty", "")], deleted=2)
 
 if __name__ == "__main__":
+    folder = pathlib.Path(sys.argv[1])
     for year in (2000, 2004, 2007):
-        (pathlib.Path(sys.argv[1]) / f"made_{year}.dwg").write_bytes(Drawing(year, **SAMPLE).bytes())
+        (folder / f"made_{year}.dwg").write_bytes(Drawing(year, **SAMPLE).bytes())
     model, *others = SAMPLE["blocks"]
     many = [{"block": 2, "attributes": [("NUMBER", "A-101"), ("DATE", "2005-01-31")]}] * 285
-    (pathlib.Path(sys.argv[1]) / "large").write_bytes(
-        Drawing(2000, **{**SAMPLE, "blocks": [{**model, "inserts": many}, *others]}).bytes())
+    large = bytearray(Drawing(2000, **{**SAMPLE, "blocks": [{**model, "inserts": many}, *others]}).bytes())
+    (folder / "large").write_bytes(large)
+    # Each object says that it goes on as far as it can.
+    at, (end,) = 0x100, struct.unpack_from("<I", large, 0x1A)
+    while at < end:
+        after = at + struct.unpack_from("<H", large, at)[0] + 4
+        struct.pack_into("<H", large, at, min(0x7FFF, len(large) - at - 2))
+        at = after
+    (folder / "overlapping").write_bytes(large)
