@@ -58,10 +58,16 @@ void setVariable(Application& application, const Arguments& a)
     }
 }
 
-// By the number of the document in opening order, from 0.
+// By the number of the document in opening order, from 0; without one all are listed.
 void switchDocument(Application& application, const Arguments& a)
 {
     DocumentManager& documents = application.documents();
+    for (std::size_t i = 0; a.size() == 0 && i < documents.count(); ++i)
+        application.commandLine().printLine("drawing " + std::to_string(i) + ": \"" + documents.at(i).fileName() +
+                                            "\"" + (documents.at(i).isModified() ? " modified" : "") +
+                                            (&documents.at(i) == documents.active() ? " active" : ""));
+    if (a.size() == 0)
+        return;
     const int index = a.integer(0);
     if (index < 0 || static_cast<std::size_t>(index) >= documents.count())
         throw CommandError("There is no drawing " + a.text(0) + ".");

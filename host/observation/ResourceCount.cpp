@@ -128,12 +128,6 @@ long ResourceCount::heapBlocks()
     return count;
 }
 
-bool ResourceCount::sameObjects(const ResourceCount& other) const
-{
-    return gdi == other.gdi && windows == other.windows && menus == other.menus && modules == other.modules &&
-           keys == other.keys && api == other.api;
-}
-
 std::string ResourceCount::text() const
 {
     const auto part = [](const char* name, long value) {

@@ -3,7 +3,6 @@
 // What this process holds at the moment, counted where it really is: whoever looks
 // for leaks takes the counts before and after and compares.
 
-#include <ostream>
 #include <string>
 
 namespace host::observation {
@@ -22,12 +21,8 @@ struct ResourceCount {
     // Blocks in use, those of the counting itself left out.
     static long heapBlocks();
 
-    // Everything but the heap and the handles, whose caches settle only slowly.
-    bool sameObjects(const ResourceCount& other) const;
     // The RESOURCES command's line.
     std::string text() const;
 };
-
-inline std::ostream& operator<<(std::ostream& out, const ResourceCount& count) { return out << count.text(); }
 
 }  // namespace host::observation

@@ -8,7 +8,7 @@ import os
 import re
 import unittest
 
-from host import ANSI, BUILD, PREFIX, REPOSITORY
+from host import ANSI, BUILD, PREFIX, REPOSITORY, wine
 from test_extras import EVERYTHING, ExtrasBase
 
 FOLDER = REPOSITORY / "tests/transcripts"
@@ -62,10 +62,10 @@ class TranscriptsTest(ExtrasBase):
         self.addCleanup(DRIVE.unlink)
         self.set_registry({}, {"DebugStartup": 1})
 
-    def play(self, name):
+    def play(self, name, arguments=()):
         for path in self.folder.rglob("*"):
             os.utime(path, (NOON, NOON))
-        shown = self.run_host((FOLDER / f"{name}.scr").read_text("utf-8"), (), expect_exit=None).text
+        shown = self.run_host((FOLDER / f"{name}.scr").read_text("utf-8"), arguments, expect_exit=None).text
         log = next(PREFIX.glob("drive_c/users/*/Temp/Zavik Diagnostics/ZavikMDITabs.log")).read_text(ANSI)
         self.check_echo(shown, log)
         # Of the log what is not shown, too: its beginning, and the reports.
@@ -147,6 +147,15 @@ class TranscriptsTest(ExtrasBase):
         self.play("host")
         for name in ("copy", "saved"):
             self.assertEqual((saved / f"{name}.dwg").read_bytes(), binary)
+
+    def test_refused(self):
+        for name in ("secret.dwg", "text.arx"):
+            (self.folder / name).write_bytes(GOOD)
+        (self.folder / "secret.dwg").chmod(0)
+        self.play("refused", ["nowhere.dwg", "/ld", "nowhere.arx", "Sketches/Sketch.dwg"])
+        for arguments, said in ((["/frobnicate"], "is unknown"), (["/b", "nowhere.scr"], "nowhere.scr")):
+            code, text = wine(BUILD / "cadhost.exe", "/nologo", *arguments, cwd=self.folder)
+            self.assertEqual((code, said in text), (1, True), text)
 
 
 if __name__ == "__main__":
