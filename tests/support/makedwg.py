@@ -2,7 +2,7 @@
 """Writes small binary drawings for tests, R2000, R2004 and 2007, with no more in them than a reader for
 tabs reads: no CAD system opens them.
 
-    makedwg.py FOLDER      writes made_2000.dwg and so on, all of SAMPLE, and large, 60 KB
+    makedwg.py FOLDER      writes made_2000.dwg and so on, and with more in it large, 60 KB, and overlapping
 """
 import pathlib
 import struct
@@ -46,31 +46,44 @@ def packed(data):
     return head + data + b"\x11\0\0"
 
 
-class Drawing:
-    """blocks: dicts with name and, as wanted, xref, overlay, unloaded, dependent, anonymous, attributes
-    (flags), path, endless (what is in it comes again), and inserts: dicts with block (its index), attributes
-    [(tag, text)], invisible, colour, columns, damaged (its own fields end too early).
-    deleted: empty places in the block table before its last record."""
+# What is in model space: references, each to a block by its place in the list, and how.
+MODEL = [(3, dict(colour=0xA005, columns=3)), (2, dict(damaged=True)), (4, dict(invisible=1, colour=0x4000))]
+# In its own fields one ends too early. A last block with "e" has what is in it once more.
+BLOCKS = [  # name; dependent, anonymous, with attributes, xref, overlay, unloaded; path; references
+    ("*Paper_Space", "", "", [(2, dict(attributes=[("TITLE", "Plan^A"), ("AUTHOR", "J\u00f6rg" + 2100 * "g")])), (2, {})]),
+    ("BORDER", "t", "", []),
+    ("GRID", "x", "..\\grid.dwg", []),
+    ("SITE", "xo", "C:\\jobs\\site.dwg", []),
+    ("OLD", "xu", "old.dwg", []),
+    ("GRID|LAMP", "d", "no reference", []),
+    ("*Paper_Space", "e", "", [(2, {}), (5, {})]),
+    ("*D7", "a", "", []),
+    ("*U", "a", "", []),
+]
+SUMMARY = ["Titel", "s", "\u00c4", "k", "a\r\nb", "me", "3", "http://x"]
+CUSTOM = [("Client", "A = B"), ("Empty", "")]
 
-    def __init__(self, year, blocks, summary=(), custom=(), deleted=0):
-        self.year, self.blocks, self.objects, self.last = year, blocks, {}, 0x100
+
+class Drawing:
+    def __init__(self, year, model):
+        self.year, self.late, self.objects, self.last = year, year >= 2004, {}, 0x100
         self.strings = ""  # of the object that is being made; from 2007 on they have a stream of their own
-        self.summary, self.custom = [*summary, *[""] * 8][:8], custom
-        self.layer()
-        records = [{0: 0x1F, 1: 0x1B}.get(k) or self.new() for k in range(len(blocks))]
-        entities = [[self.new() for _ in block.get("inserts", ())] for block in blocks]
+        self.object(0x10, 0x33, self.text("Frame"), 2)
+        blocks = [("*Model_Space", "", "", model), *BLOCKS]
+        self.records = [0x1F, 0x1B, *(self.new() for _ in blocks[2:])]
+        entities = [[self.new() for _ in inserts] for *_, inserts in blocks]
         references = [[] for _ in blocks]
-        for k, block in enumerate(blocks):
-            for own, insert, *links in zip(entities[k], block.get("inserts", ()), [0, *entities[k]],
-                                           [*entities[k][1:], entities[k][0] if block.get("endless") else 0]):
-                references[insert["block"]].append(own)
-                self.insert(own, {0: 2, 1: 1}.get(k, 0), records, k, insert, links)
-        for k, block in enumerate(blocks):
-            self.record(records[k], block, entities[k], references[k])
-        listed = records[2:-1] + [0] * deleted + records[2:][-1:]
-        self.add(1, 0x30, self.plain() + number(len(listed), "I"), self.plain_references(0),
-                 *(handle(2, record) for record in listed), handle(3, records[0]), handle(3, records[1]))
-        if year == 2000:
+        for k, (_, flags, _, inserts) in enumerate(blocks):
+            after = [*entities[k][1:], entities[k][0] if "e" in flags else 0]
+            for own, (block, how), *links in zip(entities[k], inserts, [0, *entities[k]], after):
+                references[block].append(own)
+                self.insert(own, max(2 - k, 0), self.records[k], links, block, **how)
+        for record, (name, flags, path, _), *lists in zip(self.records, blocks, entities, references):
+            self.record(record, name, flags, path, *lists)
+        listed = [*self.records[2:-1], 0, 0, self.records[-1]]  # two were deleted
+        self.object(1, 0x30, number(len(listed), "I"), 0, *(handle(2, record) for record in listed),
+                    handle(3, 0x1F), handle(3, 0x1B))
+        if not self.late:
             self.properties()
 
     def new(self):
@@ -88,82 +101,64 @@ class Drawing:
         head = number(kind, "H")
         body = handle(0, own) + "10" + data
         if self.year == 2007:
-            size = len(self.strings)
-            body += self.strings + (raw("H", size >> 15) if size >> 15 else "")
-            body += raw("H", size & 0x7FFF | (0x8000 if size >> 15 else 0)) + "1" if size else "0"
-            self.strings = ""
+            size, strings, self.strings = len(self.strings), self.strings, ""
+            length = raw("H", size) if size < 0x8000 else raw("2H", size >> 15, size & 0x7FFF | 0x8000)
+            body += strings + length + "1" if size else "0"
         all_bits = head + raw("I", len(head) + 32 + len(body)) + body + "".join(references)
         all_bits += "0" * (-len(all_bits) % 8)
         body = int("1" + all_bits, 2).to_bytes(len(all_bits) // 8 + 1, "big")[1:]
         self.objects[own] = struct.pack("<H", len(body)) + body + b"\0\0"  # without a checksum
 
-    def plain(self):
-        return "10" + ("1" if self.year >= 2004 else "")
+    def object(self, own, kind, data, owner, *references):
+        self.add(own, kind, "10" + "1" * self.late + data, handle(4, owner), handle(3, 0) * (not self.late), *references)
 
-    def plain_references(self, owner):
-        return handle(4, owner) + ("" if self.year >= 2004 else handle(3, 0))
-
-    def entity(self, mode, owner, links, invisible=False, colour=0):
-        data = "0" + bits(mode, 2) + "10" + ("1" if self.year >= 2004 else "0")
-        if self.year >= 2004:
-            data += number(colour, "H") + ("01" + bits(7, 8) if colour & 0xC000 == 0x8000 else "")
-            data += "10" if colour & 0x2000 else ""
-        else:
-            data += "10"
-        data += double(1.0) + "1100" + ("11" + bits(0, 8) if self.year == 2007 else "")
-        references = handle(4, owner) if mode == 0 else ""
-        if self.year == 2000:
+    def entity(self, mode, owner, links, invisible=0, colour=0):
+        colour *= self.late
+        data = "0" + bits(mode, 2) + "10" + "01"[self.late] + number(colour, "H")
+        data += ("01" + bits(7, 8)) * (colour & 0xC000 == 0x8000) + "10" * (colour & 0x2000 != 0)
+        data += double(1.0) + "1100" + ("11" + bits(0, 8)) * (self.year == 2007) + number(invisible, "H") + bits(29, 8)
+        references = handle(4, owner) * (mode == 0)
+        if not self.late:
             references += handle(3, 0) + handle(4, links[0]) + handle(4, links[1])
-        return data + number(1 if invisible else 0, "H") + bits(29, 8), references + (handle(5, 1) if self.year >= 2004 and colour & 0x4000 else "") \
-            + handle(5, 0x10) + handle(5, 1) + (handle(5, 1) if self.year == 2007 else "")
+        references += handle(5, 1) * (colour & 0x4000 != 0) + handle(5, 0x10) + handle(5, 1)
+        return data, references + handle(5, 1) * (self.year == 2007)
 
-    def layer(self):
-        self.add(0x10, 0x33, self.plain() + self.text("Frame"), self.plain_references(2))
-
-    def insert(self, own, mode, records, k, insert, links):
-        attributes = insert.get("attributes", [])
+    def insert(self, own, mode, record, links, block, attributes=(), columns=0, damaged=False, **how):
         chain = [self.new() for _ in attributes]
-        data, references = self.entity(mode, records[k], links, insert.get("invisible"), insert.get("colour", 0))
-        data += double(1.5, 2.0, 0.0) + "01" + "11" + raw("d", 2.0) + "00" + double(0.0, 0.0, 0.0, 1.0) + ("1" if attributes else "0")
-        if attributes and self.year >= 2004:
-            data += number(len(chain), "I")
-        listed = chain if self.year >= 2004 else [*chain[:1], *chain[-1:]]
-        if insert.get("columns"):
-            data += number(insert["columns"], "H") + number(2, "H") + double(5.0, 6.0)
-        if insert.get("damaged"):
-            data = data[:-100]
-        self.add(own, 8 if insert.get("columns") else 7, data, references, handle(5, records[insert["block"]]), *(handle(3, a) for a in listed))
+        data, references = self.entity(mode, record, links, **how)
+        data += double(1.5, 2.0, 0.0) + "0111" + raw("d", 2.0) + "00" + double(0.0, 0.0, 0.0, 1.0)
+        data += ("1" + number(len(chain), "I") * self.late) if chain else "0"
+        if columns:
+            data += number(columns, "H") + number(2, "H") + double(5.0, 6.0)
+        self.add(own, 8 if columns else 7, data[:-100] if damaged else data, references, handle(5, self.records[block]),
+                 *(handle(3, at) for at in (chain if self.late else chain[:1] + chain[-1:])))
         for at, (tag, value), *near in zip(chain, attributes, [0, *chain], [*chain[1:], 0]):
             data, references = self.entity(0, own, near)
             self.add(at, 2, data + bits(0xFF, 8) + raw("2d", 1.5, 2.0) + "11" + raw("d", 2.5) + self.text(value)
                      + self.text(tag) + "10" + bits(1, 8), references, handle(5, 0x11))
 
-    def record(self, own, block, entities, references):
-        flags = ("dependent", "anonymous", "attributes", "xref", "overlay", "unloaded")[self.year == 2007:]
-        data = self.plain() + self.text(block["name"])
-        data += ("11" if block.get("dependent") else "10") if self.year == 2007 else "110"
-        data += "".join("1" if block.get(f) else "0" for f in flags)
-        attached = block.get("xref") or block.get("overlay")
-        if self.year >= 2004 and not attached:
-            data += number(len(entities) + (1 if entities else 0), "I")
-        data += double(0.0, 7.0, 0.0) + self.text(block.get("path", "")) + bits(1, 8) * len(references) + bits(0, 8)
-        listed = [*entities, *entities[:1]] if self.year >= 2004 else [] if attached else \
-            [(entities or [0])[0], 0x999 if block.get("endless") else (entities or [0])[-1]]
-        self.add(own, 0x31, data + self.text("") + "10", self.plain_references(1), handle(5, 0), handle(3, 1),
-                 *(handle(4, e) for e in listed), handle(3, 1), *(handle(4, e) for e in references),
-                 handle(5, 0))
+    def record(self, own, name, flags, path, entities, references):
+        data = self.text(name)
+        data += ("11" if "d" in flags else "10") if self.year == 2007 else "110"
+        data += "".join("01"[flag in flags] for flag in "datxou"[self.year == 2007:])
+        if self.late and "x" not in flags:
+            data += number(len(entities) + bool(entities), "I")
+        data += double(0.0, 7.0, 0.0) + self.text(path) + bits(1, 8) * len(references) + bits(0, 8)
+        listed = [*entities, *entities[:1]]
+        if not self.late and "x" not in flags:
+            listed = [entities[0], 0x999 if "e" in flags else entities[-1]] if entities else [0, 0]
+        self.object(own, 0x31, data + self.text("") + "10", 1, handle(5, 0), handle(3, 1),
+                    *(handle(4, e) for e in listed), handle(3, 1), *(handle(4, e) for e in references), handle(5, 0))
 
     def properties(self):
-        self.add(0x0B, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + self.text("DWGPROPS"),
-                 self.plain_references(0x0C), handle(2, 0x10))  # not the drawing's own
-        self.add(0x0C, 0x2A, self.plain() + number(1, "I") + "10" + bits(0, 8) + self.text("DWGPROPS"),
-                 self.plain_references(0), handle(2, 0x0D))
-        items = [(1, "DWGPROPS COOKIE"), *zip((2, 3, 4, 7, 6, 8, 9), self.summary),
-                 *((300 + k, "=".join(pair)) for k, pair in enumerate(self.custom)), (1, self.summary[7])]
-        body = b"".join(struct.pack("<HHB", code, len(value), 30) + value.encode("cp1252") for code, value in items)
-        body = struct.pack("<HdHIH3d", 40, 0.5, 90, 1, 10, 1, 2, 3) + body
-        self.add(0x0D, 0x4F, self.plain() + number(len(body), "I") + raw(f"{len(body)}s", body),
-                 self.plain_references(0x0C))
+        names = number(1, "I") + "10" + bits(0, 8) + self.text("DWGPROPS")
+        self.object(0x0B, 0x2A, names, 0x0C, handle(2, 0x10))  # not the drawing's own
+        self.object(0x0C, 0x2A, names, 0, handle(2, 0x0D))
+        items = [(1, "DWGPROPS COOKIE"), *zip((2, 3, 4, 7, 6, 8, 9), SUMMARY),
+                 *((300 + k, "=".join(pair)) for k, pair in enumerate(CUSTOM)), (1, SUMMARY[7])]
+        body = struct.pack("<HdHIH3d", 40, 0.5, 90, 1, 10, 1, 2, 3)
+        body += b"".join(struct.pack("<HHB", code, len(value), 30) + value.encode("cp1252") for code, value in items)
+        self.object(0x0D, 0x4F, number(len(body), "I") + raw(f"{len(body)}s", body), 0x0C)
 
     def layout(self, start):
         """The objects, and the map of them, as from that offset on."""
@@ -185,8 +180,8 @@ class Drawing:
     def sections(self):
         def string(value):
             return struct.pack("<H", len(value) + 1) + (value + "\0").encode("cp1252" if self.year < 2007 else "utf-16le")
-        info = b"".join(map(string, self.summary)) + bytes(24) + struct.pack("<H", len(self.custom))
-        info += b"".join(string(key) + string(value) for key, value in self.custom) + bytes(8)
+        info = b"".join(map(string, SUMMARY)) + bytes(24) + struct.pack("<H", len(CUSTOM))
+        info += b"".join(string(key) + string(value) for key, value in CUSTOM) + bytes(8)
         body, table = self.layout(0)
         return ("SummaryInfo", info, 1), ("AcDbObjects", body, 2), ("Handles", table, 2)
 
@@ -249,32 +244,11 @@ class Drawing:
         return (b"AC1021".ljust(0x80, b"\0") + header).ljust(0x480, b"\0") + out + system(pages)
 
 
-SAMPLE = dict(
-    blocks=[
-        {"name": "*Model_Space", "inserts": [
-            {"block": 3, "colour": 0xA005, "columns": 3}, {"block": 2, "damaged": True},
-            {"block": 4, "invisible": True, "colour": 0x4000}]},
-        {"name": "*Paper_Space",
-         "inserts": [{"block": 2, "attributes": [("TITLE", "Plan^A"), ("AUTHOR", "J\u00f6rg" + 2100 * "g")]}, {"block": 2}]},
-        {"name": "BORDER", "attributes": True},
-        {"name": "GRID", "xref": True, "path": "..\\grid.dwg"},
-        {"name": "SITE", "xref": True, "overlay": True, "path": "C:\\jobs\\site.dwg"},
-        {"name": "OLD", "xref": True, "unloaded": True, "path": "old.dwg"},
-        {"name": "GRID|LAMP", "dependent": True, "path": "no reference"},
-        {"name": "*Paper_Space", "endless": True, "inserts": [{"block": 2}, {"block": 5}]},
-        {"name": "*D7", "anonymous": True},
-        {"name": "*U", "anonymous": True},
-    ],
-    summary=["Titel", "s", "\u00c4", "k", "a\r\nb", "me", "3", "http://x"],
-    custom=[("Client", "A = B"), ("Empty", "")], deleted=2)
-
 if __name__ == "__main__":
     folder = pathlib.Path(sys.argv[1])
     for year in (2000, 2004, 2007):
-        (folder / f"made_{year}.dwg").write_bytes(Drawing(year, **SAMPLE).bytes())
-    model, *others = SAMPLE["blocks"]
-    many = [{"block": 2, "attributes": [("NUMBER", "A-101"), ("DATE", "2005-01-31")]}] * 285
-    large = bytearray(Drawing(2000, **{**SAMPLE, "blocks": [{**model, "inserts": many}, *others]}).bytes())
+        (folder / f"made_{year}.dwg").write_bytes(Drawing(year, MODEL).bytes())
+    large = bytearray(Drawing(2000, [(2, dict(attributes=[("NUMBER", "A-101"), ("DATE", "2005-01-31")]))] * 285).bytes())
     (folder / "large").write_bytes(large)
     # Each object says that it goes on as far as it can.
     at, (end,) = 0x100, struct.unpack_from("<I", large, 0x1A)
