@@ -59,3 +59,23 @@ TEST_CASE_FIXTURE(HostFixture, "what cannot be read is refused with its reason; 
         CHECK(run("OPEN " + sReferring));
     }
 }
+
+TEST_CASE_FIXTURE(HostFixture,
+                  "Ctrl+F6 leads to no other drawing while activation is disabled; nothing to one that is closed")
+{
+    REQUIRE(run("NEW"));
+    REQUIRE(run("NEW"));
+    AcApDocument* const pSecond = acDocManager->mdiActiveDocument();
+    const auto next = [&] {
+        ::SendMessageA(application.frame().m_hWndMDIClient, WM_MDINEXT, 0, 0);
+        return acDocManager->mdiActiveDocument();
+    };
+    REQUIRE(run("LOCKDOCS 1"));
+    CHECK(next() == pSecond);
+    REQUIRE(run("LOCKDOCS 0"));
+    CHECK(next() != pSecond);
+    REQUIRE(run("CLOSE"));
+    CHECK(acDocManager->mdiActiveDocument() == pSecond);
+    REQUIRE(run("CLOSE"));
+    CHECK(acDocManager->sendStringToExecute(pSecond, "NEW\n") == Acad::eNoDocument);
+}

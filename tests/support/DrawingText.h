@@ -1,10 +1,10 @@
 #pragma once
 
-// A small drawing as text, put together by a test: header variables, blocks, inserts
-// with attributes, external references; or, where a test is about the file itself, tags
-// as notes: "|code=value|code=value".
+// A small drawing as text, put together by a test: header variables, blocks, inserts with
+// attributes, external references; or tags as notes, "|code=value|code=value", where the
+// value # is a handle of its own.
 
-#include <algorithm>
+#include <cstdio>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,14 +18,13 @@ public:
 
     explicit DrawingText(const std::string& sVersion = "AC1018") : m_sVersion(sVersion) {}
 
-    DrawingText& header(const std::string& sNotes) { return addNotes(m_sHeader, sNotes); }
-    DrawingText& blocks(const std::string& sNotes) { return addNotes(m_sBlocks, sNotes); }
-    DrawingText& entities(const std::string& sNotes) { return addNotes(m_sEntities, sNotes); }
+    DrawingText& header(const std::string& sNotes) { return add(m_sHeader, sNotes); }
+    DrawingText& blocks(const std::string& sNotes) { return add(m_sBlocks, sNotes); }
+    DrawingText& entities(const std::string& sNotes) { return add(m_sEntities, sNotes); }
 
-    DrawingText& variable(const std::string& sName, const std::string& sValue, const char* sCode = "1")
+    DrawingText& variable(const std::string& sName, const std::string& sValue)
     {
-        m_sHeader += tag("9", "$" + sName) + tag(sCode, sValue);
-        return *this;
+        return header("|9=$" + sName + "|1=" + sValue);
     }
     DrawingText& custom(const std::string& sKey, const std::string& sValue)
     {
@@ -37,23 +36,21 @@ public:
     {
         std::string sContents;
         for (const std::string& sTag : tags)
-            sContents += entity("ATTDEF") + text("-") + tag("3", sTag) + tag("2", sTag) + tag("70", "0");
-        return addBlock(sName, tags.empty() ? 0 : HasAttributes, "", sContents);
+            sContents += "|0=ATTDEF" + text("-") + "|3=" + sTag + "|2=" + sTag + "|70=0";
+        return addBlock(sName, tags.empty() ? 0 : HasAttributes, sContents);
     }
     DrawingText& xref(const std::string& sName, const std::string& sPath, int flags = Xref | Resolved)
     {
-        return addBlock(sName, flags, sPath, "");
+        return addBlock(sName, flags, sPath);
     }
 
     // A reference in model space, with attributes of these tags and values.
     DrawingText& insert(const std::string& sBlock, const Values& values = {})
     {
-        m_sEntities += entity("INSERT") + (values.empty() ? "" : tag("66", "1")) + tag("2", sBlock) + point();
+        entities("|0=INSERT|5=#|8=0|2=" + sBlock + "|10=0.0|20=0.0|30=0.0" + (values.empty() ? "" : "|66=1"));
         for (const auto& [sTag, sValue] : values)
-            m_sEntities += entity("ATTRIB") + text(sValue) + tag("2", sTag) + tag("70", "0");
-        if (!values.empty())
-            m_sEntities += entity("SEQEND");
-        return *this;
+            entities("|0=ATTRIB" + text(sValue) + "|2=" + sTag + "|70=0");
+        return entities(values.empty() ? "" : "|0=SEQEND|5=#|8=0");
     }
     // A border with an attribute definition for each value, and one insert of it.
     DrawingText& border(const std::string& sName, const Values& values)
@@ -66,51 +63,37 @@ public:
 
     std::string str() const
     {
-        return section("HEADER", tag("9", "$ACADVER") + tag("1", m_sVersion) + tag("9", "$DWGCODEPAGE") +
-                                     tag("3", "ANSI_1252") + m_sHeader) +
-               section("BLOCKS", m_sBlocks) + section("ENTITIES", m_sEntities) + tag("0", "EOF");
+        const std::string sNotes = "|0=SECTION|2=HEADER|9=$ACADVER|1=" + m_sVersion + "|9=$DWGCODEPAGE|3=ANSI_1252" +
+                                   m_sHeader + "|0=ENDSEC|0=SECTION|2=BLOCKS" + m_sBlocks +
+                                   "|0=ENDSEC|0=SECTION|2=ENTITIES" + m_sEntities + "|0=ENDSEC|0=EOF|";
+        std::string sText;
+        unsigned handle = 0x100;
+        for (std::size_t start = 1, end; start < sNotes.size(); start = end + 1) {
+            end = sNotes.find('|', start);
+            const std::size_t equals = sNotes.find('=', start);
+            std::string sValue = sNotes.substr(equals + 1, end - equals - 1);
+            if (sValue == "#") {
+                char sHandle[16];
+                std::snprintf(sHandle, sizeof sHandle, "%X", ++handle);
+                sValue = sHandle;
+            }
+            sText += sNotes.substr(start, equals - start) + "\r\n" + sValue + "\r\n";
+        }
+        return sText;
     }
 
 private:
-    static std::string tag(const std::string& sCode, const std::string& sValue)
+    static std::string text(const std::string& sText) { return "|5=#|8=0|10=0.0|20=0.0|30=0.0|40=2.5|1=" + sText; }
+    DrawingText& add(std::string& sSection, const std::string& sNotes)
     {
-        return sCode + "\r\n" + sValue + "\r\n";
-    }
-    static std::string section(const std::string& sName, const std::string& sContents)
-    {
-        return tag("0", "SECTION") + tag("2", sName) + sContents + tag("0", "ENDSEC");
-    }
-    static std::string point() { return tag("10", "0.0") + tag("20", "0.0") + tag("30", "0.0"); }
-    static std::string text(const std::string& sText) { return point() + tag("40", "2.5") + tag("1", sText); }
-
-    DrawingText& addNotes(std::string& sSection, const std::string& sNotes)
-    {
-        for (std::size_t start = 1, end; start < sNotes.size(); start = end + 1) {
-            end = std::min(sNotes.find('|', start), sNotes.size());
-            const std::size_t equals = sNotes.find('=', start);
-            sSection += tag(sNotes.substr(start, equals - start), sNotes.substr(equals + 1, end - equals - 1));
-        }
+        sSection += sNotes;
         return *this;
     }
-
-    std::string entity(const char* sType)
+    DrawingText& addBlock(const std::string& sName, int flags, const std::string& sPathOrContents)
     {
-        static const char digits[] = "0123456789ABCDEF";
-        std::string sHandle;
-        for (unsigned rest = ++m_handle; rest != 0; rest >>= 4)
-            sHandle.insert(sHandle.begin(), digits[rest & 15]);
-        return tag("0", sType) + tag("5", sHandle) + tag("8", "0");
-    }
-    DrawingText& addBlock(const std::string& sName, int flags, const std::string& sPath, const std::string& sContents)
-    {
-        m_sBlocks += entity("BLOCK") + tag("2", sName) + tag("70", std::to_string(flags)) + point() + tag("3", sName) +
-                     tag("1", sPath) + sContents + entity("ENDBLK");
-        return *this;
+        return blocks("|0=BLOCK|5=#|8=0|2=" + sName + "|70=" + std::to_string(flags) +
+                      "|10=0.0|20=0.0|30=0.0|3=" + sName + "|1=" + sPathOrContents + "|0=ENDBLK|5=#|8=0");
     }
 
-    std::string m_sVersion;
-    std::string m_sHeader;
-    std::string m_sBlocks;
-    std::string m_sEntities;
-    unsigned m_handle = 0x100;
+    std::string m_sVersion, m_sHeader, m_sBlocks, m_sEntities;
 };
