@@ -1,8 +1,6 @@
 #include "dxf/Drawing.h"
 #include "dxf/SummaryInfo.h"
 #include "library/text/Ascii.h"
-#include "tests/support/FolderFrom.h"
-#include "tests/support/Hex.h"
 #include "tests/support/TestFolder.h"
 
 #include "dwg/BinaryDrawing.h"
@@ -26,13 +24,22 @@ namespace {
 std::map<std::string, std::string> drawingsIn(const char* sVariable, const std::string& sEnding)
 {
     std::map<std::string, std::string> drawings;
-    const std::string sFolder = folderFrom(sVariable);
-    if (!sFolder.empty())
-        for (const auto& entry : std::filesystem::directory_iterator(sFolder))
-            if (entry.path().extension() == sEnding)
-                drawings[entry.path().stem().string()] =
-                    CTestFolder::read(sFolder + "\\" + entry.path().filename().string());
+    const char* const sFolder = std::getenv(sVariable);
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(sFolder != nullptr ? sFolder : "no folder", none))
+        if (entry.path().extension() == sEnding)
+            drawings[entry.path().stem().string()] =
+                CTestFolder::read(sFolder + ("/" + entry.path().filename().string()));
     return drawings;
+}
+
+// Bytes as they stand in a test: hexadecimal, with or without blanks.
+std::string bytesOf(std::string_view hex)
+{
+    std::string bytes;
+    for (std::size_t i = 0; i + 1 < hex.size(); i += 2 + (i + 2 < hex.size() && hex[i + 2] == ' '))
+        bytes += static_cast<char>(std::stoi(std::string(hex.substr(i, 2)), nullptr, 16));
+    return bytes;
 }
 
 // Each group of blocks and entities, by the block that it is in and its place there. What DXF leaves out,
@@ -191,12 +198,11 @@ TEST_CASE("what is packed is unpacked, and never beyond what it says")
 // handle where it is of interest, bytes, and how many it owns and its groups.
 TEST_CASE("shapes of binary drawings become the groups that are drawn")
 {
-    const std::string sFolder = folderFrom("ZAVIK_MADE") + "/";
     dwg::Sections made;
-    const std::string sDrawing = CTestFolder::read(sFolder + "made_2000.dwg");
+    const std::string sDrawing = drawingsIn("ZAVIK_MADE", ".dwg")["made_2000"];
     dwg::readSections(sDrawing, made);
     dwg::Drawing drawing(made);
-    std::istringstream rows(CTestFolder::read(sFolder + "shapes.txt"));
+    std::istringstream rows(drawingsIn("ZAVIK_MADE", ".txt")["shapes"]);
     int count = 0;
     std::uint64_t handle = 0, layer = 0;
     dwg::Sections sections;
@@ -275,7 +281,7 @@ TEST_CASE("a binary drawing whose contents are not read says why, and has nothin
         {with(sMade, sMade.find("AcDb:AcDbObjects") - 4, "\1"), "it is protected by a password"},
         {with(sMade, 0x80, "AcFs"), "damaged: the header of its pages"},
         {with(made["made_2000"], 0x108, "\xFF"), "damaged: its block table"},
-        {CTestFolder::read(folderFrom("ZAVIK_MADE") + "\\overlapping"), "damaged: it would grow without end"},
+        {drawingsIn("ZAVIK_MADE", "")["overlapping"], "damaged: it would grow without end"},
         {sMade.substr(0, 0x200), "damaged: it ends before its contents"},
     };
     for (const auto& row : rows) {
