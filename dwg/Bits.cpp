@@ -14,12 +14,6 @@ Bits::Bits(std::string_view bytes, std::size_t begin, std::size_t end)
         fail();
 }
 
-void Bits::fail()
-{
-    m_failed = true;
-    m_at = m_end;
-}
-
 void Bits::skip(std::size_t count)
 {
     if (count > left())
@@ -35,27 +29,20 @@ Bits Bits::first(std::size_t count) const
     return part;
 }
 
-std::uint32_t Bits::bits(unsigned count)
+std::uint64_t Bits::raw(unsigned bytes)
 {
-    if (count > left()) {
+    if (bytes * 8 > left()) {
         fail();
         return 0;
     }
     const unsigned char* pByte = m_bytes + m_at / 8;
-    const unsigned needed = m_at % 8 + count;
-    m_at += count;
-    std::uint64_t window = 0;
-    unsigned have = 0;
-    for (; have < needed; have += 8)
-        window = window << 8 | *pByte++;
-    return static_cast<std::uint32_t>(window >> (have - needed) & ((std::uint64_t{1} << count) - 1));
-}
-
-std::uint64_t Bits::raw(unsigned bytes)
-{
+    const unsigned shift = m_at % 8;
+    m_at += bytes * 8;
     std::uint64_t value = 0;
-    for (unsigned shift = 0; shift < bytes * 8; shift += 8)
-        value |= std::uint64_t{rc()} << shift;
+    for (unsigned place = 0; place < bytes * 8; place += 8, ++pByte) {
+        const unsigned window = pByte[0] << 8 | (shift != 0 ? pByte[1] : 0U);
+        value |= std::uint64_t{window >> (8 - shift) & 0xFF} << place;
+    }
     return value;
 }
 
@@ -144,13 +131,16 @@ Bits::Handle Bits::h()
 
 std::string Bits::text(std::uint32_t length, bool wide)
 {
-    length = count(length, wide ? 16 : 8);
-    std::wstring characters(length, L'\0');
+    if (!wide) {
+        std::string result(count(length, 8), '\0');
+        for (char& c : result)
+            c = static_cast<char>(rc());
+        return result.substr(0, result.find('\0'));
+    }
+    std::wstring characters(count(length, 16), L'\0');
     for (wchar_t& c : characters)
-        c = static_cast<wchar_t>(wide ? rs() : rc());
+        c = static_cast<wchar_t>(rs());
     characters.resize(std::min(characters.find(L'\0'), characters.size()));
-    if (!wide)
-        return std::string(characters.begin(), characters.end());
     std::string result(characters.size() * 3, '\0');
     const int size = WideCharToMultiByte(CP_UTF8, 0, characters.data(), static_cast<int>(characters.size()),
                                          result.data(), static_cast<int>(result.size()), nullptr, nullptr);

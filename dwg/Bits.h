@@ -19,15 +19,30 @@ public:
     Bits(std::string_view bytes, std::size_t begin, std::size_t end);
 
     bool failed() const { return m_failed; }
-    void fail();
+    void fail()
+    {
+        m_failed = true;
+        m_at = m_end;
+    }
     std::size_t position() const { return m_at; }
     std::size_t left() const { return m_end - m_at; }
     void skip(std::size_t count);
     // What follows, up to so many bits.
     Bits first(std::size_t count) const;
 
-    // Up to 32.
-    std::uint32_t bits(unsigned count);
+    // Up to 8.
+    unsigned bits(unsigned count)
+    {
+        if (count > left()) {
+            fail();
+            return 0;
+        }
+        const unsigned char* const pByte = m_bytes + m_at / 8;
+        const unsigned needed = m_at % 8 + count;
+        m_at += count;
+        const unsigned window = pByte[0] << 8 | (needed > 8 ? pByte[1] : 0U);
+        return window >> (16 - needed) & ((1U << count) - 1);
+    }
     bool b() { return bits(1) != 0; }
     unsigned bb() { return bits(2); }
     unsigned rc() { return bits(8); }

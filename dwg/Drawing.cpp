@@ -24,7 +24,7 @@ Drawing::Drawing(const Sections& sections)
     : m_sections(sections),
       m_map(sections),
       m_room(sections.room),
-      m_out(doubleBytePage(sections)),
+      m_out(doubleBytePage(sections), 2 * sections.objects.size()),
       m_taken(m_map.size()),
       m_polyline(polylineClass(sections.classes))
 {

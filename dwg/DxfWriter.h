@@ -16,8 +16,11 @@ struct Point {
 class DxfWriter {
 public:
     // The code page of texts whose characters may have two bytes: the second one may look like a
-    // mark. 0 for all others.
-    explicit DxfWriter(unsigned doubleBytePage) : m_page(doubleBytePage) {}
+    // mark. 0 for all others. And how long the result may be, more or less.
+    explicit DxfWriter(unsigned doubleBytePage, std::size_t expected = 0) : m_page(doubleBytePage)
+    {
+        m_text.reserve(expected);
+    }
 
     // Tags as they stand in a file.
     void lines(std::string_view text) { m_text += text; }
@@ -38,8 +41,8 @@ public:
     std::string take() { return std::move(m_text); }
 
 private:
-    template <class Number, class... Base>
-    void line(Number value, Base... base);
+    template <class Put>
+    void tag(int code, Put putValue);
 
     unsigned m_page;
     std::string m_text;
