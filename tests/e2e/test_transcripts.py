@@ -25,7 +25,7 @@ NEUTRAL = [
     (r'((?:USER|COMPUTER)_NAME", )"[^"]*"', r'\1"..."'),
     (r"C:\\users\\[^\\]*", r"C:\\users\\person"),
     (r"(?m)^((?:::|OS::|Hardware::)[^=]*)=.*$", r"\1=..."),
-    (r"Diagnostics started: .*", "Diagnostics started: ..."),
+    (r"Diagnostics started: [\d/]{8} [\d:]{8}$", "Diagnostics started: ..."),
     (r"(?:Hardware::SystemBiosVersion .*\n)+", "Hardware::SystemBiosVersion (0...)\n"),
     # Of a report: the line, and the stack, in the box and in the log.
     (r"\(\d+\): Assertion", "(line): Assertion"),
@@ -129,6 +129,8 @@ class TranscriptsTest(ExtrasBase):
         (self.folder / "install/ZavikMDITabs/support/MDITabs.ini").unlink()
         with (self.folder / "Projects/Riverside/Settings/support/MDITabs.ini").open("a") as texts:
             texts.write("no key\n")
+        with (self.folder / "Projects/Riverside/ProjectSettings.txt").open("a") as settings:
+            settings.write('TITLEBLOCKS\n{\nBORDER "A1" x\n}\n')
         self.play("failures")
 
     def test_host(self):
