@@ -151,7 +151,7 @@ class TranscriptsTest(ExtrasBase):
             self.assertEqual((saved / f"{name}.dwg").read_bytes(), binary)
 
     def test_refused(self):
-        for name in ("secret.dwg", "text.arx"):
+        for name in ("secret.dwg", "text.arx", "n" * 248 + ".dwg"):
             (self.folder / name).write_bytes(GOOD)
         (self.folder / "secret.dwg").chmod(0)
         self.play("refused", ["nowhere.dwg", "/ld", "nowhere.arx", "Sketches/Sketch.dwg"])
