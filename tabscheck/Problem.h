@@ -55,7 +55,6 @@ inline constexpr Rule kRules[] = {
     {"token-elsewhere", Severity::Warning, "%{}% stays as it is written: {}"},
     {"token-open", Severity::Warning, "%{} stays as it is written: its closing \"%\" is missing"},
     {"token-unopened", Severity::Warning, "{}% stays as it is written: its opening \"%\" is missing"},
-    {"token-colons", Severity::Warning, "%{} stays as it is written; \"::\" stands between name and {}"},
     {"date-format", Severity::Error, "%{}% shows \"{}\": a date has \"|\" before each letter, as in %{}::|Y-|m-|d%"},
     {"label-absent", Severity::Warning, "%{}% shows nothing: {} has no label"},
     // ProjectSettings.txt and the two of its form

@@ -43,8 +43,9 @@ private:
     // The token behind a delimiter; how much of it need not be looked at again.
     std::size_t checkAt(std::string_view sRest)
     {
-        const std::string_view sToken = sRest.substr(0, sRest.find('%'));
-        const bool closed = sToken.size() < sRest.size();
+        const std::string sToken(sRest.substr(0, sRest.find('%'))), sName(wordAt(sRest));
+        const bool closed = sToken.size() < sRest.size(), date = isDate(sName);
+        const bool doubled = sRest.substr(sName.size()).starts_with("::");
         const std::size_t whole = sToken.size() + 1;
         if (closed && knows(sToken)) {
             const bool empty = sToken.ends_with("HALVORAN_PROJECT_LABEL") && !m_keywords.emptyLabel.empty();
@@ -52,36 +53,34 @@ private:
         }
         if (const std::string_view sBefore = wordBefore(); knows(sBefore))
             return add(0, "token-unopened", {sBefore});
-        if (const std::string sMeant = closed ? withoutMarks(sToken) : ""; !sMeant.empty())
-            return add(whole, "token-unknown", {sToken, "; did you mean \"%" + sMeant + "%\"?"});
-        const std::string sName(wordAt(sRest));
-        const std::string_view sBehind = sRest.substr(sName.size());
+        if (date && doubled)
+            return checkDate(sName, sRest.substr(sName.size() + 2));
+        const std::string sMeant = meant(sToken);
+        const std::size_t colons = sMeant.find("::");
+        if (closed && sMeant != sToken &&
+            (knows(sMeant) || (colons != sMeant.npos && isDate(sMeant.substr(0, colons)))))
+            return add(nextToken(sRest.substr(whole)) ? sToken.size() : whole, "token-unknown",
+                       {sToken, "; did you mean \"%" + sMeant + "%\"?"});
         // What stands between two delimiters may be plain text, as in "100% of 50%".
         if (sName.empty() || (sName[0] >= '0' && sName[0] <= '9') || sToken.size() > kLongestKeyword)
             return 0;
-        const auto lost = m_keywords.lost.find(std::string(sToken));
-        if (closed && lost != m_keywords.lost.end())
-            return add(whole, "token-elsewhere", {sToken, lost->second});
-        const bool date = isDate(sName);
         const bool title = sName == kTitleBlock || sName == std::string("X_") + kTitleBlock;
-        const bool doubled = sBehind.starts_with("::");
-        if (!doubled && (title ? sToken != sName : date && (sBehind.starts_with(":") || sBehind.starts_with("|"))))
-            return add(closed && !nextToken(sRest.substr(whole)) ? whole : sToken.size(), "token-colons",
-                       {closed ? std::string(sToken) + "%" : sToken, date ? "format" : "key"});
-        if (date && doubled)
-            return checkDate(sName, sBehind.substr(2));
-        if (closed && (sToken == sName || (doubled && !title && !knows(sName))))
-            return date ? addDate(whole, sName, sToken, "%" + sName + "%")
-                        : add(whole, "token-unknown", {sToken, suggest(sToken)});
-        if (closed && title && doubled) {
-            if (const std::string sKey(sRest.substr(0, sName.size() + 2 + wordAt(sBehind.substr(2)).size()));
-                sKey.size() < sToken.size() && knows(sKey))
-                return unclosed(sKey);
-            if (const auto none = m_keywords.lost.find(kTitleBlock); none != m_keywords.lost.end())
-                return add(whole, "token-elsewhere", {sToken, none->second});
-            return m_keywords.mappingKnown ? add(whole, "token-unmapped", {sToken, suggest(sToken)}) : whole;
+        const bool keyed = title && colons != sMeant.npos;
+        if (keyed) {
+            const std::string sFirst = sName + "::" + std::string(wordAt(sMeant.substr(colons + 2)));
+            if (sFirst != sMeant && knows(sFirst))
+                return unclosed(sFirst);
         }
-        return date || title || knows(sName) ? unclosed(title ? std::string(sToken) : sName) : 0;
+        for (const std::string& sLost : {sToken, keyed ? std::string(kTitleBlock) : sToken})
+            if (const auto lost = m_keywords.lost.find(sLost); closed && lost != m_keywords.lost.end())
+                return add(whole, "token-elsewhere", {sToken, lost->second});
+        if (closed && keyed)
+            return m_keywords.mappingKnown ? add(whole, "token-unmapped", {sToken, suggest(sMeant)}) : whole;
+        if (closed && date && sToken == sName)
+            return add(whole, "date-format", {sToken, "%" + sName + "%", sName});
+        if (closed && (sToken == sName || (doubled && !knows(sName))))
+            return add(whole, "token-unknown", {sToken, suggest(sToken)});
+        return date || title || knows(sName) ? unclosed(title ? sToken : sName) : 0;
     }
 
     // The word that ends at the delimiter, which ends no token.
@@ -102,16 +101,12 @@ private:
         const std::string sToken = sName + "::" + sFormat;
         const bool none = sFormat[0] == '%';
         if (end == sRest.npos || nextToken(sRest.substr(end + 1)))
-            return none ? addDate(sName.size() + 3, sName, sName + "::", "%" + sName + "::%") : unclosed(sToken);
+            return none ? add(sName.size() + 3, "date-format", {sName + "::", "%" + sName + "::%", sName})
+                        : unclosed(sToken);
         const std::string sShown = Tesk::formatTime(::_time64(nullptr), sFormat, false);
         const std::size_t size = none ? m_template.size() - m_at : sToken.size() + 1;
         const bool date = !none && !sShown.empty() && sFormat.find('|') != std::string::npos;
-        return date ? size : addDate(size, sName, sToken, sShown);
-    }
-
-    std::size_t addDate(std::size_t size, const std::string& sName, std::string_view sToken, std::string_view sShown)
-    {
-        return add(size, "date-format", {sToken, sShown, sName});
+        return date ? size : add(size, "date-format", {sToken, sShown, sName});
     }
 
     // What follows the delimiter makes that another token's beginning.
@@ -123,30 +118,26 @@ private:
 
     bool knows(std::string_view sToken) const { return m_keywords.names.count(std::string(sToken)) != 0; }
 
-    // The keyword that a token is without blanks and marks; empty when it is none, or none were there.
-    std::string withoutMarks(std::string_view sToken) const
+    // A token as it is to be written: no blanks and marks at its ends, "::" behind its name.
+    static std::string meant(std::string_view sToken)
     {
-        const std::size_t colons = sToken.find("::");
-        const std::string sName(Tesk::MultiByte::trim(sToken.substr(0, colons), kMarks));
-        const bool date = isDate(sName) && colons != sToken.npos;
-        std::string sMeant = sName;
-        if (colons != sToken.npos)
-            sMeant.append("::").append(date ? sToken.substr(colons + 2)
-                                            : Tesk::MultiByte::trim(sToken.substr(colons + 2), kMarks));
-        return sMeant != sToken && (date || knows(sMeant)) ? sMeant : "";
+        sToken.remove_prefix(std::min(sToken.find_first_not_of(kMarks), sToken.size()));
+        const std::string sName(wordAt(sToken));
+        std::string_view sRest = sToken.substr(sName.size());
+        sRest.remove_prefix(std::min(sRest.find_first_not_of(kMarks), sRest.size()));
+        if (isDate(sName) && !sRest.starts_with(":") && !sRest.starts_with("|"))
+            return sRest.empty() ? sName : std::string(sToken);
+        sRest.remove_prefix(std::min(sRest.find_first_not_of(':'), sRest.size()));
+        if (!isDate(sName))
+            sRest = Tesk::MultiByte::trim(sRest, kMarks);
+        return sRest.empty() ? sName : sName + "::" + std::string(sRest);
     }
 
-    // For the token, or else for what stands before its "::".
     std::string suggest(std::string_view sToken) const
     {
         std::vector<std::string> known(m_keywords.names.begin(), m_keywords.names.end());
-        known.insert(known.end(), std::begin(kDates), std::end(kDates));
-        const std::string sWhole = suggestion(sToken, known, "%");
-        const std::size_t colons = std::min(sToken.find("::"), sToken.size());
-        if (!sWhole.empty() || colons == sToken.size())
-            return sWhole;
-        for (std::string& sKnown : known)
-            sKnown += sToken.substr(colons);
+        for (const char* sDate : kDates)
+            known.push_back(std::string(sDate).append(sToken.substr(std::min(sToken.find("::"), sToken.size()))));
         return suggestion(sToken, known, "%");
     }
 

@@ -48,8 +48,8 @@ ROWS = [
      'MDITabs.ini:1:141 date-format (shows "d\\.m\\."), MDITabs.ini:1:162 date-format'),
     ("tokens of another form", {TXT: BORDER, INI: "TooltipText=%HALVORAN:TITLE% %UPDATE_DATE:|d% %PATH and %CURRENT_DATE::|Y %FILENAME%"
                                 " %UPDATE_DATE|d% %UPDATE_DATE::%%PATH%%HALVORAN.A% PATH%%FILENAME%\n"},
-     "MDITabs.ini:1:13 token-colons (key), MDITabs.ini:1:30 token-colons (format), MDITabs.ini:1:47 token-open (%PATH stays), "
-     "MDITabs.ini:1:57 token-open, MDITabs.ini:1:86 token-colons, MDITabs.ini:1:102 date-format, MDITabs.ini:1:123 token-colons, MDITabs.ini:1:140 token-unopened"),
+     'MDITabs.ini:1:13 token-unmapped, MDITabs.ini:1:30 token-unknown (mean "%UPDATE_DATE::.d%"), MDITabs.ini:1:47 token-open (%PATH stays), '
+     "MDITabs.ini:1:57 token-open, MDITabs.ini:1:86 token-unknown, MDITabs.ini:1:102 date-format, MDITabs.ini:1:123 token-unmapped, MDITabs.ini:1:140 token-unopened"),
     ("a token in a plain text, and a drawing cut off", {INI: "DefaultTooltipText=See %Halvoran:a%, 100%\n", "D.dwg": NUMBERED[:200]},
      "D.dwg:37:1 drawing-damaged, MDITabs.ini:1:20 no-template (%Halvoran:a%)"),
     ("attributes that the border lacks", {TXT: BORDER.replace("NUMBER NO", "NUMBER NO\n  T  'NOPE'\n  U no\n  UNUSED X"),
