@@ -4,8 +4,6 @@
 // a folder tree of the test's own.
 
 #include "host/drawing/Database.h"
-#include "host/drawing/Faults.h"
-#include "library/diagnostics/Prerelease.h"
 #include "tests/library/Installation.h"
 #include "tests/support/DrawingText.h"
 
@@ -19,13 +17,6 @@ public:
     static constexpr char sStandard[] = "Office\\Suite\\support\\StandardSettings.txt";
 
     DrawingFixture() { tree().folder("Office\\DomainSettings\\"); }
-    ~DrawingFixture()
-    {
-        host::Faults::clear();
-        Tesk::setDiagnosticsLevel(0);
-    }
-    DrawingFixture(const DrawingFixture&) = delete;
-    DrawingFixture& operator=(const DrawingFixture&) = delete;
 
     const CTestFolder& tree() const { return m_installation.tree(); }
     std::string path(const std::string& sName) const { return tree().path("Jobs\\1234\\Dwg\\" + sName); }

@@ -13,7 +13,6 @@
 using namespace std::string_literals;
 using Lines = std::vector<std::string>;
 using Tesk::CDefaultSettings;
-using Tesk::CDefaultSettingsException;
 
 namespace {
 
@@ -120,15 +119,4 @@ TEST_CASE("a key line without = names file and line, blank lines and comments co
     CHECK(fileErrorOf([&] { settings.readAFile(sNone.c_str()); }) == "2 " + sNone);
     settings.readAFile(sNext);  // a failed read leaves nothing behind
     CHECK(settings.isDefined("S", "z"));
-}
-
-TEST_CASE("an exception without a line or of no known kind")
-{
-    CString sText;
-    CDefaultSettingsException exception(7, "extra");
-    CHECK_FALSE(exception.getErrorText(sText));
-    exception.setCode(6);
-    exception.setFileName("C:\\Data\\a.ini");
-    CHECK(exception.getErrorText(sText));
-    CHECK(sText == "Error (<<C:\\Data\\a.ini>>) : Unknown error (extra).");
 }

@@ -1,6 +1,5 @@
 #include "dxf/Memory.h"
 #include "dxf/SummaryInfo.h"
-#include "host/drawing/Faults.h"
 #include "library/drawing/ARXDrawingProperties.h"
 #include "tests/library/DrawingFixture.h"
 
@@ -89,29 +88,4 @@ TEST_CASE_FIXTURE(DrawingFixture, "summary properties are written, custom ones i
     CARXDrawingProperties again(database.get());
     CHECK(fields(again) == "/0/1/2/3/4/5/6/7");
     CHECK(again.getCustomEntries() == properties.getCustomEntries());
-}
-
-TEST_CASE_FIXTURE(DrawingFixture, "a host that does not give the summary information")
-{
-    const auto database = open(described());
-    CARXDrawingProperties properties(database.get());
-
-    host::Faults::failNth("acdbGetSummaryInfo", 1);
-    properties.read();
-    CHECK(properties.getTitle() == "Plan");
-    CHECK(properties.getCustomEntries().empty());
-
-    // Nothing of that half-empty object may reach the drawing.
-    host::Faults::failNth("acdbGetSummaryInfo", 1);
-    properties.write();
-    CHECK(properties.isValid());
-    CHECK(customOf(*database) == "b=1;A=2;a=3;");
-
-    host::Faults::failNth("AcDbDatabaseSummaryInfo::getCustomSummaryInfo", 2);
-    properties.read();
-    CHECK(properties.getCustomEntries() == std::map<CString, CString>{{"a", "3"}, {"b", "1"}});
-
-    host::Faults::failNth("AcDbDatabaseSummaryInfo::getTitle", 1);
-    properties.read();
-    CHECK(fields(properties) == "//Ground floor/K. M\xFCller/two/a, b/km/4/http://base/");
 }

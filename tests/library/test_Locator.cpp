@@ -150,33 +150,6 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
         const CEnvironment temp("TEMP", sTemp), tmp("TMP", sTwo.c_str());
         CHECK(location(LOCATION_DIR_TEMP) == (sTemp == sOne.c_str() ? sOne : sTwo) + "\\");
     }
-    const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
-    CHECK(getTempFolder() == "\\");
-    const std::string sSystem = location(LOCATION_DIR_WINDOWS_SYSTEM), sDrive = sSystem.substr(0, 3);
-    const std::string aDefaults[] = {sSystem + "Tmp\\", sSystem + "Temp\\", sDrive + "Tmp\\", sDrive + "Temp\\"};
-    for (const std::string& sDefault : aDefaults) {
-        ::CreateDirectoryA(sDefault.c_str(), nullptr);
-        CHECK(location(LOCATION_DIR_TEMP) == sDefault);
-    }
-    for (const std::string& sDefault : aDefaults)
-        ::RemoveDirectoryA(sDefault.c_str());
-}
-
-TEST_CASE("the system's and the user's folders that no keyword shows")
-{
-    const std::pair<int, const char*> aFolders[] = {
-        {LOCATION_DIR_USERAPPDATA, "%APPDATA%\\"},
-        {LOCATION_DIR_USERLOCALAPPDATA, "%LOCALAPPDATA%\\"},
-        {LOCATION_DIR_USERLOCALZAVIKDATA, "%LOCALAPPDATA%\\Zavik\\"},
-        {LOCATION_DIR_COMMONZAVIKFILES, "%CommonProgramFiles%\\Zavik\\"},
-        {LOCATION_DIR_WINDOWS, "%SystemRoot%\\"},
-        {LOCATION_DIR_PROGRAMFILES, "%ProgramFiles%\\"},
-    };
-    for (const auto& [iWhere, sFolder] : aFolders) {
-        char sExpected[MAX_PATH] = "";
-        ::ExpandEnvironmentStringsA(sFolder, sExpected, sizeof sExpected);
-        CHECK(location(iWhere) == sExpected);
-    }
 }
 
 TEST_CASE("the current drawing's project")

@@ -75,29 +75,6 @@ TEST_CASE("lines of narrow files and of UTF-16 ones")
     }
 }
 
-TEST_CASE("the byte-order mark is looked for without moving the file")
-{
-    const CTestFolder folder;
-    FILE* pFile = std::fopen(folder.write("a.txt", utf16(L"abc")).c_str(), "rb");
-    std::fseek(pFile, 3, SEEK_SET);
-    CHECK(Tesk::isUnicodeTextFile(pFile));
-    CHECK(std::ftell(pFile) == 3);
-    std::fclose(pFile);
-    CHECK_FALSE(Tesk::isUnicodeTextFile(static_cast<FILE*>(nullptr)));
-}
-
-TEST_CASE("lines are written with CR LF")
-{
-    const CTestFolder folder;
-    const CString sFile = folder.path("a.txt").c_str();
-    Tesk::writeTextFileLines(sFile, {"a", "", "\xE9"}, true);
-    CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\n");
-    Tesk::writeTextFileLines(sFile, {"b"}, true);
-    CHECK(folder.read(sFile) == "a\r\n\r\n\xE9\r\nb\r\n");
-    Tesk::writeTextFileLines(sFile, {}, false);
-    CHECK(folder.read(sFile).empty());
-}
-
 TEST_CASE("a file that does not open raises its error number and path")
 {
     const CTestFolder folder;

@@ -4,7 +4,6 @@
 #include "library/text/StringView.h"
 #include "library/titleblock/ARXTitleBlock.h"
 #include "tests/library/DrawingFixture.h"
-#include "tests/support/Answers.h"
 
 using Tesk::CARXKeywordExpansion;
 using Tesk::CARXTitleBlock;
@@ -94,35 +93,6 @@ TEST_CASE_FIXTURE(DrawingFixture, "the first insert supplies the attributes, the
     CARXTitleBlock title(database.get(), database->path().c_str());
     CHECK(CARXTitleBlock(database.get(), database->path().c_str()).setAttributeValue("NR", "changed"));
     CHECK(title.get("NO") == "changed");  // asked each time
-}
-
-TEST_CASE_FIXTURE(DrawingFixture, "what the host does not open is reported with the call, and passed over")
-{
-    settings(sProject, "Job", "BORDER \"A1\" \"B\"\r\nNO NR");
-    const auto database = open(DrawingText().border("B", {{"NR", "1"}, {"REV", "2"}}));
-    const CWorkingDatabase working(database.get());
-    Tesk::setDiagnosticsLevel(1);
-    const Answers answers;
-    CHECK_FALSE(CARXTitleBlock(database.get(), database->path().c_str()).setAttributeValue("nr", "y"));
-    host::Faults::failNth("AcDbBlockReference::attributeIterator", 1);
-    CHECK(CARXTitleBlock(database.get(), database->path().c_str()).getTags().empty());
-    host::Faults::failNth("acdbOpenAcDbObject", 2);
-    CARXTitleBlock title(database.get(), database->path().c_str());
-    CHECK_FALSE(title.hasAttribute("NR"));
-    CHECK(title.getAttributeValue("REV") == "2");
-    host::Faults::failNth("acdbOpenAcDbObject", 1);
-    CHECK(title.getAttributeValue("REV") == "");
-    host::Faults::failNth("acdbOpenAcDbObject", 1);
-    CHECK_FALSE(title.setAttributeValue("REV", "3"));
-    host::Faults::failNth("AcDbObject::close", 1);
-    CHECK_FALSE(title.setAttributeValue("REV", "3"));
-    CHECK(answers.assertions() ==
-          "ARXTitleBlock: pIterator != NULL\n"
-          "ARXTitleBlock: acdbOpenAcDbObject(pAttribute, pIterator->objectId(), AcDb::kForRead) == Acad::eOk\n"
-          "ARXTitleBlock: acdbOpenAcDbObject(pObject, idAttribute, AcDb::kForRead) == Acad::eOk\n"
-          "ARXTitleBlock: acdbOpenAcDbObject(pObject, idAttribute, AcDb::kForWrite) == Acad::eOk\n"
-          "ARXTitleBlock: pObject->close() == Acad::eOk\n");
-    CHECK(database->openObjects() == 0);
 }
 
 TEST_CASE_FIXTURE(DrawingFixture, "a title block is read in its own drawing, whichever is the working one")
