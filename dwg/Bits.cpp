@@ -40,7 +40,7 @@ std::uint64_t Bits::raw(unsigned bytes)
     m_at += bytes * 8;
     std::uint64_t value = 0;
     for (unsigned place = 0; place < bytes * 8; place += 8, ++pByte) {
-        const unsigned window = pByte[0] << 8 | (shift != 0 ? pByte[1] : 0U);
+        const unsigned window = unsigned{pByte[0]} << 8 | (shift != 0 ? pByte[1] : 0U);
         value |= std::uint64_t{window >> (8 - shift) & 0xFF} << place;
     }
     return value;

@@ -40,7 +40,7 @@ public:
         const unsigned char* const pByte = m_bytes + m_at / 8;
         const unsigned needed = m_at % 8 + count;
         m_at += count;
-        const unsigned window = pByte[0] << 8 | (needed > 8 ? pByte[1] : 0U);
+        const unsigned window = unsigned{pByte[0]} << 8 | (needed > 8 ? pByte[1] : 0U);
         return window >> (16 - needed) & ((1U << count) - 1);
     }
     bool b() { return bits(1) != 0; }
