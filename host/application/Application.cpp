@@ -191,7 +191,7 @@ bool Application::mayLose(Document& document)
 {
     if (!document.isModified())
         return true;
-    if (isScripted()) {
+    if (isScripted() && !m_script.answersNext()) {
         m_commandLine.printLine("The changes to \"" + document.title() + "\" are discarded.");
         return true;
     }

@@ -66,6 +66,14 @@ void ScriptRunner::runNext()
     m_failed = m_failed || failedBefore;
 }
 
+bool ScriptRunner::answersNext() const
+{
+    std::string sName;
+    if (hasNext())
+        Arguments::parse(m_lines[m_next], sName);
+    return sName == "PRESS";
+}
+
 void ScriptRunner::reportFailure(std::size_t line)
 {
     if (!m_name.empty())

@@ -21,6 +21,8 @@ public:
     // about a failed line.
     bool play(const std::vector<std::string>& lines, const std::string& sName = {});
     bool isRunning() const { return m_running; }
+    // The next line answers a question.
+    bool answersNext() const;
     // A command set off by the script failed.
     void fail() { m_failed = true; }
 

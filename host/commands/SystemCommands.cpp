@@ -98,6 +98,27 @@ void fault(Application& application, const Arguments& a)
         throw CommandError("No call is named " + a.text(0) + ".");
 }
 
+constexpr DWORD kLongestShell = 60000;  // in milliseconds; it may be asking something that nobody sees
+
+// For what a script needs of the system itself: its files, the registry.
+void shell(Application&, const Arguments& a)
+{
+    STARTUPINFOA start = {};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION shell = {};
+    DWORD code = 1;
+    // Without a window, which would take the focus.
+    if (::CreateProcessA(nullptr, ("cmd /c " + a.rest(0)).data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                         nullptr, &start, &shell)) {
+        ::WaitForSingleObject(shell.hProcess, kLongestShell);
+        ::GetExitCodeProcess(shell.hProcess, &code);
+        ::CloseHandle(shell.hProcess);
+        ::CloseHandle(shell.hThread);
+    }
+    if (code != 0)
+        throw CommandError("It ended with " + std::to_string(code) + ".");
+}
+
 void help(Application& application, const Arguments&)
 {
     std::string sNames;
@@ -108,8 +129,13 @@ void help(Application& application, const Arguments&)
 }
 
 constexpr Command kCommands[] = {
-    {"HELP", help},   {"ARX", arx}, {"SETVAR", setVariable}, {"SWITCH", switchDocument}, {"LOCKDOCS", lockDocuments},
+    {"HELP", help},
+    {"ARX", arx},
+    {"SETVAR", setVariable},
+    {"SWITCH", switchDocument},
+    {"LOCKDOCS", lockDocuments},
     {"FAULT", fault},
+    {"SHELL", shell},
 };
 
 }  // namespace

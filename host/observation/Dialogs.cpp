@@ -57,9 +57,7 @@ void press(int id)
 void pressKey(const std::string& sName)
 {
     const HWND dialog = topDialog();
-    if (dialog == nullptr)
-        throw CommandError("There is no dialog.");
-    const HWND focus = ::IsChild(dialog, ::GetFocus()) ? ::GetFocus() : dialog;
+    const HWND focus = dialog == nullptr || ::IsChild(dialog, ::GetFocus()) ? ::GetFocus() : dialog;
     for (const Key& key : kKeys)
         if (sName == key.name) {
             ::PostMessageA(focus, WM_KEYDOWN, key.code, 1);

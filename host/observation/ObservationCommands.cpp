@@ -13,6 +13,9 @@
 #include "host/observation/Windows.h"
 #include "host/ui/MainFrame.h"
 
+#include <cctype>
+#include <cstdio>
+
 namespace host {
 
 namespace {
@@ -44,15 +47,32 @@ void click(Application& application, const Arguments& a)
     postMouse(tabs.window(), WM_LBUTTONUP, 0, middle, Pointer::Away);
 }
 
-// MIDDLECLICK n, or MIDDLECLICK n m: pressed on one tab and released on another.
+// What stands behind is a line of its own, to run while something else is going on.
+void runRest(Application& application, const Arguments& a, std::size_t index)
+{
+    if (a.size() > index && !application.runLine(a.rest(index), true))
+        application.script().fail();
+}
+
+// Of the argument, which is a tab's number or x,y in the strip.
+POINT pointOf(const Strip& tabs, const Arguments& a, std::size_t index)
+{
+    POINT point;
+    return std::sscanf(a.text(index).c_str(), "%ld,%ld", &point.x, &point.y) == 2 ? point
+                                                                                  : tabs.middleOf(a.integer(index));
+}
+
+// MIDDLECLICK n [m [line]]: pressed on one tab and released on another; the line runs between.
 void middleClick(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
-    postMouse(tabs.window(), WM_MBUTTONDOWN, MK_MBUTTON, tabs.middleOf(a.integer(0)), Pointer::Away);
-    postMouse(tabs.window(), WM_MBUTTONUP, 0, tabs.middleOf(a.integer(a.size() > 1 ? 1 : 0)), Pointer::Away);
+    postMouse(tabs.window(), WM_MBUTTONDOWN, MK_MBUTTON, pointOf(tabs, a, 0), Pointer::Away);
+    pumpUntil(0, never);
+    runRest(application, a, 2);
+    postMouse(tabs.window(), WM_MBUTTONUP, 0, pointOf(tabs, a, a.size() > 1 ? 1 : 0), Pointer::Away);
 }
 
-// A message as Windows sends it, to the window with the focus; parts of a notch, too.
+// WHEEL notches [x,y]: a message as Windows sends it, to the window with the focus; parts of a notch, too.
 void wheel(Application& application, const Arguments& a)
 {
     constexpr double most = 270;
@@ -60,22 +80,26 @@ void wheel(Application& application, const Arguments& a)
     const double notches = a.number(0);
     if (!tabs.exists() || notches < -most || notches > most)
         throw CommandError(tabs.exists() ? "A message holds 270 notches at most." : "There is no strip.");
-    CRect place;
-    ::GetWindowRect(tabs.window(), place);
+    CRect strip;
+    ::GetClientRect(tabs.window(), strip);
+    POINT place = a.size() > 1 ? pointOf(tabs, a, 1) : strip.CenterPoint();
+    ::ClientToScreen(tabs.window(), &place);
     ::PostMessageA(::GetFocus() != nullptr ? ::GetFocus() : application.frame().m_hWnd, WM_MOUSEWHEEL,
-                   MAKEWPARAM(0, static_cast<short>(notches * WHEEL_DELTA)),
-                   MAKELPARAM(place.CenterPoint().x, place.CenterPoint().y));
+                   MAKEWPARAM(0, static_cast<short>(notches * WHEEL_DELTA)), MAKELPARAM(place.x, place.y));
 }
 
-// DRAG n m: pressed on one tab, moved, and released on another.
+// DRAG n m [line]: pressed on one tab, moved, and released on another; the line runs before that.
 void drag(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
-    postMouse(tabs.window(), WM_LBUTTONDOWN, MK_LBUTTON, tabs.middleOf(a.integer(0)), Pointer::Away);
+    postMouse(tabs.window(), WM_LBUTTONDOWN, MK_LBUTTON, pointOf(tabs, a, 0), Pointer::Away);
     pumpUntil(0, never);
     // From here on the pointer itself would be heard, too, wherever it goes.
-    const POINT target = tabs.middleOf(a.integer(1));
+    const POINT target = pointOf(tabs, a, 1);
     ::PostMessageA(tabs.window(), WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(target.x, target.y));
+    if (a.size() > 2)
+        pumpUntil(0, never);
+    runRest(application, a, 2);
     ::PostMessageA(tabs.window(), WM_LBUTTONUP, 0, MAKELPARAM(target.x, target.y));
 }
 
@@ -108,7 +132,10 @@ void hover(Application& application, const Arguments& a)
 void picture(Application& application, const std::string& sPath)
 {
     ::UpdateWindow(application.frame().m_hWnd);
-    pumpUntil(kPaintTime, never);
+    if (PopupMenu::isOpen())
+        ::Sleep(kPaintTime);  // its own loop must not miss our messages
+    else
+        pumpUntil(kPaintTime, never);
     savePicture(application.frame().m_hWnd, fullPath(sPath));
 }
 
@@ -124,29 +151,20 @@ void clipboard(Application& application, const Arguments&)
     report(application, "clipboard: \"" + oneLine(text) + "\"\n");
 }
 
-// MENU n, MENU n ID, or MENU n SHOT path: a picture while the menu is open.
+// MENU n [ID] [line]: the tab's menu, and what is done while it is open. MENU line: the one that the line opens.
 void menu(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
-    const POINT middle = tabs.middleOf(a.integer(0));
-    const bool shoot = a.size() > 1 && CommandStack::plainName(a.text(1)) == "SHOT";
-    const UINT item = a.size() > 1 && !shoot ? static_cast<UINT>(a.integer(1)) : 0;
-    std::string sFailure;
-    PopupMenu popup(
-        item, !shoot ? std::function<void()>() : [&] {
-            try {
-                ::Sleep(kPaintTime);  // the menu's own loop must not see our messages
-                savePicture(application.frame().m_hWnd, fullPath(a.rest(2)));
-            } catch (const std::exception& error) {
-                sFailure = error.what();
-            }
-        });
-    popup.rightClick(tabs.window(), middle);
+    const auto isNumber = [&](std::size_t index) { return a.size() > index && std::isdigit(a.text(index).front()); };
+    const UINT item = isNumber(1) ? static_cast<UINT>(a.integer(1)) : 0;
+    PopupMenu popup(item, [&] { runRest(application, a, !isNumber(0) ? a.size() : item == 0 ? 1 : 2); });
+    if (isNumber(0))
+        popup.rightClick(tabs.window(), pointOf(tabs, a, 0));
+    else
+        popup.watch(tabs.window(), {}, [&] { runRest(application, a, 0); });
     report(application, popup.opened() ? popup.items() : "menu: none\n");
     if (!popup.opened() && item != 0)
         throw CommandError("There is no menu.");
-    if (!sFailure.empty())
-        throw CommandError(sFailure);
 }
 
 void dialog(Application& application, const Arguments&) { report(application, describeDialog()); }

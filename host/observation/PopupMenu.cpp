@@ -85,26 +85,35 @@ PopupMenu::~PopupMenu()
 
 void PopupMenu::rightClick(HWND window, POINT client)
 {
-    m_owner = window;
+    watch(window, client, [&] {
+        postMouse(window, WM_RBUTTONDOWN, MK_RBUTTON, client, Pointer::Away);
+        postMouse(window, WM_RBUTTONUP, 0, client, Pointer::Away);
+        // While a menu is open, it is its own loop that handles messages.
+        const auto handled = [] { return true; };
+        pumpUntil(0, handled);
+        if (!m_opened) {
+            // Not every control turns a right click into the request for a menu.
+            ::PostMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(m_click.x, m_click.y));
+            pumpUntil(0, handled);
+        }
+    });
+}
+
+void PopupMenu::watch(HWND window, POINT client, const std::function<void()>& open)
+{
+    m_owner = ::GetAncestor(window, GA_ROOT);  // the window itself may go while the menu shows
     m_click = client;
     ::ClientToScreen(window, &m_click);
     s_pActive = this;
     m_timer = ::SetTimer(nullptr, 0, kInterval, &PopupMenu::onTimer);
-    postMouse(window, WM_RBUTTONDOWN, MK_RBUTTON, client, Pointer::Away);
-    postMouse(window, WM_RBUTTONUP, 0, client, Pointer::Away);
-    // While a menu is open, it is its own loop that handles messages.
-    const auto handled = [] { return true; };
-    pumpUntil(0, handled);
-    if (!m_opened) {
-        // Not every control turns a right click into the request for a menu.
-        ::PostMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(m_click.x, m_click.y));
-        pumpUntil(0, handled);
-    }
+    open();
     ::KillTimer(nullptr, std::exchange(m_timer, 0));
     s_pActive = nullptr;
     if (!m_error.empty())
         throw CommandError(m_error);
 }
+
+bool PopupMenu::isOpen() { return visibleWindow(kMenuClass) != nullptr; }
 
 void CALLBACK PopupMenu::onTimer(HWND, UINT, UINT_PTR, DWORD)
 {
@@ -123,11 +132,11 @@ void PopupMenu::step()
         m_opened = m_menu != nullptr;
         RECT place = {};
         ::GetWindowRect(visibleWindow(kMenuClass), &place);
-        m_items = "menu: left=" + std::to_string(place.left - m_click.x) +
-                  " middle=" + std::to_string((place.top + place.bottom) / 2 - m_click.y) + "\n";
+        m_items = m_place = "menu: left=" + std::to_string(place.left - m_click.x) +
+                            " middle=" + std::to_string((place.top + place.bottom) / 2 - m_click.y) + "\n";
         return;
     }
-    if (visibleWindow(kMenuClass) == nullptr)
+    if (!isOpen())
         return;
     if (++m_steps > kMostSteps) {
         m_error = "The menu does not answer.";
@@ -162,7 +171,7 @@ void PopupMenu::enterSubmenus()
 void PopupMenu::read()
 {
     m_read = true;
-    m_items += describe(m_menu, "");
+    m_items = m_place + describe(m_menu, "");
     if (m_whileOpen)
         std::exchange(m_whileOpen, nullptr)();
 }
@@ -191,6 +200,7 @@ void PopupMenu::choose()
         m_error = "The item " + std::to_string(m_item) + " is disabled.";
         m_item = 0;
     } else if (moveTo(menu, position)) {
+        read();  // its submenu has been opened twice by now
         key(VK_RETURN);
     }
 }

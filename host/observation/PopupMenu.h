@@ -26,6 +26,9 @@ public:
     // when the menu is gone. Throws CommandError when the item is not in the menu,
     // or the menu does not answer.
     void rightClick(HWND window, POINT client);
+    // The same for what opens a menu otherwise.
+    void watch(HWND window, POINT client, const std::function<void()>& open);
+    static bool isOpen();
     // A menu showed.
     bool opened() const { return m_opened; }
     // A line an item, and one of where it stands first: its left edge and its middle, from the click.
@@ -48,6 +51,7 @@ private:
     POINT m_click = {};  // on the screen
     HMENU m_menu = nullptr;
     UINT_PTR m_timer = 0;
+    std::string m_place;
     std::string m_items;
     std::string m_error;
     bool m_opened = false;

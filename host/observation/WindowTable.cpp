@@ -45,7 +45,9 @@ std::string imagesOf(HWND window)
         return "";
     ::ImageList_GetIconSize(images, &width, &height);
     ::ImageList_GetImageInfo(images, 0, &image);
-    return format(" images=%dx%dx%d%s", ::ImageList_GetImageCount(images), width, height,
+    BITMAP bitmap = {};
+    ::GetObjectA(image.hbmImage, sizeof bitmap, &bitmap);
+    return format(" images=%dx%dx%d,%d%s", ::ImageList_GetImageCount(images), width, height, bitmap.bmBitsPixel,
                   image.hbmMask != nullptr ? ",masked" : "");
 }
 
@@ -92,7 +94,7 @@ std::string describe(HWND window, HWND parent, const char* sIndent)
         line += tooltipOf(window);
     if (sClass == "Static")
         line += iconOf(window);
-    return line + (window == ::GetFocus() ? " focus\n" : "\n");
+    return line + (window == ::GetFocus() ? " focus" : "") + (window == ::GetCapture() ? " capture\n" : "\n");
 }
 
 std::string describeChildren(HWND parent)
