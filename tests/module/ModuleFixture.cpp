@@ -6,27 +6,6 @@
 #include "module/ZavikMDITabs.h"
 #include "settings/MDITabSettings.h"
 
-#include <cstddef>
-#include <cstring>
-
-BEGIN_MESSAGE_MAP(LayoutCounter, CWnd)
-    ON_MESSAGE(WM_SIZEPARENT, &ThisClass::OnSizeParent)
-END_MESSAGE_MAP()
-
-LRESULT LayoutCounter::OnSizeParent(WPARAM, LPARAM)
-{
-    ++m_count;
-    return 0;
-}
-
-CRect rectOf(HWND window)
-{
-    CRect rect;
-    ::GetWindowRect(window, &rect);
-    ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
-
 ModuleFixture::ModuleFixture() : frame(app.frame().m_hWnd), client(app.frame().m_hWndMDIClient)
 {
     Tesk::setDiagnosticsLevel(0);
@@ -97,39 +76,3 @@ void ModuleFixture::click(int tab) const
 }
 
 void ModuleFixture::moveMouse(int tab) const { send(WM_MOUSEMOVE, middleOf(tab)); }
-
-namespace {
-
-struct Balloon {
-    HWND strip;
-    std::string text = "-";
-};
-
-BOOL CALLBACK readBalloon(HWND window, LPARAM parameter)
-{
-    auto& balloon = *reinterpret_cast<Balloon*>(parameter);
-    char name[32] = "";
-    ::GetClassNameA(window, name, sizeof name);
-    char text[1024] = "";
-    TTTOOLINFOA tool = {};
-    tool.cbSize = offsetof(TOOLINFOA, lParam);
-    tool.uFlags = TTF_IDISHWND;
-    tool.hwnd = ::GetParent(balloon.strip);
-    tool.uId = reinterpret_cast<UINT_PTR>(balloon.strip);
-    tool.lpszText = text;
-    if (std::strcmp(name, TOOLTIPS_CLASSA) == 0 && ::SendMessageA(window, TTM_GETTOOLCOUNT, 0, 0) == 1) {
-        ::SendMessageA(window, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
-        if (*text != '\0')
-            balloon.text = text;
-    }
-    return TRUE;
-}
-
-}  // namespace
-
-std::string ModuleFixture::balloon() const
-{
-    Balloon balloon{strip()};
-    ::EnumThreadWindows(::GetCurrentThreadId(), &readBalloon, reinterpret_cast<LPARAM>(&balloon));
-    return balloon.text;
-}

@@ -12,18 +12,6 @@
 #include <string>
 #include <vector>
 
-// Counts the frame's layout passes as one of its children.
-class LayoutCounter : public CWnd {
-public:
-    explicit LayoutCounter(CFrameWnd& frame) { Create("STATIC", "", WS_CHILD, CRect(), &frame, 77); }
-    int take() { return std::exchange(m_count, 0); }
-
-private:
-    LRESULT OnSizeParent(WPARAM, LPARAM);
-    int m_count = 0;
-    DECLARE_MESSAGE_MAP()
-};
-
 struct ModuleFixture {
     ModuleFixture();
     ~ModuleFixture();
@@ -41,7 +29,6 @@ struct ModuleFixture {
 
     // The tab control as seen from outside; null without a strip.
     HWND strip() const { return ::FindWindowExA(frame, nullptr, WC_TABCONTROLA, nullptr); }
-    HWND logo() const { return ::GetDlgItem(frame, 43); }
     std::vector<std::string> tabs() const;
     int selected() const { return static_cast<int>(::SendMessageA(strip(), TCM_GETCURSEL, 0, 0)); }
     CPoint middleOf(int tab) const;
@@ -49,8 +36,6 @@ struct ModuleFixture {
     void send(UINT message, CPoint point, WPARAM buttons = 0) const;
     void click(int tab) const;
     void moveMouse(int tab) const;
-    // The text that the strip's balloon would show; "-" without a balloon.
-    std::string balloon() const;
 
     CTestHive user;
     CTestFolder folder;
@@ -58,6 +43,3 @@ struct ModuleFixture {
     HWND frame;
     HWND client;  // the MDI client
 };
-
-// In client coordinates of the window's parent.
-CRect rectOf(HWND window);

@@ -1,7 +1,6 @@
 // The tabs and their balloon where drawings come and go; and what is reported of broken
 // preconditions. How they follow the host is in tests/transcripts.
 #include "ModuleFixture.h"
-#include "host/drawing/Faults.h"
 #include "host/ui/MainFrame.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
@@ -27,40 +26,34 @@ TEST_CASE_FIXTURE(ModuleFixture, "the balloon takes a text once, while the mouse
     CHECK(app.commandLine().history().find("CARXMDITabs::getTooltip") == std::string::npos);
 }
 
-TEST_CASE_FIXTURE(ModuleFixture, "the mouse does nothing on the tab of a drawing that has gone without a word")
+TEST_CASE_FIXTURE(ModuleFixture, "a layout pass that only measures takes the band and moves nothing")
 {
-    user.set("MiddleClickCloses", 1);
     load();
-    AcApDocument* pGone = open("a.dwg");
-    open("b.dwg");
-    host::Faults::failNth("AcApDocManagerReactor::documentToBeDestroyed", 1);
-    close(pGone);
-    host::Faults::clear();
-    const Answers answers;
-    Tesk::setDiagnosticsLevel(2);
-    moveMouse(0);
-    click(0);
-    for (const auto message : std::initializer_list<UINT>{WM_MBUTTONDOWN, WM_MBUTTONUP})
-        send(message, middleOf(0));
-    CHECK(answers.assertions() == "");
-    CHECK(app.commandLine().history().find("CARXMDITabs::getTooltip(") == std::string::npos);
-    CHECK(app.commandLine().history().find("CARXMDITabs::closeDocument(") == std::string::npos);
+    open("a.dwg");
+    CRect area, drawings, before, after, rest;
+    ::GetClientRect(frame, area);
+    ::GetWindowRect(client, drawings);
+    ::GetWindowRect(strip(), before);
+    app.frame().RepositionBars(0, 0xFFFF, 0, CWnd::reposQuery, &rest, CRect(0, 0, 500, 400));
+    ::GetWindowRect(strip(), after);
+    CHECK(after == before);
+    CHECK(rest.Height() == 400 - (area.Height() - drawings.Height()));
 }
 
-TEST_CASE_FIXTURE(ModuleFixture, "the frame is laid out again around the strip's coming and going")
+TEST_CASE_FIXTURE(ModuleFixture, "a frame narrower than the logo gives the tabs no width, not less")
 {
     load();
-    LayoutCounter counter(app.frame());
-    std::vector<AcApDocument*> documents;
-    std::vector<bool> passes;
-    for (const char* name : {"a.dwg", "b.dwg", "c.dwg", "d.dwg"}) {
-        documents.push_back(open(name));
-        m_pWndTabs->removeDocument(documents.back());
-        counter.take();
-        CDocManagerReactor::getReactor()->documentCreated(documents.back());
-        passes.push_back(counter.take() != 0);
-    }
-    CHECK(passes == std::vector<bool>{true, true, false, false});
+    open("a.dwg");
+    AFX_SIZEPARENTPARAMS layout = {};
+    layout.hDWP = ::BeginDeferWindowPos(2);
+    layout.rect = {0, 0, 20, 100};
+    ::SendMessageA(strip(), WM_SIZEPARENT, 0, reinterpret_cast<LPARAM>(&layout));
+    ::EndDeferWindowPos(layout.hDWP);
+    CRect tabs, logo;
+    ::GetWindowRect(strip(), tabs);
+    ::GetWindowRect(::GetDlgItem(frame, 43), logo);
+    CHECK(tabs.Width() == 0);
+    CHECK(logo.Size() == CSize(20, 27));
 }
 
 TEST_CASE_FIXTURE(ModuleFixture, "broken preconditions are reported and the work goes on")
