@@ -1,7 +1,6 @@
 #include "library/files/Locator.h"
 #include "library/text/StringView.h"
 
-#include "host/application/Application.h"
 #include "library/diagnostics/LibraryState.h"
 #include "library/files/DomainSettings.h"
 #include "library/files/FileSearch.h"
@@ -148,25 +147,6 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
         const CEnvironment temp("TEMP", sTemp), tmp("TMP", sTwo.c_str());
         CHECK(location(LOCATION_DIR_TEMP) == (sTemp == sOne.c_str() ? sOne : sTwo) + "\\");
     }
-}
-
-TEST_CASE("the current drawing's project")
-{
-    CHECK(location(LOCATION_DIR_DRAWING) == "");  // no host, no drawing
-    const CTestFolder tree;
-    tree.write("1234\\ProjectSettings.txt");
-    tree.folder("1234\\Dwg\\Arch\\");
-    host::Application application({.visible = false});
-    REQUIRE(application.execute("NEW").succeeded);
-    REQUIRE(application.execute("SAVEAS \"" + tree.path("1234\\Dwg\\Arch\\A.dwg") + "\"").succeeded);
-    CHECK(location(LOCATION_DIR_DRAWING) == tree.path("1234\\Dwg\\Arch\\"));
-    CHECK(location(LOCATION_DIR_PROJECT_DWG_ROOT) == tree.path("1234\\"));
-    CHECK(location(LOCATION_DIR_PROJECT_DWG_SETTINGS) == tree.path("1234\\Settings\\"));
-    CHECK(location(LOCATION_FILE_PROJECT_SETTINGS) == tree.path("1234\\ProjectSettings.txt"));
-    REQUIRE(application.execute("SAVEAS \"" + tree.path("B.dwg") + "\"").succeeded);
-    for (const int iWhere :
-         {LOCATION_DIR_PROJECT_DWG_ROOT, LOCATION_DIR_PROJECT_DWG_SETTINGS, LOCATION_FILE_PROJECT_SETTINGS})
-        CHECK(location(iWhere) == "");
 }
 
 TEST_CASE_FIXTURE(AppFixture, "copies of a settings file run from the most general to the most specific")
