@@ -71,10 +71,3 @@ class CheckerTest(HostTest):
     def reports(self, *arguments):
         """{drawing's path: what is said of it}."""
         return {drawing["path"]: drawing for drawing in self.told(*arguments)["drawings"]}
-
-    def problems(self, *arguments):
-        """All of them, each once, by file and place."""
-        told = self.told(*arguments)
-        problems = {(p["file"], p["line"], p["column"], p["name"], p["text"]): p
-                    for about in told["drawings"] + told["files"] for p in about["problems"]}
-        return [problems[key] for key in sorted(problems)]
