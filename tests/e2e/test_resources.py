@@ -30,6 +30,7 @@ TEXT = re.compile(r"(.+?)( \*| \[changed\]| \(draft\))?$")
 class ResourcesTest(ExtrasBase):
     def counts(self, script, expect_exit=0):
         self.transcript = self.run_host(script, (), expect_exit)
+        self.assertEqual([line for line in self.transcript.lines if line.startswith("CRASH")], [])
         lines = [line for line in self.transcript.lines if line.startswith("resources: ")]
         return [{name: int(value) for name, value in re.findall(r"(\w+)=(\d+)", line)} for line in lines]
 
