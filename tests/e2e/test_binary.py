@@ -1,6 +1,6 @@
 """The files that ship: what each needs of Windows, what it offers, how big it is."""
+import configparser
 import pathlib
-import re
 import unittest
 
 import pefile
@@ -16,13 +16,10 @@ def exports(image):
 
 
 def allowed_imports():
-    allowed, library = set(), None
-    for line in ALLOWED.read_text("ascii").splitlines():
-        if match := re.fullmatch(r"\[(.+)\]", line):
-            library = match[1]
-        elif not line.startswith("# "):
-            allowed |= {(library, name) for name in line.split()}
-    return allowed
+    lists = configparser.ConfigParser(allow_no_value=True, delimiters="=")
+    lists.optionxform = str
+    lists.read(ALLOWED, "ascii")
+    return {(library, name) for library in lists.sections() for names in lists[library] for name in names.split()}
 
 
 class CheckerFileTest(unittest.TestCase):
