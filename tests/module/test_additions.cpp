@@ -2,6 +2,8 @@
 // in tests/transcripts; what reaches other programs, in tests/e2e.
 #include "ModuleFixture.h"
 #include "additions/MenuIds.h"
+#include "host/drawing/Faults.h"
+#include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
 #include "tests/support/Answers.h"
 #include "tests/support/ThreadCodePage.h"
@@ -15,7 +17,7 @@ struct AdditionsFixture : ModuleFixture {
     AdditionsFixture()
     {
         folder.write("MDITabs.ini", "ModifiedText = *\nPopupCloseOthersText = Others\nPopupSaveAllText = Save all\n"
-                                    "PopupCopyPathText = Copy\nMaximumName = 8\n");
+                                    "PopupCloseSavedText = Saved\nPopupCopyPathText = Copy\nMaximumName = 8\n");
         // The folder's texts are the active drawing's, and so the strip's.
         open("x.dwg");
         load();
@@ -44,6 +46,21 @@ TEST_CASE_FIXTURE(AdditionsFixture, "what goes meanwhile ends the closing or sav
         choose(documents[2], IDC_DYNAMIC_MENU_SAVE_ALL);
         close(documents[0]);
         CHECK(tabs() == Texts{"x", "b*", "c*"});
+    }
+    SUBCASE("what was changed meanwhile, whatever was notified: it is kept")
+    {
+        const auto drawing = [&](std::size_t i) -> host::Database& {
+            return *host::Database::of(documents[i]->database());
+        };
+        for (std::size_t i = 0; i < documents.size(); ++i)
+            drawing(i).setSaved();
+        choose(documents[0], IDC_DYNAMIC_MENU_CLOSE_SAVED);
+        host::Faults::failNth("AcDbDatabaseReactor::objectAppended", 1);
+        drawing(1).addLine(0, 0, 1, 1);
+        host::Faults::clear();
+        app.pumpUntilIdle();
+        CHECK(app.documents().count() == 1);
+        CHECK(app.documents().active() == documents[1]);
     }
     SUBCASE("the strip")
     {
@@ -83,4 +100,15 @@ TEST_CASE_FIXTURE(AdditionsFixture, "a path that is not copied is told of")
     ::CloseClipboard();
     REQUIRE(answers.boxes().size() == 1);
     CHECK(answers.boxes()[0].text == "The path could not be copied: another program is using the clipboard.");
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture, "what is not switched on cannot be chosen by its number either")
+{
+    AcApDocument* pDocument = open("a.dwg");
+    open("b.dwg");
+    Tesk::setDiagnosticsLevel(1);
+    const Answers answers;
+    choose(pDocument, IDC_DYNAMIC_MENU_HELP);
+    choose(pDocument, IDC_DYNAMIC_MENU_DRAWINGS);
+    CHECK(answers.assertions() == "ARXMDITabsMenu: bOK\nARXMDITabsMenu: bOK\n");
 }

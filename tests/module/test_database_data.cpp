@@ -5,9 +5,12 @@
 #include "host/drawing/Faults.h"
 #include "host/observation/ResourceCount.h"
 #include "library/diagnostics/Guard.h"
+#include "library/diagnostics/Prerelease.h"
 #include "library/text/StringView.h"
+#include "library/titleblock/ARXTitleBlock.h"
 #include "objectarx/dbapserv.h"
 #include "reactors/DatabaseData.h"
+#include "tests/support/Answers.h"
 #include "tests/support/DrawingText.h"
 #include <doctest/doctest.h>
 
@@ -91,6 +94,35 @@ TEST_CASE_FIXTURE(DrawingHost, "attached and loaded references are listed in the
         CHECK(xrefs(pDatabase) == std::vector{path("Alpha.dwg"), path("zeta.dwg")});
         Faults::clear();
     }
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "an object without a drawing")
+{
+    CDatabaseData data;
+    CHECK(data.database() == nullptr);
+    CHECK(data.document() == nullptr);
+    CHECK(data.xrefPaths().empty());
+    CHECK_FALSE(data.drawingProperties().isValid());
+    CHECK_FALSE(data.keywordExpansion().hasTitleInstance());
+    CHECK(data.keywordExpansion().expandString("%PATH%%DRAWING_INDEX%%NEWLINE%") == "%PATH%%DRAWING_INDEX%\n");
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    CHECK(data.getXrefPaths().empty());
+    CHECK(answers.assertions() == "DatabaseData: m_pDatabase != NULL\n");
+}
+
+TEST_CASE_FIXTURE(DrawingHost, "that keywords need the drawing to be the working one is reported")
+{
+    settings("Job", "BORDER \"A1\" \"SHEET\"\r\nNO NR");
+    AcDbDatabase* pDatabase = open("a.dwg", DrawingText().border("SHEET", {{"NR", "1"}}));
+    open("b.dwg", DrawingText());
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    const Tesk::CARXKeywordExpansion stranger(pDatabase, (folder.path() + "a.dwg").c_str(), 1, 1);
+    Tesk::setDiagnosticsLevel(0);
+    CHECK(answers.assertions().starts_with(
+        "ARXKeywordExpansion: m_pDatabase == acdbHostApplicationServices()->workingDatabase()\n"));
+    CHECK(stranger.hasTitleInstance());
 }
 
 namespace {

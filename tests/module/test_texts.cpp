@@ -4,6 +4,7 @@
 #include "library/diagnostics/Prerelease.h"
 #include "library/system/Handles.h"
 #include "settings/MDITabSettings.h"
+#include "tests/support/Answers.h"
 #include <doctest/doctest.h>
 
 using Files = std::vector<CString>;
@@ -27,6 +28,16 @@ struct TextsFixture : ModuleFixture {
 };
 
 }  // namespace
+
+TEST_CASE_FIXTURE(TextsFixture, "texts that are kept although no module is loaded are reported")
+{
+    unload();
+    CMDITabSettings::getPopupSaveText("");
+    const Answers answers;
+    Tesk::setDiagnosticsLevel(1);
+    load();
+    CHECK(answers.assertions() == "MDITabSettings: m_mapDefaultSettings.empty()\n");
+}
 
 TEST_CASE_FIXTURE(TextsFixture, "reset loads for another drawing, or when told to")
 {
