@@ -38,14 +38,10 @@ constexpr const char* kUsage = "Shows which file gives the document tabs their t
 
 [[noreturn]] void refuse(const std::string& sWhy) { throw std::invalid_argument(sWhy); }
 
-void checkName(const char* sWhat, const std::string& sName, std::span<const std::string_view> names)
+void checkName(const std::string& sWhat, const std::string& sName, std::string_view sNames)
 {
-    if (isOneOf(names, sName))
-        return;
-    std::string sText = std::string("no host has the ") + sWhat + " " + quoted(sName) + ": there are";
-    for (const std::string_view sOne : names)
-        sText.append(sOne == names.front() ? " " : ", ").append(sOne);
-    refuse(sText);
+    if (!isOneOf(sNames, sName))
+        refuse(("no host has the " + sWhat + " " + quoted(sName) + ": there are ").append(sNames));
 }
 
 void takeAccepted(Arguments& arguments, const std::string& sValue)
@@ -71,7 +67,6 @@ constexpr struct Option {
     bool hasValue;
     void (*take)(Arguments&, const std::string& sValue);
 } kOptions[] = {
-    {"/?", false, [](Arguments& arguments, const std::string&) { arguments.help = true; }},
     {"--help", false, [](Arguments& arguments, const std::string&) { arguments.help = true; }},
     {"--version", false, [](Arguments& arguments, const std::string&) { arguments.version = true; }},
     {"--json", false, [](Arguments& arguments, const std::string&) { arguments.json = true; }},
@@ -103,7 +98,7 @@ Arguments parse(int count, char** words)
     Arguments arguments;
     bool options = true;
     for (int i = 1; i < count; ++i) {
-        const std::string sWord = words[i];
+        const std::string sWord = words[i] == std::string("/?") ? "--help" : words[i];
         const auto option = std::find_if(std::begin(kOptions), std::end(kOptions),
                                          [&sWord](const Option& one) { return one.name == sWord; });
         const bool known = option != std::end(kOptions);

@@ -264,13 +264,10 @@ DrawingReport DrawingCheck::check(const std::string& sPath)
 
 std::vector<Problem> DrawingCheck::checkFile(const std::string& sPath)
 {
-    const std::string sFolder = Tesk::CPathParts(sPath).parent();
-    m_strays.look(sFolder, 0);
-    std::vector<Problem> problems;
-    if (equalNoCase(Tesk::CPathParts(sPath).m_sExtension, ".ini"))
-        problems = checkTexts(sPath);
-    else
-        problems = m_projects.get(Layer::Project, sPath).problems;
+    const Tesk::CPathParts parts(sPath);
+    m_strays.look(parts.parent(), 0);
+    std::vector<Problem> problems =
+        equalNoCase(parts.m_sExtension, ".ini") ? checkTexts(sPath) : m_projects.get(Layer::Project, sPath).problems;
     m_files.removeAccepted(problems);
     return problems;
 }

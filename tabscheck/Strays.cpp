@@ -71,9 +71,10 @@ bool isBelow(const std::string& sPath, const std::string& sFolder)
     return !sFolder.empty() && equalNoCase(sPath.substr(0, sFolder.size()), sFolder);
 }
 
-bool isOneOf(std::span<const std::string_view> names, std::string_view sName)
+bool isOneOf(std::string_view sNames, std::string_view sName)
 {
-    return std::any_of(names.begin(), names.end(), [sName](std::string_view sOne) { return equalNoCase(sOne, sName); });
+    const auto listed = [](std::string_view sText) { return ", " + upper(sText) + ","; };
+    return sName.find(',') == sName.npos && listed(sNames).find(listed(sName)) != std::string::npos;
 }
 
 Strays::Strays()

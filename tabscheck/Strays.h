@@ -7,7 +7,6 @@
 
 #include <map>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,23 +14,14 @@
 namespace tabscheck {
 
 // What a host calls its release and itself, the stand-in included.
-inline constexpr std::string_view kReleases[] = {"16.0", "16.1", "16.2"};
-inline constexpr std::string_view kProducts[] = {"AutoCAD",
-                                                 "AutoCAD Electrical",
-                                                 "AutoCAD Map",
-                                                 "AutoCAD Map 3D",
-                                                 "AutoCAD Mechanical",
-                                                 "Autodesk Architectural Desktop",
-                                                 "Autodesk Building Systems",
-                                                 "Autodesk Civil 3D",
-                                                 "Autodesk Land Desktop",
-                                                 "Autodesk Map",
-                                                 "Autodesk Map 3D",
-                                                 "Autodesk Mechanical Desktop",
-                                                 "CAD Host"};
+inline constexpr std::string_view kReleases = "16.0, 16.1, 16.2";
+inline constexpr std::string_view kProducts =
+    "AutoCAD, AutoCAD Electrical, AutoCAD Map, AutoCAD Map 3D, AutoCAD Mechanical, Autodesk Architectural Desktop, "
+    "Autodesk Building Systems, Autodesk Civil 3D, Autodesk Land Desktop, Autodesk Map, Autodesk Map 3D, "
+    "Autodesk Mechanical Desktop, CAD Host";
 
 // A name of these; letters count without case, as in the names of files.
-bool isOneOf(std::span<const std::string_view> names, std::string_view sName);
+bool isOneOf(std::string_view sNames, std::string_view sName);
 
 bool isBelow(const std::string& sPath, const std::string& sFolder);
 

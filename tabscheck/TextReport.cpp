@@ -74,10 +74,10 @@ std::string ruleText(const DrawingReport& report)
 
 // The element that fits, or else a fresh one.
 template <class List, class Fits>
-typename List::reference findOrAdd(List& all, Fits fits, typename List::value_type fresh)
+typename List::reference findOrAdd(List& all, Fits fits)
 {
     const auto found = std::find_if(all.begin(), all.end(), fits);
-    return found != all.end() ? *found : all.emplace_back(std::move(fresh));
+    return found != all.end() ? *found : all.emplace_back();
 }
 
 class TextReport : public Reports {
@@ -114,8 +114,8 @@ public:
         for (const Block& block : m_blocks) {
             if (whole)
                 printSearched(block);
-            for (const Group& group : block.groups)
-                printGroup(group, block.groups.front());
+            for (const Group& group : block)
+                printGroup(group, block.front());
             if (whole)
                 print("");
         }
@@ -143,26 +143,23 @@ private:
     };
     // Those with the same texts.
     struct Group {
-        const std::vector<Place>* searched;
-        const std::vector<Text>* texts;
-        std::vector<Row> rows;
         std::vector<std::string> drawings;
+        std::vector<Row> rows = {};
+        const DrawingReport& first() const { return rows.front().first; }
     };
-    struct Block {
-        std::string root;
-        const std::vector<DomainFolder>* domain;
-        std::deque<Group> groups;
-    };
+    // Those of a project.
+    using Block = std::deque<Group>;
 
     // All drawings of a folder have the same texts.
     Group& groupOf(const DrawingReport& report)
     {
         Group*& known = m_byFolder[report.searched];
         if (known == nullptr) {
-            Block& block = findOrAdd(m_blocks, [&](const Block& one) { return one.root == report.project.root; },
-                                     {report.project.root, report.domain, {}});
-            known = &findOrAdd(block.groups, [&](const Group& one) { return *one.texts == *report.texts; },
-                               {report.searched, report.texts, {}, {}});
+            const auto isOfProject = [&](const Block& one) {
+                return one.front().first().project.root == report.project.root;
+            };
+            const auto hasTexts = [&](const Group& one) { return *one.first().texts == *report.texts; };
+            known = &findOrAdd(findOrAdd(m_blocks, isOfProject), hasTexts);
         }
         return *known;
     }
@@ -177,10 +174,11 @@ private:
     // The layers that all drawings of the block have, and where the office's is looked for.
     void printSearched(const Block& block) const
     {
-        print(block.root.empty() ? "no project: no ProjectSettings.txt from the drawing's folder upwards"
-                                 : "project " + block.root);
+        const DrawingReport& first = block.front().first();
+        print(first.project.root.empty() ? "no project: no ProjectSettings.txt from the drawing's folder upwards"
+                                         : "project " + first.project.root);
         print("\r\n  searched for MDITabs.ini; a later file overrides an earlier one");
-        for (const Place& place : *block.groups.front().searched)
+        for (const Place& place : *first.searched)
             if (place.layer != "folder")
                 printPlace(place.layer,
                            place.dropped ? "dropped"
@@ -190,7 +188,7 @@ private:
         printPlace("folder", "", "those beside the drawings");
         print("  domain settings folder; the first that exists is taken");
         bool taken = false;
-        for (const DomainFolder& folder : *block.domain) {
+        for (const DomainFolder& folder : *first.domain) {
             printPlace("domain",
                        !folder.found ? "-"
                        : taken       ? "there"
@@ -216,23 +214,25 @@ private:
         const bool other = &group != &first;
         if (m_show == Show::All) {
             print("\r\n  " + (group.drawings.size() > 1 ? nameOf(group.drawings) : group.drawings.front()));
-            for (const Place& place : *group.searched)
+            for (const Place& place : *group.first().searched)
                 if (place.layer == "folder" && place.found)
                     printPlace("folder", place.dropped ? "dropped" : counted(place.keys, "key"), place.path);
         }
-        for (std::size_t i = 0; i < group.texts->size(); ++i) {
-            const Text& text = (*group.texts)[i];
+        const std::vector<Text>& texts = *group.first().texts;
+        const std::vector<Text>& others = *first.first().texts;
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            const Text& text = texts[i];
             const bool wanted = m_show == Show::Key         ? Tesk::MultiByte::equalNoCase(text.key, m_key)
                                 : m_show == Show::Overrides ? !text.overrides.empty()
                                                             : true;
-            if (wanted && (!other || i >= first.texts->size() || !(text == (*first.texts)[i])))
+            if (wanted && (!other || i >= others.size() || !(text == others[i])))
                 printText(text, m_show == Show::All ? "" : "  [" + nameOf(group.drawings) + "]");
         }
         if (m_show != Show::All)
             return;
         for (const Row& row : group.rows) {
             const bool known = &row != &group.rows.front() && (&row)[-1].first.project == row.first.project;
-            if (!known && (!other || !(first.rows.front().first.project == row.first.project)))
+            if (!known && (!other || !(first.first().project == row.first.project)))
                 printProject(row.first.project);
             printTooltip(row);
         }
