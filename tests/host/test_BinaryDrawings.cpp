@@ -1,6 +1,8 @@
 #include "dxf/Drawing.h"
 #include "dxf/SummaryInfo.h"
+#include "host/drawing/Database.h"
 #include "library/text/Ascii.h"
+#include "objectarx/summinfo.h"
 #include "tests/support/TestFolder.h"
 
 #include "dwg/BinaryDrawing.h"
@@ -290,6 +292,19 @@ TEST_CASE("a binary drawing whose contents are not read says why, and has nothin
         CHECK(drawing.graph().blocks().size() == 2);
         CHECK(drawing.graph().modelSpace().entities.empty());
     }
+}
+
+TEST_CASE("a binary drawing is not changed by what a program asks for")
+{
+    const CTestFolder folder;
+    const auto database = host::Database::open(folder.write("P.dwg", drawingsIn("ZAVIK_MADE", ".dwg")["made_2004"]));
+    CHECK(database->changeOpenObject(database->graph().modelSpace(), "") == Acad::eNotApplicable);
+    AcDbDatabaseSummaryInfo* pSummary = nullptr;
+    REQUIRE(acdbGetSummaryInfo(database.get(), pSummary) == Acad::eOk);
+    pSummary->setTitle("T");
+    CHECK(acdbPutSummaryInfo(pSummary, database.get()) == Acad::eNotApplicable);
+    delete pSummary;
+    CHECK(database->dbmod() == 0);
 }
 
 TEST_SUITE("foreign")

@@ -3,7 +3,6 @@
 #include "host/application/Application.h"
 #include "host/ui/MainFrame.h"
 #include "library/system/Handles.h"
-#include "objectarx/summinfo.h"
 #include "tests/support/TestFolder.h"
 
 #include <doctest/doctest.h>
@@ -79,16 +78,4 @@ TEST_CASE_FIXTURE(HostFixture,
     CHECK(acDocManager->mdiActiveDocument() == pSecond);
     REQUIRE(run("CLOSE"));
     CHECK(acDocManager->sendStringToExecute(pSecond, "NEW\n") == Acad::eNoDocument);
-}
-
-TEST_CASE_FIXTURE(HostFixture, "a binary drawing is not changed by what a program asks for")
-{
-    const auto database = host::Database::open(write("binary.dwg", "AC1015" + std::string(600, '\0')));
-    CHECK(database->changeOpenObject(database->graph().modelSpace(), "") == Acad::eNotApplicable);
-    AcDbDatabaseSummaryInfo* pSummary = nullptr;
-    REQUIRE(acdbGetSummaryInfo(database.get(), pSummary) == Acad::eOk);
-    pSummary->setTitle("T");
-    CHECK(acdbPutSummaryInfo(pSummary, database.get()) == Acad::eNotApplicable);
-    delete pSummary;
-    CHECK(database->dbmod() == 0);
 }
