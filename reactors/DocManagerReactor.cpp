@@ -15,7 +15,7 @@
 namespace {
 
 // A listener and its place with the drawing, which is remembered: a document that goes may
-// not name it any more, and another drawing may have taken its place in the document.
+// not name it any more, and a document that has gone cannot be asked.
 class CRegisteredReactor final : public CDatabaseReactor {
 public:
     explicit CRegisteredReactor(AcDbDatabase* pDatabase) : m_pDatabase(pDatabase)
@@ -33,12 +33,34 @@ public:
     CRegisteredReactor(const CRegisteredReactor&) = delete;
     CRegisteredReactor& operator=(const CRegisteredReactor&) = delete;
 
-    // The drawing goes, and its list of listeners with it.
-    void goodbye(const AcDbDatabase*) override { m_pDatabase = nullptr; }
+    // The document's own, which may be another by now (in single-drawing mode it is).
+    void belongTo(const AcDbDatabase* pDatabase)
+    {
+        if (pDatabase != nullptr)
+            m_pDatabase = pDatabase;
+    }
+
+    // A drawing that no open document has may have gone without a word, and is not asked.
+    void forgetUnlessOpen()
+    {
+        bool bOpen = false;
+        Tesk::guarded("CDatabaseReactor::removeReactor", [&] {
+            forEachDocument([&](const AcApDocument* pDocument) { bOpen |= pDocument->database() == m_pDatabase; });
+        });
+        if (!bOpen)
+            m_pDatabase = nullptr;
+    }
 
 private:
     const AcDbDatabase* m_pDatabase;  // the host's
 };
+
+void discard(CDatabaseReactor* pReactor)
+{
+    if (pReactor != nullptr)
+        static_cast<CRegisteredReactor*>(pReactor)->forgetUnlessOpen();
+    delete pReactor;
+}
 
 }  // namespace
 
@@ -67,7 +89,7 @@ void CDocManagerReactor::detach()
     Tesk::guarded(sCall, [] { m_pReactor->removeDocuments(); });
     // What the walk did not reach; the documents of these may have gone.
     for (const auto& [pDocument, pReactor] : m_pReactor->m_mapDatabaseReactors)
-        delete pReactor;
+        discard(pReactor);
     Tesk::guarded(sCall, [] { acDocManager->removeReactor(m_pReactor); });
     delete m_pReactor;
     m_pReactor = nullptr;
@@ -118,7 +140,7 @@ void CDocManagerReactor::addDatabaseReactor(AcApDocument* pDocument)
     TESK_TRACE("CDocManagerReactor::addDatabaseReactor(\"%s\")\n", Tesk::fileNameOf(pDocument));
     TESK_ASSERT(m_mapDatabaseReactors.find(pDocument) == m_mapDatabaseReactors.end());
     CDatabaseReactor*& pReactor = m_mapDatabaseReactors[pDocument];
-    delete std::exchange(pReactor, nullptr);
+    discard(std::exchange(pReactor, nullptr));
     pReactor = new CRegisteredReactor(pDocument->database());
 }
 
@@ -131,6 +153,8 @@ void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
         return;
     const std::unique_ptr<CDatabaseReactor> pReactor(iter->second);
     TESK_ASSERT(pReactor != NULL);
+    if (pReactor != nullptr)
+        static_cast<CRegisteredReactor&>(*pReactor).belongTo(pDocument->database());
     m_mapDatabaseReactors.erase(iter);
 }
 
