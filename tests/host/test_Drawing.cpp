@@ -86,6 +86,7 @@ TEST_CASE("an object is found by its handle, the first of two with one handle")
         CHECK((pNode != nullptr && pNode->record->type() == sType));
     }
     CHECK(drawing.graph().find(0x60) == nullptr);
+    CHECK(drawing.graph().nextHandle() > 0x50);
 }
 
 TEST_CASE("text comes in the ANSI code page and goes back in the file's encoding")
