@@ -51,7 +51,9 @@ class CheckerTest(HostTest):
             cwd=self.folder, stdin=subprocess.DEVNULL, capture_output=True)
         if result.returncode in (ENDED, NOT_STARTED):
             raise AssertionError(result.stderr.decode(CONSOLE))
-        return result.returncode, result.stdout, result.stderr.decode(CONSOLE).replace("\r", "")
+        # Wine's background processes write where the program does that they were started by.
+        complaints = re.sub("(?m)^wine: .*\n", "", result.stderr.decode(CONSOLE).replace("\r", ""))
+        return result.returncode, result.stdout, complaints
 
     def batch(self, *commands):
         """Of each command, run one after the other by one batch: its output and its exit code."""
@@ -61,8 +63,8 @@ class CheckerTest(HostTest):
 
     def told(self, *arguments):
         """What --json says."""
-        _, output, complaints = self.check("--json", *arguments)
-        self.assertEqual(complaints, "")
+        code, output, complaints = self.check("--json", *arguments)
+        self.assertEqual((code in (0, 1, 2), complaints), (True, ""))
         told = json.loads(output)
         self.assertNotRegex(output.decode(), "[\0-\t\v-\x1f\x7f-\x9f]")
         self.assertEqual(told["version"], 2)
