@@ -147,6 +147,16 @@ TEST_CASE("the temporary folder is the first of the candidates that exists")
         const CEnvironment temp("TEMP", sTemp), tmp("TMP", sTwo.c_str());
         CHECK(location(LOCATION_DIR_TEMP) == (sTemp == sOne.c_str() ? sOne : sTwo) + "\\");
     }
+    const CEnvironment temp("TEMP", nullptr), tmp("TMP", nullptr);
+    CHECK(getTempFolder() == "\\");
+    const std::string sSystem = location(LOCATION_DIR_WINDOWS_SYSTEM), sDrive = sSystem.substr(0, 3);
+    const std::string aDefaults[] = {sSystem + "Tmp\\", sSystem + "Temp\\", sDrive + "Tmp\\", sDrive + "Temp\\"};
+    for (const std::string& sDefault : aDefaults) {
+        ::CreateDirectoryA(sDefault.c_str(), nullptr);
+        CHECK(location(LOCATION_DIR_TEMP) == sDefault);
+    }
+    for (const std::string& sDefault : aDefaults)
+        ::RemoveDirectoryA(sDefault.c_str());
 }
 
 TEST_CASE_FIXTURE(AppFixture, "copies of a settings file run from the most general to the most specific")

@@ -61,9 +61,25 @@ TEST_CASE("single lines, lists and their defaults")
     CHECK(settings.m_vecDrawingDiscipline == std::vector<CString>{"Arch"});
 }
 
-TEST_CASE("an unknown block is skipped up to its first closing brace")
+TEST_CASE("project paths are absolute; an unknown block is skipped up to its first closing brace")
 {
-    CHECK(parse("WHATEVER\n{\nJOBNUMBER\n{\nno\n}\nJOBNUMBER\n{\nyes\n}\n}\n{").m_sJobNumber == "yes");
+    const CSettingsFile settings = parse("PROJECTPATH\n{\n.\nDrawings\nD:\\Shared\n\\\\server\\x\n/unix\n}\n"
+                                         "WHATEVER\n{\nJOBNUMBER\n{\nno\n}\nJOBNUMBER\n{\nyes\n}\n}\n{");
+    CHECK(settings.m_sProjectPaths == ";C:\\Jobs\\1234\\;C:\\Jobs\\1234\\Drawings;D:\\Shared;"
+                                      "\\\\server\\x;/unix");
+    CHECK(settings.m_sJobNumber == "yes");
+}
+
+TEST_CASE("issues continue by + and &")
+{
+    const CSettingsFile settings = parse(
+        "ISSUE\n{\n+ too early\na First issue\n+ second line\nb\tOther\n&A  tail\nof+it third\n& more\nb again\n}\n"
+        "CADSTANDARDS\n{\nLayer Z 01\nunit\n}");
+    CHECK(settings.m_mapIssues.size() == 2);
+    CHECK(settings.m_mapIssues.at("A") == "First issue\r\nsecond linetail\r\nthirdmore");
+    CHECK(settings.m_mapIssues.at("B") == "again");
+    CHECK(settings.m_mapCadStandards.at("LAYER") == "Z 01");
+    CHECK(settings.m_mapCadStandards.at("UNIT") == "");
 }
 
 TEST_CASE("block groups")

@@ -92,9 +92,16 @@ TEST_CASE_FIXTURE(AdditionsFixture, "a long name loses characters, not bytes")
     CHECK(tabs() == Texts{"x", eight, three + "\x81\x63" + three + kana});
 }
 
-TEST_CASE_FIXTURE(AdditionsFixture, "a path that is not copied is told of")
+TEST_CASE_FIXTURE(AdditionsFixture, "a path takes the place of all that was copied before, or is told of")
 {
     const Answers answers;
+    ::OpenClipboard(frame);
+    ::EmptyClipboard();
+    ::SetClipboardData(CF_PRIVATEFIRST, nullptr);
+    ::CloseClipboard();
+    choose(app.documents().active(), IDC_DYNAMIC_MENU_COPY_PATH);
+    CHECK(::IsClipboardFormatAvailable(CF_UNICODETEXT));
+    CHECK_FALSE(::IsClipboardFormatAvailable(CF_PRIVATEFIRST));
     ::OpenClipboard(frame);
     choose(app.documents().active(), IDC_DYNAMIC_MENU_COPY_PATH);
     ::CloseClipboard();
