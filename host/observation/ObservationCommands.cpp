@@ -155,7 +155,9 @@ void clipboard(Application& application, const Arguments&)
 void menu(Application& application, const Arguments& a)
 {
     const Strip tabs(application.frame().m_hWnd);
-    const auto isNumber = [&](std::size_t index) { return a.size() > index && std::isdigit(a.text(index).front()); };
+    const auto isNumber = [&](std::size_t index) {
+        return a.size() > index && std::isdigit(static_cast<unsigned char>(a.text(index)[0])) != 0;
+    };
     const UINT item = isNumber(1) ? static_cast<UINT>(a.integer(1)) : 0;
     PopupMenu popup(item, [&] { runRest(application, a, !isNumber(0) ? a.size() : item == 0 ? 1 : 2); });
     if (isNumber(0))
