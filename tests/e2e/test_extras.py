@@ -46,10 +46,12 @@ class ExtrasTest(ExtrasBase):
             # Drives are looked up when Wine starts.
             subprocess.run([REPOSITORY / "tools/wine-stop", ARCH, PREFIX], check=True)
             transcript = self.run_host([f"OPEN {A100}", f"MENU 1 {COPY_PATH}", "CLIPBOARD",
-                                        r'OPEN "q:\Station\Drawings\S-201 issued.dwg"', f"MENU 2 {COPY_PATH}", "CLIPBOARD"])
+                                        r'OPEN "q:\Station\Drawings\S-201 issued.dwg"', f"MENU 2 {COPY_PATH}", "CLIPBOARD",
+                                        r'OPEN "\\server\cad share\Station\Drawings\S-200.dwg"', f"MENU 3 {COPY_PATH}", "CLIPBOARD"])
         pasted = [line for line in transcript.lines if line.startswith("clipboard: ")]
         self.assertEqual(pasted, [f'clipboard: "{self.path(A100)}"',
-                                  r'clipboard: "\\server\cad share\Station\Drawings\S-201 issued.dwg"'])
+                                  r'clipboard: "\\server\cad share\Station\Drawings\S-201 issued.dwg"',
+                                  r'clipboard: "\\server\cad share\Station\Drawings\S-200.dwg"'])
 
 
 class OutsideTest(ExtrasBase):
