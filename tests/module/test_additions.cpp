@@ -94,7 +94,8 @@ TEST_CASE_FIXTURE(AdditionsFixture, "a long name loses characters, not bytes")
 
 TEST_CASE_FIXTURE(AdditionsFixture, "a path takes the place of all that was copied before, or is told of")
 {
-    const Answers answers;
+    bool waits = false;  // the frame for the box
+    const Answers answers({}, [&] { waits = ::IsWindowEnabled(frame) == FALSE; });
     ::OpenClipboard(frame);
     ::EmptyClipboard();
     ::SetClipboardData(CF_PRIVATEFIRST, nullptr);
@@ -107,6 +108,7 @@ TEST_CASE_FIXTURE(AdditionsFixture, "a path takes the place of all that was copi
     ::CloseClipboard();
     REQUIRE(answers.boxes().size() == 1);
     CHECK(answers.boxes()[0].text == "The path could not be copied: another program is using the clipboard.");
+    CHECK(waits);
 }
 
 TEST_CASE_FIXTURE(AdditionsFixture, "what is not switched on cannot be chosen by its number either")
