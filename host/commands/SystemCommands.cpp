@@ -100,23 +100,38 @@ void fault(Application& application, const Arguments& a)
 
 constexpr DWORD kLongestShell = 60000;  // in milliseconds; it may be asking something that nobody sees
 
-// For what a script needs of the system itself: its files, the registry.
+// For what a script needs of the system itself.
 void shell(Application&, const Arguments& a)
 {
     STARTUPINFOA start = {};
     start.cb = sizeof start;
     PROCESS_INFORMATION shell = {};
-    DWORD code = 1;
     // Without a window, which would take the focus.
-    if (::CreateProcessA(nullptr, ("cmd /c " + a.rest(0)).data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                         nullptr, &start, &shell)) {
-        ::WaitForSingleObject(shell.hProcess, kLongestShell);
-        ::GetExitCodeProcess(shell.hProcess, &code);
-        ::CloseHandle(shell.hProcess);
-        ::CloseHandle(shell.hThread);
-    }
+    if (!::CreateProcessA(nullptr, ("cmd /c " + a.rest(0)).data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
+                          nullptr, &start, &shell))
+        throw CommandError("It could not be started (" + std::to_string(::GetLastError()) + ").");
+    DWORD code = 0;
+    ::WaitForSingleObject(shell.hProcess, kLongestShell);
+    ::GetExitCodeProcess(shell.hProcess, &code);
+    ::CloseHandle(shell.hProcess);
+    ::CloseHandle(shell.hThread);
     if (code != 0)
         throw CommandError("It ended with " + std::to_string(code) + ".");
+}
+
+// REGISTRY key name number: a DWORD of the current user's.
+void setRegistryValue(Application&, const Arguments& a)
+{
+    HKEY key = nullptr;
+    const DWORD value = static_cast<DWORD>(a.integer(2));
+    LSTATUS status = ::RegCreateKeyA(HKEY_CURRENT_USER, a.text(0).c_str(), &key);
+    if (status == ERROR_SUCCESS) {
+        status =
+            ::RegSetValueExA(key, a.text(1).c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
+        ::RegCloseKey(key);
+    }
+    if (status != ERROR_SUCCESS)
+        throw CommandError("It cannot be stored (" + std::to_string(status) + ").");
 }
 
 void help(Application& application, const Arguments&)
@@ -136,6 +151,7 @@ constexpr Command kCommands[] = {
     {"LOCKDOCS", lockDocuments},
     {"FAULT", fault},
     {"SHELL", shell},
+    {"REGISTRY", setRegistryValue},
 };
 
 }  // namespace
