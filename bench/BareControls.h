@@ -35,6 +35,7 @@ class BareMenu {
 public:
     BareMenu();
 
+    HWND owner() const { return m_owner.get(); }
     // At a screen point; returns when the menu is gone.
     void show(POINT point) const;
 

@@ -3,13 +3,13 @@
 DialogClock* DialogClock::s_pCurrent = nullptr;
 
 DialogClock::DialogClock(const std::vector<int>& buttons)
-    : m_hook(::SetWindowsHookExA(WH_CALLWNDPROC, &onMessage, nullptr, ::GetCurrentThreadId()))
 {
     s_pCurrent = this;
     m_answers.emplace([this, buttons](HWND dialog) {
-        if (m_dialog != nullptr)
+        if (m_procedure != nullptr)
             return;
-        m_dialog = dialog;
+        m_procedure = reinterpret_cast<WNDPROC>(
+            ::SetWindowLongPtrA(dialog, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&onMessage)));
         for (const int id : buttons) {
             m_pressed.restart();
             Answers::press(dialog, id);
@@ -17,21 +17,12 @@ DialogClock::DialogClock(const std::vector<int>& buttons)
     });
 }
 
-DialogClock::~DialogClock()
+LRESULT CALLBACK DialogClock::onMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    ::UnhookWindowsHookEx(m_hook);
-    s_pCurrent = nullptr;
-}
-
-LRESULT CALLBACK DialogClock::onMessage(int code, WPARAM wParam, LPARAM lParam)
-{
-    const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (message.message == WM_NCDESTROY && message.hwnd == s_pCurrent->m_dialog) {
+    if (message == WM_NCDESTROY) {
         s_pCurrent->m_closed.restart();
         // What follows is measured without us.
         s_pCurrent->m_answers.reset();
-        ::UnhookWindowsHookEx(s_pCurrent->m_hook);
-        return 0;
     }
-    return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    return ::CallWindowProcA(s_pCurrent->m_procedure, dialog, message, wParam, lParam);
 }

@@ -14,7 +14,6 @@
 class DialogClock {
 public:
     explicit DialogClock(const std::vector<int>& buttons);
-    ~DialogClock();
     DialogClock(const DialogClock&) = delete;
     DialogClock& operator=(const DialogClock&) = delete;
 
@@ -23,11 +22,10 @@ public:
     double sinceClosing() const { return m_closed.elapsed(); }
 
 private:
-    static LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam);
+    static LRESULT CALLBACK onMessage(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
     static DialogClock* s_pCurrent;
-    HHOOK m_hook;
-    HWND m_dialog = nullptr;
+    WNDPROC m_procedure = nullptr;
     Clock m_pressed;
     Clock m_closed;
     std::optional<Answers> m_answers;

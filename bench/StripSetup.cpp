@@ -1,6 +1,8 @@
 #include "bench/StripSetup.h"
 
+#include "library/registry/Registry.h"
 #include "module/ZavikMDITabs.h"
+#include "settings/TabOptions.h"
 #include "tests/support/DrawingText.h"
 
 #include <string>
@@ -9,21 +11,22 @@ namespace {
 
 constexpr const char* MODULE = "ZavikMDITabs";
 
-// Ends the menu that starts to wait, and notes when.
+// Ends the menu that starts to wait, and notes when. The owner's procedure sees it: a hook
+// would make each message a call to Wine's server, and a tab takes more of them than a menu.
 struct MenuWatch {
+    WNDPROC procedure = nullptr;
     Clock clock;
     double shown = 0;
 };
 MenuWatch* pWatch = nullptr;
 
-LRESULT CALLBACK onMessage(int code, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK onMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    const auto& message = *reinterpret_cast<const CWPSTRUCT*>(lParam);
-    if (message.message == WM_ENTERIDLE && message.wParam == MSGF_MENU && pWatch->shown == 0) {
+    if (message == WM_ENTERIDLE && wParam == MSGF_MENU && pWatch->shown == 0) {
         pWatch->shown = pWatch->clock.elapsed();
         ::EndMenu();
     }
-    return ::CallNextHookEx(nullptr, code, wParam, lParam);
+    return ::CallWindowProcA(pWatch->procedure, window, message, wParam, lParam);
 }
 
 }  // namespace
@@ -71,6 +74,13 @@ void StripSetup::closeAll()
     pump();
 }
 
+void StripSetup::readOptions()
+{
+    DWORD dwValue = 0;
+    for (const char* sOption : {"UseExtensions", "UseIcons"})
+        Tesk::Registry::GetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), sOption, dwValue);
+}
+
 void StripSetup::resize(int iWidth)
 {
     ::SetWindowPos(frame().m_hWnd, nullptr, 0, 0, iWidth, 700, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -86,14 +96,17 @@ CPoint StripSetup::showTab(int iTab) const
     return point;
 }
 
-double StripSetup::untilMenu(const std::function<void()>& track)
+double StripSetup::untilMenu(HWND owner, const std::function<void()>& track)
 {
     pump();
-    const HHOOK hook = ::SetWindowsHookExA(WH_CALLWNDPROC, &onMessage, nullptr, ::GetCurrentThreadId());
     MenuWatch watch;
     pWatch = &watch;
+    const LONG_PTR procedure = ::GetWindowLongPtrA(owner, GWLP_WNDPROC);
+    watch.procedure = reinterpret_cast<WNDPROC>(procedure);
+    ::SetWindowLongPtrA(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&onMessage));
+    watch.clock.restart();
     track();
-    ::UnhookWindowsHookEx(hook);
+    ::SetWindowLongPtrA(owner, GWLP_WNDPROC, procedure);
     pump();
     return watch.shown;
 }

@@ -37,6 +37,9 @@ public:
         return figure;
     }
 
+    // As is done for each tab: two of the options, each from a key that is opened for it.
+    static void readOptions();
+
     // Into the folder of the drawings; gives the full path.
     std::string write(const std::string& sName, const std::string& sText) { return m_folder.write(sName, sText); }
 
@@ -46,9 +49,9 @@ public:
     void pump() { m_application.pumpUntilIdle(); }
     // Scrolls the tab into view. Screen coordinates.
     CPoint showTab(int iTab) const;
-    // Microseconds from the call to the menu that it tracks being shown and waiting;
-    // the menu is ended then.
-    double untilMenu(const std::function<void()>& track);
+    // Microseconds from the call to the menu that it tracks for the owner being shown and
+    // waiting; the menu is ended then.
+    double untilMenu(HWND owner, const std::function<void()>& track);
 
 private:
     CTestHive m_user;

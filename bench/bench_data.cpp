@@ -130,7 +130,24 @@ void benchOpening(StripSetup& setup)
         setup.closeAll();
         return bytes / static_cast<double>(paths.size());
     };
+    const std::string sProject = paths[0].substr(0, paths[0].rfind('\\') + 1) + "ProjectSettings.txt";
+    const auto count = static_cast<int>(paths.size());
+    // A bare control beside the frame, and what has to be read of each drawing.
+    const auto besides = [&] {
+        const BareTabs bare(m_pWndTabs->m_hWnd);
+        int iTab = 0;
+        const auto open = [&] {
+            StripSetup::readOptions();
+            bare.insert("drawing", iTab, 0);
+            lookUp(paths[static_cast<std::size_t>(iTab)], sProject);
+            ::SendMessageA(bare.window(), TCM_SETCURSEL, static_cast<WPARAM>(iTab++), 0);
+            setup.pump();
+        };
+        return timed(count, open) + timed(count, [&] { ::SendMessageA(bare.window(), TCM_DELETEITEM, 0, 0); });
+    };
     compare("open and close a drawing", 3, cycle, [&] { return setup.without(cycle); });
+    compare("the same, against a bare control besides, and look-ups", 3, cycle,
+            [&] { return setup.without(cycle) + besides(); });
     compare("bytes of an open drawing", 1, bytesOfOpen, [&] { return setup.without(bytesOfOpen); });
 }
 

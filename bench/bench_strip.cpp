@@ -5,7 +5,6 @@
 #include "bench/Measure.h"
 #include "bench/StripSetup.h"
 #include "library/expansion/KeywordExpansion.h"
-#include "library/registry/Registry.h"
 #include "module/OptionsCommand.h"
 #include "module/ZavikMDITabs.h"
 #include "objectarx/acedads.h"
@@ -14,7 +13,6 @@
 #include "reactors/DocManagerReactor.h"
 #include "reactors/TabForwarders.h"
 #include "settings/MDITabSettings.h"
-#include "settings/TabOptions.h"
 #include "settings/resource.h"
 
 #include <memory>
@@ -117,7 +115,11 @@ void benchAdding(int iCount, int iRounds)
         bare.clear();
         return time;
     };
-    compare("adding " + std::to_string(iCount) + " drawings", iRounds, addAll, insertAll);
+    const std::string sWork = "adding " + std::to_string(iCount) + " drawings";
+    compare(sWork, iRounds, addAll, insertAll);
+    if (iCount == 100)
+        compare("the same, against inserted and options read", iRounds, addAll,
+                [&] { return insertAll() + timed(iCount, &StripSetup::readOptions) * iCount; });
     forget(documents);
 }
 
@@ -165,8 +167,8 @@ void benchMenu(StripSetup& setup)
                                 MAKELPARAM(point.x, point.y));
     };
     compare(
-        "right click to menu, everything on", 15, [&] { return setup.untilMenu(rightClick); },
-        [&] { return setup.untilMenu([&] { bare.show(point); }); });
+        "right click to menu, everything on", 15, [&] { return setup.untilMenu(m_pWndTabs->m_hWnd, rightClick); },
+        [&] { return setup.untilMenu(bare.owner(), [&] { bare.show(point); }); });
 }
 
 void benchOptions(StripSetup& setup)
@@ -181,14 +183,7 @@ void benchOptions(StripSetup& setup)
         setup.frame().RecalcLayout();
         return clock.elapsed();
     };
-    // Two options are read for each tab, each from a key that is opened for it.
-    const auto refillAndRead = [&] {
-        const auto read = [] {
-            DWORD dwValue = 0;
-            Tesk::Registry::GetValue(HKEY_CURRENT_USER, CTabOptions::getKey(), "UseIcons", dwValue);
-        };
-        return refill() + timed(2 * DRAWINGS, read) * 2 * DRAWINGS;
-    };
+    const auto refillAndRead = [&] { return refill() + timed(DRAWINGS, &StripSetup::readOptions) * DRAWINGS; };
     const auto rebuild = [&](bool bFromPress) {
         DialogClock dialog({IDC_SHOW_EXTENSIONS, IDOK});
         runOptionsCommand();
