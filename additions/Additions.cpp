@@ -27,8 +27,12 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
+
+// Posted to the strip itself.
+constexpr UINT kUseRoom = WM_APP;
 
 // Switched while a command forbids it.
 bool maySwitch() { return acDocManager->isDocumentActivationEnabled(); }
@@ -63,6 +67,8 @@ public:
     bool processItem(AcApDocument* pDocument, UINT iItem) override;
     bool handleMessage(UINT message, WPARAM wParam, LPARAM lParam) override
     {
+        if (message == kUseRoom && std::exchange(m_bRoomDue, false))
+            m_view.useRoom();
         m_middleClick.handle(message, CPoint(lParam));
         return m_drag.handle(message, wParam, CPoint(lParam));
     }
@@ -95,6 +101,7 @@ private:
     bool m_bWholeNames = false;
     CDrawingsList m_drawings{m_tabs};
     CStripView m_view{m_tabs};
+    bool m_bRoomDue = false;
     CTabOrder m_order{m_tabs};
     CMiddleClick m_middleClick{m_tabs};
     CDragTabs m_drag{m_tabs};
@@ -126,7 +133,9 @@ void CAdditions::tabRemoved(AcApDocument* pDocument)
 {
     m_middleClick.forget(pDocument);
     m_drag.forget(pDocument);
-    m_view.useRoom();
+    // Many may go at a time: the room that they leave is used once, before the strip is painted.
+    if (!std::exchange(m_bRoomDue, true))
+        m_tabs.PostMessage(kUseRoom);
     m_sameNames.remove(pDocument);
 }
 

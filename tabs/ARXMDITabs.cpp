@@ -238,7 +238,8 @@ const std::vector<CString>& CARXMDITabs::getXrefs(AcApDocument* pDocument)
 LRESULT CARXMDITabs::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     bool bHandled = false;
-    if ((message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CAPTURECHANGED || message == WM_TIMER)
+    if ((message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) || message == WM_CAPTURECHANGED || message == WM_TIMER ||
+        message == WM_APP)
         askAdditions([&](CTabAdditions& additions) { bHandled = additions.handleMessage(message, wParam, lParam); });
     const LRESULT result = bHandled ? 0 : CMDITabsEx::WindowProc(message, wParam, lParam);
     if (message == WM_SIZE)

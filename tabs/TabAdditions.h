@@ -35,6 +35,7 @@ public:
     virtual void openMenu(CMenu& menu) = 0;
     // False when the item is none of these, or not switched on.
     virtual bool processItem(AcApDocument* pDocument, UINT iItem) = 0;
-    // A message of the mouse, its capture or a timer. True when the strip is not to handle it.
+    // A message of the mouse, its capture or a timer, or WM_APP, which is for the additions to
+    // post. True when the strip is not to handle it.
     virtual bool handleMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
 };
