@@ -4,6 +4,7 @@
 #include "host/commands/Command.h"
 #include "host/drawing/Faults.h"
 #include "host/drawing/Paths.h"
+#include "library/system/Handles.h"
 
 namespace host {
 
@@ -110,11 +111,11 @@ void shell(Application&, const Arguments& a)
     if (!::CreateProcessA(nullptr, ("cmd /c " + a.rest(0)).data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
                           nullptr, &start, &shell))
         throw CommandError("It could not be started (" + std::to_string(::GetLastError()) + ").");
+    const UniqueHandle process(shell.hProcess), thread(shell.hThread);
+    if (::WaitForSingleObject(process.get(), kLongestShell) != WAIT_OBJECT_0)
+        throw CommandError("It has not ended.");
     DWORD code = 0;
-    ::WaitForSingleObject(shell.hProcess, kLongestShell);
-    ::GetExitCodeProcess(shell.hProcess, &code);
-    ::CloseHandle(shell.hProcess);
-    ::CloseHandle(shell.hThread);
+    ::GetExitCodeProcess(process.get(), &code);
     if (code != 0)
         throw CommandError("It ended with " + std::to_string(code) + ".");
 }
@@ -122,14 +123,13 @@ void shell(Application&, const Arguments& a)
 // REGISTRY key name number: a DWORD of the current user's.
 void setRegistryValue(Application&, const Arguments& a)
 {
-    HKEY key = nullptr;
+    HKEY opened = nullptr;
+    LSTATUS status = ::RegCreateKeyA(HKEY_CURRENT_USER, a.text(0).c_str(), &opened);
+    const UniqueKey key(opened);
     const DWORD value = static_cast<DWORD>(a.integer(2));
-    LSTATUS status = ::RegCreateKeyA(HKEY_CURRENT_USER, a.text(0).c_str(), &key);
-    if (status == ERROR_SUCCESS) {
-        status =
-            ::RegSetValueExA(key, a.text(1).c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value), sizeof value);
-        ::RegCloseKey(key);
-    }
+    if (key)
+        status = ::RegSetValueExA(key.get(), a.text(1).c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value),
+                                  sizeof value);
     if (status != ERROR_SUCCESS)
         throw CommandError("It cannot be stored (" + std::to_string(status) + ").");
 }
