@@ -5,6 +5,7 @@
 #include "host/drawing/Faults.h"
 #include "library/diagnostics/Prerelease.h"
 #include "module/ZavikMDITabs.h"
+#include "objectarx/rxmfcapi.h"
 #include "tests/support/Answers.h"
 #include "tests/support/ThreadCodePage.h"
 #include <doctest/doctest.h>
@@ -24,6 +25,25 @@ struct AdditionsFixture : ModuleFixture {
     }
     // As chosen in the tab's menu; what the host does then is still to come.
     void choose(AcApDocument* pDocument, UINT item) { m_pWndTabs->processPopupMenuItem(pDocument, item, {}); }
+    // Comes to those who look at the host's messages behind the strip.
+    bool passes(UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        passed = 0;
+        acedRegisterFilterWinMsg(&count);
+        ::PostMessageA(frame, message, wParam, lParam);
+        app.pumpUntilIdle();
+        acedRemoveFilterWinMsg(&count);
+        return passed == message;
+    }
+
+private:
+    static BOOL count(MSG* pMsg)
+    {
+        if (pMsg->message == WM_MOUSEWHEEL || pMsg->message == WM_KEYDOWN)
+            passed = pMsg->message;
+        return FALSE;
+    }
+    static inline UINT passed = 0;
 };
 
 }  // namespace
@@ -81,6 +101,24 @@ TEST_CASE_FIXTURE(AdditionsFixture, "of quick middle clicks each counts")
     send(WM_MBUTTONUP, middleOf(0));
     app.pumpUntilIdle();
     CHECK(tabs().empty());
+}
+
+TEST_CASE_FIXTURE(AdditionsFixture,
+                  "the wheel over the strip and Escape while a tab is dragged end there, and nothing else")
+{
+    user.set("WheelScrolls", 1);
+    user.set("DragTabs", 1);
+    unload();
+    load();
+    open("y.dwg");
+    CPoint over = middleOf(0);
+    ::ClientToScreen(strip(), &over);
+    CHECK_FALSE(passes(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), MAKELPARAM(over.x, over.y)));
+    send(WM_LBUTTONDOWN, middleOf(0), MK_LBUTTON);
+    send(WM_MOUSEMOVE, middleOf(1), MK_LBUTTON);
+    CHECK(passes(WM_KEYDOWN, VK_RETURN, 1));
+    CHECK_FALSE(passes(WM_KEYDOWN, VK_ESCAPE, 1));
+    CHECK(passes(WM_KEYDOWN, VK_ESCAPE, 1));
 }
 
 TEST_CASE_FIXTURE(AdditionsFixture, "a long name loses characters, not bytes")
