@@ -134,8 +134,7 @@ void CAdditions::tabRemoved(AcApDocument* pDocument)
     m_middleClick.forget(pDocument);
     m_drag.forget(pDocument);
     // Many may go at a time: the room that they leave is used once, before the strip is painted.
-    if (!std::exchange(m_bRoomDue, true))
-        m_tabs.PostMessage(kUseRoom);
+    m_bRoomDue = m_bRoomDue || m_tabs.PostMessage(kUseRoom);
     m_sameNames.remove(pDocument);
 }
 
