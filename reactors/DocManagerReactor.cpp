@@ -8,7 +8,6 @@
 #include "reactors/OpenDocuments.h"
 #include "reactors/TabForwarders.h"
 
-#include <memory>
 #include <stdexcept>
 #include <utility>
 
@@ -151,10 +150,11 @@ void CDocManagerReactor::removeDatabaseReactor(AcApDocument* pDocument)
     TESK_ASSERT(iter != m_mapDatabaseReactors.end());
     if (iter == m_mapDatabaseReactors.end())
         return;
-    const std::unique_ptr<CDatabaseReactor> pReactor(iter->second);
+    CDatabaseReactor* const pReactor = iter->second;
     TESK_ASSERT(pReactor != NULL);
     if (pReactor != nullptr)
-        static_cast<CRegisteredReactor&>(*pReactor).belongTo(pDocument->database());
+        static_cast<CRegisteredReactor*>(pReactor)->belongTo(pDocument->database());
+    delete pReactor;
     m_mapDatabaseReactors.erase(iter);
 }
 
