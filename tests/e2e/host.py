@@ -41,11 +41,15 @@ CONTROL = re.compile(r'control (?P<id>\d+): "(?P<text>.*)" checked=(?P<checked>\
 
 def wine(*command, cwd=REPOSITORY):
     """Runs a Windows program to its end; gives its exit code and its output."""
-    result = subprocess.run([REPOSITORY / "tools/wine", ARCH, *command], cwd=cwd, stdin=subprocess.DEVNULL,
-                            stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
-    output = result.stdout.decode(ANSI, "replace").replace("\r", "")
-    if result.returncode in (ENDED, NOT_STARTED):
-        raise AssertionError(output)
+    # Once in thousands of times Wine cannot start a program, and says so: none of it has run.
+    for _ in range(3):
+        result = subprocess.run([REPOSITORY / "tools/wine", ARCH, *command], cwd=cwd, stdin=subprocess.DEVNULL,
+                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+        output = result.stdout.decode(ANSI, "replace").replace("\r", "")
+        if result.returncode in (ENDED, NOT_STARTED):
+            raise AssertionError(output)
+        if "ShellExecuteEx failed: Internal error" not in output:
+            break
     return result.returncode, output
 
 
